@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# Installs what building and testing Hexlume needs on Debian 12. A machine that has it all is left untouched, without a
+# look at the network, so the callers can run this every time.
+#
+#   scripts/setup.sh convert    the cross compilers, Wine and the Japanese locale: what a conversion needs
+#   scripts/setup.sh test       the same, GoogleTest and clang-format besides
+set -euo pipefail
+
+packages=(
+  cmake ninja-build
+  g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
+  libcxxopts-dev
+  locales
+  wine wine64 wine32:i386
+)
+if [ "${1:-convert}" = test ]; then
+  packages+=(googletest clang-format)
+fi
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+missing_packages() {
+  local package
+  for package in "${packages[@]}"; do
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || printf '%s\n' "$package"
+  done
+}
+
+install_from_configured_archives() {
+  as_root apt-get update || true # a broken index of one archive need not stop us: the install tells
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"
+}
+
+# The security archive's i386 index is at times out of step with its release file and can't be fetched. Without it apt
+# sees newer amd64 libraries than i386 ones and refuses Wine. The main archive alone is consistent in itself, so it is
+# asked through a source list and an index folder of our own. All Wine packages go in one call: apt would remove wine64
+# to make room for wine32 otherwise.
+install_from_main_archive() {
+  local scratch site
+  scratch=$(mktemp -d)
+  chmod 755 "$scratch" # apt fetches as its own user
+  mkdir -p "$scratch/sources" "$scratch/lists/partial"
+  site=$(apt-get indextargets --format '$(SITE) $(LABEL) $(CODENAME)' 2>/dev/null |
+    awk '$2 == "Debian" && $3 == "bookworm" { print $1; exit }' || true)
+  printf 'deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] %s bookworm main\n' \
+    "${site:-http://deb.debian.org/debian}" >"$scratch/sources/main.list"
+  local options=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$scratch/sources"
+    -o "Dir::State::Lists=$scratch/lists")
+  as_root apt-get "${options[@]}" update
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get "${options[@]}" install -y --no-install-recommends "$@"
+  as_root rm -rf "$scratch"
+}
+
+make_japanese_locale() {
+  locale -a 2>/dev/null | grep -qix 'ja_JP\.utf-\?8' ||
+    as_root localedef -i ja_JP -f UTF-8 ja_JP.UTF-8
+}
+
+mapfile -t missing < <(missing_packages)
+if [ "${#missing[@]}" -gt 0 ]; then
+  echo "Installing: ${missing[*]}"
+  dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
+  install_from_configured_archives "${packages[@]}" || install_from_main_archive "${packages[@]}"
+fi
+make_japanese_locale

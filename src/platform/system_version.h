@@ -1,0 +1,15 @@
+// Which system we run on.
+#pragma once
+
+#include <cstdint>
+
+namespace hexlume {
+
+struct SystemVersion {
+  uint32_t major;
+  uint32_t minor;
+};
+
+SystemVersion GetSystemVersion();
+
+}  // namespace hexlume

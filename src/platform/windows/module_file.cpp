@@ -1,0 +1,17 @@
+#include "platform/module_file.h"
+
+#include "platform/gdi.h"
+
+namespace hexlume {
+
+bool ModuleFileName(char* path, size_t size) {
+  // Under another name the library must not be mistaken for its host, whose files are none of its business.
+  const HMODULE module = GetModuleHandleA("Hexlume.dll");
+  if (!module) return false;
+  const DWORD length = GetModuleFileNameA(module, path, static_cast<DWORD>(size));
+  return length > 0 && length < size;
+}
+
+void DeleteFileIfThere(const char* path) { DeleteFileA(path); }
+
+}  // namespace hexlume
