@@ -76,8 +76,9 @@ struct ConvState {
   int32_t monochrome;    // stays between calls
   uint8_t fontMode;      // stays between calls; font of the dialogs
 
-  // The entity being read, one set for each scope, so that an inner scope doesn't spoil an outer one's. Model units
-  // times 100. The places aren't cleared: an entity that lacks a group takes the value of the entity before it.
+  // The entity being read, one set for each scope, so that an inner scope doesn't spoil an outer one's. Model
+  // units times 100. The places aren't cleared: an entity that lacks a group takes the value of the entity
+  // before it.
   int32_t entColor, blockColor, dimColor;
   double entX[4], blockX[4], dimX[4];  // groups 10 to 13
   double entY[4], blockY[4], dimY[4];  // groups 20 to 23
@@ -95,28 +96,29 @@ extern ConvState state;
 
 // Header variables and extents, owned by the entry point.
 struct HeaderVars {
-  int32_t dimScaleSet;
-  double dimScale;
-  int32_t ltScaleSet;
-  double ltScale;
-  int32_t limMaxSet;
-  double limMaxX, limMaxY;
-  int32_t limMinSet;
-  double limMinX, limMinY;
-  int32_t extMaxSet;
-  double extMaxX, extMaxY;
-  int32_t extMinSet;
-  double extMinX, extMinY;
-  int32_t pdMode;
-  double pdSize;        // as read; a size in model hundredths once the sheet is set up
-  double drawingScale;  // model units per sheet unit
+  int32_t dimScaleSet = 0;
+  double dimScale = 0.0;
+  int32_t ltScaleSet = 0;
+  double ltScale = 0.0;
+  int32_t limMaxSet = 0;
+  double limMaxX = 0.0, limMaxY = 0.0;
+  int32_t limMinSet = 0;
+  double limMinX = 0.0, limMinY = 0.0;
+  int32_t extMaxSet = 0;
+  double extMaxX = 0.0, extMaxY = 0.0;
+  int32_t extMinSet = 0;
+  double extMinX = 0.0, extMinY = 0.0;
+  int32_t pdMode = 0;
+  double pdSize = 0.0;        // as read; a size in model hundredths once the sheet is set up
+  double drawingScale = 1.0;  // model units per sheet unit
 };
 
-// The part of the sheet that is drawn, in hundredths, Y counted downward from the top: the negated Y of the canvas.
+// The part of the sheet that is drawn, in hundredths, Y counted downward from the top: the negated Y of the
+// canvas.
 using ViewRect = RECT;
 
-// Resets what doesn't outlive a call. What stays is the monochrome switch, the dialog font and the last values of the
-// entity scratch fields.
+// Resets what doesn't outlive a call. What stays is the monochrome switch, the dialog font and the last
+// values of the entity scratch fields.
 void ResetConvState();
 
 // Gives back what the tables hold.

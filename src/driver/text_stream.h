@@ -8,24 +8,27 @@
 
 namespace hexlume {
 
-// The C runtime's text mode loses count of its own position on files with LF line ends, and playing a block back hangs on
-// that position. So the bytes are kept, fetched from the file as far as the reading has come, and a position is simply an
-// index into them.
+// The C runtime's text mode loses count of its own position on files with LF line ends, and playing a block
+// back hangs on that position. So the bytes are kept, fetched from the file as far as the reading has come,
+// and a position is simply an index into them.
 struct TextStream {
   struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
 
-  std::unique_ptr<std::FILE, CloseFile> file;  // null once its last byte is in memory
-  std::vector<char> bytes;                     // what has been fetched, up to the end of the text
-  int32_t position = 0;                        // index of the next byte to be read
+  std::unique_ptr<std::FILE, CloseFile> file;
+  std::vector<char> bytes;  // what has been fetched, without the text's end mark
+  bool complete = false;    // the whole text has been fetched
+  int32_t position = 0;     // index of the next byte to be read
 };
 
-// Opens a file for reading. False if it can't be read; a file of 2 GB or more can't, as positions are int32.
+// Opens a file for reading, from its start. False if it can't be read. As positions are int32, a text ends at
+// 2 GB.
 bool OpenText(TextStream& stream, const char* path);
 
-// Reads one line, as fgets does: up to and with its line feed, at most limit - 1 characters, closed by a 0. CR LF counts as
-// one line feed and a byte 0x1A ends the text. False, with line as it was, at the end of the text.
+// Reads one line, as fgets does: up to and with its line feed, at most limit - 1 characters, closed by a 0.
+// CR LF counts as one line feed and a byte 0x1A ends the text. False, with line as it was, at the end of the
+// text.
 bool ReadLine(TextStream& stream, char* line, int32_t limit);
 
 // The place of the next byte, for Seek on the same stream.

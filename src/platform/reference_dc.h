@@ -5,8 +5,8 @@
 
 namespace hexlume {
 
-// The default printer's DC, so that text is measured as it will be printed; NULL without a printer, which makes the
-// display the reference. The caller deletes it. No dialog is shown.
+// The default printer's DC, so that text is measured as it will be printed; NULL without a printer, which
+// makes the display the reference. The caller deletes it. No dialog is shown.
 HDC DefaultPrinterDC();
 
 }  // namespace hexlume

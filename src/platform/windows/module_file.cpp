@@ -12,6 +12,8 @@ bool ModuleFileName(char* path, size_t size) {
   return length > 0 && length < size;
 }
 
-void DeleteFileIfThere(const char* path) { DeleteFileA(path); }
+void DeleteFileIfThere(const char* path) {
+  DeleteFileA(path);
+}
 
 }  // namespace hexlume

@@ -1,0 +1,95 @@
+// The circle of a bulge, the tangent of a quarter of the arc's angle, between two vertices.
+
+#include <cmath>
+
+#include "canvas/canvas.h"
+#include "driver/conv_state.h"
+
+namespace hexlume {
+
+namespace {
+
+struct BulgeArc {
+  double radius, centreX, centreY;
+  double startAngle, sweep;  // degrees
+};
+
+}  // namespace
+
+static double Degrees(double radians) {
+  return radians * 180.0 / pi;
+}
+
+// The angle under which the centre sees (x, y), negated as AngleArc needs it.
+static double NegatedAngle(double centreX, double centreY, double x, double y) {
+  const double dx = x - centreX;
+  const double dy = centreY - y;
+  if (dx < 0) return Degrees(pi - std::atan(dy / (centreX - x)));
+  if (dy > 0) return Degrees(dx == 0 ? halfPi : std::atan(dy / dx));
+  return Degrees((dx == 0 ? -halfPi : std::atan(dy / dx)) + twoPi);
+}
+
+static double Midway(double a, double b) {
+  return a < b ? a + (b - a) * 0.5 : b + (a - b) * 0.5;
+}
+
+static BulgeArc SolveBulgeArc(double bulge, double startX, double startY, double x, double y) {
+  const double angle = 4.0 * std::atan(std::fabs(bulge));
+  const double halfAngle = angle * 0.5;
+
+  // The centre is found from the lower of the two vertices, from the start if they are level.
+  const bool endIsLower = y < startY;
+  const double lowerX = endIsLower ? x : startX;
+  const double lowerY = endIsLower ? y : startY;
+  const double chordX = Midway(startX, x) - lowerX;
+  const double chordY = Midway(startY, y) - lowerY;
+  const double halfChord = std::sqrt(chordX * chordX + chordY * chordY);
+
+  // Between equal vertices a chord of 1 keeps the division whole: the radius comes out 0, the centre at the
+  // vertex.
+  const bool equalVertices = !endIsLower && x >= startX && halfChord == 0;
+  const double chordDirection = std::acos(chordX / (equalVertices ? 1.0 : halfChord));
+  const double chordToCentre = halfPi - halfAngle;
+  const bool centreLeftOfChord = endIsLower != (bulge < 0);
+  const double centreDirection =
+      centreLeftOfChord ? chordDirection + chordToCentre : chordDirection - chordToCentre;
+
+  BulgeArc arc;
+  arc.radius = halfChord / std::sin(halfAngle);
+  arc.centreX = std::cos(centreDirection) * arc.radius + lowerX;
+  arc.centreY = std::sin(centreDirection) * arc.radius + lowerY;
+  arc.startAngle = NegatedAngle(arc.centreX, arc.centreY, x, y);
+  arc.sweep = Degrees(angle);
+  // Doesn't come out negative, and must not.
+  arc.radius = std::fabs(arc.radius);
+  return arc;
+}
+
+void BulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
+  const BulgeArc arc = SolveBulgeArc(bulge, state.entX[0], state.entY[0], x, y);
+  state.entRadius = arc.radius;
+  state.entCentreX = arc.centreX;
+  state.entCentreY = arc.centreY;
+  *startAngle = arc.startAngle;
+  *sweep = arc.sweep;
+}
+
+void BlockBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
+  const BulgeArc arc = SolveBulgeArc(bulge, state.blockX[0], state.blockY[0], x, y);
+  state.blockRadius = arc.radius;
+  state.blockCentreX = arc.centreX;
+  state.blockCentreY = arc.centreY;
+  *startAngle = arc.startAngle;
+  *sweep = arc.sweep;
+}
+
+void DimBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
+  const BulgeArc arc = SolveBulgeArc(bulge, state.dimX[0], state.dimY[0], x, y);
+  state.dimRadius = arc.radius;
+  state.dimCentreX = arc.centreX;
+  state.dimCentreY = arc.centreY;
+  *startAngle = arc.startAngle;
+  *sweep = arc.sweep;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,53 @@
+// Cuts a slanted segment to the view. The segment's Y is negative on the sheet, the view's positive; where an
+// edge is compared or taken without turning its sign, that decides which segments are drawn and must stay.
+
+#include "canvas/canvas.h"
+#include "driver/numbers.h"
+
+namespace hexlume {
+
+static constexpr ClippedSegment nothingLeft = {-1, -1, -1, -1};
+
+ClippedSegment ClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2,
+                           int32_t y1, int32_t y2) {
+  // y = x * slope + offset
+  const double slope = static_cast<double>(WrapSub(y2, y1)) / WrapSub(x2, x1);
+  const double offset = y2 - x2 * slope;
+  const bool rising = slope > 0;
+  const int32_t upperEdge = WrapNegate(top);
+  const int32_t lowerEdge = WrapNegate(bottom);
+  ClippedSegment result = {x1, y1, x2, y2};
+
+  if (x1 < left) {
+    const int32_t y = Trunc(left * slope + offset);
+    if (top < WrapNegate(y) && WrapNegate(y) < bottom) {
+      result.startX = left;
+      result.startY = y;
+    } else if (rising) {
+      // y isn't negated: on a normal sheet a rising segment from below the left edge is dropped, even if it
+      // would come in through the lower edge.
+      if (y < top) return nothingLeft;
+      // bottom isn't negated either.
+      result.startX = Trunc((offset + bottom) / slope);
+      result.startY = bottom;
+      if (result.startX > right) return nothingLeft;
+    } else {
+      // Nor is y here: on a normal sheet nothing is dropped by this.
+      if (y > bottom) return nothingLeft;
+      result.startX = Trunc((upperEdge - offset) / slope);
+      result.startY = upperEdge;
+      if (result.startX > right) return nothingLeft;
+    }
+  }
+
+  // The end's y is computed anew even where the end stays, and can come out a unit off.
+  if (x2 > right) result.endX = right;
+  result.endY = Trunc(result.endX * slope + offset);
+  if (top <= WrapNegate(result.endY) && WrapNegate(result.endY) <= bottom) return result;
+
+  result.endY = rising ? upperEdge : lowerEdge;
+  result.endX = Trunc((result.endY - offset) / slope);
+  return result;
+}
+
+}  // namespace hexlume

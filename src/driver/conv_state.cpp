@@ -1,0 +1,58 @@
+#include "driver/conv_state.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace hexlume {
+
+ConvState state = {};
+
+namespace {
+
+constexpr COLORREF colours[] = {
+    0x000000,  // black
+    0x0000FF,  // red
+    0x00FFFF,  // yellow
+    0x00FF00,  // green
+    0xFFFF00,  // cyan
+    0xFF0000,  // blue
+    0xFF00FF,  // magenta
+    0xFFFFFF,  // white
+};
+
+}  // namespace
+
+void ResetConvState() {
+  FreeTables();
+  state.originX = 0.0;
+  state.originY = 0.0;
+  state.drawScale = 0.0;
+  state.sheetHeightF = 0.0;
+  std::copy(std::begin(colours), std::end(colours), state.colorTable);
+  state.rotated = 0;
+  state.colorCount = 7;
+}
+
+void FreeTables() {
+  // Assigned, not cleared: a large drawing's memory isn't kept for the next one.
+  state.layers = {};
+  state.layersOwned = 0;
+  state.layerNames = {};
+  state.layerNamesOwned = 0;
+  state.layerCount = 0;
+  state.excludedLayers = {};
+  state.excludedLayerCount = 0;
+  state.excludedLtypes = {};
+  state.excludedLtypeCount = 0;
+  state.ltypes = {};
+}
+
+COLORREF ColorAt(int32_t index) {
+  // Index -1 is what a block's entity keeps whose layer isn't in the table: the count in front of the
+  // colours, nearly black.
+  if (index == -1) return static_cast<COLORREF>(state.colorCount);
+  if (index < 0 || index > 7) return state.colorTable[0];
+  return state.colorTable[index];
+}
+
+}  // namespace hexlume

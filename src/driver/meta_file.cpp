@@ -1,0 +1,24 @@
+#include "driver/meta_file.h"
+
+#include "platform/reference_dc.h"
+
+namespace hexlume {
+
+MetaFile::~MetaFile() {
+  if (canvas) DeleteEnhMetaFile(EndMetaFile(*this));
+}
+
+void BeginMetaFile(MetaFile& metaFile, const RECT& frame) {
+  metaFile.reference = DefaultPrinterDC();
+  metaFile.canvas = CreateEnhMetaFileA(metaFile.reference, nullptr, &frame, nullptr);
+}
+
+HENHMETAFILE EndMetaFile(MetaFile& metaFile) {
+  const HENHMETAFILE handle = CloseEnhMetaFile(metaFile.canvas);
+  DeleteDC(metaFile.reference);
+  metaFile.canvas = nullptr;
+  metaFile.reference = nullptr;
+  return handle;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,93 @@
+#include "driver/numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <limits>
+#include <string>
+#include <system_error>
+
+namespace hexlume {
+
+namespace {
+
+bool IsSpace(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+const char* SkipSpace(const char* text) {
+  while (IsSpace(*text)) ++text;
+  return text;
+}
+
+bool IsExponent(const char* text) {
+  if (*text == '\0' || !std::strchr("eEdD", *text)) return false;
+  return IsDigit(text[1]) || ((text[1] == '-' || text[1] == '+') && IsDigit(text[2]));
+}
+
+// Whether a number that no double can hold is too large, and not too small: its first digit other than 0 has
+// a power of ten above 0 then.
+bool IsTooLarge(const char* number) {
+  constexpr int64_t exponentLimit = 99999;  // more than all digits of a line can make up for
+  int64_t power = 0;
+  bool behindPoint = false;
+  bool nonZero = false;
+  for (; IsDigit(*number) || (*number == '.' && !behindPoint); ++number) {
+    if (*number == '.') {
+      behindPoint = true;
+      continue;
+    }
+    nonZero = nonZero || *number != '0';
+    if (nonZero && !behindPoint) ++power;
+    if (!nonZero && behindPoint) --power;
+  }
+  if (!IsExponent(number)) return power > 0;
+  const bool negative = number[1] == '-';
+  int64_t exponent = 0;
+  for (number += IsDigit(number[1]) ? 1 : 2; IsDigit(*number); ++number)
+    exponent = std::min(exponent * 10 + (*number - '0'), exponentLimit);
+  return power + (negative ? -exponent : exponent) > 0;
+}
+
+}  // namespace
+
+int32_t Trunc(double value) {
+  if (!(value > -2147483649.0 && value < 2147483648.0)) return std::numeric_limits<int32_t>::min();
+  return static_cast<int32_t>(value);
+}
+
+int32_t Atoi(const char* text) {
+  text = SkipSpace(text);
+  const bool negative = *text == '-';
+  if (*text == '-' || *text == '+') ++text;
+  constexpr int64_t largest = std::numeric_limits<int32_t>::max();
+  const int64_t limit = negative ? largest + 1 : largest;
+  int64_t value = 0;
+  for (; IsDigit(*text); ++text) value = std::min(value * 10 + (*text - '0'), limit);
+  return static_cast<int32_t>(negative ? -value : value);
+}
+
+double Atof(const char* text) {
+  text = SkipSpace(text);
+  const bool negative = *text == '-';
+  if (*text == '-' || *text == '+') ++text;
+  if (!IsDigit(text[0]) && !(text[0] == '.' && IsDigit(text[1]))) return 0.0;
+
+  double value = 0.0;
+  auto result = std::from_chars(text, text + std::strlen(text), value);
+  std::string rewritten;
+  if (IsExponent(result.ptr)) {  // with the letter d: std::from_chars knows the e alone
+    rewritten = text;
+    rewritten[static_cast<size_t>(result.ptr - text)] = 'e';
+    text = rewritten.c_str();
+    result = std::from_chars(text, text + rewritten.size(), value);
+  }
+  if (result.ec == std::errc::result_out_of_range)
+    value = IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
+  return negative ? -value : value;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,54 @@
+// A part of the sheet, for a view.
+#include "dialogs/selection_sheet.h"
+#include "driver/host_boundary.h"
+#include "driver/meta_file.h"
+#include "driver/pre_scan.h"
+#include "driver/sections.h"
+#include "driver/sheet.h"
+#include "hexlume.h"
+
+namespace hexlume {
+
+namespace {
+
+int32_t ConvertPartOfSheet(const char* path, HENHMETAFILE* out, int32_t halfWidthFont, const RECT& view,
+                           int32_t wholeTextClip, int32_t showDialogs) {
+  ResetConvState();
+  HeaderVars headerVars;
+  if (ScanDrawing(path, headerVars) != 1) return HEXLUME_NOT_A_DRAWING;
+  const int32_t sheetResult = SetupSheet(headerVars, showDialogs, 0, 0);
+  if (sheetResult != 0) return sheetResult;
+
+  MetaFile metaFile;
+  if (showDialogs == 1) {
+    if (!ShowSelectionSheet()) return HEXLUME_CANCELLED;
+    // Unlike in the other two conversions this is met when every layer, or every line type, is unticked.
+    if (state.excludedLayerCount == state.layerCount || state.excludedLtypeCount == 5) {
+      BeginMetaFile(metaFile, view);
+      *out = EndMetaFile(metaFile);
+      return HEXLUME_OK;
+    }
+  }
+  // The selection isn't saved: a turn afterwards repeats the last full conversion.
+
+  TextStream stream;
+  if (!OpenText(stream, path)) return HEXLUME_NOT_OPENED;
+  BeginMetaFile(metaFile, view);
+  DrawSections(stream, metaFile.canvas, headerVars, view, wholeTextClip, 0, halfWidthFont);
+  *out = EndMetaFile(metaFile);
+  return HEXLUME_OK;
+}
+
+}  // namespace
+
+}  // namespace hexlume
+
+int32_t vzReMetaMake(const char* path, HENHMETAFILE* out, int32_t halfWidthFont, RECT view,
+                     int32_t wholeTextClip, int32_t showDialogs) {
+  using namespace hexlume;
+  if (!path || !out) return HEXLUME_NOT_A_DRAWING;
+  const int32_t result = LetFaultsLeave(
+      [&] { return ConvertPartOfSheet(path, out, halfWidthFont, view, wholeTextClip, showDialogs); });
+  FreeTables();
+  return result;
+}

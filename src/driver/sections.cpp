@@ -1,0 +1,30 @@
+#include "driver/sections.h"
+
+#include "driver/group_reader.h"
+#include "entities/entity_dispatch.h"
+
+namespace hexlume {
+
+namespace {
+
+// A drawing that has layers, but told no table of them in front of its entities.
+void AddDefaultLayer() {
+  if (state.layersOwned != 0 || state.layerCount == 0) return;
+  state.layers.push_back({"0", 0, 0, 0, 0});
+  state.layersOwned = 1;
+}
+
+}  // namespace
+
+void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, const ViewRect& view,
+                  int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
+  while (ReadGroup(stream)) {
+    if (!AtGroup(0, "SECTION")) continue;
+    if (!ReadGroup(stream)) return;
+    if (!AtGroup(2, "ENTITIES")) continue;  // any other section is passed over group by group
+    AddDefaultLayer();
+    DrawEntities(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
+  }
+}
+
+}  // namespace hexlume

@@ -1,0 +1,70 @@
+#include "driver/text_stream.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace hexlume {
+
+namespace {
+
+constexpr size_t chunkSize = 256 * 1024;
+constexpr size_t largestSize = std::numeric_limits<int32_t>::max();
+constexpr char endOfText = 0x1A;
+
+// Fetches the next chunk of the file. False if there is nothing more.
+bool Fetch(TextStream& stream) {
+  if (stream.complete) return false;
+  const size_t oldSize = stream.bytes.size();
+  const size_t wanted = std::min(chunkSize, largestSize - oldSize);
+  stream.bytes.resize(oldSize + wanted);
+  const size_t got = std::fread(stream.bytes.data() + oldSize, 1, wanted, stream.file.get());
+  stream.bytes.resize(oldSize + got);
+  const auto fetched = stream.bytes.begin() + static_cast<std::ptrdiff_t>(oldSize);
+  const auto textEnd = std::find(fetched, stream.bytes.end(), endOfText);
+  stream.complete = got < chunkSize || textEnd != stream.bytes.end();
+  stream.bytes.erase(textEnd, stream.bytes.end());
+  return stream.bytes.size() > oldSize;
+}
+
+// Whether there is a next byte; it stands at the stream's position then.
+bool HasByte(TextStream& stream) {
+  return static_cast<size_t>(stream.position) < stream.bytes.size() || Fetch(stream);
+}
+
+bool NextByteIs(TextStream& stream, char byte) {
+  return HasByte(stream) && stream.bytes[static_cast<size_t>(stream.position)] == byte;
+}
+
+}  // namespace
+
+bool OpenText(TextStream& stream, const char* path) {
+  stream = TextStream();
+  stream.file.reset(std::fopen(path, "rb"));
+  if (!stream.file) return false;
+  Fetch(stream);
+  // A folder opens on some systems, but can't be read.
+  return !std::ferror(stream.file.get());
+}
+
+bool ReadLine(TextStream& stream, char* line, int32_t limit) {
+  int32_t length = 0;
+  while (length < limit - 1 && HasByte(stream)) {
+    const char byte = stream.bytes[static_cast<size_t>(stream.position++)];
+    if (byte == '\r' && NextByteIs(stream, '\n')) continue;
+    line[length++] = byte;
+    if (byte == '\n') break;
+  }
+  if (length == 0) return false;
+  line[length] = '\0';
+  return true;
+}
+
+int32_t Tell(const TextStream& stream) {
+  return stream.position;
+}
+
+void Seek(TextStream& stream, int32_t position) {
+  stream.position = position;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,79 @@
+#include "entities/block_rules.h"
+
+#include <cstring>
+
+#include "driver/bounded_copy.h"
+
+namespace hexlume {
+
+namespace {
+
+char ToLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The colour that the drawing's number makes of an entity: 0 means by block.
+void InheritColor(int32_t number, int32_t& color, int32_t inherit) {
+  if (number != 0)
+    color = number;
+  else if (inherit == 0)
+    color = 0;
+  color = ResolveColor(color);
+}
+
+}  // namespace
+
+bool EqualsIgnoringCase(const char* a, const char* b) {
+  while (*a != '\0' && ToLower(*a) == ToLower(*b)) {
+    ++a;
+    ++b;
+  }
+  return ToLower(*a) == ToLower(*b);
+}
+
+void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit) {
+  if (!EqualsIgnoringCase(value, "CONTINUOUS")) style.family = 0;
+  for (const LtypeKeyword& keyword : ltypeKeywords) {
+    if (!EqualsIgnoringCase(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
+    style.family = keyword.family;
+    style.pattern = keyword.pattern;
+  }
+  // These two spellings alone.
+  if (std::strcmp(value, "BYBLOCK") == 0 || std::strcmp(value, "ByBlock") == 0) inherit = 1;
+}
+
+void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inherit) {
+  // Any other name keeps the layer's family here. The misspelt name counts too.
+  if (EqualsIgnoringCase(value, "CONTINUOUS") || EqualsIgnoringCase(value, "CONTINUOS")) style.family = 0;
+  for (const LtypeKeyword& keyword : ltypeKeywords) {
+    if (!EqualsIgnoringCase(value, keyword.name)) continue;
+    // Two names were left out of this twin's list: they keep the layer's family as well.
+    if (std::strcmp(keyword.name, "CENTER2") == 0 || std::strcmp(keyword.name, "PHANTOM2") == 0) continue;
+    style.family = keyword.family;
+  }
+  if (EqualsIgnoringCase(value, "BYBLOCK")) inherit = 1;
+}
+
+bool ResolveInheritedLayer(LineStyle& style, int32_t& color, int32_t insertColor, int32_t& inherit) {
+  if (std::strcmp(state.groupValue, "0") == 0) {
+    BoundedCopy(state.groupValue, state.insertLayer);
+    color = -1;
+    inherit = 1;
+  }
+  // Without such a layer in the table the colour stays -1.
+  const int32_t colorBefore = color;
+  if (!ResolveLayer(state.groupValue, style, color)) return false;
+  if (colorBefore == -1 && FindLayer(state.groupValue)) color = insertColor;
+  return true;
+}
+
+void ResolveBlockColor(const char* value, int32_t& color, int32_t insertColor, int32_t inherit) {
+  if (std::strcmp(state.insertLayer, "0") == 0) color = insertColor;
+  InheritColor(Atoi(value), color, inherit);
+}
+
+void ResolveDimInsertColor(const char* value, int32_t& color, int32_t inherit) {
+  InheritColor(Atoi(value), color, inherit);
+}
+
+}  // namespace hexlume

@@ -1,0 +1,158 @@
+#include "entities/converter_rules.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace hexlume {
+
+const LtypeKeyword ltypeKeywords[13] = {
+    // keyword, family, slot
+    {"DOT", 2, 0},         //
+    {"DASH", 1, 1},        //
+    {"DASHED", 1, 2},      //
+    {"DASHED2", 1, 3},     //
+    {"HIDDEN", 1, 4},      //
+    {"DASHDOT", 3, 5},     //
+    {"CENTER", 3, 6},      //
+    {"CENTER2", 3, 7},     //
+    {"BORDER2", 3, 8},     //
+    {"DASHDOTDOT", 4, 9},  //
+    {"DIVIDE", 4, 10},     //
+    {"PHANTOM", 4, 11},    //
+    {"PHANTOM2", 4, 12},   // its record goes to slot 11: this row never applies
+};
+
+bool IsLtypeDefined(int32_t pattern) {
+  const auto slot = static_cast<size_t>(pattern);
+  return slot < state.ltypes.size() && state.ltypes[slot].defined;
+}
+
+void ResolveLinetype(const char* value, LineStyle& style) {
+  // The correctly spelled name keeps the layer's family: what would clear it is asked for under a misspelt
+  // name that the value, being exactly this one, can't hold. Any other name clears it first, those of no line
+  // type of ours included.
+  if (std::strcmp(value, "CONTINUOUS") != 0) style.family = 0;
+
+  for (const LtypeKeyword& keyword : ltypeKeywords) {
+    if (!std::strstr(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
+    style.family = keyword.family;
+    style.pattern = keyword.pattern;
+  }
+}
+
+bool IsLayerExcluded(const char* name) {
+  return std::any_of(state.excludedLayers.begin(), state.excludedLayers.end(),
+                     [name](const ExcludedLayer& layer) { return std::strcmp(layer.name, name) == 0; });
+}
+
+const LayerEntry* FindLayer(const char* name) {
+  const auto found = std::find_if(state.layers.begin(), state.layers.end(), [name](const LayerEntry& layer) {
+    return std::strcmp(layer.name, name) == 0;
+  });
+  return found == state.layers.end() ? nullptr : &*found;
+}
+
+bool ResolveLayer(const char* name, LineStyle& style, int32_t& color) {
+  if (IsLayerExcluded(name)) return false;
+  if (const LayerEntry* layer = FindLayer(name)) {
+    style = {layer->family, layer->pattern, layer->width};
+    color = layer->color;
+  }
+  return true;
+}
+
+int32_t ResolveWidth(const char* value) {
+  return Atoi(value) / 100;
+}
+
+int32_t ResolveColor(int32_t number) {
+  int32_t index = number;
+  if (number > 10) {
+    const int32_t hue = number / 10;
+    if (hue == 1 || hue == 2 || hue == 23 || hue == 24) return 1;
+    index = (hue - 3) / 4 + 2;
+  }
+  return index == 2 || index >= 7 ? 0 : index;
+}
+
+bool LinetypeFilter(int32_t family) {
+  const auto& excluded = state.excludedLtypes;
+  return std::find(excluded.begin(), excluded.end(), family) != excluded.end();
+}
+
+void MonochromeRule(int32_t& color) {
+  if (state.monochrome != 0) color = 0;
+}
+
+POINT ModelToSheet(double x, double y) {
+  return {Trunc((x - state.originX) / state.drawScale + state.shiftX),
+          Trunc((y - state.originY) / state.drawScale - state.sheetHeightF + state.shiftY)};
+}
+
+double BlockX(double value, double blockOriginX) {
+  return value * 100.0 * state.insertScaleX + blockOriginX;
+}
+
+double BlockY(double value, double blockOriginY) {
+  return value * 100.0 * state.insertScaleY + blockOriginY;
+}
+
+POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY) {
+  if (state.insertAngle == 0.0) return ModelToSheet(x, y);
+  // The pivot is the block's origin and not the insertion point: a turned block with a base point other than
+  // (0, 0) lies away from where its INSERT says.
+  const double cosine = std::cos(state.insertAngle);
+  const double sine = std::sin(state.insertAngle);
+  const double dx = x - blockOriginX;
+  const double dy = y - blockOriginY;
+  return ModelToSheet(dx * cosine + blockOriginX - dy * sine, dx * sine + blockOriginY + dy * cosine);
+}
+
+namespace {
+
+void ClampY(const ViewRect& view, LONG& y) {
+  if (WrapNegate(y) > view.bottom) y = WrapNegate(view.bottom);
+  if (WrapNegate(y) < view.top) y = WrapNegate(view.top);
+}
+
+}  // namespace
+
+bool LiesInView(const ViewRect& view, const POINT& point) {
+  const int32_t yDown = WrapNegate(point.y);
+  return view.left <= point.x && point.x <= view.right && view.top <= yDown && yDown <= view.bottom;
+}
+
+void ClampToView(const ViewRect& view, POINT& point) {
+  if (point.x < view.left) point.x = view.left;
+  if (point.x > view.right) point.x = view.right;
+  ClampY(view, point.y);
+}
+
+bool BeyondOneEdge(const ViewRect& view, const POINT& a, const POINT& b) {
+  const int32_t aDown = WrapNegate(a.y);
+  const int32_t bDown = WrapNegate(b.y);
+  return (a.x < view.left && b.x < view.left) || (a.x > view.right && b.x > view.right) ||
+         (aDown < view.top && bDown < view.top) || (aDown > view.bottom && bDown > view.bottom);
+}
+
+bool ClampAxisParallel(const ViewRect& view, POINT& a, POINT& b) {
+  if (a.x != b.x && a.y != b.y) return false;
+  if (a.x < view.left) a.x = view.left;
+  if (b.x > view.right) b.x = view.right;
+  ClampY(view, a.y);
+  ClampY(view, b.y);
+  return true;
+}
+
+bool ViewReject(const ViewRect& view, POINT& a, POINT& b) {
+  if (BeyondOneEdge(view, a, b)) return true;
+  if (ClampAxisParallel(view, a, b)) return false;
+  const ClippedSegment cut = ClipSegment(view.left, view.top, view.right, view.bottom, a.x, b.x, a.y, b.y);
+  if (cut.startX == -1 && cut.startY == -1 && cut.endX == -1 && cut.endY == -1) return true;
+  a = {cut.startX, cut.startY};
+  b = {cut.endX, cut.endY};
+  return false;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,164 @@
+// LINE: one stroke between two points, the smallest full member of the converters' family. Its two points
+// decide by different rules which of them comes first, and so where a dash pattern starts.
+#include "entities/line.h"
+
+#include <cstring>
+#include <utility>
+
+#include "driver/bounded_copy.h"
+#include "driver/group_reader.h"
+#include "entities/block_rules.h"
+#include "entities/converter_rules.h"
+
+namespace hexlume {
+
+namespace {
+
+constexpr int32_t elementsOfFamily[] = {0, 2, 2, 4, 6};
+
+void DrawStroke(Canvas canvas, const POINT& a, const POINT& b, const LineStyle& style, int32_t color) {
+  // A layer's style can name a family; its record is there as long as ltypes is.
+  if (style.family == 0 || static_cast<size_t>(style.pattern) >= state.ltypes.size())
+    PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(color),
+            state.rotated);
+  else
+    DashLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(color),
+             state.ltypes[static_cast<size_t>(style.pattern)].dashes, elementsOfFamily[style.family],
+             state.rotated);
+}
+
+}  // namespace
+
+int32_t DrawLine(Canvas canvas, TextStream& stream, const ViewRect& view) {
+  LineStyle style;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveLinetype(value, style); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 11: state.entX[1] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 21: state.entY[1] = Atof(value) * 100.0; break;
+      case 39: style.width = ResolveWidth(value); break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.entColor);
+
+  POINT a = ModelToSheet(state.entX[0], state.entY[0]);
+  POINT b = ModelToSheet(state.entX[1], state.entY[1]);
+  if (!(state.entX[0] < state.entX[1])) std::swap(a, b);
+  if (ViewReject(view, a, b)) return more;
+  DrawStroke(canvas, a, b, style, state.entColor);
+  return more;
+}
+
+int32_t DrawBlockLine(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
+                      int32_t insertColor, const ViewRect& view) {
+  LineStyle style;
+  int32_t inherit = 0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveBlockLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        break;
+      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 11: state.blockX[1] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 21: state.blockY[1] = BlockY(Atof(value), blockOriginY); break;
+      case 39: style.width = ResolveWidth(value); break;
+      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.blockColor);
+
+  POINT a = BlockTransform(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  POINT b = BlockTransform(state.blockX[1], state.blockY[1], blockOriginX, blockOriginY);
+  if (a.x > b.x) std::swap(a, b);
+  if (ViewReject(view, a, b)) return more;
+  DrawStroke(canvas, a, b, style, state.blockColor);
+  return more;
+}
+
+int32_t DrawDimLine(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view) {
+  LineStyle style;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 8:
+        if (std::strcmp(value, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0 + offsetX; break;
+      case 11: state.entX[1] = Atof(value) * 100.0 + offsetX; break;
+      case 20: state.entY[0] = Atof(value) * 100.0 + offsetY; break;
+      case 21: state.entY[1] = Atof(value) * 100.0 + offsetY; break;
+      case 39: style.width = ResolveWidth(value); break;
+      case 62:
+        if (Atoi(value) != 0) state.entColor = Atoi(value);
+        state.entColor = ResolveColor(state.entColor);
+        break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.entColor);
+
+  POINT a = ModelToSheet(state.entX[0], state.entY[0]);
+  POINT b = ModelToSheet(state.entX[1], state.entY[1]);
+  if (!(state.entX[0] < state.entX[1])) std::swap(a, b);
+  if (BeyondOneEdge(view, a, b)) return more;
+  ClampAxisParallel(view, a, b);  // a slanted line isn't cut here
+  PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.entColor),
+          state.rotated);
+  return more;
+}
+
+int32_t DrawDimInsertLine(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
+                          const ViewRect& view, int32_t wholeSheet, int32_t insertColor) {
+  LineStyle style;
+  int32_t inherit = 0;
+  state.dimColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveDimInsertLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        break;
+      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 11: state.dimX[1] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 21: state.dimY[1] = BlockY(Atof(value), blockOriginY); break;
+      case 39: style.width = ResolveWidth(value); break;
+      case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
+    }
+  }
+  MonochromeRule(state.dimColor);
+
+  // Neither sorted nor cut: clamping coordinate by coordinate bends a slanted line at the edge of the view.
+  POINT a = BlockTransform(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
+  POINT b = BlockTransform(state.dimX[1], state.dimY[1], blockOriginX, blockOriginY);
+  if (!LiesInView(view, a) && !LiesInView(view, b) && wholeSheet == 0) return more;
+  ClampToView(view, a);
+  ClampToView(view, b);
+  if (LinetypeFilter(style.family)) return more;
+  PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.dimColor),
+          state.rotated);
+  return more;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,171 @@
+// A guard is a frame of structured handling, so that the system's functions get the faults first that they
+// raise and handle themselves, and other threads of the host never see us. Only a stack overflow is taken
+// beforehand, by a vectored handler: structured handling needs some KB of stack itself, and there may be none
+// left.
+#include "platform/fault_guard.h"
+
+#include <intrin.h>
+#include <malloc.h>
+#include <windows.h>
+#include <xmmintrin.h>
+
+namespace hexlume {
+
+namespace {
+
+struct Guard {
+  void (*run)(void* context);
+  void* context;
+  Guard* outer;
+  bool returned;
+  bool stackOverflowed;
+  void* resume[5];
+  alignas(16) char scratch[128];
+};
+
+// The innermost guard of each thread. No thread_local, which may allocate memory when it is read: not for a
+// handler.
+struct ThreadSlot {
+  DWORD index = TlsAlloc();
+  ~ThreadSlot() { TlsFree(index); }
+} slot;
+
+class FloatingPointControl {
+ public:
+  FloatingPointControl() : sse(_mm_getcsr()) { asm volatile("fnstcw %0" : "=m"(x87)); }
+
+  // Empties the x87 registers too: a fault in the middle of a computation leaves them in use.
+  void Restore() const {
+    asm volatile("fninit\n\tfldcw %0" ::"m"(x87));
+    _mm_setcsr(sse);
+  }
+
+ private:
+  unsigned int sse;
+  uint16_t x87;
+};
+
+__attribute__((noinline)) void RunToReturn(Guard* guard) noexcept {
+  try {
+    guard->run(guard->context);
+    guard->returned = true;
+  } catch (...) {
+    // That it didn't return says enough.
+  }
+}
+
+[[noreturn]] __attribute__((fastcall)) void Resume(Guard* guard) {
+  __builtin_longjmp(guard->resume, 1);
+}
+
+#ifdef __x86_64__
+
+// Goes on after the call when a fault has ended it.
+extern "C" void RunUnderHandler(void (*run)(Guard*), Guard* guard) asm("HexlumeRunUnderHandler");
+
+// One scope, whose filter is the constant EXCEPTION_EXECUTE_HANDLER.
+asm(R"(
+        .text
+        .p2align 4
+        .def    HexlumeRunUnderHandler; .scl 2; .type 32; .endef
+        .seh_proc HexlumeRunUnderHandler
+HexlumeRunUnderHandler:
+        subq    $40, %rsp
+        .seh_stackalloc 40
+        .seh_endprologue
+.LscopeBegin:
+        movq    %rcx, %rax
+        movq    %rdx, %rcx
+        call    *%rax
+        nop
+.LscopeEnd:
+        addq    $40, %rsp
+        ret
+        .seh_handler __C_specific_handler, @except
+        .seh_handlerdata
+        .long   1
+        .rva    .LscopeBegin, .LscopeEnd
+        .long   1
+        .rva    .LscopeEnd
+        .text
+        .seh_endproc
+)");
+
+__attribute__((noinline)) void RunResumable(Guard* guard) {
+  if (!__builtin_setjmp(guard->resume)) {
+    TlsSetValue(slot.index, guard);
+    RunUnderHandler(RunToReturn, guard);
+  }
+  TlsSetValue(slot.index, guard->outer);
+}
+
+void GoOnWith(Guard* guard, CONTEXT* context) {
+  context->Rip = reinterpret_cast<DWORD64>(Resume);
+  context->Rcx = reinterpret_cast<DWORD64>(guard);
+  // As if called: room for the return address and four parameters.
+  context->Rsp = reinterpret_cast<DWORD64>(guard->scratch + sizeof guard->scratch - 40);
+}
+
+#else
+
+struct Registration {
+  EXCEPTION_REGISTRATION_RECORD record;
+  Guard* guard;
+};
+
+EXCEPTION_DISPOSITION OnException(EXCEPTION_RECORD* exception, void* frame, CONTEXT*, void*) {
+  if (exception->ExceptionFlags & (EXCEPTION_UNWINDING | EXCEPTION_EXIT_UNWIND))
+    return ExceptionContinueSearch;
+  RtlUnwind(frame, nullptr, exception, nullptr);
+  // RtlUnwind keeps no register but ebp.
+  asm volatile("" ::: "ebx", "esi", "edi");
+  Resume(static_cast<Registration*>(frame)->guard);
+}
+
+__attribute__((noinline)) void RunResumable(Guard* guard) {
+  Registration registration = {};
+  registration.record.Next = reinterpret_cast<EXCEPTION_REGISTRATION_RECORD*>(__readfsdword(0));
+  registration.record.Handler = reinterpret_cast<PEXCEPTION_ROUTINE>(OnException);
+  registration.guard = guard;
+  if (!__builtin_setjmp(guard->resume)) {
+    TlsSetValue(slot.index, guard);
+    __writefsdword(0, reinterpret_cast<DWORD>(&registration));
+    RunToReturn(guard);
+  }
+  __writefsdword(0, reinterpret_cast<DWORD>(registration.record.Next));
+  TlsSetValue(slot.index, guard->outer);
+}
+
+void GoOnWith(Guard* guard, CONTEXT* context) {
+  context->Eip = reinterpret_cast<DWORD>(Resume);
+  context->Ecx = reinterpret_cast<DWORD>(guard);
+  context->Esp = reinterpret_cast<DWORD>(guard->scratch + sizeof guard->scratch - 4);
+}
+
+#endif
+
+LONG CALLBACK OnStackOverflow(EXCEPTION_POINTERS* exception) {
+  if (exception->ExceptionRecord->ExceptionCode != EXCEPTION_STACK_OVERFLOW) return EXCEPTION_CONTINUE_SEARCH;
+  Guard* guard = static_cast<Guard*>(TlsGetValue(slot.index));
+  if (!guard) return EXCEPTION_CONTINUE_SEARCH;
+  guard->stackOverflowed = true;
+  GoOnWith(guard, exception->ContextRecord);
+  return EXCEPTION_CONTINUE_EXECUTION;
+}
+
+}  // namespace
+
+void RunGuarded(void (*run)(void* context), void* context) {
+  const FloatingPointControl control;
+  Guard guard = {run, context, static_cast<Guard*>(TlsGetValue(slot.index)), false, false, {}, {}};
+  void* handler = guard.outer ? nullptr : AddVectoredExceptionHandler(1, OnStackOverflow);
+  RunResumable(&guard);
+  if (handler) RemoveVectoredExceptionHandler(handler);
+  if (guard.returned) return;
+  control.Restore();
+  // Without its guard page back, the next overflow would end the process.
+  if (guard.stackOverflowed) _resetstkoflw();
+  throw faultCode;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Builds everything and runs all tests, in every build. Installs what is missing first. The last line tells the result.
+set -uo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+cd "$root" || exit 1
+
+passed=0
+failed=0
+
+# Adds up the closing lines of a GoogleTest program; one that ends without them, or badly without a failed test (a crash,
+# nothing run), counts as a failure.
+count_results() {
+  local log=$1 status=$2 name=$3 ok bad
+  ok=$(grep -aoP '^\[  PASSED  \] \K[0-9]+(?= test)' "$log" | tail -n 1)
+  bad=$(grep -aoP '^\[  FAILED  \] \K[0-9]+(?= tests?,)' "$log" | tail -n 1)
+  passed=$((passed + ${ok:-0}))
+  failed=$((failed + ${bad:-0}))
+  if [ "$status" -ne 0 ] && [ -z "$bad" ] || [ "${ok:-0}" -eq 0 ] && [ -z "$bad" ]; then
+    echo "$name ended with status $status and no result" >&2
+    failed=$((failed + 1))
+  fi
+}
+
+run_tests() {
+  local preset=$1 program=$2 log status=0
+  shift 2
+  log=$(mktemp)
+  echo "== $preset $program"
+  timeout 900 wine "build/$preset/bin/$program.exe" "$@" --gtest_brief=1 </dev/null >"$log" 2>&1 || status=$?
+  cat "$log"
+  count_results "$log" "$status" "$preset $program"
+  rm -f "$log"
+}
+
+check() {
+  local name=$1
+  shift
+  echo "== $name"
+  if "$@"; then
+    passed=$((passed + 1))
+  else
+    echo "$name failed" >&2
+    failed=$((failed + 1))
+  fi
+}
+
+scripts/setup.sh test || { echo "setting up failed" >&2; exit 1; }
+. scripts/wine_environment.sh
+prepare_wine || { echo "setting up Wine failed" >&2; exit 1; }
+
+check "formatting" scripts/check_format.sh
+for preset in win-x64 win-x86; do
+  if ! scripts/build.sh "$preset"; then
+    echo "$preset doesn't build" >&2
+    failed=$((failed + 1))
+    continue
+  fi
+  check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
+  run_tests "$preset" hexlume_unit_tests
+  run_tests "$preset" hexlume_system_version_tests
+  run_tests "$preset" hexlume_conversion_tests
+  run_tests "$preset" hexlume_drawing_tests "$(windows_path tests/drawings)"
+  run_tests "$preset" hexlume_export_tests
+  run_tests "$preset" hexlume_tool_tests
+done
+
+echo
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

@@ -1,0 +1,49 @@
+// A known record for tests of the converters and their rules, and what they draw as text.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+
+#include "canvas/canvas.h"
+#include "driver/conv_state.h"
+#include "entities/converter_rules.h"
+
+namespace hexlume {
+
+constexpr COLORREF black = 0x000000;
+constexpr COLORREF red = 0x0000FF;
+constexpr COLORREF green = 0x00FF00;
+constexpr COLORREF cyan = 0xFFFF00;
+constexpr COLORREF blue = 0xFF0000;
+constexpr COLORREF magenta = 0xFF00FF;
+constexpr COLORREF countColour = 0x000007;  // of the colour index -1
+
+// What the strokes of one pen leave in a metafile.
+std::string InPen(COLORREF colour, const std::string& calls, int32_t width = 0);
+std::string Stroke(COLORREF colour, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t width = 0);
+
+// The groups 10, 20, 11 and 21 of a line.
+std::string Ends(double x1, double y1, double x2, double y2);
+
+// A sheet of 200 x 100 mm at scale 1, seen as a whole: sheet X = 100 x, sheet Y = 100 y - 10000. There are
+// neither layers nor line types, and the insert neither scales nor turns.
+class ConverterTest : public testing::Test {
+ protected:
+  ConverterTest();
+
+  static void AddLayer(const char* name, const LineStyle& style, int32_t color);
+  static void ExcludeLayer(const char* name);
+  static void ExcludeFamily(int32_t family);
+  static void SetInsertLayer(const char* name);
+  // The slots of ltypes with a record in the drawing. Their dashes don't matter.
+  static void DefineLtypes(std::initializer_list<int32_t> slots);
+  // A slot with a record of these elements.
+  static void DefineLtype(int32_t slot, std::initializer_list<double> dashes);
+
+  ViewRect view = {0, 0, 20000, 10000};
+};
+
+}  // namespace hexlume

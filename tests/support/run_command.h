@@ -1,0 +1,11 @@
+// Starts a program as a user's shell does.
+#pragma once
+
+#include <string>
+
+namespace hexlume {
+
+// Runs program with arguments, which may redirect its streams, and returns its exit status.
+int RunCommand(const std::string& program, const std::string& arguments);
+
+}  // namespace hexlume

@@ -1,0 +1,54 @@
+#include "windows/process_resources.h"
+
+#include <windows.h>
+// Behind <windows.h>, which it needs.
+#include <psapi.h>
+
+#include <cstdint>
+
+namespace hexlume {
+
+namespace {
+
+// Wine's GetGuiResources counts nothing, but its table of GDI objects, which the 64-bit process environment
+// block points to as on Windows, can be counted.
+struct GdiTableEntry {
+  uint64_t object;
+  uint16_t owner;
+  uint16_t count;
+  uint16_t unique;
+  uint8_t type;
+  uint8_t flags;
+  uint64_t user;
+};
+constexpr size_t gdiTableSize = 16384;
+
+const GdiTableEntry* GdiTable() {
+#ifdef _WIN64
+  const auto environment = static_cast<uintptr_t>(__readgsqword(0x60));
+#else
+  // A 32-bit thread block's field at 0xF70 points to its 64-bit twin.
+  const uintptr_t threadBlock = __readfsdword(0xF70);
+  const auto environment = static_cast<uintptr_t>(*reinterpret_cast<const uint64_t*>(threadBlock + 0x60));
+#endif
+  return reinterpret_cast<const GdiTableEntry*>(
+      static_cast<uintptr_t>(*reinterpret_cast<const uint64_t*>(environment + 0xF8)));
+}
+
+}  // namespace
+
+size_t CountGdiObjects() {
+  if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return counted;
+  const GdiTableEntry* table = GdiTable();
+  size_t count = 0;
+  for (size_t i = 0; i < gdiTableSize; ++i) count += table[i].type != 0;
+  return count;
+}
+
+size_t WorkingSet() {
+  PROCESS_MEMORY_COUNTERS counters = {};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.WorkingSetSize;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,75 @@
+#include <windows.h>
+
+#include "tools/hexlume/host_guard.h"
+
+// The exception that carries a fault belongs to the system's own C++ compilers: ours can't catch it by its
+// type. A vectored handler takes it, which moves the thread back into the guard.
+namespace hexlume {
+namespace {
+
+constexpr DWORD cppException = 0xE06D7363;
+enum Parameter { magic, thrownObject, throwInfo, parameterCount };
+
+void* landing[5];
+int32_t faultNumber;
+
+[[noreturn]] void ReturnToGuard() {
+  __builtin_longjmp(landing, 1);
+}
+
+// A template so that only the half that the architecture has is compiled.
+template <typename Context>
+void ContinueInGuard(Context& context) {
+  constexpr uintptr_t alignment = 16, returnAddress = sizeof(void*);
+  const auto function = reinterpret_cast<uintptr_t>(&ReturnToGuard);
+  if constexpr (sizeof(void*) == 8) {
+    context.Rip = function;
+    context.Rsp = (context.Rsp & ~(alignment - 1)) - returnAddress;
+  } else {
+    context.Eip = function;
+    context.Esp = (context.Esp & ~(alignment - 1)) - returnAddress;
+  }
+}
+
+// Components of the system, a printer's driver say, raise such exceptions too and handle them themselves.
+// What a throw tells about its object lies in the module that throws.
+bool IsOfTheLibrary(const EXCEPTION_RECORD& record) {
+  if (record.ExceptionCode != cppException || record.NumberParameters < parameterCount) return false;
+  constexpr DWORD flags =
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  HMODULE module = nullptr;
+  return GetModuleHandleExA(flags, reinterpret_cast<const char*>(record.ExceptionInformation[throwInfo]),
+                            &module) &&
+         module == GetModuleHandleA("Hexlume.dll");
+}
+
+LONG WINAPI TakeFault(EXCEPTION_POINTERS* exception) {
+  const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+  if (!IsOfTheLibrary(record)) return EXCEPTION_CONTINUE_SEARCH;
+  faultNumber = *reinterpret_cast<const int32_t*>(record.ExceptionInformation[thrownObject]);
+  ContinueInGuard(*exception->ContextRecord);
+  return EXCEPTION_CONTINUE_EXECUTION;
+}
+
+// False if a fault ended run.
+[[gnu::noinline]] bool RunToReturn(void (*run)(void* context), void* context) {
+  if (__builtin_setjmp(landing) != 0) return false;
+  run(context);
+  return true;
+}
+
+}  // namespace
+
+std::optional<int32_t> RunForFault(void (*run)(void* context), void* context) {
+  NT_TIB* const thread = reinterpret_cast<NT_TIB*>(NtCurrentTeb());
+  const auto handlers = thread->ExceptionList;
+  void* const vectored = AddVectoredExceptionHandler(TRUE, TakeFault);
+  const bool returned = RunToReturn(run, context);
+  RemoveVectoredExceptionHandler(vectored);
+  if (returned) return std::nullopt;
+  // The frames that are gone may have had handlers in the thread's list.
+  thread->ExceptionList = handlers;
+  return faultNumber;
+}
+
+}  // namespace hexlume

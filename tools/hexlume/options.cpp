@@ -1,0 +1,199 @@
+#include "tools/hexlume/options.h"
+
+#include <charconv>
+#include <cxxopts.hpp>
+#include <set>
+
+#include "tools/hexlume/system.h"
+
+namespace hexlume {
+namespace {
+
+cxxopts::Options Declarations() {
+  cxxopts::Options declarations("hexlume", "Turns ASCII DXF drawings into Windows enhanced metafiles.\n");
+  declarations.custom_help("[options]");
+  declarations.positional_help("DRAWING.dxf [OUTPUT.emf]\n  hexlume [options] -d DIR DRAWING.dxf...");
+  declarations.add_options()  //
+      ("d", "Write the metafile of every drawing to DIR/<its name>.emf", cxxopts::value<std::string>(),
+       "DIR")("view", "Convert only this part of the sheet, in hundredths of a millimetre",
+              cxxopts::value<std::string>(), "L,T,R,B")(
+          "full-size", "Draw the model at full size, without the scale that the drawing tells")(
+          "rotate", "Convert, then turn by 180 degrees; the turned one is the result")(
+          "mono", "Draw everything in black")("half-width", "Draw texts with half-width cells")(
+          "whole-text", "With --view: leave out texts that don't lie wholly inside")(
+          "dialogs", "Show dialogs: 1 (also without N) for all of them, another number for the scale only",
+          cxxopts::value<std::string>()->implicit_value("1"),
+          "N")("dialog-font", "Font of the dialogs: 1 for the system's, another number for their own",
+               cxxopts::value<std::string>(),
+               "N")("png", "Write a picture of the metafile", cxxopts::value<std::string>(), "FILE")(
+          "dpi", "Dots per inch of the picture (default 96)", cxxopts::value<std::string>(), "N")(
+          "list", "List the calls in the metafile on standard output, one a line")(
+          "version", "Show the version")("help", "Show this help")(
+          "drawings", "", cxxopts::value<std::vector<std::string>>());
+  declarations.parse_positional("drawings");
+  return declarations;
+}
+
+constexpr const char* helpTail = R"(
+Without OUTPUT.emf the metafile goes beside the drawing, with the extension .emf; with --list or
+--png only these are made then. Several drawings, with -d, are converted in the order given.
+
+Exit status:
+   0  all is well
+   2  a drawing could be measured, but not opened again to be drawn
+  11  a fault left the library
+  16  the user cancelled a dialog
+  30  a file can't be read or is no drawing, or a fault ended the drawing
+  64  wrong usage
+  73  an output can't be written
+When several drawings are converted, it tells of the last one that failed.
+)";
+
+int32_t ParseNumber(const std::string& option, const std::string& text, int32_t least, int32_t most) {
+  int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || number < least || number > most) {
+    throw UsageError(option + " needs a whole number from " + std::to_string(least) + " to " +
+                     std::to_string(most) + ", not '" + text + "'");
+  }
+  return number;
+}
+
+View ParseView(const std::string& text) {
+  int32_t edges[4];
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (int i = 0; i < 4; ++i) {
+    const auto [stop, error] = std::from_chars(at, end, edges[i]);
+    const bool separated = i < 3 ? stop != end && *stop == ',' : stop == end;
+    if (error != std::errc() || !separated) {
+      throw UsageError("--view needs four whole numbers L,T,R,B, not '" + text + "'");
+    }
+    at = stop + (i < 3);
+  }
+  return {edges[0], edges[1], edges[2], edges[3]};
+}
+
+std::optional<std::string> TextOf(const cxxopts::ParseResult& parsed, const char* option) {
+  if (parsed.count(option) == 0) return std::nullopt;
+  return parsed[option].as<std::string>();
+}
+
+void ReadConversion(const cxxopts::ParseResult& parsed, Options& options) {
+  constexpr int32_t lowest = std::numeric_limits<int32_t>::min();
+  constexpr int32_t highest = std::numeric_limits<int32_t>::max();
+  options.fullSize = parsed["full-size"].as<bool>();
+  options.rotate = parsed["rotate"].as<bool>();
+  options.monochrome = parsed["mono"].as<bool>();
+  options.halfWidth = parsed["half-width"].as<bool>();
+  options.wholeText = parsed["whole-text"].as<bool>();
+  if (const auto view = TextOf(parsed, "view")) options.view = ParseView(*view);
+  if (const auto number = TextOf(parsed, "dialogs")) {
+    options.dialogs = ParseNumber("--dialogs", *number, lowest, highest);
+  }
+  if (const auto number = TextOf(parsed, "dialog-font")) {
+    options.dialogFont = static_cast<uint8_t>(ParseNumber("--dialog-font", *number, 0, 255));
+  }
+}
+
+void CheckConversion(const Options& options) {
+  if (options.view && options.fullSize) throw UsageError("--view and --full-size exclude each other");
+  if (options.view && options.rotate) throw UsageError("--view and --rotate exclude each other");
+  if (options.wholeText && !options.view) throw UsageError("--whole-text needs --view");
+}
+
+// The path with another extension in the place of its own.
+std::string WithExtension(const std::string& path, const std::string& extension) {
+  const size_t name = FileNameStart(path);
+  const size_t point = path.rfind('.');
+  const bool hasExtension = point != std::string::npos && point > name;
+  return path.substr(0, hasExtension ? point : std::string::npos) + extension;
+}
+
+bool LooksLikeADrawing(const std::string& path) {
+  return PathKey(path) == PathKey(WithExtension(path, ".dxf"));
+}
+
+Job SingleJob(const std::vector<std::string>& files, const Options& options) {
+  if (files.size() > 2) throw UsageError("several drawings need -d DIR");
+  if (files.size() == 2) {
+    // Two drawings without -d, most likely: the second one must not be lost.
+    if (LooksLikeADrawing(files[1])) {
+      throw UsageError("the output '" + files[1] + "' looks like a drawing; several drawings need -d DIR");
+    }
+    return {files[0], files[1]};
+  }
+  if (options.list || options.picture) return {files[0], std::nullopt};
+  return {files[0], WithExtension(files[0], ".emf")};
+}
+
+std::vector<Job> JobsInFolder(const std::vector<std::string>& drawings, std::string folder) {
+  if (folder.empty()) throw UsageError("-d needs the name of a folder");
+  if (folder.back() != '/') folder += '/';
+  std::vector<Job> jobs;
+  for (const std::string& drawing : drawings) {
+    jobs.push_back({drawing, folder + WithExtension(drawing.substr(FileNameStart(drawing)), ".emf")});
+  }
+  return jobs;
+}
+
+void CheckOutputs(const Options& options) {
+  std::set<std::string> taken;
+  for (const Job& job : options.jobs) taken.insert(PathKey(job.drawing));
+  const auto claim = [&taken](const std::string& output) {
+    if (!taken.insert(PathKey(output)).second) {
+      throw UsageError("the output '" + output + "' is also a drawing or another output");
+    }
+  };
+  for (const Job& job : options.jobs) {
+    if (job.metafile) claim(*job.metafile);
+  }
+  if (options.picture) claim(*options.picture);
+}
+
+void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
+  options.list = parsed["list"].as<bool>();
+  options.picture = TextOf(parsed, "png");
+  if (const auto number = TextOf(parsed, "dpi")) {
+    if (!options.picture) throw UsageError("--dpi needs --png");
+    options.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
+  }
+  if (parsed.count("drawings") == 0) throw UsageError("no drawing is given");
+  const auto& files = parsed["drawings"].as<std::vector<std::string>>();
+  if (const auto folder = TextOf(parsed, "d")) {
+    options.jobs = JobsInFolder(files, *folder);
+  } else {
+    options.jobs = {SingleJob(files, options)};
+  }
+  if (options.picture && options.jobs.size() > 1) throw UsageError("--png takes a single drawing");
+  CheckOutputs(options);
+}
+
+cxxopts::ParseResult Parse(int argc, const char* const* argv) {
+  try {
+    return Declarations().parse(argc, argv);
+  } catch (const cxxopts::exceptions::exception& trouble) {
+    throw UsageError(trouble.what());
+  }
+}
+
+}  // namespace
+
+Options ParseOptions(int argc, const char* const* argv) {
+  const cxxopts::ParseResult parsed = Parse(argc, argv);
+  Options options;
+  options.showHelp = parsed["help"].as<bool>();
+  options.showVersion = parsed["version"].as<bool>();
+  if (options.showHelp || options.showVersion) return options;
+  ReadConversion(parsed, options);
+  CheckConversion(options);
+  ReadOutputs(parsed, options);
+  return options;
+}
+
+std::string HelpText() {
+  return Declarations().help() + helpTail;
+}
+
+}  // namespace hexlume

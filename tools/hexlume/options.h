@@ -1,0 +1,52 @@
+// What the user asks for on the command line.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace hexlume {
+
+// A part of the sheet in hundredths of a millimetre.
+struct View {
+  int32_t left, top, right, bottom;
+};
+
+// A drawing and the file that its metafile goes to; none if only a listing or a picture is wanted.
+struct Job {
+  std::string drawing;
+  std::optional<std::string> metafile;
+};
+
+struct Options {
+  std::vector<Job> jobs;  // in the order given
+
+  std::optional<View> view;
+  bool fullSize = false;
+  bool rotate = false;
+  bool monochrome = false;
+  bool halfWidth = false;
+  bool wholeText = false;
+  int32_t dialogs = 0;
+  std::optional<uint8_t> dialogFont;
+
+  std::optional<std::string> picture;
+  int32_t dotsPerInch = 96;
+  bool list = false;
+
+  bool showVersion = false;
+  bool showHelp = false;
+};
+
+// Says in words what is wrong with the command line.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+Options ParseOptions(int argc, const char* const* argv);
+
+std::string HelpText();
+
+}  // namespace hexlume

@@ -1,0 +1,60 @@
+#include "tools/hexlume/output.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+#include <memory>
+
+#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/picture.h"
+
+namespace hexlume {
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+Bytes MetafileBytes(HENHMETAFILE metafile) {
+  Bytes bytes(GetEnhMetaFileBits(metafile, 0, nullptr));
+  bytes.resize(GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data()));
+  return bytes;
+}
+
+void WriteFile(const std::string& path, const Bytes& bytes) {
+  errno = 0;
+  std::FILE* const file = std::fopen(path.c_str(), "wb");
+  const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+  const bool closed = file && std::fclose(file) == 0;
+  if (!written || !closed) throw OutputError(path, std::strerror(errno));
+}
+
+void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
+  constexpr const char* standardOutput = "standard output";
+  if (options.jobs.size() > 1) std::cout << "# " << job.drawing << '\n';
+  const bool sound = ListMetafile(bytes.data(), bytes.size(), std::cout);
+  if (!std::cout.flush()) throw OutputError(standardOutput, "the listing is cut off");
+  if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
+}
+
+void WritePicture(HENHMETAFILE metafile, const std::string& path, int32_t dotsPerInch) {
+  try {
+    WriteFile(path, PngPicture(metafile, dotsPerInch));
+  } catch (const PictureError& error) {
+    throw OutputError(path, error.what());
+  } catch (const std::bad_alloc&) {
+    throw OutputError(path, "not enough memory");
+  }
+}
+
+}  // namespace
+
+void WriteOutputs(HENHMETAFILE metafile, const Job& job, const Options& options) {
+  if (job.metafile || options.list) {
+    const Bytes bytes = MetafileBytes(metafile);
+    if (job.metafile) WriteFile(*job.metafile, bytes);
+    if (options.list) WriteListing(bytes, job, options);
+  }
+  if (options.picture) WritePicture(metafile, *options.picture, options.dotsPerInch);
+}
+
+}  // namespace hexlume

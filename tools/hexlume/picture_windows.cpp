@@ -1,0 +1,173 @@
+#include <objidl.h>
+#include <wincodec.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <type_traits>
+
+#include "tools/hexlume/picture.h"
+
+namespace hexlume {
+namespace {
+
+template <auto function>
+struct Release {
+  template <typename T>
+  void operator()(T* object) const {
+    function(object);
+  }
+};
+using DeviceContext = std::unique_ptr<std::remove_pointer_t<HDC>, Release<DeleteDC>>;
+using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, Release<DeleteObject>>;
+
+struct ReleaseInterface {
+  void operator()(IUnknown* object) const { object->Release(); }
+};
+template <typename T>
+using Interface = std::unique_ptr<T, ReleaseInterface>;
+
+void Require(HRESULT result, const char* step) {
+  if (SUCCEEDED(result)) return;
+  if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+  throw PictureError(std::string("the system's imaging component can't ") + step);
+}
+
+// Calls create with the place for the interface that it makes.
+template <typename T, typename Create>
+Interface<T> Make(const char* step, Create&& create) {
+  T* object = nullptr;
+  Require(create(&object), step);
+  return Interface<T>(object);
+}
+
+struct Size {
+  int32_t width, height;
+  size_t RowBytes() const { return (static_cast<size_t>(width) * 3 + 3) / 4 * 4; }
+};
+
+int32_t Pixels(double hundredths, int32_t dotsPerInch) {
+  constexpr double hundredthsOfAnInch = 2540;
+  constexpr double mostOnASide = 20000;
+  const double pixels = std::round(hundredths * dotsPerInch / hundredthsOfAnInch);
+  if (pixels > mostOnASide) throw PictureError("the picture would be larger than 20000 pixels on a side");
+  return static_cast<int32_t>(std::max(pixels, 1.0));
+}
+
+Size PictureSize(HENHMETAFILE metafile, int32_t dotsPerInch) {
+  ENHMETAHEADER header;
+  if (GetEnhMetaFileHeader(metafile, sizeof header, &header) == 0) {
+    throw PictureError("the metafile has no header");
+  }
+  const RECTL& frame = header.rclFrame;
+  if (frame.right <= frame.left || frame.bottom <= frame.top) {
+    throw PictureError("the metafile's frame is empty");
+  }
+  return {Pixels(static_cast<double>(frame.right) - frame.left, dotsPerInch),
+          Pixels(static_cast<double>(frame.bottom) - frame.top, dotsPerInch)};
+}
+
+// A bitmap in memory, 24 bits a pixel from the top down, as the encoder takes it; white at first.
+struct Canvas {
+  explicit Canvas(Size canvasSize) : size(canvasSize) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size.width;
+    info.bmiHeader.biHeight = -size.height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    void* bits = nullptr;
+    bitmap.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap) throw std::bad_alloc();
+    pixels = static_cast<uint8_t*>(bits);
+    std::memset(pixels, 0xFF, size.RowBytes() * size.height);
+  }
+
+  Size size;
+  Bitmap bitmap;
+  uint8_t* pixels;
+};
+
+void Play(HENHMETAFILE metafile, const Canvas& canvas) {
+  const DeviceContext dc(CreateCompatibleDC(nullptr));
+  if (!dc) throw PictureError("the system gives no device context");
+  const HGDIOBJ before = SelectObject(dc.get(), canvas.bitmap.get());
+  const RECT whole{0, 0, canvas.size.width, canvas.size.height};
+  // What the player leaves out doesn't make it fail for a metafile that has a header, so there is nothing to
+  // check.
+  PlayEnhMetaFile(dc.get(), metafile, &whole);
+  GdiFlush();
+  SelectObject(dc.get(), before);
+}
+
+// In bands, because the encoder takes at most 4 GB at once.
+void WriteRows(IWICBitmapFrameEncode& frame, const Canvas& canvas) {
+  constexpr int32_t bandRows = 1024;
+  const size_t rowBytes = canvas.size.RowBytes();
+  for (int32_t row = 0; row < canvas.size.height; row += bandRows) {
+    const int32_t rows = std::min(bandRows, canvas.size.height - row);
+    Require(frame.WritePixels(rows, static_cast<UINT>(rowBytes), static_cast<UINT>(rowBytes * rows),
+                              canvas.pixels + rowBytes * row),
+            "take the picture");
+  }
+}
+
+void WriteFrame(IWICBitmapFrameEncode& frame, const Canvas& canvas, int32_t dotsPerInch) {
+  WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
+  Require(frame.Initialize(nullptr), "begin a picture");
+  Require(frame.SetSize(canvas.size.width, canvas.size.height), "set the picture's size");
+  Require(frame.SetResolution(dotsPerInch, dotsPerInch), "set the picture's resolution");
+  Require(frame.SetPixelFormat(&format), "set the pixel format");
+  if (!IsEqualGUID(format, GUID_WICPixelFormat24bppBGR))
+    throw PictureError("the pixel format isn't supported");
+  WriteRows(frame, canvas);
+  Require(frame.Commit(), "end the picture");
+}
+
+std::vector<uint8_t> StreamBytes(IStream& stream) {
+  STATSTG state{};
+  Require(stream.Stat(&state, STATFLAG_NONAME), "tell the picture's size");
+  std::vector<uint8_t> bytes(static_cast<size_t>(state.cbSize.QuadPart));
+  ULONG read = 0;
+  Require(stream.Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr), "read the picture back");
+  Require(stream.Read(bytes.data(), static_cast<ULONG>(bytes.size()), &read), "read the picture back");
+  bytes.resize(read);
+  return bytes;
+}
+
+std::vector<uint8_t> Encode(const Canvas& canvas, int32_t dotsPerInch) {
+  const auto factory = Make<IWICImagingFactory>("be started", [](IWICImagingFactory** out) {
+    return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                            reinterpret_cast<void**>(out));
+  });
+  const auto stream =
+      Make<IStream>("make a stream", [](IStream** out) { return CreateStreamOnHGlobal(nullptr, TRUE, out); });
+  const auto encoder = Make<IWICBitmapEncoder>("make an encoder", [&](IWICBitmapEncoder** out) {
+    return factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, out);
+  });
+  Require(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), "begin a file");
+  const auto frame = Make<IWICBitmapFrameEncode>(
+      "make a picture", [&](IWICBitmapFrameEncode** out) { return encoder->CreateNewFrame(out, nullptr); });
+  WriteFrame(*frame, canvas, dotsPerInch);
+  Require(encoder->Commit(), "end the file");
+  return StreamBytes(*stream);
+}
+
+// The imaging component lives between these two.
+struct ComLibrary {
+  ComLibrary() { Require(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), "be initialized"); }
+  ~ComLibrary() { CoUninitialize(); }
+};
+
+}  // namespace
+
+std::vector<uint8_t> PngPicture(HENHMETAFILE metafile, int32_t dotsPerInch) {
+  const Canvas canvas(PictureSize(metafile, dotsPerInch));
+  Play(metafile, canvas);
+  const ComLibrary com;
+  return Encode(canvas, dotsPerInch);
+}
+
+}  // namespace hexlume
