@@ -15,7 +15,7 @@ constexpr int32_t faultCode = 11;
 void RunGuarded(void (*run)(void* context), void* context);
 
 template <typename Loop>
-void GuardFaults(Loop&& loop) {
+void GuardFaults(Loop loop) {
   RunGuarded([](void* context) { (*static_cast<Loop*>(context))(); }, &loop);
 }
 

@@ -22,6 +22,11 @@ std::string Stroke(COLORREF colour, int32_t x1, int32_t y1, int32_t x2, int32_t 
   return InPen(colour, Call("MoveToEx", x1, y1) + Call("LineTo", x2, y2), width);
 }
 
+std::string Dot(int32_t x, int32_t y) {
+  return "Ellipse(" + std::to_string(x - 1) + ", " + std::to_string(y - 1) + ", " + std::to_string(x) + ", " +
+         std::to_string(y) + ")\n";
+}
+
 std::string Ends(double x1, double y1, double x2, double y2) {
   return "10 " + std::to_string(x1) + "\n20 " + std::to_string(y1) + "\n11 " + std::to_string(x2) + "\n21 " +
          std::to_string(y2) + "\n";

@@ -25,6 +25,10 @@ constexpr COLORREF countColour = 0x000007;  // of the colour index -1
 std::string InPen(COLORREF colour, const std::string& calls, int32_t width = 0);
 std::string Stroke(COLORREF colour, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t width = 0);
 
+// A dot of a dash pattern: its box goes a unit to each side, and the record is smaller by one at the right
+// and the top.
+std::string Dot(int32_t x, int32_t y);
+
 // The groups 10, 20, 11 and 21 of a line.
 std::string Ends(double x1, double y1, double x2, double y2);
 

@@ -5,9 +5,9 @@
 
 namespace hexlume {
 
-// The bytes of a drawing: each line of groups holds a code, one blank and a value, and becomes two lines. Blanks in
-// front of the code and lines with nothing else on them don't count; what follows the one blank is the value as it
-// stands, so that a code alone has an empty value.
+// The bytes of a drawing: each line of groups holds a code, one blank and a value, and becomes two lines.
+// Blanks in front of the code and lines with nothing else on them don't count; what follows the one blank is
+// the value as it stands, so that a code alone has an empty value.
 std::string DrawingBytes(const std::string& groups, const std::string& lineEnd = "\n");
 
 // A file of these bytes, deleted with the object.

@@ -13,7 +13,7 @@ namespace {
 
 std::filesystem::path programFolder;
 
-Outcome Run(const std::filesystem::path& programs, const std::string& arguments) {
+Outcome RunTool(const std::filesystem::path& programs, const std::string& arguments) {
   const int status = RunCommand((programs / "hexlume").string(), arguments + " >out.txt 2>err.txt");
   Outcome outcome{status, Contents("out.txt"), Contents("err.txt")};
   outcome.err.erase(std::remove(outcome.err.begin(), outcome.err.end(), '\r'), outcome.err.end());
@@ -42,11 +42,11 @@ void ToolRun::TearDown() {
 }
 
 Outcome ToolRun::RunReal(const std::string& arguments) {
-  return Run(programFolder, arguments);
+  return RunTool(programFolder, arguments);
 }
 
 Outcome ToolRun::RunScripted(const std::string& arguments) {
-  return Run(programFolder / "scripted", arguments);
+  return RunTool(programFolder / "scripted", arguments);
 }
 
 std::string ToolRun::CallOf(const std::string& options) {

@@ -75,6 +75,11 @@ TEST(DashLine, a_vertical_dash_is_cut_at_the_end) {
             InPen("MoveToEx(3, -100)\nLineTo(3, -140)\nMoveToEx(3, -145)\nLineTo(3, -150)\n"));
 }
 
+TEST(DashLine, a_vertical_dash_up_to_the_very_end_doesnt_end_the_walk) {
+  EXPECT_EQ(ListDashes(3, -100, 3, -200, {100, 10}),
+            InPen("MoveToEx(3, -100)\nLineTo(3, -200)\nLineTo(3, -200)\n"));
+}
+
 TEST(DashLine, a_vertical_gap_past_the_end_draws_nothing_more) {
   EXPECT_EQ(ListDashes(3, -100, 3, -150, {40, -11}), InPen("MoveToEx(3, -100)\nLineTo(3, -140)\n"));
 }
@@ -235,6 +240,14 @@ TEST(DashLine, a_sloped_gap_to_the_very_end_goes_on) {
   // l = 10: 6.5, -7.5. l = 25: 15.5, -19.5. l = 35: both cut.
   EXPECT_EQ(ListDashes(0, -100, 15, -120, {10, -14}),
             InPen("MoveToEx(0, -100)\nLineTo(6, -107)\nMoveToEx(15, -119)\nLineTo(15, -120)\n"));
+}
+
+TEST(DashLine, a_sloped_dash_up_to_the_very_end_doesnt_end_the_walk) {
+  // l = 25: 15.5, 20.5. l = 25.7: 15.92, -20.06. The second dash has no length.
+  EXPECT_EQ(ListDashes(0, -120, 15, -100, {25, 10}),
+            InPen("MoveToEx(0, -120)\nLineTo(15, -100)\nLineTo(15, -100)\n"));
+  EXPECT_EQ(ListDashes(0, -100, 15, -120, {25.7, 10}),
+            InPen("MoveToEx(0, -100)\nLineTo(15, -120)\nLineTo(15, -120)\n"));
 }
 
 TEST(DashLine, a_sloped_dot_is_drawn_where_the_last_element_ended) {

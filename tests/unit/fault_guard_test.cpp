@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <cfenv>
 #include <cstddef>
 #include <new>
 #include <stdexcept>
@@ -201,8 +201,22 @@ TEST(FaultGuard, floating_point_numbers_come_out_right_after_faults_in_the_middl
                 WriteNowhere();
               }));
   }
-  volatile double nine = 9;
-  EXPECT_EQ(12.0, std::sqrt(nine) + std::floor(nine + 0.5));
+  // A long double is computed in the registers that the faults left in use.
+  volatile long double nine = 9;
+  EXPECT_EQ(12.0, static_cast<double>(nine + 3));
+}
+
+TEST(FaultGuard, the_rounding_is_afterwards_as_it_was) {
+  volatile double one = 1, three = 3;
+  const double third = one / three;
+  for (void (*const fault)() : {WriteNowhere, OverflowTheStack}) {
+    EXPECT_EQ(11, Thrown([&] {
+                std::fesetround(FE_UPWARD);
+                fault();
+              }));
+    EXPECT_EQ(FE_TONEAREST, std::fegetround());
+    EXPECT_EQ(third, one / three);
+  }
 }
 
 TEST(FaultGuard, local_values_outlive_a_fault) {

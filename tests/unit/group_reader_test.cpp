@@ -39,7 +39,8 @@ Groups ReadAll(const std::string& bytes) {
 }
 
 TEST(ReadGroup, a_group_is_a_line_with_a_code_and_a_line_with_a_value) {
-  EXPECT_EQ((Groups{{0, "SECTION"}, {2, "HEADER"}, {10, "12.5"}}), ReadAll("0\nSECTION\n2\nHEADER\n10\n12.5\n"));
+  EXPECT_EQ((Groups{{0, "SECTION"}, {2, "HEADER"}, {10, "12.5"}}),
+            ReadAll("0\nSECTION\n2\nHEADER\n10\n12.5\n"));
 }
 
 TEST(ReadGroup, line_ends_of_both_kinds_read_alike) {
@@ -51,7 +52,8 @@ TEST(ReadGroup, line_ends_of_both_kinds_read_alike) {
 
 TEST(ReadGroup, an_empty_value_line_empties_the_value) {
   EXPECT_EQ((Groups{{1, "before"}, {1, ""}, {2, "after"}}), ReadAll("1\nbefore\n1\n\n2\nafter\n"));
-  EXPECT_EQ((Groups{{1, "before"}, {1, ""}, {2, "after"}}), ReadAll("1\r\nbefore\r\n1\r\n\r\n2\r\nafter\r\n"));
+  EXPECT_EQ((Groups{{1, "before"}, {1, ""}, {2, "after"}}),
+            ReadAll("1\r\nbefore\r\n1\r\n\r\n2\r\nafter\r\n"));
 }
 
 TEST(ReadGroup, blanks_in_front_of_the_code_do_not_count) {
@@ -67,7 +69,8 @@ TEST(ReadGroup, a_code_line_without_a_number_is_code_0) {
 }
 
 TEST(ReadGroup, a_code_is_the_number_at_the_start_of_its_line) {
-  EXPECT_EQ((Groups{{10, "a"}, {10, "b"}, {-5, "c"}, {8, "d"}}), ReadAll("10.7\na\n10 11\nb\n-5\nc\n+8x\nd\n"));
+  EXPECT_EQ((Groups{{10, "a"}, {10, "b"}, {-5, "c"}, {8, "d"}}),
+            ReadAll("10.7\na\n10 11\nb\n-5\nc\n+8x\nd\n"));
 }
 
 TEST(ReadGroup, the_last_line_needs_no_line_end) {
@@ -86,7 +89,9 @@ TEST(ReadGroup, a_file_that_ends_behind_a_code_returns_0_with_the_code_stored) {
   }
 }
 
-TEST(ReadGroup, an_empty_file_has_no_group) { EXPECT_EQ(Groups{}, ReadAll("")); }
+TEST(ReadGroup, an_empty_file_has_no_group) {
+  EXPECT_EQ(Groups{}, ReadAll(""));
+}
 
 TEST(ReadGroup, the_end_of_the_file_leaves_the_last_group) {
   EXPECT_EQ((Groups{{5, "2F"}}), ReadAll("5\n2F\n"));
@@ -95,8 +100,10 @@ TEST(ReadGroup, the_end_of_the_file_leaves_the_last_group) {
 }
 
 TEST(ReadGroup, the_end_mark_ends_the_file_anywhere) {
-  EXPECT_EQ((Groups{{0, "A"}}), ReadAll("0\nA\n\x1A" "0\nB\n"));
-  EXPECT_EQ((Groups{{0, "A"}, {0, "B"}}), ReadAll("0\nA\n0\nB\x1A" "C\n0\nD\n"));
+  EXPECT_EQ((Groups{{0, "A"}}), ReadAll("0\nA\n\x1A"
+                                        "0\nB\n"));
+  EXPECT_EQ((Groups{{0, "A"}, {0, "B"}}), ReadAll("0\nA\n0\nB\x1A"
+                                                  "C\n0\nD\n"));
 }
 
 // From a value one line feed is dropped, then one carriage return.
@@ -143,7 +150,8 @@ TEST(ReadGroup, the_line_end_behind_255_characters_is_the_next_code_line) {
 TEST(ReadGroup, the_rest_of_a_longer_value_is_the_next_code_line) {
   const std::string a255(255, 'a');
   for (const std::string lineEnd : {"\n", "\r\n"})
-    EXPECT_EQ((Groups{{1, a255}, {7, " 62"}, {5, "8"}}), ReadAll("1\n" + a255 + "7" + lineEnd + " 62\n5\n8\n"));
+    EXPECT_EQ((Groups{{1, a255}, {7, " 62"}, {5, "8"}}),
+              ReadAll("1\n" + a255 + "7" + lineEnd + " 62\n5\n8\n"));
 }
 
 TEST(ReadGroup, the_rest_of_a_longer_code_line_is_its_value) {
@@ -156,8 +164,9 @@ TEST(ReadGroup, a_cr_as_the_last_of_255_characters_is_dropped) {
   EXPECT_EQ((Groups{{1, a254}, {0, "B"}}), ReadAll("1\n" + a254 + "\rxyz\nB\n"));
 }
 
-// 100,000 characters are 392 pieces of 255 and one of 40: 393 lines, so that with the code line in front of them and
-// the two behind them there are 396, or 198 groups. An even number of lines stands in front of "0", "EOF".
+// 100,000 characters are 392 pieces of 255 and one of 40: 393 lines, so that with the code line in front of
+// them and the two behind them there are 396, or 198 groups. An even number of lines stands in front of "0",
+// "EOF".
 TEST(ReadGroup, groups_out_of_step_fall_back_into_step_by_chance) {
   const Groups groups = ReadAll("1\n" + std::string(100000, 'x') + "\n0\nEOF\n");
   ASSERT_EQ(198u, groups.size());
@@ -208,7 +217,8 @@ void ExpectSameGroupsAfterSeeks(const std::string& bytes) {
 
 std::string TwoThousandGroups(const std::string& lineEnd) {
   std::string groups;
-  for (int i = 0; i < 2000; ++i) groups += std::to_string(i % 300) + " value " + std::to_string(i * 7919) + "\n";
+  for (int i = 0; i < 2000; ++i)
+    groups += std::to_string(i % 300) + " value " + std::to_string(i * 7919) + "\n";
   return DrawingBytes(groups, lineEnd);
 }
 

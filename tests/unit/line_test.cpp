@@ -318,6 +318,13 @@ TEST_F(LineTest, a_slanted_line_of_which_nothing_is_left_is_dropped) {
 
 // Drawing, by family. Behind the elements that count stand others that would show.
 
+TEST_F(LineTest, family_0_is_one_stroke_whatever_line_types_there_are) {
+  DefineLtype(0, {300, -200});
+  EXPECT_EQ(Stroke(black, 1000, -1000, 1700, -1000), Draw(horizontal));
+  // Upward, where a walk along a pattern would run downward.
+  EXPECT_EQ(Stroke(black, 1000, -2000, 1000, -1000), Draw(Ends(10, 90, 10, 80)));
+}
+
 TEST_F(LineTest, family_1_walks_two_elements) {
   DefineLtype(1, {300, -200, 50, -50, 50, -50});
   EXPECT_EQ(InPen(black, twoDashes), Draw("6 DASH\n" + horizontal));
@@ -326,29 +333,25 @@ TEST_F(LineTest, family_1_walks_two_elements) {
 TEST_F(LineTest, family_2_walks_two_elements) {
   DefineLtype(0, {0, -300, 50, -50, 50, -50});
   // Dots at 1000, 1300 and 1600; the gap to 1900 ends it.
-  EXPECT_EQ(InPen(black,
-                  "MoveToEx(1000, -1000)\nEllipse(999, -999, 1001, -1001)\nMoveToEx(1300, -1000)\n"
-                  "Ellipse(1299, -999, 1301, -1001)\nMoveToEx(1600, -1000)\n"
-                  "Ellipse(1599, -999, 1601, -1001)\n"),
+  EXPECT_EQ(InPen(black, "MoveToEx(1000, -1000)\n" + Dot(1000, -1000) + "MoveToEx(1300, -1000)\n" +
+                             Dot(1300, -1000) + "MoveToEx(1600, -1000)\n" + Dot(1600, -1000)),
             Draw("6 DOT\n" + horizontal));
 }
 
 TEST_F(LineTest, family_3_walks_four_elements) {
   DefineLtype(6, {300, -100, 0, -100, 50, -50});
   // 1000..1300, a dot at 1400, and from 1500 a dash to 1800, cut to 1700.
-  EXPECT_EQ(InPen(black,
-                  "MoveToEx(1000, -1000)\nLineTo(1300, -1000)\nMoveToEx(1400, -1000)\n"
-                  "Ellipse(1399, -999, 1401, -1001)\nMoveToEx(1500, -1000)\nLineTo(1700, -1000)\n"),
+  EXPECT_EQ(InPen(black, "MoveToEx(1000, -1000)\nLineTo(1300, -1000)\nMoveToEx(1400, -1000)\n" +
+                             Dot(1400, -1000) + "MoveToEx(1500, -1000)\nLineTo(1700, -1000)\n"),
             Draw("6 CENTER\n" + horizontal));
 }
 
 TEST_F(LineTest, family_4_walks_six_elements) {
   DefineLtype(10, {200, -100, 0, -100, 0, -100});
   // 1000..1200, dots at 1300 and 1400, and from 1500 a dash to 1700, which is the end; the next gap ends it.
-  EXPECT_EQ(InPen(black,
-                  "MoveToEx(1000, -1000)\nLineTo(1200, -1000)\nMoveToEx(1300, -1000)\n"
-                  "Ellipse(1299, -999, 1301, -1001)\nMoveToEx(1400, -1000)\n"
-                  "Ellipse(1399, -999, 1401, -1001)\nMoveToEx(1500, -1000)\nLineTo(1700, -1000)\n"),
+  EXPECT_EQ(InPen(black, "MoveToEx(1000, -1000)\nLineTo(1200, -1000)\nMoveToEx(1300, -1000)\n" +
+                             Dot(1300, -1000) + "MoveToEx(1400, -1000)\n" + Dot(1400, -1000) +
+                             "MoveToEx(1500, -1000)\nLineTo(1700, -1000)\n"),
             Draw("6 DIVIDE\n" + horizontal));
 }
 

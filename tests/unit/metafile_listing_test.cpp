@@ -150,6 +150,11 @@ TEST(MetafileListing, angles_to_nine_digits) {
             Lines(Record(41, {10, 20, 300, FloatBits(45.5f), FloatBits(-0.1f)})));
 }
 
+TEST(MetafileListing, angles_far_from_one) {
+  EXPECT_EQ("AngleArc(0, 0, 4294967295, 1.00000002e+20, -9.31322575e-10)\n",
+            Lines(Record(41, {0, 0, 0xFFFFFFFF, FloatBits(1e20f), FloatBits(-1.0f / (1 << 30))})));
+}
+
 TEST(MetafileListing, points_of_16_and_32_bits_give_the_same_line) {
   const Words wide{3, 1, 2, uint32_t(-3), 4, 5, uint32_t(-6)};
   const Words narrow{3, pointPair(1, 2), pointPair(-3, 4), pointPair(5, -6)};

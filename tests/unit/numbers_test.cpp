@@ -54,8 +54,8 @@ TEST(Wraps, sheet_arithmetic_wraps_around) {
   EXPECT_EQ(0, WrapAdd(smallestInt, smallestInt));
   EXPECT_EQ(largestInt, WrapSub(smallestInt, 1));
   EXPECT_EQ(smallestInt, WrapSub(largestInt, -1));
-  EXPECT_EQ(0, WrapMul(65536, 65536));           // 2 to the 32nd
-  EXPECT_EQ(-2, WrapMul(largestInt, 2));         // 2^32 - 2
+  EXPECT_EQ(0, WrapMul(65536, 65536));             // 2 to the 32nd
+  EXPECT_EQ(-2, WrapMul(largestInt, 2));           // 2^32 - 2
   EXPECT_EQ(-1294967296, WrapMul(30000000, 100));  // 3000000000 - 4294967296
   EXPECT_EQ(smallestInt, WrapNegate(smallestInt));
 }
@@ -155,14 +155,14 @@ TEST(Atof, an_exponent_without_digits_is_none) {
 }
 
 TEST(Atof, a_text_without_a_number_is_0) {
-  for (const char* text : {"", " ", ".", "+", "-", "+.", "-.", ".e5", "e5", "E5", "d5", "--1", "+-1", "- 1", "abc",
-                           "\x83\x8c\x83\x43"})
+  for (const char* text : {"", " ", ".", "+", "-", "+.", "-.", ".e5", "e5", "E5", "d5", "--1", "+-1", "- 1",
+                           "abc", "\x83\x8c\x83\x43"})
     EXPECT_EQ(0.0, Atof(text)) << text;
 }
 
 TEST(Atof, names_of_no_number_and_hexadecimal_count_as_none) {
-  for (const char* text : {"NAN", "nan", "-nan", "NAN(1)", "INF", "inf", "-INF", "+inf", "INFINITY", "infinity", "0x10",
-                           "0X1P3"})
+  for (const char* text : {"NAN", "nan", "-nan", "NAN(1)", "INF", "inf", "-INF", "+inf", "INFINITY",
+                           "infinity", "0x10", "0X1P3"})
     EXPECT_EQ(0.0, Atof(text)) << text;
 }
 
@@ -191,7 +191,8 @@ TEST(Atof, the_smallest_numbers_are_rounded_too) {
   EXPECT_EQ(0.0, Atof("2.4703282292062327e-324"));
 }
 
-// The largest double is 1.79769313486231570...e308; from 1.79769313486231580794e308 on the next one would be nearer.
+// The largest double is 1.79769313486231570...e308; from 1.79769313486231580794e308 on the next one would be
+// nearer.
 TEST(Atof, too_large_a_number_is_infinite) {
   EXPECT_EQ(largestDouble, Atof("1.7976931348623157e308"));
   EXPECT_EQ(largestDouble, Atof("1.7976931348623158e308"));
@@ -212,6 +213,7 @@ TEST(Atof, too_small_a_number_is_0) {
   EXPECT_EQ(0.0, Atof("1000E-999"));
   EXPECT_EQ(0.0, Atof("1E-99999999999999999999"));
   EXPECT_EQ(0.0, Atof(("0." + std::string(399, '0') + "1").c_str()));
+  EXPECT_EQ(0.0, Atof(("0." + std::string(399, '0') + "1E+50").c_str()));  // 10 to the power of 50 - 400
 }
 
 TEST(Atof, zero_stays_zero_whatever_its_exponent) {
@@ -226,9 +228,10 @@ TEST(Atof, four_hundred_digits_are_all_read) {
   EXPECT_EQ(123.0, Atof(("123" + std::string(397, '0') + "e-397").c_str()));
   EXPECT_EQ(5e-10, Atof(("0." + std::string(399, '0') + "5e390").c_str()));  // 400 places less 390
   // The last digit alone tells that this is more than 1 + 2^-53.
-  EXPECT_EQ(0x1.0000000000001p0, Atof(("1.00000000000000011102230246251565404236316680908203125" +
-                                       std::string(346, '0') + "1")
-                                          .c_str()));
+  EXPECT_EQ(
+      0x1.0000000000001p0,
+      Atof(
+          ("1.00000000000000011102230246251565404236316680908203125" + std::string(346, '0') + "1").c_str()));
 }
 
 }  // namespace

@@ -159,8 +159,8 @@ TEST_F(LayerScan, a_second_table_of_layers_is_ignored) {
   EXPECT_EQ((Names{"A 1"}), Found());
   // The same in a second section of tables.
   ResetConvState();
-  EXPECT_EQ(1, Scan(header + tableStart + "0 LAYER\n2 A\n62 7\n" + tableEnd + "0 ENDSEC\n0 SECTION\n2 TABLES\n" +
-                    second + end));
+  EXPECT_EQ(1, Scan(header + tableStart + "0 LAYER\n2 A\n62 7\n" + tableEnd +
+                    "0 ENDSEC\n0 SECTION\n2 TABLES\n" + second + end));
   EXPECT_EQ((Names{"A 1"}), Found());
 }
 

@@ -40,8 +40,8 @@ class SmallBox : public ::testing::Test {
   // Whether the entities were measured, with layers in front of them.
   bool Measured(const std::string& header) {
     EXPECT_EQ(1, Scan(Header(header) + noLayers + entities));
-    return vars.extMinSet && vars.extMaxSet && vars.extMinX == 0.0 && vars.extMinY == 0.0 && vars.extMaxX == 130.0 &&
-           vars.extMaxY == 90.0;
+    return vars.extMinSet && vars.extMaxSet && vars.extMinX == 0.0 && vars.extMinY == 0.0 &&
+           vars.extMaxX == 130.0 && vars.extMaxY == 90.0;
   }
 
   HeaderVars vars = {};
@@ -95,7 +95,7 @@ TEST_F(SmallBox, untouched_extents_of_a_header_are_measured) {
 TEST_F(SmallBox, the_box_is_measured_in_sheet_units) {
   EXPECT_TRUE(Measured("9 $DIMSCALE\n40 100\n" + Extents("130", "199")));  // 1.3 by 1.99
   EXPECT_FALSE(Measured("9 $DIMSCALE\n40 100\n" + Extents("200", "200")));
-  EXPECT_FALSE(Measured("9 $DIMSCALE\n40 0.1\n" + Extents("1", "1")));  // 10 by 10
+  EXPECT_FALSE(Measured("9 $DIMSCALE\n40 0.1\n" + Extents("1", "1")));    // 10 by 10
   EXPECT_TRUE(Measured("9 $LTSCALE\n40 1000\n" + Limits("150", "500")));  // scale 100: 1.5 by 5
 }
 

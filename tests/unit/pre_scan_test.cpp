@@ -51,9 +51,10 @@ std::string Entities(const std::string& groups) {
 const std::string noLayers = Section("TABLES", "0 TABLE\n2 LAYER\n70 0\n0 ENDTAB\n");
 const std::string eof = "0 EOF\n";
 
-std::string Corners(const std::string& min, const std::string& max, double minX, double minY, double maxX, double maxY) {
-  return "9 " + min + "\n10 " + std::to_string(minX) + "\n20 " + std::to_string(minY) + "\n9 " + max + "\n10 " +
-         std::to_string(maxX) + "\n20 " + std::to_string(maxY) + "\n";
+std::string Corners(const std::string& min, const std::string& max, double minX, double minY, double maxX,
+                    double maxY) {
+  return "9 " + min + "\n10 " + std::to_string(minX) + "\n20 " + std::to_string(minY) + "\n9 " + max +
+         "\n10 " + std::to_string(maxX) + "\n20 " + std::to_string(maxY) + "\n";
 }
 std::string Limits(double minX, double minY, double maxX, double maxY) {
   return Corners("$LIMMIN", "$LIMMAX", minX, minY, maxX, maxY);
@@ -92,7 +93,8 @@ TEST_F(PreScan, each_header_variable_is_stored_with_its_flag) {
 
 TEST_F(PreScan, a_variable_that_is_not_there_leaves_its_flag_and_value_0) {
   EXPECT_EQ(1, Scan(Header("9 $ACADVER\n1 AC1009\n")));
-  EXPECT_EQ(0, vars.dimScaleSet + vars.ltScaleSet + vars.limMaxSet + vars.limMinSet + vars.extMaxSet + vars.extMinSet);
+  EXPECT_EQ(0, vars.dimScaleSet + vars.ltScaleSet + vars.limMaxSet + vars.limMinSet + vars.extMaxSet +
+                   vars.extMinSet);
   EXPECT_EQ(0.0, vars.dimScale);
   EXPECT_EQ(0, vars.pdMode);
   EXPECT_EQ(0.0, vars.pdSize);
@@ -100,8 +102,9 @@ TEST_F(PreScan, a_variable_that_is_not_there_leaves_its_flag_and_value_0) {
 }
 
 TEST_F(PreScan, a_variable_takes_its_own_group_codes_alone) {
-  Scan(Header("9 $DIMSCALE\n10 3\n70 3\n9 $LIMMAX\n40 3\n11 3\n21 3\n30 3\n9 $LTSCALE\n70 3\n41 3\n"
-              "9 $PDMODE\n40 3\n9 $PDSIZE\n70 3\n"));
+  Scan(
+      Header("9 $DIMSCALE\n10 3\n70 3\n9 $LIMMAX\n40 3\n11 3\n21 3\n30 3\n9 $LTSCALE\n70 3\n41 3\n"
+             "9 $PDMODE\n40 3\n9 $PDSIZE\n70 3\n"));
   EXPECT_EQ(1, vars.dimScaleSet);
   EXPECT_EQ(0.0, vars.dimScale);
   EXPECT_EQ(1, vars.limMaxSet);
@@ -136,8 +139,9 @@ TEST_F(PreScan, groups_of_a_variable_that_nobody_asks_for_are_skipped) {
 }
 
 TEST_F(PreScan, a_variable_right_behind_a_name_without_value_is_read) {
-  Scan(Header("9 $UNKNOWN\n9 $PDMODE\n9 $PDSIZE\n40 4\n"));
-  EXPECT_EQ(0, vars.pdMode);
+  Scan(Header("9 $UNKNOWN\n9 $PDMODE\n70 2\n9 $LTSCALE\n9 $PDSIZE\n40 4\n"));
+  EXPECT_EQ(2, vars.pdMode);
+  EXPECT_EQ(1, vars.ltScaleSet);
   EXPECT_EQ(4.0, vars.pdSize);
 }
 
@@ -247,8 +251,8 @@ TEST_F(PreScan, a_header_without_a_box_and_nothing_behind_it_gives_no_box) {
 }
 
 TEST_F(PreScan, sections_of_other_names_are_passed_over) {
-  EXPECT_EQ(1, Scan(Section("CLASSES", "9 $PDMODE\n70 2\n") + Section("BLOCKS", "0 BLOCK\n2 B\n10 500\n0 ENDBLK\n") +
-                    Entities(line) + eof));
+  EXPECT_EQ(1, Scan(Section("CLASSES", "9 $PDMODE\n70 2\n") +
+                    Section("BLOCKS", "0 BLOCK\n2 B\n10 500\n0 ENDBLK\n") + Entities(line) + eof));
   EXPECT_EQ(0, vars.pdMode);
   ExpectMeasured(0, 0, 130, 90);
 }
@@ -309,13 +313,15 @@ TEST_F(PreScan, the_codes_10_to_13_and_20_to_23_are_measured) {
 }
 
 TEST_F(PreScan, other_codes_are_not_measured) {
-  Scan(Entities("0 X\n9 900\n14 900\n15 900\n18 900\n19 900\n24 900\n25 900\n29 900\n30 900\n31 900\n40 900\n50 900\n"
-                "110 900\n210 900\n1010 900\n1 900\n10 3\n20 4\n"));
+  Scan(Entities(
+      "0 X\n9 900\n14 900\n15 900\n18 900\n19 900\n24 900\n25 900\n29 900\n30 900\n31 900\n40 900\n50 900\n"
+      "110 900\n210 900\n1010 900\n1 900\n10 3\n20 4\n"));
   ExpectMeasured(0, 0, 3, 4);
 }
 
 TEST_F(PreScan, every_kind_of_entity_is_measured_by_its_points) {
-  Scan(Entities("0 CIRCLE\n10 50\n20 60\n40 1000\n0 TEXT\n10 5\n20 5\n11 70\n21 80\n0 NOSUCHTHING\n10 -9\n20 -8\n"));
+  Scan(Entities(
+      "0 CIRCLE\n10 50\n20 60\n40 1000\n0 TEXT\n10 5\n20 5\n11 70\n21 80\n0 NOSUCHTHING\n10 -9\n20 -8\n"));
   ExpectMeasured(-9, -8, 70, 80);
 }
 

@@ -50,12 +50,16 @@ TEST(TextStream, the_last_line_needs_no_line_end) {
   EXPECT_EQ((Texts{"A\n", "B"}), Lines("A\nB"));
 }
 
-TEST(TextStream, an_empty_file_has_no_line) { EXPECT_EQ(Texts{}, Lines("")); }
+TEST(TextStream, an_empty_file_has_no_line) {
+  EXPECT_EQ(Texts{}, Lines(""));
+}
 
 TEST(TextStream, the_end_mark_ends_the_text) {
-  EXPECT_EQ((Texts{"A\n", "B"}), Lines("A\nB\x1A" "C\nD\n"));
+  EXPECT_EQ((Texts{"A\n", "B"}), Lines("A\nB\x1A"
+                                       "C\nD\n"));
   EXPECT_EQ((Texts{"A\n"}), Lines("A\n\x1A\nD\n"));
-  EXPECT_EQ(Texts{}, Lines("\x1A" "A\n"));
+  EXPECT_EQ(Texts{}, Lines("\x1A"
+                           "A\n"));
   EXPECT_EQ((Texts{"A\r"}), Lines("A\r\x1A\nD\n"));
 }
 
@@ -134,11 +138,12 @@ TEST(TextStream, a_stream_opened_again_starts_anew) {
 
 // CHUNK BORDERS
 
-// Lines that end in CR LF and are 64 bytes long with it, the first one with extra bytes more; a line feed ends the
-// chunk if extra is 0.
+// Lines that end in CR LF and are 64 bytes long with it, the first one with extra bytes more; a line feed
+// ends the chunk if extra is 0.
 std::string LinesAcrossBorder(size_t extra) {
   std::string bytes(extra, 'x');
-  while (bytes.size() < chunkSize + 1000) bytes += std::string(62, static_cast<char>('a' + bytes.size() / 64 % 26)) + "\r\n";
+  while (bytes.size() < chunkSize + 1000)
+    bytes += std::string(62, static_cast<char>('a' + bytes.size() / 64 % 26)) + "\r\n";
   return bytes;
 }
 
@@ -230,7 +235,8 @@ TEST(TextStreamSeek, every_place_of_a_file_with_cr_lf_is_found_again) {
 }
 
 TEST(TextStreamSeek, every_place_of_a_file_with_line_ends_of_both_kinds_is_found_again) {
-  ExpectSameLinesAfterSeeks(ManyLines(500, "\r\n") + ManyLines(500, "\n") + "A\rB\r\r\n" + ManyLines(500, "\r\n"));
+  ExpectSameLinesAfterSeeks(ManyLines(500, "\r\n") + ManyLines(500, "\n") + "A\rB\r\r\n" +
+                            ManyLines(500, "\r\n"));
 }
 
 TEST(TextStreamSeek, every_place_of_a_file_of_several_chunks_is_found_again) {

@@ -101,11 +101,12 @@ TEST(FaultGuardOnWindows, a_handler_within_the_loop_comes_before_the_guard) {
 }
 
 TEST(FaultGuardOnWindows, a_fault_on_a_thread_without_a_guard_reaches_the_host) {
-  HostException exception = {};
-  bool handled = false;
-  EXPECT_EQ(0,
-            Thrown([&] { OnAnotherThread([&] { handled = EndsInException(WriteNowhere, &exception); }); }));
-  EXPECT_TRUE(handled);
+  for (const DWORD code : {EXCEPTION_ACCESS_VIOLATION, EXCEPTION_STACK_OVERFLOW}) {
+    HostException exception = {};
+    const auto fault = [&] { EndsInException([&] { RaiseException(code, 0, 0, nullptr); }, &exception); };
+    EXPECT_EQ(0, Thrown([&] { OnAnotherThread(fault); }));
+    EXPECT_EQ(code, exception.code);
+  }
 }
 
 TEST(FaultGuardOnWindows, each_thread_has_guards_of_its_own) {

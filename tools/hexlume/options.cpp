@@ -9,29 +9,41 @@
 namespace hexlume {
 namespace {
 
-cxxopts::Options Declarations() {
-  cxxopts::Options declarations("hexlume", "Turns ASCII DXF drawings into Windows enhanced metafiles.\n");
-  declarations.custom_help("[options]");
-  declarations.positional_help("DRAWING.dxf [OUTPUT.emf]\n  hexlume [options] -d DIR DRAWING.dxf...");
-  declarations.add_options()  //
-      ("d", "Write the metafile of every drawing to DIR/<its name>.emf", cxxopts::value<std::string>(),
-       "DIR")("view", "Convert only this part of the sheet, in hundredths of a millimetre",
-              cxxopts::value<std::string>(), "L,T,R,B")(
-          "full-size", "Draw the model at full size, without the scale that the drawing tells")(
-          "rotate", "Convert, then turn by 180 degrees; the turned one is the result")(
-          "mono", "Draw everything in black")("half-width", "Draw texts with half-width cells")(
-          "whole-text", "With --view: leave out texts that don't lie wholly inside")(
-          "dialogs", "Show dialogs: 1 (also without N) for all of them, another number for the scale only",
-          cxxopts::value<std::string>()->implicit_value("1"),
-          "N")("dialog-font", "Font of the dialogs: 1 for the system's, another number for their own",
-               cxxopts::value<std::string>(),
-               "N")("png", "Write a picture of the metafile", cxxopts::value<std::string>(), "FILE")(
-          "dpi", "Dots per inch of the picture (default 96)", cxxopts::value<std::string>(), "N")(
-          "list", "List the calls in the metafile on standard output, one a line")(
-          "version", "Show the version")("help", "Show this help")(
-          "drawings", "", cxxopts::value<std::vector<std::string>>());
-  declarations.parse_positional("drawings");
-  return declarations;
+struct Declaration {
+  const char* name;
+  const char* argument;  // its name in the help; nullptr for an option that takes none
+  const char* help;
+};
+
+constexpr Declaration declarations[] = {
+    {"d", "DIR", "Write the metafile of every drawing to DIR/<its name>.emf"},
+    {"view", "L,T,R,B", "Convert only this part of the sheet, in hundredths of a millimetre"},
+    {"full-size", nullptr, "Draw the model at full size, without the scale that the drawing tells"},
+    {"rotate", nullptr, "Convert, then turn by 180 degrees; the turned one is the result"},
+    {"mono", nullptr, "Draw everything in black"},
+    {"half-width", nullptr, "Draw texts with half-width cells"},
+    {"whole-text", nullptr, "With --view: leave out texts that don't lie wholly inside"},
+    {"dialog-font", "N", "Font of the dialogs: 1 for the system's, another number for their own"},
+    {"png", "FILE", "Write a picture of the metafile"},
+    {"dpi", "N", "Dots per inch of the picture (default 96)"},
+    {"list", nullptr, "List the calls in the metafile on standard output, one a line"},
+    {"version", nullptr, "Show the version"},
+    {"help", nullptr, "Show this help"},
+};
+
+cxxopts::Options Declare() {
+  cxxopts::Options options("hexlume", "Turns ASCII DXF drawings into Windows enhanced metafiles.\n");
+  options.custom_help("[options]");
+  options.positional_help("DRAWING.dxf [OUTPUT.emf]\n  hexlume [options] -d DIR DRAWING.dxf...");
+  auto add = options.add_options();
+  for (const auto& [name, argument, help] : declarations) {
+    argument ? add(name, help, cxxopts::value<std::string>(), argument) : add(name, help);
+  }
+  add("dialogs", "Show dialogs: 1 (also without N) for all of them, another number for the scale only",
+      cxxopts::value<std::string>()->implicit_value("1"), "N");
+  add("drawings", "", cxxopts::value<std::vector<std::string>>());
+  options.parse_positional("drawings");
+  return options;
 }
 
 constexpr const char* helpTail = R"(
@@ -172,7 +184,7 @@ void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
 
 cxxopts::ParseResult Parse(int argc, const char* const* argv) {
   try {
-    return Declarations().parse(argc, argv);
+    return Declare().parse(argc, argv);
   } catch (const cxxopts::exceptions::exception& trouble) {
     throw UsageError(trouble.what());
   }
@@ -193,7 +205,7 @@ Options ParseOptions(int argc, const char* const* argv) {
 }
 
 std::string HelpText() {
-  return Declarations().help() + helpTail;
+  return Declare().help() + helpTail;
 }
 
 }  // namespace hexlume

@@ -1,7 +1,6 @@
-// A guard is a frame of structured handling, so that the system's functions get the faults first that they
-// raise and handle themselves, and other threads of the host never see us. Only a stack overflow is taken
-// beforehand, by a vectored handler: structured handling needs some KB of stack itself, and there may be none
-// left.
+// A guard is a frame of structured handling: the system's functions get the faults first that they raise and
+// handle themselves, and the other threads of the host never meet it. Only a stack overflow is taken
+// beforehand, by a vectored handler, as structured handling needs some KB of stack that needn't be left.
 #include "platform/fault_guard.h"
 
 #include <intrin.h>
@@ -23,8 +22,7 @@ struct Guard {
   alignas(16) char scratch[128];
 };
 
-// The innermost guard of each thread. No thread_local, which may allocate memory when it is read: not for a
-// handler.
+// The innermost guard of each thread. Not a thread_local, which may allocate memory when a handler reads it.
 struct ThreadSlot {
   DWORD index = TlsAlloc();
   ~ThreadSlot() { TlsFree(index); }

@@ -1,0 +1,71 @@
+// Memory that runs out while entities are drawn. This program's own operator new takes the place of the
+// system's, so that it can refuse.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+#include "entities/entity_dispatch.h"
+#include "platform/fault_guard.h"
+#include "support/converter_test.h"
+#include "support/metafile_canvas.h"
+#include "support/text_groups.h"
+
+static bool refuse = false;
+
+void* operator new(std::size_t size) {
+  void* memory = refuse ? nullptr : std::malloc(size);
+  if (!memory) throw std::bad_alloc();
+  return memory;
+}
+
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+namespace hexlume {
+namespace {
+
+class OutOfMemory : public ConverterTest {};
+
+// A number with the exponent letter d is rewritten, and this one is too long for a string's own place.
+const char longNumber[] = "10 0.0000000000000000000000001d26\n";
+
+int32_t ThrownByDrawEntities(TextStream& stream, Canvas canvas, const ViewRect& view) {
+  HeaderVars headerVars;
+  int32_t thrown = 0;
+  refuse = true;
+  try {
+    DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
+  } catch (int32_t code) {
+    thrown = code;
+  }
+  refuse = false;
+  return thrown;
+}
+
+TEST_F(OutOfMemory, the_exception_leaves_the_section_as_11_with_what_was_drawn_before_it_in_the_metafile) {
+  const std::string line = "0 LINE\n" + Ends(10, 90, 30, 80);
+  TextStream stream = StreamOf(line + "0 LINE\n" + longNumber + line + "0 ENDSEC\n");
+  int32_t thrown = 0;
+  const std::string listing =
+      ListCalls([&](Canvas canvas) { thrown = ThrownByDrawEntities(stream, canvas, view); });
+  EXPECT_EQ(11, thrown);
+  EXPECT_EQ("SetMapMode(MM_HIMETRIC)\n" + Stroke(black, 1000, -1000, 3000, -2000), listing);
+}
+
+TEST_F(OutOfMemory, drawing_a_line_needs_no_memory) {
+  TextStream stream = StreamOf("0 LINE\n" + Ends(10, 90, 30, 80) + "0 ENDSEC\n");
+  int32_t thrown = 0;
+  ListCalls([&](Canvas canvas) { thrown = ThrownByDrawEntities(stream, canvas, view); });
+  EXPECT_EQ(0, thrown);
+}
+
+}  // namespace
+}  // namespace hexlume
