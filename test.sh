@@ -58,6 +58,7 @@ for preset in win-x64 win-x86; do
   check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
   run_tests "$preset" hexlume_unit_tests
   run_tests "$preset" hexlume_system_version_tests
+  run_tests "$preset" hexlume_out_of_memory_tests
   run_tests "$preset" hexlume_conversion_tests
   run_tests "$preset" hexlume_drawing_tests "$(windows_path tests/drawings)"
   run_tests "$preset" hexlume_export_tests

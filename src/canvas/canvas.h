@@ -1,6 +1,7 @@
-// The drawing operations: each makes its pen, draws, puts the old pen back and deletes its own, so that every stroke of the
-// metafile stands for itself. Coordinates are sheet hundredths with Y negative on the sheet. Where mirror isn't 0, an
-// operation turns its own input by 180 degrees about the sheet's centre; callers never turn anything.
+// The drawing operations: each makes its pen, draws, puts the old pen back and deletes its own, so that every
+// stroke of the metafile stands for itself. Coordinates are sheet hundredths with Y negative on the sheet.
+// Where mirror isn't 0, an operation turns its own input by 180 degrees about the sheet's centre; callers
+// never turn anything.
 #pragma once
 
 #include <cstdint>
@@ -35,21 +36,21 @@ void MarkCircle(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t ce
 void MarkSquare(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t centreY, COLORREF colour,
                 int32_t penStyle, double size, int32_t mirror);
 // startAngle and sweep in degrees, in AngleArc's sense: negated angles of the drawing.
-void PenArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, float startAngle, float sweep, int32_t centreX,
-            int32_t centreY, COLORREF colour, int32_t penStyle, int32_t mirror);
+void PenArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, float startAngle, float sweep,
+            int32_t centreX, int32_t centreY, COLORREF colour, int32_t penStyle, int32_t mirror);
 void PenEllipse(Canvas canvas, int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t centreX,
                 int32_t centreY, COLORREF colour, int32_t mirror);
 void PenEllipseArc(Canvas canvas, int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t xStart,
-                   int32_t yStart, int32_t xEnd, int32_t yEnd, int32_t centreX, int32_t centreY, COLORREF colour,
-                   int32_t mirror);
+                   int32_t yStart, int32_t xEnd, int32_t yEnd, int32_t centreX, int32_t centreY,
+                   COLORREF colour, int32_t mirror);
 // Both turn the caller's own points where mirror is set.
 void PenBezier(Canvas canvas, POINT* points, int32_t pointCount, int32_t centreX, int32_t centreY,
                int32_t penWidth, COLORREF colour, int32_t penStyle, int32_t mirror);
-void FillQuad(Canvas canvas, POINT* points, int32_t centreX, int32_t centreY, COLORREF colour, int32_t penStyle,
-              int32_t mirror);
+void FillQuad(Canvas canvas, POINT* points, int32_t centreX, int32_t centreY, COLORREF colour,
+              int32_t penStyle, int32_t mirror);
 
-// Dashed strokes, walked dash by dash (dash_line.cpp). count elements of pattern: positive a dash, negative a gap, in
-// sheet hundredths.
+// Dashed strokes, walked dash by dash (dash_line.cpp). count elements of pattern: positive a dash, negative a
+// gap, in sheet hundredths.
 void DashLine(Canvas canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t centreX, int32_t centreY,
               int32_t penWidth, COLORREF colour, const double* pattern, int32_t count, int32_t mirror);
 
@@ -62,9 +63,9 @@ struct ClippedSegment {
 ClippedSegment ClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2,
                            int32_t y1, int32_t y2);
 
-// Bulge arcs (bulge_arc.cpp): from a scope's first vertex to (x, y), model units times 100. Radius and centre go to the
-// scope's fields of the record; startAngle (that of (x, y), negated as AngleArc needs it) and sweep (always positive) are
-// degrees. bulge isn't 0.
+// Bulge arcs (bulge_arc.cpp): from a scope's first vertex to (x, y), model units times 100. Radius and centre
+// go to the scope's fields of the record; startAngle (that of (x, y), negated as AngleArc needs it) and sweep
+// (always positive) are degrees. bulge isn't 0.
 void BulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep);
 void BlockBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep);
 void DimBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep);

@@ -204,12 +204,14 @@ TEST(HexlumeApp, a_path_of_260_bytes_throws_minus_1) {
 
 TEST(HexlumeApp, a_save_that_throws_leaves_the_last_one) {
   CHexlumeApp app;
-  Save(app, "first.dxf", {"WALL"}, {2}, 50, 0);
+  Save(app, "first.dxf", {"WALL", "AXIS"}, {2, 3}, 50, 0);
   EXPECT_EQ(-1, ThrownBySave(app, std::string(260, 'p')));
   const Selection loaded = Load(app);
   EXPECT_STREQ("first.dxf", loaded.path);
-  EXPECT_EQ(Texts{"WALL"}, Names(loaded.layers));
-  EXPECT_EQ(Families{2}, loaded.ltypes);
+  EXPECT_EQ(2, loaded.layerCount);
+  EXPECT_EQ((Texts{"WALL", "AXIS"}), Names(loaded.layers));
+  EXPECT_EQ(2, loaded.ltypeCount);
+  EXPECT_EQ((Families{2, 3}), loaded.ltypes);
   EXPECT_EQ(50, loaded.scale);
   EXPECT_EQ(0, loaded.halfWidthFont);
 }

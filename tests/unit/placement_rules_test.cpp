@@ -176,6 +176,10 @@ TEST(ClampToViewTest, the_lower_edge_comes_before_the_upper_one) {
   EXPECT_EQ("(0, -300)", Clamped({0, 300, 10, 200}, {0, -500}));
 }
 
+struct Segment {
+  POINT a, b;
+};
+
 TEST(BeyondOneEdgeTest, both_points_beyond_the_same_edge) {
   EXPECT_TRUE(BeyondOneEdge(view, {500, -300}, {999, -600}));
   EXPECT_TRUE(BeyondOneEdge(view, {3001, -300}, {3500, -600}));
@@ -184,20 +188,22 @@ TEST(BeyondOneEdgeTest, both_points_beyond_the_same_edge) {
 }
 
 TEST(BeyondOneEdgeTest, one_point_on_the_edge_is_enough_to_stay) {
-  EXPECT_FALSE(BeyondOneEdge(view, {500, -300}, {1000, -600}));
-  EXPECT_FALSE(BeyondOneEdge(view, {3000, -300}, {3500, -600}));
-  EXPECT_FALSE(BeyondOneEdge(view, {1500, -200}, {2000, -100}));
-  EXPECT_FALSE(BeyondOneEdge(view, {1500, -700}, {2000, -900}));
+  const Segment lines[] = {
+      {{500, -300}, {1000, -600}},   // left
+      {{3500, -600}, {3000, -300}},  // right
+      {{2000, -100}, {1500, -200}},  // top
+      {{2000, -900}, {1500, -700}},  // bottom
+  };
+  for (const Segment& line : lines) {
+    EXPECT_FALSE(BeyondOneEdge(view, line.a, line.b)) << Text(line.b);
+    EXPECT_FALSE(BeyondOneEdge(view, line.b, line.a)) << Text(line.b);
+  }
 }
 
 TEST(BeyondOneEdgeTest, points_beyond_two_different_edges_stay) {
   EXPECT_FALSE(BeyondOneEdge(view, {500, -300}, {3500, -300}));
   EXPECT_FALSE(BeyondOneEdge(view, {500, -300}, {2000, -900}));
 }
-
-struct Segment {
-  POINT a, b;
-};
 
 std::string ClampedParallel(const ViewRect& rect, Segment line) {
   const bool parallel = ClampAxisParallel(rect, line.a, line.b);
@@ -268,6 +274,8 @@ TEST(ViewRejectTest, a_rejected_slanted_line_keeps_its_points) {
 TEST(ViewRejectTest, a_cut_line_with_only_some_coordinates_of_minus_1_is_kept) {
   // Slope -0.5 through (0, -1.5): at x = 3 it stands at -3.
   EXPECT_EQ("(-1, -1)(3, -3)", Cut({-10, -10, 10, 10}, {{-1, -1}, {3, -3}}));
+  // Slope -0.05 through (0, -1.05): at x = 9 it stands at -1.5.
+  EXPECT_EQ("(-1, -1)(9, -1)", Cut({-10, -10, 9, 10}, {{-1, -1}, {39, -3}}));
 }
 
 TEST(ViewRejectTest, a_falling_line_left_of_the_view_is_kept) {
