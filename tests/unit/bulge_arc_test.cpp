@@ -148,6 +148,12 @@ TEST(BulgeArc, equal_vertices_give_radius_0_and_the_centre_at_the_vertex) {
   EXPECT_NEAR(arc.sweep, 106.2602047, tolerance);
 }
 
+TEST(BulgeArc, a_chord_too_short_to_be_squared_gives_no_centre_unless_it_leads_right) {
+  // The square of 5e-201 is 0, and the chord's direction is asked of a quotient by 0.
+  EXPECT_TRUE(std::isnan(SolveArc(0.5, 1e-200, 0, 0, 0).centreX));
+  EXPECT_EQ(SolveArc(0.5, 0, 0, 1e-200, 0).centreX, 0.0);
+}
+
 TEST(BulgeArc, every_scope_has_fields_of_its_own) {
   ConvState& s = state;
   // Half circles up to a vertex 20, 40 and 60 above the start.

@@ -47,6 +47,12 @@ TEST(ClipSegment, the_end_of_a_segment_inside_can_come_back_a_unit_off) {
   EXPECT_EQ(Clip(sheet, 0, -10, 25, -3), Segment(0, -10, 25, -2));
 }
 
+TEST(ClipSegment, the_line_is_laid_through_the_segments_second_end) {
+  // m = -58/14. As doubles 7 m is -29.000000000000004, so b = -60 - 7 m is -30.999999999999996, truncated to
+  // -30. Through the first end b would be -31.000000000000004.
+  EXPECT_EQ(Clip(sheet, -7, -2, 7, -60), Segment(0, -30, 7, -60));
+}
+
 TEST(ClipSegment, a_start_right_of_the_left_edge_stays_even_outside_the_view) {
   EXPECT_EQ(Clip(sheet, 100, -3000, 500, -100), Segment(100, -3000, 500, -100));
   EXPECT_EQ(Clip(sheet, 100, 300, 500, -100), Segment(100, 300, 500, -100));
