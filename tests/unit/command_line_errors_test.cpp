@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "support/text_drawing.h"
 #include "support/tool_run.h"
 
 namespace hexlume {
@@ -56,6 +57,17 @@ TEST_F(CommandLineErrors, a_fault_that_leaves_the_library) {
   const Outcome tooLong = RunScripted("--full-size fault-1.dxf");
   EXPECT_EQ(11, tooLong.status);
   EXPECT_TRUE(Contains(tooLong.err, "hexlume: fault-1.dxf: fault -1 left the library: a text is too long"));
+}
+
+TEST_F(CommandLineErrors, a_path_too_long_to_be_remembered_leaves_the_real_library_as_a_fault) {
+  Write("a.dxf",
+        DrawingBytes("0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 420\n20 297\n0 ENDSEC\n"));
+  std::string path;
+  while (path.size() < 260) path += "./";
+  const Outcome outcome = RunReal("--full-size " + path + "a.dxf out.emf");
+  EXPECT_EQ(11, outcome.status);
+  EXPECT_TRUE(Contains(outcome.err, "a.dxf: fault -1 left the library: a text is too long"));
+  EXPECT_FALSE(Exists("out.emf"));
 }
 
 TEST_F(CommandLineErrors, a_fault_while_turning) {
