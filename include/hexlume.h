@@ -43,7 +43,8 @@
 #define HEXLUME_H
 
 #include <stdint.h>
-#include <windows.h>
+
+#include "hexlume_system.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -1,4 +1,8 @@
 // GDI under its own names: on Windows the system's, elsewhere our own for the calls that the converters make.
 #pragma once
 
+#ifdef _WIN32
 #include <windows.h>
+#else
+#include "platform/portable/gdi_api.h"
+#endif
