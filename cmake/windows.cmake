@@ -1,0 +1,14 @@
+set(PLATFORM_SOURCES
+  src/platform/windows/fault_guard.cpp
+  src/platform/windows/host_exception.cpp
+  src/platform/windows/module_file.cpp
+  src/platform/windows/reference_dc.cpp
+  src/platform/windows/system_version.cpp
+)
+set(PLATFORM_LIBRARIES gdi32 comdlg32)
+
+set(EXPORTS_SOURCES src/driver/hexlume.def)
+set(CMAKE_SHARED_LIBRARY_PREFIX "")
+set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)
+# The C++ runtime goes into the library: a host needs nothing but Windows.
+set(LIBRARY_LINK_OPTIONS -static)

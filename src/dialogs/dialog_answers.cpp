@@ -1,0 +1,39 @@
+#include "dialogs/dialog_answers.h"
+
+#include <algorithm>
+#include <new>
+
+#include "hexlume_answers.h"
+
+namespace hexlume {
+
+DialogAnswers dialogAnswers;
+
+namespace {
+
+constexpr int32_t largestDenominator = 1000;
+
+DialogAnswers MakeAnswers(int32_t scaleDenominator, const char* const* hiddenLayers, int32_t hiddenLayerCount,
+                          const int32_t* hiddenFamilies, int32_t hiddenFamilyCount) {
+  DialogAnswers answers;
+  if (scaleDenominator != 0) answers.scaleDenominator = std::clamp(scaleDenominator, 1, largestDenominator);
+  for (int32_t i = 0; hiddenLayers && i < hiddenLayerCount; ++i)
+    if (hiddenLayers[i]) answers.hiddenLayers.emplace_back(hiddenLayers[i]);
+  for (int32_t i = 0; hiddenFamilies && i < hiddenFamilyCount; ++i)
+    answers.hiddenFamilies.push_back(hiddenFamilies[i]);
+  return answers;
+}
+
+}  // namespace
+
+}  // namespace hexlume
+
+void vzSetDialogAnswers(int32_t scaleDenominator, const char* const* hiddenLayers, int32_t hiddenLayerCount,
+                        const int32_t* hiddenFamilies, int32_t hiddenFamilyCount) {
+  try {
+    hexlume::dialogAnswers = hexlume::MakeAnswers(scaleDenominator, hiddenLayers, hiddenLayerCount,
+                                                  hiddenFamilies, hiddenFamilyCount);
+  } catch (const std::bad_alloc&) {
+    // The answers stay as they were.
+  }
+}

@@ -1,0 +1,20 @@
+// What the user answers where there are no windows.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace hexlume {
+
+constexpr int32_t defaultDenominator = 100;
+
+struct DialogAnswers {
+  int32_t scaleDenominator = defaultDenominator;
+  std::vector<std::string> hiddenLayers;
+  std::vector<int32_t> hiddenFamilies;
+};
+
+extern DialogAnswers dialogAnswers;
+
+}  // namespace hexlume
