@@ -2,18 +2,25 @@
 # Converts a drawing and shows where the metafile and its picture are. Installs and builds what is missing first.
 #
 #   ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]
+#
+# --wine takes the Windows library, through Wine, in the place of the native one.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
-architecture=x64
-if [ "${1:-}" = --wine ]; then
-  architecture=${2:-}
-  shift 2 || true
-fi
-if [ $# -lt 1 ] || { [ "$architecture" != x64 ] && [ "$architecture" != x86 ]; }; then
+usage() {
   echo "usage: ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]" >&2
   exit 64
+}
+
+preset=linux
+if [ "${1:-}" = --wine ]; then
+  case "${2:-}" in
+    x64 | x86) preset=win-$2 ;;
+    *) usage ;;
+  esac
+  shift 2
 fi
+[ $# -ge 1 ] || usage
 drawing=$1
 shift
 if [ ! -f "$drawing" ]; then
@@ -21,16 +28,19 @@ if [ ! -f "$drawing" ]; then
   exit 30
 fi
 
-"$root/scripts/setup.sh" convert
-"$root/scripts/build.sh" "win-$architecture" hexlume_tool
-. "$root/scripts/wine_environment.sh"
-prepare_wine
-
 name=$(basename -- "$drawing")
 name=${name%.*}
-status=0
-wine "$root/build/win-$architecture/bin/hexlume.exe" "$@" --png "$(windows_path "$name.png")" \
-  "$(windows_path "$drawing")" "$(windows_path "$name.emf")" || status=$?
-[ "$status" = 0 ] || exit "$status"
+if [ "$preset" = linux ]; then
+  "$root/scripts/setup.sh" native
+  "$root/scripts/build.sh" linux hexlume_tool
+  "$root/build/linux/bin/hexlume" "$@" --png "$name.png" "$drawing" "$name.emf"
+else
+  "$root/scripts/setup.sh" windows
+  "$root/scripts/build.sh" "$preset" hexlume_tool
+  . "$root/scripts/wine_environment.sh"
+  prepare_wine
+  wine "$root/build/$preset/bin/hexlume.exe" "$@" --png "$(windows_path "$name.png")" \
+    "$(windows_path "$drawing")" "$(windows_path "$name.emf")"
+fi
 echo "metafile: $PWD/$name.emf"
 echo "picture:  $PWD/$name.png"

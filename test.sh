@@ -15,7 +15,7 @@ count_results() {
   bad=$(grep -aoP '^\[  FAILED  \] \K[0-9]+(?= tests?,)' "$log" | tail -n 1)
   passed=$((passed + ${ok:-0}))
   failed=$((failed + ${bad:-0}))
-  if [ "$status" -ne 0 ] && [ -z "$bad" ] || [ "${ok:-0}" -eq 0 ] && [ -z "$bad" ]; then
+  if [ -z "$bad" ] && { [ "$status" -ne 0 ] || [ "${ok:-0}" -eq 0 ]; }; then
     echo "$name ended with status $status and no result" >&2
     failed=$((failed + 1))
   fi
@@ -26,7 +26,10 @@ run_tests() {
   shift 2
   log=$(mktemp)
   echo "== $preset $program"
-  timeout 900 wine "build/$preset/bin/$program.exe" "$@" --gtest_brief=1 </dev/null >"$log" 2>&1 || status=$?
+  case "$preset" in
+    win-*) timeout 900 wine "build/$preset/bin/$program.exe" "$@" --gtest_brief=1 ;;
+    *) timeout 900 "build/$preset/bin/$program" "$@" --gtest_brief=1 ;;
+  esac </dev/null >"$log" 2>&1 || status=$?
   cat "$log"
   count_results "$log" "$status" "$preset $program"
   rm -f "$log"
@@ -44,26 +47,42 @@ check() {
   fi
 }
 
+drawings_folder() {
+  case "$1" in
+    win-*) windows_path tests/drawings ;;
+    *) echo tests/drawings ;;
+  esac
+}
+
+test_build() {
+  local preset=$1
+  if ! scripts/build.sh "$preset"; then
+    echo "$preset doesn't build" >&2
+    failed=$((failed + 1))
+    return
+  fi
+  run_tests "$preset" hexlume_unit_tests
+  run_tests "$preset" hexlume_system_version_tests
+  run_tests "$preset" hexlume_out_of_memory_tests
+  run_tests "$preset" hexlume_conversion_tests
+  run_tests "$preset" hexlume_drawing_tests "$(drawings_folder "$preset")"
+  run_tests "$preset" hexlume_export_tests
+  run_tests "$preset" hexlume_tool_tests
+}
+
 scripts/setup.sh test || { echo "setting up failed" >&2; exit 1; }
 . scripts/wine_environment.sh
 prepare_wine || { echo "setting up Wine failed" >&2; exit 1; }
 
 check "formatting" scripts/check_format.sh
+for preset in linux linux-asan win-x64 win-x86; do test_build "$preset"; done
 for preset in win-x64 win-x86; do
-  if ! scripts/build.sh "$preset"; then
-    echo "$preset doesn't build" >&2
-    failed=$((failed + 1))
-    continue
-  fi
   check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
-  run_tests "$preset" hexlume_unit_tests
-  run_tests "$preset" hexlume_system_version_tests
-  run_tests "$preset" hexlume_out_of_memory_tests
-  run_tests "$preset" hexlume_conversion_tests
-  run_tests "$preset" hexlume_drawing_tests "$(windows_path tests/drawings)"
-  run_tests "$preset" hexlume_export_tests
-  run_tests "$preset" hexlume_tool_tests
 done
+drawings=(examples tests/drawings)
+[ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
+check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
+check "the installed package" scripts/test_install.sh
 
 echo
 echo "$passed passed, $failed failed"

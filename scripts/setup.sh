@@ -2,20 +2,31 @@
 # Installs what building and testing Hexlume needs on Debian 12. A machine that has it all is left untouched, without a
 # look at the network, so the callers can run this every time.
 #
-#   scripts/setup.sh convert    the cross compilers, Wine and the Japanese locale: what a conversion needs
-#   scripts/setup.sh test       the same, GoogleTest and clang-format besides
+#   scripts/setup.sh native     what the native library and tool need
+#   scripts/setup.sh windows    the cross compilers and Wine for the Windows ones
+#   scripts/setup.sh test       both, and what the tests need besides
 set -euo pipefail
 
-packages=(
+native_packages=(
+  cmake g++ ninja-build pkg-config
+  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev
+  fonts-ipafont-gothic
+)
+windows_packages=(
   cmake ninja-build
   g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
   libcxxopts-dev
   locales
   wine wine64 wine32:i386
 )
-if [ "${1:-convert}" = test ]; then
-  packages+=(googletest clang-format)
-fi
+test_packages=(clang-format googletest libbenchmark-dev)
+
+case "${1:-}" in
+  native) packages=("${native_packages[@]}") ;;
+  windows) packages=("${windows_packages[@]}") ;;
+  test) packages=("${native_packages[@]}" "${windows_packages[@]}" "${test_packages[@]}") ;;
+  *) echo "usage: scripts/setup.sh native|windows|test" >&2; exit 64 ;;
+esac
 
 as_root() {
   if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
@@ -26,6 +37,10 @@ missing_packages() {
   for package in "${packages[@]}"; do
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || printf '%s\n' "$package"
   done
+}
+
+needs_wine() {
+  [[ " ${packages[*]} " == *" wine "* ]]
 }
 
 install_from_configured_archives() {
@@ -61,7 +76,9 @@ make_japanese_locale() {
 mapfile -t missing < <(missing_packages)
 if [ "${#missing[@]}" -gt 0 ]; then
   echo "Installing: ${missing[*]}"
-  dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
+  if needs_wine && ! dpkg --print-foreign-architectures | grep -qx i386; then
+    as_root dpkg --add-architecture i386
+  fi
   install_from_configured_archives "${packages[@]}" || install_from_main_archive "${packages[@]}"
 fi
-make_japanese_locale
+if needs_wine; then make_japanese_locale; fi

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# Whether all builds draw the same, stroke for stroke: scripts/compare_builds.sh FOLDER...
+#
+# The drawings are those below the folders and 500 made by chance. Each is converted in several ways by each build, and
+# the listings must be equal to the letter, what is said of failed conversions too.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+. "$root/scripts/wine_environment.sh"
+
+random_drawings=500
+ways=("" "--rotate" "--full-size --mono" "--view 1000,2000,15000,12000 --dialogs" "--half-width --dialogs=2")
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+mkdir "$scratch/random" "$scratch/out"
+"$root/build/linux/bin/hexlume_random_drawings" "$scratch/random" "$random_drawings"
+# Each under a name of its own, as all metafiles go to one folder.
+count=0
+mkdir "$scratch/drawings"
+while IFS= read -r -d '' drawing; do
+  count=$((count + 1))
+  ln -s "$(realpath "$drawing")" "$scratch/drawings/$count-$(basename "${drawing%.*}").dxf"
+done < <(find "$@" "$scratch/random" -iname '*.dxf' -print0 | sort -z)
+[ "$count" -gt "$random_drawings" ] || { echo "no drawings found in $*" >&2; exit 1; }
+
+# The drawings are named from within their folder, so that all builds say the same of them.
+list() {
+  local build=$1 way=$2
+  cd "$scratch/drawings"
+  # shellcheck disable=SC2086 # a way is several words
+  case "$build" in
+    linux) "$root/build/linux/bin/hexlume" $way --list -d ../out ./*.dxf ;;
+    *) wine "$root/build/$build/bin/hexlume.exe" $way --list -d ../out ./*.dxf ;;
+  esac </dev/null >"$scratch/$build.txt" 2>&1 || true
+}
+
+status=0
+for way in "${ways[@]}"; do
+  for build in linux win-x64 win-x86; do (list "$build" "$way"); done
+  lines=$(wc -l <"$scratch/linux.txt")
+  [ "$lines" -gt "$count" ] || { echo "hexlume $way lists nothing:" >&2; head "$scratch/linux.txt" >&2; status=1; }
+  for build in win-x64 win-x86; do
+    if cmp -s "$scratch/linux.txt" "$scratch/$build.txt"; then continue; fi
+    echo "linux and $build differ in: hexlume $way" >&2
+    diff "$scratch/linux.txt" "$scratch/$build.txt" | head -n 20 >&2 || true
+    status=1
+  done
+  echo "hexlume $way: $count drawings, $lines lines"
+done
+exit "$status"

@@ -1,0 +1,155 @@
+#include "support/random_drawing.h"
+
+#include <cstdio>
+#include <random>
+
+namespace hexlume {
+
+namespace {
+
+// The standard's distributions differ from library to library, its generator doesn't.
+class Writer {
+ public:
+  explicit Writer(uint32_t seed) : random(seed) { lineEnd = Chance(50) ? "\r\n" : "\n"; }
+
+  uint32_t Below(uint32_t end) { return random() % end; }
+  bool Chance(uint32_t percent) { return Below(100) < percent; }
+
+  void Group(int32_t code, const std::string& value) {
+    char number[16];
+    std::snprintf(number, sizeof number, Chance(80) ? "%3d" : "%d", code);
+    text += number + lineEnd + value + lineEnd;
+  }
+
+  template <size_t count>
+  const char* OneOf(const char* const (&choices)[count]) {
+    return choices[Below(count)];
+  }
+
+  std::string Number(double smallest, double largest) {
+    const double value = smallest + (largest - smallest) * (random() / 4294967295.0);
+    char number[64];
+    switch (Below(8)) {
+      case 0: std::snprintf(number, sizeof number, "%.0f", value); break;
+      case 1: std::snprintf(number, sizeof number, "%.1f", value); break;
+      case 2: std::snprintf(number, sizeof number, "%.15E", value); break;
+      default: std::snprintf(number, sizeof number, "%.6f", value); break;
+    }
+    return number;
+  }
+
+  // Now and then a number that no drawing should have.
+  std::string Coordinate() {
+    static const char* const absurd[] = {"1E+300", "-1E+300",    "NAN",           "INF",
+                                         "",       "1d2",        "0x10",          "1e",
+                                         "1E+999", "2147483647", "-2147483648.5", "  12.5"};
+    return Chance(2) ? OneOf(absurd) : Number(-50.0, 470.0);
+  }
+
+  std::string text;
+
+ private:
+  std::mt19937 random;
+  std::string lineEnd;
+};
+
+const char* const layerNames[] = {"0", "A", "B", "\x8A\x4F\x8C\x60\x90\xFC", "\x92\x86\x90\x53\x90\xFC",
+                                  "c", "A "};
+const char* const ltypeNames[] = {"CONTINUOUS", "DASHED",  "CENTER",  "PHANTOM2",
+                                  "BYLAYER",    "BYBLOCK", "ByBlock", "HIDDEN2"};
+const char* const otherEntities[] = {"VIEWPORT", "3DFACE", "WIPEOUT", "line", "LINE ", "IMAGE"};
+
+void WritePoint(Writer& writer, int32_t code, const std::string& x, const std::string& y) {
+  if (!writer.Chance(3)) writer.Group(code, x);
+  if (!writer.Chance(3)) writer.Group(code + 10, y);
+  if (writer.Chance(70)) writer.Group(code + 20, "0.0");
+}
+
+void WriteHeader(Writer& writer) {
+  writer.Group(0, "SECTION");
+  writer.Group(2, "HEADER");
+  const auto variable = [&](const char* name, double smallest, double largest) {
+    writer.Group(9, name);
+    WritePoint(writer, 10, writer.Number(smallest, largest), writer.Number(smallest, largest));
+  };
+  if (writer.Chance(70)) {
+    variable("$EXTMIN", -20.0, 10.0);
+    variable("$EXTMAX", 200.0, 500.0);
+  }
+  if (writer.Chance(80)) {
+    variable("$LIMMIN", 0.0, 1.0);
+    variable("$LIMMAX", writer.Chance(20) ? 2000.0 : 300.0, writer.Chance(20) ? 4000.0 : 600.0);
+  }
+  if (writer.Chance(30)) {
+    writer.Group(9, "$LTSCALE");
+    writer.Group(40, writer.Number(0.0, 20.0));
+  }
+  if (writer.Chance(30)) {
+    writer.Group(9, "$DIMSCALE");
+    writer.Group(40, writer.Number(writer.Chance(10) ? -2.0 : 0.5, 3.0));
+  }
+  if (writer.Chance(30)) {
+    writer.Group(9, "$PDSIZE");
+    writer.Group(40, writer.Number(-5.0, 5.0));
+  }
+  writer.Group(0, "ENDSEC");
+}
+
+void WriteLayers(Writer& writer) {
+  writer.Group(0, "SECTION");
+  writer.Group(2, "TABLES");
+  if (!writer.Chance(3)) {
+    writer.Group(0, "TABLE");
+    writer.Group(2, "LAYER");
+    for (uint32_t count = writer.Below(6); count > 0; --count) {
+      writer.Group(0, "LAYER");
+      writer.Group(2, writer.OneOf(layerNames));
+      if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(6)));
+      if (writer.Chance(90)) writer.Group(62, std::to_string(static_cast<int32_t>(writer.Below(300)) - 20));
+      writer.Group(6, writer.OneOf(ltypeNames));
+      if (writer.Chance(20)) writer.Group(290, std::to_string(writer.Below(2)));
+    }
+    writer.Group(0, "ENDTAB");
+  }
+  writer.Group(0, "ENDSEC");
+}
+
+void WriteEntity(Writer& writer) {
+  writer.Group(0, writer.Chance(85) ? "LINE" : writer.OneOf(otherEntities));
+  if (writer.Chance(80)) writer.Group(8, writer.OneOf(layerNames));
+  if (writer.Chance(30)) writer.Group(6, writer.OneOf(ltypeNames));
+  if (writer.Chance(50)) writer.Group(62, std::to_string(static_cast<int32_t>(writer.Below(270)) - 5));
+  if (writer.Chance(20)) writer.Group(39, std::to_string(writer.Below(8000)));
+  const std::string x = writer.Coordinate();
+  const std::string y = writer.Coordinate();
+  WritePoint(writer, 10, x, y);
+  // Level, upright and slanted lines take different ways.
+  WritePoint(writer, 11, writer.Chance(15) ? x : writer.Coordinate(),
+             writer.Chance(15) ? y : writer.Coordinate());
+  if (writer.Chance(5)) writer.Group(8, writer.OneOf(layerNames));
+  if (writer.Chance(1)) writer.Group(1, std::string(200 + writer.Below(200), 'x'));
+}
+
+void WriteEntities(Writer& writer) {
+  writer.Group(0, "SECTION");
+  writer.Group(2, "ENTITIES");
+  for (uint32_t count = writer.Below(60); count > 0; --count) WriteEntity(writer);
+  writer.Group(0, "ENDSEC");
+}
+
+}  // namespace
+
+std::string RandomDrawing(uint32_t seed) {
+  Writer writer(seed);
+  if (writer.Chance(95)) WriteHeader(writer);
+  if (writer.Chance(90)) WriteLayers(writer);
+  WriteEntities(writer);
+  if (writer.Chance(10)) WriteEntities(writer);
+  writer.Group(0, "EOF");
+  const auto somewhere = [&] { return writer.Below(static_cast<uint32_t>(writer.text.size())); };
+  if (writer.Chance(10)) writer.text.resize(somewhere() + 1);
+  if (writer.Chance(3)) writer.text[somewhere()] = 0x1A;
+  return writer.text;
+}
+
+}  // namespace hexlume
