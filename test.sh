@@ -68,11 +68,34 @@ test_build() {
   run_tests "$preset" hexlume_drawing_tests "$(drawings_folder "$preset")"
   run_tests "$preset" hexlume_export_tests
   run_tests "$preset" hexlume_tool_tests
+  case "$preset" in
+    linux*)
+      run_tests "$preset" hexlume_player_tests
+      run_tests "$preset" hexlume_foreign_reader_tests
+      ;;
+  esac
 }
 
 scripts/setup.sh test || { echo "setting up failed" >&2; exit 1; }
 . scripts/wine_environment.sh
 prepare_wine || { echo "setting up Wine failed" >&2; exit 1; }
+
+# Whether our own GDI records what the system's does.
+compare_gdi() {
+  local scratch status=0 preset
+  scratch=$(mktemp -d)
+  build/linux/bin/hexlume_gdi_probe >"$scratch/linux"
+  [ -s "$scratch/linux" ] || status=1
+  for preset in win-x64 win-x86; do
+    wine "build/$preset/bin/hexlume_gdi_probe.exe" </dev/null | tr -d '\r' >"$scratch/$preset"
+    diff "$scratch/linux" "$scratch/$preset" | cut -c 1-200 || status=1
+  done
+  rm -rf "$scratch"
+  return "$status"
+}
+
+# Fontconfig keeps memory where the leak checker doesn't see it.
+export LSAN_OPTIONS="suppressions=$root/scripts/leak_suppressions.txt:print_suppressions=0"
 
 check "formatting" scripts/check_format.sh
 for preset in linux linux-asan win-x64 win-x86; do test_build "$preset"; done
@@ -81,6 +104,7 @@ for preset in win-x64 win-x86; do
 done
 drawings=(examples tests/drawings)
 [ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
+check "our GDI records what Windows' does" compare_gdi
 check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
 check "the installed package" scripts/test_install.sh
 

@@ -3,16 +3,37 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1 freetype2 fontconfig)
 
 set(PLATFORM_SOURCES
+  src/platform/portable/arc_bounds.cpp
+  src/platform/portable/code_page_932.cpp
+  src/platform/portable/device_context.cpp
+  src/platform/portable/ellipse_scan.cpp
+  src/platform/portable/emf_writer.cpp
   src/platform/portable/fault_guard.cpp
+  src/platform/portable/font_face.cpp
+  src/platform/portable/fonts.cpp
+  src/platform/portable/full_width.cpp
+  src/platform/portable/gdi_object.cpp
   src/platform/portable/host_exception.cpp
+  src/platform/portable/kept_libraries.cpp
+  src/platform/portable/metafile.cpp
+  src/platform/portable/modes.cpp
   src/platform/portable/module_file.cpp
+  src/platform/portable/objects.cpp
+  src/platform/portable/polygon_scan.cpp
   src/platform/portable/reference_dc.cpp
+  src/platform/portable/region_data.cpp
+  src/platform/portable/region_records.cpp
+  src/platform/portable/regions.cpp
+  src/platform/portable/shapes.cpp
+  src/platform/portable/strokes.cpp
   src/platform/portable/system_version.cpp
+  src/platform/portable/text_out.cpp
 )
 set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 
 # Nothing but the exports is to be seen from outside.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(EXPORTS_SOURCES)
-set(LIBRARY_PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 0 LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/driver/hexlume.map)
+set(EXPORTS_SOURCES src/driver/hexlume.map)
+set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION 0
+  LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/driver/hexlume.map)
 set(LIBRARY_LINK_OPTIONS -Wl,--version-script=${CMAKE_SOURCE_DIR}/src/driver/hexlume.map -Wl,--no-undefined)

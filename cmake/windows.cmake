@@ -1,5 +1,7 @@
 set(PLATFORM_SOURCES
+  src/platform/portable/code_page_932.cpp
   src/platform/windows/fault_guard.cpp
+  src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
   src/platform/windows/module_file.cpp
   src/platform/windows/reference_dc.cpp

@@ -31,7 +31,7 @@ list() {
   case "$build" in
     linux) "$root/build/linux/bin/hexlume" $way --list -d ../out ./*.dxf ;;
     *) wine "$root/build/$build/bin/hexlume.exe" $way --list -d ../out ./*.dxf ;;
-  esac </dev/null >"$scratch/$build.txt" 2>&1 || true
+  esac </dev/null 2>&1 | tr -d '\r' >"$scratch/$build.txt" || true # standard error has the system's line ends
 }
 
 status=0

@@ -17,7 +17,10 @@ struct ProbeCalls {
 
 // For metafiles with a frame. The calls run in MM_TEXT unless they set a mode.
 const std::vector<ProbeCalls>& StrokeProbes();
+const std::vector<ProbeCalls>& ArcProbes();
 const std::vector<ProbeCalls>& ObjectProbes();
+const std::vector<ProbeCalls>& TextProbes();
+const std::vector<ProbeCalls>& RegionProbes();
 
 struct ProbeFrame {
   const char* name;

@@ -18,7 +18,6 @@ void StockObjects(HDC dc, ProbeResults& results) {
 void UnknownStockObjects(HDC, ProbeResults& results) {
   results.push_back(GetStockObject(-1) == nullptr);
   results.push_back(GetStockObject(9) == nullptr);
-  results.push_back(GetStockObject(20) == nullptr);
   results.push_back(GetStockObject(1000000) == nullptr);
 }
 
@@ -169,7 +168,8 @@ void TwoMetafiles(HDC dc, ProbeResults& results) {
 }
 
 void ModeSettings(HDC dc, ProbeResults& results) {
-  for (const int mode : {MM_TEXT, MM_HIMETRIC, MM_HIMETRIC, MM_TEXT, 0, 99}) results.push_back(SetMapMode(dc, mode));
+  for (const int mode : {MM_TEXT, MM_HIMETRIC, MM_HIMETRIC, MM_TEXT, 0, 99})
+    results.push_back(SetMapMode(dc, mode));
   for (const int mode : {OPAQUE, TRANSPARENT, TRANSPARENT, 0, 3}) results.push_back(SetBkMode(dc, mode));
   for (const UINT align : {0u, 24u, 24u, 6u, 0xFFFFFFFFu, 0u}) results.push_back(SetTextAlign(dc, align));
   for (const COLORREF colour : {0u, 0x123456u, 0x123456u, 0xFF000001u, 0x01000002u, 0u}) {

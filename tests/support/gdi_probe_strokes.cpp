@@ -22,7 +22,9 @@ void Lines(HDC dc, ProbeResults& results) {
   LineTo(dc, 1, 2);
 }
 
-void LinesInText(HDC dc, ProbeResults& results) { Lines(dc, results); }
+void LinesInText(HDC dc, ProbeResults& results) {
+  Lines(dc, results);
+}
 
 void LinesInHimetric(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
@@ -59,14 +61,30 @@ void LineWithPen(HDC dc, int style, int width) {
   DeleteObject(pen);
 }
 
-void WidePenLine(HDC dc, ProbeResults&) { LineWithPen(dc, PS_SOLID, 500); }
-void DashedPenLine(HDC dc, ProbeResults&) { LineWithPen(dc, PS_DASH, 0); }
-void WideDashedPenLine(HDC dc, ProbeResults&) { LineWithPen(dc, PS_DOT, 300); }
-void NullPenLine(HDC dc, ProbeResults&) { LineWithPen(dc, PS_NULL, 10); }
-void NegativePenLine(HDC dc, ProbeResults&) { LineWithPen(dc, PS_SOLID, -300); }
-void UnknownPenLine(HDC dc, ProbeResults&) { LineWithPen(dc, 77, 3); }
-void InsideFramePenLine(HDC dc, ProbeResults&) { LineWithPen(dc, 6, 300); }
-void AlternatePenLine(HDC dc, ProbeResults&) { LineWithPen(dc, 8, 1); }
+void WidePenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, PS_SOLID, 500);
+}
+void DashedPenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, PS_DASH, 0);
+}
+void WideDashedPenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, PS_DOT, 300);
+}
+void NullPenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, PS_NULL, 10);
+}
+void NegativePenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, PS_SOLID, -300);
+}
+void UnknownPenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, 77, 3);
+}
+void InsideFramePenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, 6, 300);
+}
+void AlternatePenLine(HDC dc, ProbeResults&) {
+  LineWithPen(dc, 8, 1);
+}
 
 void FarLines(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
@@ -95,7 +113,9 @@ void Pixels(HDC dc, ProbeResults& results) {
   results.push_back(SetPixel(dc, smallest, largest, 0x01000002));
 }
 
-void PixelOnly(HDC dc, ProbeResults&) { SetPixel(dc, 12, 34, 0xABCDEF); }
+void PixelOnly(HDC dc, ProbeResults&) {
+  SetPixel(dc, 12, 34, 0xABCDEF);
+}
 
 void Ellipses(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
@@ -143,130 +163,9 @@ void NullPenEllipse(HDC dc, ProbeResults&) {
   Ellipse(dc, 1000, -2000, 3000, -5000);
 }
 
-void Arcs(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  results.push_back(Arc(dc, 1000, -2000, 3000, -5000, 3000, -3000, 2000, -2000));
-  MoveToEx(dc, 7, -8, nullptr);
-  results.push_back(Arc(dc, 3000, -5000, 1000, -2000, 5000, -3500, -1000, -3500));
-  LineTo(dc, 9, -9);
-}
-
-void ArcQuadrants(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  for (int from = 0; from < 4; ++from) {
-    for (int to = 0; to < 4; ++to) {
-      const POINT corners[] = {{9000, -2000}, {1000, -2000}, {1000, -9000}, {9000, -9000}};
-      results.push_back(Arc(dc, 3000 + from * 4000, -3000, 8000 + from * 4000, -8000,
-                            corners[from].x + from * 4000, corners[from].y, corners[to].x + from * 4000,
-                            corners[to].y));
-    }
-  }
-}
-
-void ShortArcFirstQuadrant(HDC dc, ProbeResults&) {
-  SetMapMode(dc, MM_HIMETRIC);
-  Arc(dc, 3000, -3000, 8000, -8000, 9000, -4000, 7000, -2000);
-}
-
-void ShortArcSecondQuadrant(HDC dc, ProbeResults&) {
-  SetMapMode(dc, MM_HIMETRIC);
-  Arc(dc, 3000, -3000, 8000, -8000, 5000, -2000, 2000, -5000);
-}
-
-void ClockwiseArcs(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  results.push_back(SetArcDirection(dc, AD_CLOCKWISE));
-  Arc(dc, 1000, -2000, 3000, -5000, 3000, -3000, 2000, -2000);
-  results.push_back(SetArcDirection(dc, AD_CLOCKWISE));
-  results.push_back(SetArcDirection(dc, AD_COUNTERCLOCKWISE));
-  Arc(dc, 1000, -2000, 3000, -5000, 3000, -3000, 2000, -2000);
-  results.push_back(SetArcDirection(dc, 5));
-  results.push_back(SetArcDirection(dc, AD_CLOCKWISE));
-  AngleArc(dc, 10000, -10000, 500, 0.0f, 90.0f);
-}
-
-void EmptyArcs(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  results.push_back(Arc(dc, 1000, -2000, 1000, -5000, 3000, -3000, 2000, -2000));
-  results.push_back(Arc(dc, 1000, -2000, 3000, -2000, 3000, -3000, 2000, -2000));
-  results.push_back(Arc(dc, 1000, -2000, 1000, -2000, 1000, -2000, 1000, -2000));
-}
-
-void ArcThroughItsCentre(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  results.push_back(Arc(dc, 1000, -2000, 3000, -4000, 2000, -3000, 2000, -3000));
-  results.push_back(Arc(dc, 1000, -2000, 3000, -4000, 5000, -3000, 5000, -3000));
-}
-
-void FarArcs(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  results.push_back(Arc(dc, smallest, smallest, largest, largest, smallest, largest, largest, smallest));
-  results.push_back(Arc(dc, smallest, smallest, smallest, smallest, smallest, largest, largest, smallest));
-}
-
-void ArcsInText(HDC dc, ProbeResults& results) {
-  results.push_back(Arc(dc, 10, 20, 110, 120, 110, 70, 60, 20));
-}
-
-void AngleArcs(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  results.push_back(AngleArc(dc, 5000, -6000, 1000, 30.0f, 90.0f));
-  POINT previous = {0, 0};
-  MoveToEx(dc, 0, 0, &previous);
-  results.push_back(previous.x);
-  results.push_back(previous.y);
-}
-
-void AngleArcAt(HDC dc, ProbeResults& results, int x, int y, DWORD radius, float start, float sweep) {
-  SetMapMode(dc, MM_HIMETRIC);
-  MoveToEx(dc, 1000, -1000, nullptr);
-  results.push_back(AngleArc(dc, x, y, radius, start, sweep));
-  POINT previous = {0, 0};
-  MoveToEx(dc, 2000, -500, &previous);
-  results.push_back(previous.x);
-  results.push_back(previous.y);
-}
-
-void FullAngleArc(HDC dc, ProbeResults& results) { AngleArcAt(dc, results, 5000, -6000, 1000, 0.0f, 360.0f); }
-void AngleArcBackward(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, 5000, -6000, 1000, 45.0f, -200.0f);
-}
-void AngleArcTwiceRound(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, 5000, -6000, 1000, 10.0f, 730.0f);
-}
-void AngleArcRadius0(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, 5000, -6000, 0, 10.0f, 100.0f);
-}
-void AngleArcSweep0(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, 5000, -6000, 700, 10.0f, 0.0f);
-}
-void AngleArcNegativeRadius(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, 5000, -6000, static_cast<DWORD>(-700), 10.0f, 100.0f);
-}
-void AngleArcLargestRadius(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, 5000, -6000, 0x7FFFFFFF, 10.0f, 100.0f);
-}
-void AngleArcFar(HDC dc, ProbeResults& results) {
-  AngleArcAt(dc, results, largest, smallest, 1000, 10.0f, 100.0f);
-}
-
-void AngleArcSeries(HDC dc, ProbeResults& results) {
-  SetMapMode(dc, MM_HIMETRIC);
-  for (int i = 0; i < 24; ++i) {
-    MoveToEx(dc, 5000 + 700 * i, -6000, nullptr);
-    AngleArc(dc, 5000 + 700 * i, -6000 - 311 * i, 100 + 37 * i, 15.0f * i + 0.3f, 17.3f * i - 200.0f);
-    POINT previous = {0, 0};
-    MoveToEx(dc, 0, 0, &previous);
-    results.push_back(previous.x);
-    results.push_back(previous.y);
-  }
-}
-
-void AngleArcsOneByOne(HDC dc, ProbeResults& results) { AngleArcAt(dc, results, 20000, -9000, 777, 200.0f, 33.0f); }
-
 void Curves(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
-  const POINT points[] = {{1000, -1000}, {2000, -500}, {3000, -4000}, {4000, -1000},
+  const POINT points[] = {{1000, -1000}, {2000, -500},  {3000, -4000}, {4000, -1000},
                           {5000, -100},  {6000, -9000}, {7000, -1000}};
   results.push_back(PolyBezier(dc, points, 4));
   results.push_back(PolyBezier(dc, points, 7));
@@ -293,7 +192,8 @@ void LargeCurves(HDC dc, ProbeResults& results) {
 void CurvesWithBadCounts(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
   MoveToEx(dc, 100, -100, nullptr);
-  const POINT points[] = {{1000, -1000}, {2000, -500}, {3000, -4000}, {4000, -1000}, {5000, -1500}, {6000, -1}};
+  const POINT points[] = {{1000, -1000}, {2000, -500},  {3000, -4000},
+                          {4000, -1000}, {5000, -1500}, {6000, -1}};
   for (DWORD count = 0; count <= 6; ++count) {
     if (count == 4) continue;
     results.push_back(PolyBezier(dc, points, count));
@@ -345,6 +245,27 @@ void PolygonWithWidePen(HDC dc, ProbeResults&) {
   DeleteObject(pen);
 }
 
+void ManyStrokes(HDC dc, ProbeResults&) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (int i = 0; i < 300; ++i) {
+    const HPEN pen = CreatePen(i % 5, i % 7, static_cast<COLORREF>(i));
+    const HGDIOBJ before = SelectObject(dc, pen);
+    MoveToEx(dc, i, -i, nullptr);
+    LineTo(dc, 31 * i, -17 * i);
+    SelectObject(dc, before);
+    DeleteObject(pen);
+  }
+}
+
+void LongPolygon(HDC dc, ProbeResults&) {
+  std::vector<POINT> points;
+  for (int i = 0; i < 2000; ++i) points.push_back({i, i * i % 1009});
+  Polygon(dc, points.data(), 2000);
+  points.front().x = -70000;
+  Polygon(dc, points.data(), 2000);
+  LineTo(dc, 1, 2);
+}
+
 void ToDevicePoints(HDC dc, ProbeResults& results) {
   POINT text[] = {{0, 0}, {smallest, largest}, {100, -100}};
   results.push_back(LPtoDP(dc, text, static_cast<int>(std::size(text))));
@@ -361,8 +282,10 @@ void ToDevicePoints(HDC dc, ProbeResults& results) {
       results.push_back(point.y);
     }
   }
-  POINT distant[] = {{smallest, largest}, {largest, smallest}};
-  results.push_back(LPtoDP(dc, distant, 2));
+  // Halves in device units.
+  POINT distant[] = {
+      {smallest, largest}, {largest, smallest}, {-2130706432, -1778384896}, {16777216, 369098752}};
+  results.push_back(LPtoDP(dc, distant, static_cast<int>(std::size(distant))));
   for (const POINT point : distant) {
     results.push_back(point.x);
     results.push_back(point.y);
@@ -400,26 +323,6 @@ const std::vector<ProbeCalls>& StrokeProbes() {
       {"a far ellipse in text", FarEllipseInText},
       {"wide ellipse", WideEllipse},
       {"null pen ellipse", NullPenEllipse},
-      {"arcs", Arcs},
-      {"arc quadrants", ArcQuadrants},
-      {"short arc, first quadrant", ShortArcFirstQuadrant},
-      {"short arc, second quadrant", ShortArcSecondQuadrant},
-      {"clockwise arcs", ClockwiseArcs},
-      {"empty arcs", EmptyArcs},
-      {"arc through its centre", ArcThroughItsCentre},
-      {"far arcs", FarArcs},
-      {"arcs in text", ArcsInText},
-      {"angle arcs", AngleArcs},
-      {"full angle arc", FullAngleArc},
-      {"angle arc backward", AngleArcBackward},
-      {"angle arc twice round", AngleArcTwiceRound},
-      {"angle arc, radius 0", AngleArcRadius0},
-      {"angle arc, sweep 0", AngleArcSweep0},
-      {"angle arc, negative radius", AngleArcNegativeRadius},
-      {"angle arc, largest radius", AngleArcLargestRadius},
-      {"angle arc, far", AngleArcFar},
-      {"angle arc, series", AngleArcSeries},
-      {"angle arc, alone", AngleArcsOneByOne},
       {"curves", Curves},
       {"large curves", LargeCurves},
       {"curves with bad counts", CurvesWithBadCounts},
@@ -427,6 +330,8 @@ const std::vector<ProbeCalls>& StrokeProbes() {
       {"large polygons", LargePolygons},
       {"polygons with few points", PolygonsWithFewPoints},
       {"polygon with a wide pen", PolygonWithWidePen},
+      {"many strokes", ManyStrokes},
+      {"a long polygon", LongPolygon},
       {"to device points", ToDevicePoints},
   };
   return probes;

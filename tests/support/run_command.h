@@ -8,4 +8,7 @@ namespace hexlume {
 // Runs program with arguments, which may redirect its streams, and returns its exit status.
 int RunCommand(const std::string& program, const std::string& arguments);
 
+// A Japanese file name as the system's shell takes it.
+std::string JapaneseName();
+
 }  // namespace hexlume

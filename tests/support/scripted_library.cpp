@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "platform/gdi.h"
 #include "platform/host_exception.h"
 
 namespace {

@@ -124,7 +124,7 @@ TEST_F(CommandLineErrors, options_that_do_not_exist_or_lack_their_value) {
   ExpectWrongUsage("--colour plan.dxf", "colour");
   ExpectWrongUsage("-x plan.dxf", "x");
   ExpectWrongUsage("plan.dxf --view", "view");
-  ExpectWrongUsage("plan.dxf -d", "'d'");
+  ExpectWrongUsage("plan.dxf -d", "is missing an argument");
 }
 
 TEST_F(CommandLineErrors, values_that_are_no_numbers) {

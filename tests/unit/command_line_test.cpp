@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "support/run_command.h"
 #include "support/tool_run.h"
 
 namespace hexlume {
@@ -165,13 +166,17 @@ TEST_F(CommandLine, a_single_listing_from_a_folder_has_no_heading) {
   EXPECT_EQ(Beginning(a4, "1, 0") + Told({0, 0, 0}), RunScripted("--list -d . one.dxf").out);
 }
 
+TEST_F(CommandLine, a_name_may_hold_a_comma) {
+  ExpectSuccess(RunScripted("one,two.dxf"));
+  EXPECT_TRUE(Exists("one,two.emf"));
+}
+
 TEST_F(CommandLine, a_drawing_behind_two_hyphens_may_begin_with_one) {
   ExpectSuccess(RunScripted("-- -plan.dxf"));
   EXPECT_TRUE(Exists("-plan.emf"));
 }
 
-// In code page 932; the second byte of the last character is that of a backslash.
-const std::string japanese = "\x90\x7D\x96\xCA\x95\x5C";
+const std::string japanese = JapaneseName();
 
 TEST_F(CommandLine, japanese_names) {
   ExpectSuccess(RunScripted(japanese + ".dxf"));

@@ -8,6 +8,7 @@
 
 #include "canvas/canvas.h"
 #include "support/metafile_canvas.h"
+#include "support/plain_canvas.h"
 
 namespace hexlume {
 namespace {
@@ -358,13 +359,13 @@ TEST(DashLine, a_straight_line_from_the_first_to_the_last_coordinate_ends) {
                   "LineTo(2147483647, -100)\n"));
 }
 
-// Draws on a canvas without a metafile, where long walks cost no memory; returns the position at the end.
+// The position at the end of a walk.
 POINT EndOfWalk(int32_t x1, int32_t y1, int32_t x2, int32_t y2, const Pattern& pattern) {
-  const HDC canvas = CreateCompatibleDC(nullptr);
+  const HDC canvas = CreatePlainCanvas();
   DashLine(canvas, x1, y1, x2, y2, centreX, centreY, 0, red, pattern.data(),
            static_cast<int32_t>(pattern.size()), 0);
   POINT position = {};
-  GetCurrentPositionEx(canvas, &position);
+  MoveToEx(canvas, 0, 0, &position);
   DeleteDC(canvas);
   return position;
 }

@@ -11,8 +11,8 @@
 namespace hexlume {
 namespace {
 
-// Values that the compiler can't know, so that it leaves the fault in. A sanitizer would report the faults before they
-// happen, so it doesn't look.
+// Values that the compiler can't know, so that it leaves the fault in. A sanitizer would report the faults
+// before they happen, so it doesn't look.
 int* volatile nowhere = nullptr;
 volatile int zero = 0;
 volatile int one = 1;

@@ -82,13 +82,11 @@ TEST_F(SelectionSheet, the_list_of_layers_itself_stays) {
   EXPECT_EQ(2u, state.layerNames.size());
 }
 
-TEST_F(SelectionSheet, line_types_stay_as_they_are) {
-  state.excludedLtypes = {3};
-  state.excludedLtypeCount = 1;
+TEST_F(SelectionSheet, a_page_of_line_types_without_an_answer_excludes_none) {
   AddLayer("FROZEN", 0);
   EXPECT_TRUE(ShowSelectionSheet());
-  EXPECT_EQ(1, state.excludedLtypeCount);
-  EXPECT_EQ(std::vector<int32_t>{3}, state.excludedLtypes);
+  EXPECT_EQ(0, state.excludedLtypeCount);
+  EXPECT_TRUE(state.excludedLtypes.empty());
 }
 
 }  // namespace

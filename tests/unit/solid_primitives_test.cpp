@@ -404,7 +404,7 @@ TEST(FillQuad, the_fill_mode_stays_on_the_canvas) {
   ListCalls([points = quad](Canvas canvas) mutable {
     SetPolyFillMode(canvas, WINDING);
     FillQuad(canvas, points.data(), centreX, centreY, red, PS_DOT, upright);
-    EXPECT_EQ(GetPolyFillMode(canvas), ALTERNATE);
+    EXPECT_EQ(SetPolyFillMode(canvas, WINDING), ALTERNATE);
   });
 }
 

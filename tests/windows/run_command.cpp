@@ -10,4 +10,9 @@ int RunCommand(const std::string& program, const std::string& arguments) {
   return std::system(command.c_str());
 }
 
+std::string JapaneseName() {
+  // In code page 932; the second byte of the last character is that of a backslash.
+  return "\x90\x7D\x96\xCA\x95\x5C";
+}
+
 }  // namespace hexlume

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "tools/hexlume/convert.h"
+#include "tools/hexlume/dialog_answers.h"
 #include "tools/hexlume/options.h"
 #include "tools/hexlume/output.h"
 #include "tools/hexlume/system.h"
@@ -36,6 +37,7 @@ int RunJob(const Job& job, const Options& options) {
 
 int RunJobs(const Options& options) {
   if (options.dialogFont) vzDXFSetFontMode(*options.dialogFont);
+  GiveDialogAnswers(options.dialogAnswers);
   int status = 0;
   for (const Job& job : options.jobs) {
     if (const int failure = RunJob(job, options)) status = failure;

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "tools/hexlume/emf_record.h"
+#include "tools/hexlume/emf_region.h"
+#include "tools/hexlume/utf16.h"
 
 namespace hexlume {
 namespace {
@@ -81,26 +83,6 @@ std::string Color(uint32_t color) {
 
 // Strings.
 
-void AppendUtf8(std::string& text, uint32_t codePoint) {
-  if (codePoint < 0x80) {
-    text += static_cast<char>(codePoint);
-    return;
-  }
-  const int followers = codePoint < 0x800 ? 1 : codePoint < 0x10000 ? 2 : 3;
-  static constexpr uint32_t leads[] = {0, 0xC0, 0xE0, 0xF0};
-  text += static_cast<char>(leads[followers] | codePoint >> (6 * followers));
-  for (int shift = 6 * (followers - 1); shift >= 0; shift -= 6) {
-    text += static_cast<char>(0x80 | ((codePoint >> shift) & 0x3F));
-  }
-}
-
-bool IsHighSurrogate(uint32_t unit) {
-  return unit >= 0xD800 && unit < 0xDC00;
-}
-bool IsLowSurrogate(uint32_t unit) {
-  return unit >= 0xDC00 && unit < 0xE000;
-}
-
 void AppendUnit(std::string& text, uint32_t unit) {
   if (unit == '"' || unit == '\\') text += '\\';
   const bool control = unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
@@ -118,7 +100,7 @@ std::string Quoted(const EmfRecord& record, size_t offset, size_t count) {
     const uint32_t unit = record.UShort(offset + 2 * i);
     const uint32_t next = i + 1 < count ? record.UShort(offset + 2 * (i + 1)) : 0;
     if (IsHighSurrogate(unit) && IsLowSurrogate(next)) {
-      AppendUtf8(text, 0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
+      AppendUtf8(text, JoinSurrogates(unit, next));
       ++i;
     } else {
       AppendUnit(text, unit);
@@ -150,24 +132,16 @@ void ListPoints16(const EmfRecord& record, Arguments& arguments) {
   for (size_t i = 0; i < 2 * count; ++i) arguments.Add(record.Short(28 + 2 * i));
 }
 
-struct Rectangle {
-  int32_t left, top, right, bottom;
-};
-
-Rectangle RectangleAt(const EmfRecord& record, size_t offset) {
-  return {record.Int(offset), record.Int(offset + 4), record.Int(offset + 8), record.Int(offset + 12)};
-}
-
 std::string Range(int32_t from, int32_t to) {
   return std::to_string(from) + ".." + std::to_string(to);
 }
 
-void AddBands(const EmfRecord& record, Arguments& arguments, size_t offset, size_t count) {
-  for (size_t i = 0; i < count;) {
-    const Rectangle first = RectangleAt(record, offset + 16 * i);
+void AddBands(const std::vector<EmfRectangle>& rectangles, Arguments& arguments) {
+  for (size_t i = 0; i < rectangles.size();) {
+    const EmfRectangle first = rectangles[i];
     std::string band = Range(first.top, first.bottom) + ":" + Range(first.left, first.right);
-    for (++i; i < count; ++i) {
-      const Rectangle next = RectangleAt(record, offset + 16 * i);
+    for (++i; i < rectangles.size(); ++i) {
+      const EmfRectangle& next = rectangles[i];
       if (next.top != first.top || next.bottom != first.bottom) break;
       band += " " + Range(next.left, next.right);
     }
@@ -175,15 +149,12 @@ void AddBands(const EmfRecord& record, Arguments& arguments, size_t offset, size
   }
 }
 
-// The region's own header comes first: its size, a type, count, the size of the rectangles, bounds.
 void AddRegion(const EmfRecord& record, Arguments& arguments, size_t offset, size_t size) {
-  record.RequireItems(offset, size, 1);
-  const uint32_t headerSize = record.UInt(offset);
-  const uint32_t count = record.UInt(offset + 8);
-  if (headerSize < 32 || headerSize > size || count > (size - headerSize) / 16) throw MalformedRecord();
-  AddInts(record, arguments, offset + 16, 4);
-  arguments.Add(count);
-  AddBands(record, arguments, offset + headerSize, count);
+  constexpr size_t bounds = 16;
+  const std::vector<EmfRectangle> rectangles = EmfRegionAt(record, offset, size);
+  AddInts(record, arguments, offset + bounds, 4);
+  arguments.Add(static_cast<int64_t>(rectangles.size()));
+  AddBands(rectangles, arguments);
 }
 
 // The records, in the order of the table below.

@@ -1,21 +1,15 @@
 #include "tools/hexlume/options.h"
 
 #include <charconv>
-#include <cxxopts.hpp>
 #include <set>
 
+#include "tools/hexlume/options_system.h"
 #include "tools/hexlume/system.h"
 
 namespace hexlume {
 namespace {
 
-struct Declaration {
-  const char* name;
-  const char* argument;  // its name in the help; nullptr for an option that takes none
-  const char* help;
-};
-
-constexpr Declaration declarations[] = {
+constexpr OptionDeclaration conversionOptions[] = {
     {"d", "DIR", "Write the metafile of every drawing to DIR/<its name>.emf"},
     {"view", "L,T,R,B", "Convert only this part of the sheet, in hundredths of a millimetre"},
     {"full-size", nullptr, "Draw the model at full size, without the scale that the drawing tells"},
@@ -24,23 +18,36 @@ constexpr Declaration declarations[] = {
     {"half-width", nullptr, "Draw texts with half-width cells"},
     {"whole-text", nullptr, "With --view: leave out texts that don't lie wholly inside"},
     {"dialog-font", "N", "Font of the dialogs: 1 for the system's, another number for their own"},
-    {"png", "FILE", "Write a picture of the metafile"},
-    {"dpi", "N", "Dots per inch of the picture (default 96)"},
+};
+
+constexpr OptionDeclaration resultOptions[] = {
+    {"dpi", "N", "Dots per inch of a picture in pixels (default 96)"},
     {"list", nullptr, "List the calls in the metafile on standard output, one a line"},
     {"version", nullptr, "Show the version"},
     {"help", nullptr, "Show this help"},
 };
+
+void AddOption(cxxopts::OptionAdder& add, const OptionDeclaration& option) {
+  if (!option.argument) {
+    add(option.name, option.help);
+  } else if (option.repeatable) {
+    add(option.name, option.help, cxxopts::value<std::vector<std::string>>(), option.argument);
+  } else {
+    add(option.name, option.help, cxxopts::value<std::string>(), option.argument);
+  }
+}
 
 cxxopts::Options Declare() {
   cxxopts::Options options("hexlume", "Turns ASCII DXF drawings into Windows enhanced metafiles.\n");
   options.custom_help("[options]");
   options.positional_help("DRAWING.dxf [OUTPUT.emf]\n  hexlume [options] -d DIR DRAWING.dxf...");
   auto add = options.add_options();
-  for (const auto& [name, argument, help] : declarations) {
-    argument ? add(name, help, cxxopts::value<std::string>(), argument) : add(name, help);
-  }
+  for (const OptionDeclaration& option : conversionOptions) AddOption(add, option);
   add("dialogs", "Show dialogs: 1 (also without N) for all of them, another number for the scale only",
       cxxopts::value<std::string>()->implicit_value("1"), "N");
+  for (const OptionDeclaration& option : SystemOptions()) AddOption(add, option);
+  for (const PictureKind& kind : PictureKinds()) AddOption(add, {kind.option, "FILE", kind.help});
+  for (const OptionDeclaration& option : resultOptions) AddOption(add, option);
   add("drawings", "", cxxopts::value<std::vector<std::string>>());
   options.parse_positional("drawings");
   return options;
@@ -48,7 +55,7 @@ cxxopts::Options Declare() {
 
 constexpr const char* helpTail = R"(
 Without OUTPUT.emf the metafile goes beside the drawing, with the extension .emf; with --list or
---png only these are made then. Several drawings, with -d, are converted in the order given.
+a picture only these are made then. Several drawings, with -d, are converted in the order given.
 
 Exit status:
    0  all is well
@@ -60,17 +67,6 @@ Exit status:
   73  an output can't be written
 When several drawings are converted, it tells of the last one that failed.
 )";
-
-int32_t ParseNumber(const std::string& option, const std::string& text, int32_t least, int32_t most) {
-  int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || number < least || number > most) {
-    throw UsageError(option + " needs a whole number from " + std::to_string(least) + " to " +
-                     std::to_string(most) + ", not '" + text + "'");
-  }
-  return number;
-}
 
 View ParseView(const std::string& text) {
   int32_t edges[4];
@@ -136,7 +132,7 @@ Job SingleJob(const std::vector<std::string>& files, const Options& options) {
     }
     return {files[0], files[1]};
   }
-  if (options.list || options.picture) return {files[0], std::nullopt};
+  if (options.list || !options.pictures.empty()) return {files[0], std::nullopt};
   return {files[0], WithExtension(files[0], ".emf")};
 }
 
@@ -161,16 +157,26 @@ void CheckOutputs(const Options& options) {
   for (const Job& job : options.jobs) {
     if (job.metafile) claim(*job.metafile);
   }
-  if (options.picture) claim(*options.picture);
+  for (const PictureOrder& picture : options.pictures) claim(picture.file);
+}
+
+void ReadPictures(const cxxopts::ParseResult& parsed, Options& options) {
+  bool hasPixels = false;
+  for (const PictureKind& kind : PictureKinds()) {
+    if (const auto file = TextOf(parsed, kind.option)) {
+      options.pictures.push_back({&kind, *file});
+      hasPixels = hasPixels || kind.hasPixels;
+    }
+  }
+  if (const auto number = TextOf(parsed, "dpi")) {
+    if (!hasPixels) throw UsageError("--dpi needs --png");
+    options.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
+  }
 }
 
 void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
   options.list = parsed["list"].as<bool>();
-  options.picture = TextOf(parsed, "png");
-  if (const auto number = TextOf(parsed, "dpi")) {
-    if (!options.picture) throw UsageError("--dpi needs --png");
-    options.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
-  }
+  ReadPictures(parsed, options);
   if (parsed.count("drawings") == 0) throw UsageError("no drawing is given");
   const auto& files = parsed["drawings"].as<std::vector<std::string>>();
   if (const auto folder = TextOf(parsed, "d")) {
@@ -178,7 +184,9 @@ void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
   } else {
     options.jobs = {SingleJob(files, options)};
   }
-  if (options.picture && options.jobs.size() > 1) throw UsageError("--png takes a single drawing");
+  if (options.jobs.size() > 1 && !options.pictures.empty()) {
+    throw UsageError("--" + std::string(options.pictures.front().kind->option) + " takes a single drawing");
+  }
   CheckOutputs(options);
 }
 
@@ -192,6 +200,17 @@ cxxopts::ParseResult Parse(int argc, const char* const* argv) {
 
 }  // namespace
 
+int32_t ParseNumber(const std::string& option, const std::string& text, int32_t least, int32_t most) {
+  int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || number < least || number > most) {
+    throw UsageError(option + " needs a whole number from " + std::to_string(least) + " to " +
+                     std::to_string(most) + ", not '" + text + "'");
+  }
+  return number;
+}
+
 Options ParseOptions(int argc, const char* const* argv) {
   const cxxopts::ParseResult parsed = Parse(argc, argv);
   Options options;
@@ -200,6 +219,7 @@ Options ParseOptions(int argc, const char* const* argv) {
   if (options.showHelp || options.showVersion) return options;
   ReadConversion(parsed, options);
   CheckConversion(options);
+  ReadSystemOptions(parsed, options);
   ReadOutputs(parsed, options);
   return options;
 }

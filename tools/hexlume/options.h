@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "tools/hexlume/dialog_answers.h"
+#include "tools/hexlume/picture.h"
+
 namespace hexlume {
 
 // A part of the sheet in hundredths of a millimetre.
@@ -20,6 +23,12 @@ struct Job {
   std::optional<std::string> metafile;
 };
 
+// A picture and its file.
+struct PictureOrder {
+  const PictureKind* kind;
+  std::string file;
+};
+
 struct Options {
   std::vector<Job> jobs;  // in the order given
 
@@ -31,8 +40,9 @@ struct Options {
   bool wholeText = false;
   int32_t dialogs = 0;
   std::optional<uint8_t> dialogFont;
+  DialogAnswers dialogAnswers;
 
-  std::optional<std::string> picture;
+  std::vector<PictureOrder> pictures;
   int32_t dotsPerInch = 96;
   bool list = false;
 

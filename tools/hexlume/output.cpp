@@ -6,6 +6,7 @@
 #include <iostream>
 #include <memory>
 
+#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/metafile_listing.h"
 #include "tools/hexlume/picture.h"
 
@@ -13,12 +14,6 @@ namespace hexlume {
 namespace {
 
 using Bytes = std::vector<uint8_t>;
-
-Bytes MetafileBytes(HENHMETAFILE metafile) {
-  Bytes bytes(GetEnhMetaFileBits(metafile, 0, nullptr));
-  bytes.resize(GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data()));
-  return bytes;
-}
 
 void WriteFile(const std::string& path, const Bytes& bytes) {
   errno = 0;
@@ -36,13 +31,13 @@ void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-void WritePicture(HENHMETAFILE metafile, const std::string& path, int32_t dotsPerInch) {
+void WritePicture(HENHMETAFILE metafile, const PictureOrder& picture, int32_t dotsPerInch) {
   try {
-    WriteFile(path, PngPicture(metafile, dotsPerInch));
+    WriteFile(picture.file, picture.kind->make(metafile, dotsPerInch));
   } catch (const PictureError& error) {
-    throw OutputError(path, error.what());
+    throw OutputError(picture.file, error.what());
   } catch (const std::bad_alloc&) {
-    throw OutputError(path, "not enough memory");
+    throw OutputError(picture.file, "not enough memory");
   }
 }
 
@@ -54,7 +49,7 @@ void WriteOutputs(HENHMETAFILE metafile, const Job& job, const Options& options)
     if (job.metafile) WriteFile(*job.metafile, bytes);
     if (options.list) WriteListing(bytes, job, options);
   }
-  if (options.picture) WritePicture(metafile, *options.picture, options.dotsPerInch);
+  for (const PictureOrder& picture : options.pictures) WritePicture(metafile, picture, options.dotsPerInch);
 }
 
 }  // namespace hexlume

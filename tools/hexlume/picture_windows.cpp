@@ -2,7 +2,6 @@
 #include <wincodec.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -43,35 +42,22 @@ Interface<T> Make(const char* step, Create&& create) {
   return Interface<T>(object);
 }
 
-struct Size {
-  int32_t width, height;
-  size_t RowBytes() const { return (static_cast<size_t>(width) * 3 + 3) / 4 * 4; }
-};
-
-int32_t Pixels(double hundredths, int32_t dotsPerInch) {
-  constexpr double hundredthsOfAnInch = 2540;
-  constexpr double mostOnASide = 20000;
-  const double pixels = std::round(hundredths * dotsPerInch / hundredthsOfAnInch);
-  if (pixels > mostOnASide) throw PictureError("the picture would be larger than 20000 pixels on a side");
-  return static_cast<int32_t>(std::max(pixels, 1.0));
+size_t RowBytes(PixelSize size) {
+  return (static_cast<size_t>(size.width) * 3 + 3) / 4 * 4;
 }
 
-Size PictureSize(HENHMETAFILE metafile, int32_t dotsPerInch) {
+PixelSize SizeOf(HENHMETAFILE metafile, int32_t dotsPerInch) {
   ENHMETAHEADER header;
   if (GetEnhMetaFileHeader(metafile, sizeof header, &header) == 0) {
     throw PictureError("the metafile has no header");
   }
   const RECTL& frame = header.rclFrame;
-  if (frame.right <= frame.left || frame.bottom <= frame.top) {
-    throw PictureError("the metafile's frame is empty");
-  }
-  return {Pixels(static_cast<double>(frame.right) - frame.left, dotsPerInch),
-          Pixels(static_cast<double>(frame.bottom) - frame.top, dotsPerInch)};
+  return PictureSize(frame.left, frame.top, frame.right, frame.bottom, dotsPerInch);
 }
 
 // A bitmap in memory, 24 bits a pixel from the top down, as the encoder takes it; white at first.
 struct Canvas {
-  explicit Canvas(Size canvasSize) : size(canvasSize) {
+  explicit Canvas(PixelSize canvasSize) : size(canvasSize) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = size.width;
@@ -82,10 +68,10 @@ struct Canvas {
     bitmap.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!bitmap) throw std::bad_alloc();
     pixels = static_cast<uint8_t*>(bits);
-    std::memset(pixels, 0xFF, size.RowBytes() * size.height);
+    std::memset(pixels, 0xFF, RowBytes(size) * size.height);
   }
 
-  Size size;
+  PixelSize size;
   Bitmap bitmap;
   uint8_t* pixels;
 };
@@ -105,7 +91,7 @@ void Play(HENHMETAFILE metafile, const Canvas& canvas) {
 // In bands, because the encoder takes at most 4 GB at once.
 void WriteRows(IWICBitmapFrameEncode& frame, const Canvas& canvas) {
   constexpr int32_t bandRows = 1024;
-  const size_t rowBytes = canvas.size.RowBytes();
+  const size_t rowBytes = RowBytes(canvas.size);
   for (int32_t row = 0; row < canvas.size.height; row += bandRows) {
     const int32_t rows = std::min(bandRows, canvas.size.height - row);
     Require(frame.WritePixels(rows, static_cast<UINT>(rowBytes), static_cast<UINT>(rowBytes * rows),
@@ -161,13 +147,20 @@ struct ComLibrary {
   ~ComLibrary() { CoUninitialize(); }
 };
 
-}  // namespace
-
 std::vector<uint8_t> PngPicture(HENHMETAFILE metafile, int32_t dotsPerInch) {
-  const Canvas canvas(PictureSize(metafile, dotsPerInch));
+  const Canvas canvas(SizeOf(metafile, dotsPerInch));
   Play(metafile, canvas);
   const ComLibrary com;
   return Encode(canvas, dotsPerInch);
+}
+
+}  // namespace
+
+const std::vector<PictureKind>& PictureKinds() {
+  static const std::vector<PictureKind> kinds = {
+      {"png", "Write a picture of the metafile", true, PngPicture},
+  };
+  return kinds;
 }
 
 }  // namespace hexlume

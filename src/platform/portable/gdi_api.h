@@ -137,7 +137,7 @@ struct TEXTMETRICA {
 
 // Metafiles. A metafile is always in memory, so file is NULL, and has no description.
 HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR description);
-HENHMETAFILE CloseEnhMetaFile(HDC dc);
+extern "C" HENHMETAFILE CloseEnhMetaFile(HDC dc);  // exported, beside the two in hexlume_system.h
 BOOL DeleteDC(HDC dc);  // of a metafile's context: it is given up
 
 // The context.

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Installs a native build into a temporary folder, moves it, builds the example host against it with CMake and with
+# pkg-config, and has the hosts and the installed tool convert a drawing: scripts/test_install.sh [BUILD_FOLDER]
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+build=$(realpath "${1:-build/linux}")
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+log="$scratch/log"
+
+run() {
+  "$@" >"$log" 2>&1 || { echo "failed: $*" >&2; cat "$log" >&2; exit 1; }
+}
+
+# An installed tree names no place, so it can be moved.
+run cmake --install "$build" --prefix "$scratch/first"
+mv "$scratch/first" "$scratch/package"
+libraries=$(dirname "$(find "$scratch/package" -name libhexlume.so)")
+if grep -rqI "$scratch/first" "$scratch/package"; then
+  echo "The installed files name the folder they were installed to." >&2
+  exit 1
+fi
+for header in hexlume hexlume_system hexlume_answers; do test -f "$scratch/package/include/$header.h"; done
+
+run cmake -S examples/host -B "$scratch/cmake" "-DCMAKE_PREFIX_PATH=$scratch/package" -DCMAKE_C_FLAGS="-Wall -Wextra -Werror"
+run cmake --build "$scratch/cmake"
+run "$scratch/cmake/host" examples/FIRST.dxf "$scratch/cmake.emf"
+
+export PKG_CONFIG_PATH="$libraries/pkgconfig"
+read -ra flags <<<"$(pkg-config --cflags --libs hexlume)"
+run cc -Wall -Wextra -Werror examples/host/host.c "${flags[@]}" -o "$scratch/host"
+run env LD_LIBRARY_PATH="$libraries" "$scratch/host" examples/FIRST.dxf "$scratch/pkg_config.emf"
+
+run "$scratch/package/bin/hexlume" examples/FIRST.dxf "$scratch/tool.emf"
+test -s "$scratch/tool.emf"
+cmp "$scratch/tool.emf" "$scratch/cmake.emf"
+cmp "$scratch/tool.emf" "$scratch/pkg_config.emf"

@@ -1,0 +1,224 @@
+#include "platform/portable/font_face.h"
+
+#include <fontconfig/fontconfig.h>
+#include <ft2build.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/code_page_932.h"
+#include FT_FREETYPE_H
+#include FT_ADVANCES_H
+#include FT_TRUETYPE_TABLES_H
+
+namespace hexlume {
+
+namespace {
+
+// Japanese Gothics of fixed pitch, those preferred first.
+constexpr const char* gothicFamilies[] = {"IPAGothic", "Noto Sans Mono CJK JP", "VL Gothic", "TakaoGothic",
+                                          "IPAexGothic"};
+
+struct ConfigCloser {
+  void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+};
+struct LibraryCloser {
+  void operator()(FT_Library library) const { FT_Done_FreeType(library); }
+};
+struct FaceCloser {
+  void operator()(FT_Face face) const { FT_Done_Face(face); }
+};
+struct PatternCloser {
+  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+struct FontSetCloser {
+  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+};
+struct ObjectSetCloser {
+  void operator()(FcObjectSet* set) const { FcObjectSetDestroy(set); }
+};
+using Config = std::unique_ptr<FcConfig, ConfigCloser>;
+using Library = std::unique_ptr<FT_LibraryRec_, LibraryCloser>;
+using OpenFace = std::unique_ptr<FT_FaceRec_, FaceCloser>;
+using Pattern = std::unique_ptr<FcPattern, PatternCloser>;
+using FontSet = std::unique_ptr<FcFontSet, FontSetCloser>;
+using ObjectSet = std::unique_ptr<FcObjectSet, ObjectSetCloser>;
+
+// Where there is no font file.
+class PlainFace : public FontFace {
+ public:
+  PlainFace() { measures = {1000, 880, 120, 500, 1000, true}; }
+
+  int32_t Advance(char16_t character) const override {
+    const bool isHalfWidth = character < 0x1100 || (character >= 0xFF61 && character <= 0xFFDC);
+    return isHalfWidth ? 500 : 1000;
+  }
+};
+
+class FileFace : public FontFace {
+ public:
+  explicit FileFace(OpenFace opened) : face(std::move(opened)) {
+    const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face.get(), FT_SFNT_OS2));
+    measures.unitsPerEm = face->units_per_EM;
+    measures.ascent = face->ascender;
+    measures.descent = -face->descender;
+    measures.averageWidth = face->max_advance_width;
+    if (os2 && os2->usWinAscent + os2->usWinDescent != 0) {
+      measures.ascent = os2->usWinAscent;
+      measures.descent = os2->usWinDescent;
+    }
+    if (os2 && os2->xAvgCharWidth > 0) measures.averageWidth = os2->xAvgCharWidth;
+    measures.boxWidth = static_cast<int32_t>(face->bbox.xMax - face->bbox.xMin);
+    measures.isFixedPitch = IsFixedPitch();
+  }
+
+  // Whether text can be measured with it at all.
+  bool IsUsable() const { return measures.unitsPerEm > 0 && measures.ascent + measures.descent > 0; }
+
+  int32_t Advance(char16_t character) const override {
+    FT_Fixed advance = 0;
+    const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
+    if (FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance) != 0) return measures.averageWidth;
+    return static_cast<int32_t>(std::clamp<FT_Fixed>(advance, 0, INT16_MAX));
+  }
+
+ private:
+  // A Japanese face of fixed pitch has two widths, of which the wider is the em, and needn't say so of
+  // itself.
+  bool IsFixedPitch() const {
+    if (FT_IS_FIXED_WIDTH(face.get())) return true;
+    const int32_t narrow = Advance('i');
+    return narrow == Advance('W') && narrow == Advance(0xFF71);
+  }
+
+  OpenFace face;
+};
+
+std::string Utf8Name(const LOGFONTA& font) {
+  const char* const end = std::find(font.lfFaceName, font.lfFaceName + LF_FACESIZE, '\0');
+  std::string name;
+  for (const char16_t unit : Utf16Text(font.lfFaceName, static_cast<size_t>(end - font.lfFaceName))) {
+    FcChar8 bytes[FC_UTF8_MAX_LEN];
+    const int count = FcUcs4ToUtf8(unit, bytes);
+    name.append(reinterpret_cast<const char*>(bytes), static_cast<size_t>(count));
+  }
+  return name;
+}
+
+void AddFamily(FcPattern* pattern, const char* family) {
+  FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+}
+
+void AddLanguage(FcPattern* pattern) {
+  FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja"));
+}
+
+Pattern ScalablePattern() {
+  Pattern pattern(FcPatternCreate());
+  if (pattern) FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+  return pattern;
+}
+
+bool IsInstalled(FcConfig* config, const std::string& family, bool inJapanese) {
+  const Pattern pattern = ScalablePattern();
+  const ObjectSet objects(FcObjectSetBuild(FC_FILE, static_cast<const char*>(nullptr)));
+  if (!pattern || !objects) return false;
+  AddFamily(pattern.get(), family.c_str());
+  if (inJapanese) AddLanguage(pattern.get());
+  const FontSet found(FcFontList(config, pattern.get(), objects.get()));
+  return found && found->nfont > 0;
+}
+
+Pattern PatternOfFamily(const std::string& family) {
+  Pattern pattern = ScalablePattern();
+  if (pattern) AddFamily(pattern.get(), family.c_str());
+  return pattern;
+}
+
+// One of the Gothics, else any Japanese font, of which those that the system has for fixed pitch come first,
+// as they do where there is none at all.
+Pattern PatternOfGothic(FcConfig* config) {
+  Pattern pattern = ScalablePattern();
+  if (!pattern) return pattern;
+  for (const char* family : gothicFamilies) AddFamily(pattern.get(), family);
+  AddFamily(pattern.get(), "monospace");
+  AddLanguage(pattern.get());
+  FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO);
+  FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
+  return pattern;
+}
+
+Pattern PatternFor(FcConfig* config, const LOGFONTA& font) {
+  const std::string name = Utf8Name(font);
+  const bool inJapanese = font.lfCharSet == SHIFTJIS_CHARSET;
+  const bool isNamed = !name.empty() && IsInstalled(config, name, inJapanese);
+  return isNamed ? PatternOfFamily(name) : PatternOfGothic(config);
+}
+
+OpenFace OpenBestMatch(FcConfig* config, FT_Library library, FcPattern* pattern) {
+  FcDefaultSubstitute(pattern);
+  FcResult result = FcResultNoMatch;
+  const Pattern match(FcFontMatch(config, pattern, &result));
+  FcChar8* file = nullptr;
+  int index = 0;
+  if (!match || FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch) return nullptr;
+  FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
+  FT_Face face = nullptr;
+  FT_New_Face(library, reinterpret_cast<const char*>(file), index & 0xFFFF, &face);
+  return OpenFace(face);
+}
+
+std::unique_ptr<FontFace> MakeFace(FcConfig* config, FT_Library library, const LOGFONTA& font) {
+  if (!config || !library) return std::make_unique<PlainFace>();
+  const Pattern pattern = PatternFor(config, font);
+  OpenFace opened = pattern ? OpenBestMatch(config, library, pattern.get()) : nullptr;
+  if (!opened) return std::make_unique<PlainFace>();
+  auto face = std::make_unique<FileFace>(std::move(opened));
+  if (!face->IsUsable()) return std::make_unique<PlainFace>();
+  return face;
+}
+
+Library OpenLibrary() {
+  FT_Library library = nullptr;
+  FT_Init_FreeType(&library);
+  return Library(library);
+}
+
+// Drawings name few faces.
+constexpr size_t mostFaces = 16;
+
+struct FaceRow {
+  std::string name;
+  BYTE charSet;
+  std::unique_ptr<FontFace> face;
+};
+
+// A configuration of our own, so that the host's is left alone. The library is closed after the faces.
+struct FaceCache {
+  Config config{FcInitLoadConfigAndFonts()};
+  Library library = OpenLibrary();
+  std::vector<FaceRow> rows;
+
+  const FontFace& Find(const LOGFONTA& font) {
+    const char* const end = std::find(font.lfFaceName, font.lfFaceName + LF_FACESIZE, '\0');
+    std::string name(font.lfFaceName, end);
+    for (const FaceRow& row : rows) {
+      if (row.charSet == font.lfCharSet && row.name == name) return *row.face;
+    }
+    if (rows.size() == mostFaces) rows.erase(rows.begin());
+    rows.push_back({std::move(name), font.lfCharSet, MakeFace(config.get(), library.get(), font)});
+    return *rows.back().face;
+  }
+};
+
+}  // namespace
+
+const FontFace& FaceOf(const LOGFONTA& font) {
+  static FaceCache cache;
+  return cache.Find(font);
+}
+
+}  // namespace hexlume

@@ -1,0 +1,106 @@
+// Opening, closing and giving up a metafile.
+#include "platform/portable/device_context.h"
+
+#include <memory>
+#include <new>
+
+namespace hexlume {
+
+namespace {
+
+EmfHeaderRecord HeaderOf(const DeviceContext& dc) {
+  EmfHeaderRecord header = {};
+  header.type = emrHeader;
+  header.size = sizeof header;
+  header.bounds = dc.bounds;
+  header.frame = dc.frame;
+  header.signature = emfSignature;
+  header.version = emfVersion;
+  header.handleCount = static_cast<uint16_t>(dc.handles.HandleCount());
+  header.devicePixels = referenceDevice.pixels;
+  header.deviceMillimetres = referenceDevice.millimetres;
+  header.deviceMicrometres = referenceDevice.micrometres;
+  return header;
+}
+
+// Hundredths of a millimetre of a device coordinate. The product wraps, as GDI's does.
+LONG FrameSide(LONG device, LONG pixels, LONG millimetres) {
+  const uint32_t product = static_cast<uint32_t>(device) * static_cast<uint32_t>(millimetres * 100);
+  return static_cast<LONG>(product) / pixels;
+}
+
+RECT FrameOfBounds(const RECT& bounds) {
+  const SIZE pixels = referenceDevice.pixels;
+  const SIZE millimetres = referenceDevice.millimetres;
+  return {FrameSide(bounds.left, pixels.cx, millimetres.cx), FrameSide(bounds.top, pixels.cy, millimetres.cy),
+          FrameSide(bounds.right, pixels.cx, millimetres.cx),
+          FrameSide(bounds.bottom, pixels.cy, millimetres.cy)};
+}
+
+void TakeOutOfList(HDC dc) {
+  DeviceContext** link = &newestContext;
+  while (*link != dc) link = &(*link)->older;
+  *link = dc->older;
+}
+
+std::unique_ptr<DeviceContext> NewContext(const RECT* frame) {
+  auto dc = std::make_unique<DeviceContext>();
+  dc->metafile = std::make_unique<HENHMETAFILE__>();
+  dc->frame = frame ? *frame : emptyBounds;
+  dc->writer.Append(HeaderOf(*dc));
+  dc->pen = GetStockObject(BLACK_PEN);
+  dc->brush = GetStockObject(WHITE_BRUSH);
+  dc->font = GetStockObject(SYSTEM_FONT);
+  for (const HGDIOBJ object : {dc->pen, dc->brush, dc->font}) ++object->selectedIn;
+  return dc;
+}
+
+}  // namespace
+
+}  // namespace hexlume
+
+using namespace hexlume;
+
+HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR description) {
+  if (reference || file || description) return nullptr;
+  try {
+    std::unique_ptr<DeviceContext> dc = NewContext(frame);
+    dc->older = newestContext;
+    return newestContext = dc.release();
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
+HENHMETAFILE CloseEnhMetaFile(HDC dc) {
+  if (!IsOpen(dc)) return nullptr;
+  TakeOutOfList(dc);
+  const std::unique_ptr<DeviceContext> closed(dc);
+  LeaveObjects(*dc);
+  SettleBounds(*dc);
+  if (dc->frame.right < dc->frame.left) dc->frame = FrameOfBounds(dc->bounds);
+  dc->metafile->bytes = dc->writer.Finish(HeaderOf(*dc));
+  return dc->metafile.release();
+}
+
+BOOL DeleteDC(HDC dc) {
+  if (!IsOpen(dc)) return 0;
+  TakeOutOfList(dc);
+  const std::unique_ptr<DeviceContext> closed(dc);
+  LeaveObjects(*dc);
+  return 1;
+}
+
+extern "C" UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t* buffer) {
+  if (!metafile) return 0;
+  const UINT needed = static_cast<UINT>(metafile->bytes.size);
+  if (!buffer) return needed;
+  if (size < needed) return 0;
+  metafile->bytes.CopyTo(buffer);
+  return needed;
+}
+
+extern "C" BOOL DeleteEnhMetaFile(HENHMETAFILE metafile) {
+  delete metafile;
+  return metafile != nullptr;
+}

@@ -1,0 +1,151 @@
+#include "platform/portable/region_data.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace hexlume {
+
+namespace {
+
+constexpr int64_t mostCombinedBoxes = 8 * static_cast<int64_t>(mostRegionBoxes);
+
+struct RowCounts {
+  int64_t count = 0;
+  int64_t longest = 0;  // in rectangles
+};
+
+RowCounts CountRows(const pixman_region32_t& region) {
+  RowCounts rows;
+  int count = 0;
+  const pixman_box32_t* const boxes = pixman_region32_rectangles(&region, &count);
+  for (int start = 0; start < count;) {
+    int end = start;
+    while (end < count && boxes[end].y1 == boxes[start].y1) ++end;
+    ++rows.count;
+    rows.longest = std::max<int64_t>(rows.longest, end - start);
+    start = end;
+  }
+  return rows;
+}
+
+// Each edge of a row can begin a row of the result, which has at most the rectangles of both and one more.
+bool CanCombine(const pixman_region32_t& first, const pixman_region32_t& second) {
+  const RowCounts a = CountRows(first);
+  const RowCounts b = CountRows(second);
+  return 2 * (a.count + b.count) * (a.longest + b.longest + 1) <= mostCombinedBoxes;
+}
+
+bool DoOverlap(const pixman_box32_t& a, const pixman_box32_t& b) {
+  return a.x1 < b.x2 && b.x1 < a.x2 && a.y1 < b.y2 && b.y1 < a.y2;
+}
+
+void Check(pixman_bool_t isDone) {
+  if (!isDone) throw std::bad_alloc();
+}
+
+}  // namespace
+
+RegionData::RegionData() noexcept {
+  pixman_region32_init(&region);
+}
+
+RegionData::RegionData(const RECT& box) noexcept {
+  pixman_box32_t rectangle = {box.left, box.top, box.right, box.bottom};
+  if (box.left < box.right && box.top < box.bottom) {
+    pixman_region32_init_with_extents(&region, &rectangle);
+  } else {
+    pixman_region32_init(&region);
+  }
+}
+
+RegionData::RegionData(const std::vector<pixman_box32_t>& boxes, Rows howRows) : rows(howRows) {
+  Check(pixman_region32_init_rects(&region, boxes.data(), static_cast<int>(boxes.size())));
+}
+
+RegionData::RegionData(const RegionData& other) : RegionData() {
+  if (!pixman_region32_copy(&region, &other.region)) {
+    pixman_region32_fini(&region);
+    throw std::bad_alloc();
+  }
+  rows = other.rows;
+}
+
+RegionData::RegionData(RegionData&& other) noexcept : RegionData() {
+  Swap(other);
+}
+
+RegionData& RegionData::operator=(RegionData other) noexcept {
+  Swap(other);
+  return *this;
+}
+
+RegionData::~RegionData() {
+  pixman_region32_fini(&region);
+}
+
+void RegionData::Swap(RegionData& other) noexcept {
+  std::swap(region, other.region);
+  std::swap(rows, other.rows);
+}
+
+// Where one of the two is the result, it is taken as it stands.
+bool RegionData::TakeUnchanged(const RegionData& first, const RegionData& second, int mode) {
+  const bool isFirst = (mode != RGN_AND && second.IsEmpty()) ||
+                       (mode == RGN_DIFF && !DoOverlap(first.region.extents, second.region.extents));
+  const bool isSecond = (mode == RGN_OR || mode == RGN_XOR) && first.IsEmpty();
+  if (isFirst) *this = first;
+  if (!isFirst && isSecond) *this = second;
+  return isFirst || isSecond;
+}
+
+bool RegionData::Combine(const RegionData& first, const RegionData& second, int mode) {
+  if (mode < RGN_AND || mode > RGN_DIFF) return false;
+  if (TakeUnchanged(first, second, mode)) return true;
+  if (!CanCombine(first.region, second.region)) return false;
+  RegionData result;
+  if (mode == RGN_AND) Check(pixman_region32_intersect(&result.region, &first.region, &second.region));
+  if (mode == RGN_OR) Check(pixman_region32_union(&result.region, &first.region, &second.region));
+  if (mode == RGN_DIFF) Check(pixman_region32_subtract(&result.region, &first.region, &second.region));
+  if (mode == RGN_XOR) {
+    RegionData common;
+    Check(pixman_region32_intersect(&common.region, &first.region, &second.region));
+    Check(pixman_region32_union(&result.region, &first.region, &second.region));
+    Check(pixman_region32_subtract(&result.region, &result.region, &common.region));
+  }
+  Swap(result);
+  return true;
+}
+
+int RegionData::Complexity() const {
+  const size_t count = BoxCount();
+  return count == 0 ? NULLREGION : count == 1 ? SIMPLEREGION : COMPLEXREGION;
+}
+
+RECT RegionData::Box() const {
+  if (IsEmpty()) return {0, 0, 0, 0};
+  const pixman_box32_t& extents = region.extents;
+  return {extents.x1, extents.y1, extents.x2, extents.y2};
+}
+
+// Rows that are apart are those of an ellipse, with one rectangle each.
+std::vector<pixman_box32_t> RegionData::Boxes() const {
+  int count = 0;
+  const pixman_box32_t* const joined = pixman_region32_rectangles(&region, &count);
+  if (rows == Rows::joined) return {joined, joined + count};
+  std::vector<pixman_box32_t> boxes;
+  boxes.reserve(BoxCount());
+  for (int i = 0; i < count; ++i) {
+    for (int32_t y = joined[i].y1; y < joined[i].y2; ++y)
+      boxes.push_back({joined[i].x1, y, joined[i].x2, y + 1});
+  }
+  return boxes;
+}
+
+size_t RegionData::BoxCount() const {
+  if (IsEmpty()) return 0;
+  if (rows == Rows::joined) return static_cast<size_t>(pixman_region32_n_rects(&region));
+  return static_cast<size_t>(region.extents.y2 - region.extents.y1);
+}
+
+}  // namespace hexlume

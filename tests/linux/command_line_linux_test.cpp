@@ -1,0 +1,115 @@
+// The tool as a user runs it: what only the native one has.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/tool_run.h"
+
+namespace hexlume {
+namespace {
+
+using CommandLineLinux = ToolRun;
+
+TEST_F(CommandLineLinux, help_names_the_options) {
+  const std::string help = RunScripted("--help").out;
+  for (const char* option :
+       {"--svg FILE", "--pdf FILE", "--scale N", "--hide-layer NAME", "--hide-line-type FAMILY"}) {
+    EXPECT_TRUE(Contains(help, option)) << option;
+  }
+}
+
+// Pictures.
+
+TEST_F(CommandLineLinux, a_png_tells_its_resolution) {
+  ExpectSuccess(RunScripted("--png plan.png plan.dxf"));
+  // 96 dots to an inch are 3779.5 to a metre; the last four bytes are the checksum that goes with 3780.
+  const std::string chunk("\0\0\0\x09pHYs\0\0\x0E\xC4\0\0\x0E\xC4\x01\x95\x2B\x0E\x1B", 21);
+  EXPECT_EQ(chunk, Contents("plan.png").substr(33, 21));
+}
+
+TEST_F(CommandLineLinux, an_svg_has_the_size_of_the_frame) {
+  ExpectSuccess(RunScripted("--svg plan.svg plan.dxf"));
+  const std::string svg = Contents("plan.svg");
+  EXPECT_TRUE(Contains(svg, "<svg ")) << svg.substr(0, 500);
+  EXPECT_TRUE(Contains(svg, "width=\"595.27"));   // 210 mm in points
+  EXPECT_TRUE(Contains(svg, "height=\"841.88"));  // 297 mm
+  EXPECT_TRUE(Contains(svg, "<path "));
+  EXPECT_FALSE(Exists("plan.emf"));
+}
+
+TEST_F(CommandLineLinux, a_pdf_has_the_size_of_the_frame) {
+  ExpectSuccess(RunScripted("--pdf plan.pdf plan.dxf"));
+  const std::string pdf = Contents("plan.pdf");
+  EXPECT_EQ(0u, pdf.find("%PDF-"));
+  EXPECT_TRUE(Contains(pdf, "0 0 595.27"));
+  EXPECT_TRUE(Contains(pdf, "%%EOF"));
+}
+
+TEST_F(CommandLineLinux, all_pictures_at_once) {
+  ExpectSuccess(RunScripted("--png a.png --svg a.svg --pdf a.pdf --dpi 30 plan.dxf a.emf"));
+  for (const char* file : {"a.png", "a.svg", "a.pdf", "a.emf"}) EXPECT_TRUE(Exists(file)) << file;
+}
+
+TEST_F(CommandLineLinux, pictures_of_strokes_need_a_frame_of_a_size_that_can_be) {
+  ExpectFailure(RunScripted("--svg plan.svg --view 5,0,5,100 plan.dxf"), 73,
+                "hexlume: plan.svg: can't be written: the metafile's frame is empty\n");
+  // 14400 points are 508000 hundredths.
+  ExpectSuccess(RunScripted("--pdf plan.pdf --view 0,0,508000,100 plan.dxf"));
+  ExpectFailure(
+      RunScripted("--pdf other.pdf --view 0,0,100,508001 plan.dxf"), 73,
+      "hexlume: other.pdf: can't be written: the picture would be larger than 14400 points (5080 mm) on "
+      "a side\n");
+  EXPECT_FALSE(Exists("other.pdf"));
+}
+
+TEST_F(CommandLineLinux, wrong_usage_of_pictures) {
+  ExpectWrongUsage("--svg a.svg --dpi 30 plan.dxf", "--dpi needs --png");
+  ExpectWrongUsage("-d . --pdf a.pdf a.dxf b.dxf", "--pdf takes a single drawing");
+  ExpectWrongUsage("--svg a --pdf ./A plan.dxf", "the output './A' is also a drawing or another output");
+}
+
+// Answers to the dialogs.
+
+TEST_F(CommandLineLinux, answers_reach_the_library) {
+  ExpectSuccess(
+      RunScripted("--dialogs --scale 50 --hide-layer 図面 --hide-layer a,b --hide-line-type solid "
+                  "--hide-line-type dotted --hide-line-type dashed --hide-line-type chain --hide-line-type "
+                  "double-chain plan.dxf"));
+  EXPECT_EQ(
+      "scale 50\nlayer \x90\x7D\x96\xCA\nlayer a,b\n"
+      "family 0\nfamily 2\nfamily 1\nfamily 3\nfamily 4\n",
+      Contents("answers.txt"));
+}
+
+TEST_F(CommandLineLinux, without_answers_the_user_changes_nothing) {
+  ExpectSuccess(RunScripted("--dialogs plan.dxf"));
+  EXPECT_EQ("scale 0\n", Contents("answers.txt"));
+}
+
+TEST_F(CommandLineLinux, the_scale_is_asked_for_by_any_dialog) {
+  ExpectSuccess(RunScripted("--dialogs=2 --scale 1000 plan.dxf"));
+  EXPECT_EQ("scale 1000\n", Contents("answers.txt"));
+}
+
+TEST_F(CommandLineLinux, answers_need_the_dialog_that_asks) {
+  ExpectWrongUsage("--scale 50 plan.dxf", "--scale needs --dialogs");
+  ExpectWrongUsage("--dialogs=0 --scale 50 plan.dxf", "--scale needs --dialogs");
+  ExpectWrongUsage("--hide-layer a plan.dxf", "--hide-layer needs --dialogs");
+  ExpectWrongUsage("--hide-line-type solid plan.dxf", "--hide-line-type needs --dialogs");
+  ExpectWrongUsage("--dialogs=2 --hide-layer a plan.dxf", "--hide-layer needs --dialogs");
+}
+
+TEST_F(CommandLineLinux, answers_that_cannot_be) {
+  ExpectWrongUsage("--dialogs --scale 0 plan.dxf", "--scale needs a whole number from 1 to 1000, not '0'");
+  ExpectWrongUsage("--dialogs --scale 1001 plan.dxf", "--scale needs a whole number");
+  ExpectWrongUsage("--dialogs --scale 1:50 plan.dxf", "--scale needs a whole number");
+  ExpectWrongUsage("--dialogs --hide-layer '' plan.dxf", "--hide-layer needs the name of a layer");
+  ExpectWrongUsage("--dialogs --hide-layer 😀 plan.dxf", "code page 932 can hold, not '😀'");
+  ExpectWrongUsage("--dialogs --hide-layer \"$(printf '\\377')\" plan.dxf",
+                   "--hide-layer needs a name in UTF-8");
+  ExpectWrongUsage("--dialogs --hide-line-type wavy plan.dxf",
+                   "--hide-line-type needs solid, dotted, dashed, chain or double-chain, not 'wavy'");
+}
+
+}  // namespace
+}  // namespace hexlume

@@ -1,0 +1,20 @@
+#include "support/run_command.h"
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+namespace hexlume {
+
+int RunCommand(const std::string& program, const std::string& arguments) {
+  const std::string command = "'" + program + "' " + arguments;
+  const int status = std::system(command.c_str());
+  // As a shell tells of a program that a signal ended.
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::string JapaneseName() {
+  return "\u56F3\u9762\u8868";
+}
+
+}  // namespace hexlume

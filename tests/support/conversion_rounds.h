@@ -1,0 +1,28 @@
+// Conversions of all kinds, over and over.
+#pragma once
+
+#include <string>
+
+#include "support/loaded_library.h"
+#include "support/text_drawing.h"
+
+namespace hexlume {
+
+class ConversionRounds {
+ public:
+  ConversionRounds();
+
+  // The rounds from first up to end. One of each kind in turn: all conversions, a cut view, the sheet's
+  // default answers, files that are missing or no drawing, and a fault that leaves. Metafiles that come out
+  // are deleted.
+  void Run(const LoadedLibrary& library, int32_t first, int32_t end) const;
+
+ private:
+  void ConvertOnce(const LoadedLibrary& library, int32_t round) const;
+
+  const TemporaryDrawing drawing;
+  const TemporaryFile garbage;
+  const std::string longPath;
+};
+
+}  // namespace hexlume

@@ -1,0 +1,201 @@
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "support/gdi_probe_calls.h"
+
+namespace hexlume {
+
+namespace {
+
+constexpr const char* gothic = "\x82\x6C\x82\x72\x20\x83\x53\x83\x56\x83\x62\x83\x4E";
+constexpr const char* mixedText = "AW.\x83\x4A\xB6\xDE\x88\x9F\x87\x40\xFB\x40";
+
+LOGFONTA Font(int height, int width, const char* face) {
+  LOGFONTA font = {};
+  font.lfHeight = height;
+  font.lfWidth = width;
+  font.lfCharSet = SHIFTJIS_CHARSET;
+  font.lfClipPrecision = 16;
+  std::memcpy(font.lfFaceName, face, std::min(std::strlen(face), sizeof font.lfFaceName - 1));
+  return font;
+}
+
+void Write(HDC dc, int x, int y, const char* text) {
+  TextOutA(dc, x, y, text, static_cast<int>(std::strlen(text)));
+}
+
+template <typename Draw>
+void WithFont(HDC dc, const LOGFONTA& font, Draw draw) {
+  const HFONT made = CreateFontIndirectA(&font);
+  const HGDIOBJ before = SelectObject(dc, made);
+  draw();
+  SelectObject(dc, before);
+  DeleteObject(made);
+}
+
+void AddMetrics(HDC dc, ProbeResults& results) {
+  TEXTMETRICA metrics = {};
+  results.push_back(GetTextMetricsA(dc, &metrics));
+  for (const long long value :
+       {metrics.tmHeight, metrics.tmAscent, metrics.tmDescent, metrics.tmInternalLeading,
+        metrics.tmExternalLeading, metrics.tmAveCharWidth, metrics.tmMaxCharWidth}) {
+    results.push_back(value);
+  }
+  results.push_back(metrics.tmPitchAndFamily);
+  results.push_back(metrics.tmCharSet);
+}
+
+void Heights(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (int height = 0; height <= 5100; height += height < 600 ? 1 : 25) {
+    WithFont(dc, Font(height, 0, gothic), [&] { AddMetrics(dc, results); });
+  }
+}
+
+void NegativeHeights(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (int height = -1; height >= -3000; height -= 59) {
+    WithFont(dc, Font(height, 0, ""), [&] { AddMetrics(dc, results); });
+  }
+}
+
+void LargeHeights(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (int height = 5075; height <= 150000; height += 5075) {
+    WithFont(dc, Font(height, 0, ""), [&] { AddMetrics(dc, results); });
+  }
+}
+
+void Widths(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (const int height : {30, 100, 250, 500, 1000, 2500}) {
+    for (const int width :
+         {-1000, -300, -20, 10, 26, 27, 39, 53, 100, 117, 200, 300, 333, 450, 777, 1500, 20000, 300000}) {
+      WithFont(dc, Font(height, width, gothic), [&] {
+        AddMetrics(dc, results);
+        Write(dc, 100, -500, mixedText);
+      });
+    }
+  }
+}
+
+void HeightsInText(HDC dc, ProbeResults& results) {
+  for (int height = -60; height <= 200; ++height) {
+    WithFont(dc, Font(height, 0, gothic), [&] {
+      AddMetrics(dc, results);
+      Write(dc, 10, 20, mixedText);
+    });
+  }
+}
+
+void Faces(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (const char* face : {gothic, "", "no such face", "Arial", "IPAGothic", "ipagothic", "IPAPGothic",
+                           "IPAMincho", "IPA\x83\x53\x83\x56\x83\x62\x83\x4E", "DejaVu Sans",
+                           "A face whose name is longer than what a font can hold"}) {
+    for (const int height : {100, 417, 1000, 2511}) {
+      WithFont(dc, Font(height, 0, face), [&] {
+        AddMetrics(dc, results);
+        Write(dc, 100, -500, mixedText);
+      });
+    }
+  }
+}
+
+void NoFont(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  AddMetrics(dc, results);
+  Write(dc, 100, -500, mixedText);
+}
+
+void Aligned(HDC dc, UINT align) {
+  SetTextAlign(dc, align);
+  for (const int extra : {0, 31, -30, -3000}) {
+    SetTextCharacterExtra(dc, extra);
+    Write(dc, 1000, -500, "AB\xB1");
+    Write(dc, -3000, 1500, "C");
+  }
+}
+
+void Alignments(HDC dc, ProbeResults&) {
+  SetMapMode(dc, MM_HIMETRIC);
+  WithFont(dc, Font(1000, 0, gothic), [&] {
+    for (UINT align = 0; align < 32; ++align) Aligned(dc, align);
+  });
+}
+
+void AlignmentsInText(HDC dc, ProbeResults&) {
+  WithFont(dc, Font(40, 0, gothic), [&] {
+    for (UINT align = 0; align < 32; ++align) Aligned(dc, align);
+  });
+}
+
+void TurnedText(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  SetTextAlign(dc, TA_BOTTOM);
+  for (const int escapement : {1, 300, 900, 1800, -900}) {
+    LOGFONTA font = Font(700, 0, gothic);
+    font.lfEscapement = escapement;
+    font.lfOrientation = 150;
+    font.lfItalic = 1;
+    WithFont(dc, font, [&] {
+      AddMetrics(dc, results);
+      Write(dc, 5000, -6000, mixedText);
+    });
+  }
+}
+
+void EmptyTexts(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  results.push_back(TextOutA(dc, 100, -500, "", 0));
+  results.push_back(TextOutA(dc, 300, -700, nullptr, 0));
+  results.push_back(TextOutA(dc, 1, 2, "x", -1));
+  results.push_back(TextOutA(nullptr, 1, 2, "x", 1));
+}
+
+void OddBytes(HDC dc, ProbeResults&) {
+  SetMapMode(dc, MM_HIMETRIC);
+  WithFont(dc, Font(500, 0, gothic), [&] {
+    Write(dc, 1, 2, "\x81");
+    Write(dc, 1, 2, "A\r\n\tB\x01");
+    Write(dc, 1, 2, "\xF0\x40\xFC\xFC\x80\xFF\xA0\x81");
+    TextOutA(dc, 1, 2, "A\0B\x81\0", 5);
+  });
+}
+
+void FixedPitchFont(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  const HFONT font = CreateFontA(350, 0, 0, 0, 1, 0, 0, 0, SHIFTJIS_CHARSET, 0, 0, 2, 49, nullptr);
+  const HGDIOBJ before = SelectObject(dc, font);
+  AddMetrics(dc, results);
+  Write(dc, 1000, -2000, mixedText);
+  SelectObject(dc, before);
+  results.push_back(DeleteObject(font));
+  results.push_back(CreateFontIndirectA(nullptr) == nullptr);
+}
+
+constexpr ProbeCalls textProbes[] = {
+    {"heights", Heights},
+    {"negative heights", NegativeHeights},
+    {"large heights", LargeHeights},
+    {"widths", Widths},
+    {"heights in text", HeightsInText},
+    {"faces", Faces},
+    {"no font", NoFont},
+    {"alignments", Alignments},
+    {"alignments in text", AlignmentsInText},
+    {"turned text", TurnedText},
+    {"empty texts", EmptyTexts},
+    {"odd bytes", OddBytes},
+    {"fixed pitch font", FixedPitchFont},
+};
+
+}  // namespace
+
+const std::vector<ProbeCalls>& TextProbes() {
+  static const std::vector<ProbeCalls> probes(std::begin(textProbes), std::end(textProbes));
+  return probes;
+}
+
+}  // namespace hexlume

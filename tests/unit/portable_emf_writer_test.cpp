@@ -1,0 +1,103 @@
+#include "platform/portable/emf_writer.h"
+
+#include "platform/portable/gdi_object.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <new>
+#include <numeric>
+#include <vector>
+
+namespace hexlume {
+namespace {
+
+EmfHeaderRecord Header() {
+  EmfHeaderRecord header = {};
+  header.type = emrHeader;
+  header.size = sizeof header;
+  return header;
+}
+
+std::vector<uint8_t> Copied(const EmfBytes& bytes) {
+  std::vector<uint8_t> copy(bytes.size);
+  bytes.CopyTo(copy.data());
+  return copy;
+}
+
+size_t UsedOf(const EmfBytes& bytes) {
+  size_t used = 0;
+  for (const EmfBytes::Piece& piece : bytes.pieces) used += piece.used;
+  return used;
+}
+
+TEST(EmfWriter, a_record_longer_than_a_piece_stays_whole) {
+  EmfWriter writer;
+  writer.Append(Header());
+  std::vector<uint8_t> tail(100000);
+  std::iota(tail.begin(), tail.end(), uint8_t{0});
+  const EmfModeRecord head = {emrSetMapMode, static_cast<uint32_t>(sizeof head + tail.size()), 1};
+  for (int i = 0; i < 3; ++i) writer.Append(&head, sizeof head, tail.data(), tail.size());
+  const EmfBytes bytes = writer.Finish(Header());
+  const std::vector<uint8_t> copy = Copied(bytes);
+  ASSERT_EQ(copy.size(), sizeof(EmfHeaderRecord) + 3 * (sizeof head + tail.size()) + sizeof(EmfEofRecord));
+  EXPECT_EQ(UsedOf(bytes), copy.size());
+  for (int i = 0; i < 3; ++i) {
+    const auto at = copy.begin() + sizeof(EmfHeaderRecord) + i * (sizeof head + tail.size()) + sizeof head;
+    EXPECT_TRUE(std::equal(tail.begin(), tail.end(), at)) << i;
+  }
+}
+
+// The length is looked at before the tail is, so there need be none of that length.
+TEST(EmfWriter, a_record_beyond_two_gigabytes_leaves_the_metafile_as_it_was) {
+  EmfWriter writer;
+  writer.Append(Header());
+  const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
+  writer.Append(head);
+  const volatile size_t tooLong = size_t{1} << 31;
+  EXPECT_THROW(writer.Append(&head, sizeof head, &head, tooLong), std::bad_alloc);
+  writer.Append(head);
+  const std::vector<uint8_t> copy = Copied(writer.Finish(Header()));
+  EXPECT_EQ(copy.size(), sizeof(EmfHeaderRecord) + 2 * sizeof head + sizeof(EmfEofRecord));
+}
+
+TEST(EmfHandleTable, the_lowest_free_index_is_the_next) {
+  GdiObject objects[3];
+  EmfHandleTable table;
+  for (uint32_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(table.NextIndex(), i + 1);
+    table.Take(i + 1, &objects[i]);
+  }
+  table.Free(3);
+  table.Free(1);
+  EXPECT_EQ(table.NextIndex(), 1u);
+  table.Take(1, &objects[0]);
+  EXPECT_EQ(table.NextIndex(), 3u);
+  EXPECT_EQ(table.HandleCount(), 4u);
+}
+
+TEST(EmfHandleTable, a_forgotten_index_is_nobodys) {
+  GdiObject object;
+  EmfHandleTable table;
+  table.Take(table.NextIndex(), &object);
+  table.Forget(1);
+  EXPECT_EQ(table.IndexOf(&object), 0u);
+  EXPECT_EQ(table.NextIndex(), 2u);
+}
+
+TEST(EmfHandleTable, an_object_known_to_another_table_too_is_found) {
+  GdiObject first;
+  GdiObject second;
+  EmfHandleTable table;
+  EmfHandleTable other;
+  table.Take(table.NextIndex(), &first);
+  table.Take(table.NextIndex(), &second);
+  other.Take(other.NextIndex(), &second);
+  EXPECT_EQ(table.IndexOf(&second), 2u);
+  EXPECT_EQ(other.IndexOf(&second), 1u);
+  EXPECT_EQ(other.IndexOf(&first), 0u);
+}
+
+}  // namespace
+}  // namespace hexlume

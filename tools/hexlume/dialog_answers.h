@@ -1,0 +1,20 @@
+// What the user answers beforehand to the dialogs, where these show no window. Elsewhere there is nothing to
+// answer.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace hexlume {
+
+struct DialogAnswers {
+  int32_t scale = 0;                      // N of 1:N; 0: the dialog's own choice
+  std::vector<std::string> hiddenLayers;  // in code page 932
+  std::vector<int32_t> hiddenFamilies;    // of line types
+};
+
+// Gives the answers to the library, for all conversions to come.
+void GiveDialogAnswers(const DialogAnswers& answers);
+
+}  // namespace hexlume

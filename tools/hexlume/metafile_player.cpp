@@ -1,0 +1,374 @@
+#include "tools/hexlume/metafile_player.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "tools/hexlume/emf_record.h"
+#include "tools/hexlume/player_state.h"
+#include "tools/hexlume/utf16.h"
+
+namespace hexlume {
+namespace {
+
+constexpr double pi = 3.14159265358979324;
+
+// Shapes that several records share.
+
+Point PointAt(const EmfRecord& record, size_t offset) {
+  return {static_cast<double>(record.Int(offset)), static_cast<double>(record.Int(offset + 4))};
+}
+
+Point Place(const PlayerState& state, Point logical) {
+  return state.mapping.FromLogical(logical.x, logical.y);
+}
+
+// The points of a record of many, from 16 or 32 bits a coordinate.
+std::vector<Point> PointsOf(const EmfRecord& record, const PlayerState& state, bool narrow) {
+  constexpr size_t first = 28;
+  const size_t count = record.UInt(24);
+  record.RequireItems(first, count, narrow ? 4 : 8);
+  std::vector<Point> points(count);
+  for (size_t i = 0; i < count; ++i) {
+    points[i] = narrow ? Point{static_cast<double>(record.Short(first + 4 * i)),
+                               static_cast<double>(record.Short(first + 4 * i + 2))}
+                       : PointAt(record, first + 8 * i);
+    points[i] = Place(state, points[i]);
+  }
+  return points;
+}
+
+struct Ellipse {
+  Point centre;
+  double radiusX, radiusY;
+};
+
+Ellipse EllipseAt(const EmfRecord& record, const PlayerState& state, size_t offset) {
+  const Point a = Place(state, PointAt(record, offset)), b = Place(state, PointAt(record, offset + 8));
+  return {{(a.x + b.x) / 2, (a.y + b.y) / 2}, std::fabs(b.x - a.x) / 2, std::fabs(b.y - a.y) / 2};
+}
+
+// Where the line from the centre to a point meets the ellipse, as the angle on a circle.
+double AngleOn(const Ellipse& ellipse, Point point) {
+  const double x = point.x - ellipse.centre.x, y = point.y - ellipse.centre.y;
+  return std::atan2(y * ellipse.radiusX, x * ellipse.radiusY);
+}
+
+// The records, in the order of the table below.
+
+void DrawBezier(PlayerState& state, const std::vector<Point>& points) {
+  if (points.size() < 4) return;
+  PlayerPath path(state.target.context);
+  path.MoveTo(points[0]);
+  for (size_t i = 1; i + 3 <= points.size(); i += 3) path.CurveTo(points[i], points[i + 1], points[i + 2]);
+  state.Stroke();
+}
+
+void PlayPolyBezier(const EmfRecord& record, PlayerState& state) {
+  DrawBezier(state, PointsOf(record, state, false));
+}
+
+void PlayPolyBezier16(const EmfRecord& record, PlayerState& state) {
+  DrawBezier(state, PointsOf(record, state, true));
+}
+
+void DrawPolygon(PlayerState& state, const std::vector<Point>& points) {
+  if (points.size() < 2) return;
+  PlayerPath path(state.target.context);
+  path.MoveTo(points[0]);
+  for (size_t i = 1; i < points.size(); ++i) path.LineTo(points[i]);
+  path.Close();
+  state.FillAndStroke();
+}
+
+void PlayPolygon(const EmfRecord& record, PlayerState& state) {
+  DrawPolygon(state, PointsOf(record, state, false));
+}
+
+void PlayPolygon16(const EmfRecord& record, PlayerState& state) {
+  DrawPolygon(state, PointsOf(record, state, true));
+}
+
+void PlaySetPixelV(const EmfRecord& record, PlayerState& state) {
+  const Point at = Place(state, PointAt(record, 8));
+  const double half = state.target.hairline / 2;
+  const Point middle = {state.mapping.InMiddle(at.x), state.mapping.InMiddle(at.y)};
+  SetColour(state.target.context, record.UInt(16));
+  cairo_new_path(state.target.context);
+  AddRectangle(state.target.context, {middle.x - half, middle.y - half}, {middle.x + half, middle.y + half});
+  cairo_fill(state.target.context);
+}
+
+void PlaySetMapMode(const EmfRecord& record, PlayerState& state) {
+  state.mapping.SetMode(record.UInt(8));
+}
+
+void PlaySetBkMode(const EmfRecord& record, PlayerState& state) {
+  constexpr uint32_t opaque = 2;
+  state.opaqueText = record.UInt(8) == opaque;
+}
+
+void PlaySetPolyFillMode(const EmfRecord& record, PlayerState& state) {
+  constexpr uint32_t winding = 2;
+  state.windingFill = record.UInt(8) == winding;
+}
+
+void PlaySetTextAlign(const EmfRecord& record, PlayerState& state) {
+  state.textAlign = record.UInt(8);
+}
+
+void PlaySetTextColor(const EmfRecord& record, PlayerState& state) {
+  state.textColour = record.UInt(8);
+}
+
+void PlayMoveToEx(const EmfRecord& record, PlayerState& state) {
+  state.current = PointAt(record, 8);
+}
+
+void PlaySelectObject(const EmfRecord& record, PlayerState& state) {
+  state.Select(record.UInt(8));
+}
+
+void PlayCreatePen(const EmfRecord& record, PlayerState& state) {
+  state.objects[record.UInt(8)] = PlayerPen{record.UInt(12), record.Int(16), record.UInt(24)};
+}
+
+void PlayCreateBrushIndirect(const EmfRecord& record, PlayerState& state) {
+  state.objects[record.UInt(8)] = PlayerBrush{record.UInt(12), record.UInt(16)};
+}
+
+void PlayDeleteObject(const EmfRecord& record, PlayerState& state) {
+  state.objects.erase(record.UInt(8));
+}
+
+// Its angles count as if Y grew downward, whichever way the mapping has it.
+void PlayAngleArc(const EmfRecord& record, PlayerState& state) {
+  const Point centre = PointAt(record, 8);
+  const double radius = record.UInt(16), start = record.Float(20);
+  double sweep = record.Float(24);
+  if (!std::isfinite(start) || !std::isfinite(sweep)) return;
+  // Further turns would only repeat the first.
+  if (std::fabs(sweep) > 360) sweep = std::copysign(360 + std::fmod(std::fabs(sweep), 360), sweep);
+  const double startAngle = std::fmod(start, 360) * pi / 180, turn = sweep * pi / 180;
+  const double end = startAngle + turn;
+  const double sense = state.mapping.IsUpward() ? 1 : -1;
+  PlayerPath path(state.target.context);
+  path.MoveTo(Place(state, state.current));
+  path.ArcTo(Place(state, centre), radius * state.mapping.UnitX(), radius * state.mapping.UnitY(),
+             sense * startAngle, sense * turn);
+  state.Stroke();
+  state.current = {centre.x + radius * std::cos(end), centre.y - radius * std::sin(end)};
+}
+
+void PlayEllipse(const EmfRecord& record, PlayerState& state) {
+  const Ellipse ellipse = EllipseAt(record, state, 8);
+  PlayerPath path(state.target.context);
+  path.ArcTo(ellipse.centre, ellipse.radiusX, ellipse.radiusY, 0, 2 * pi);
+  path.Close();
+  state.FillAndStroke();
+}
+
+// Its direction is that of the picture, whichever way the mapping has Y grow.
+void PlayArc(const EmfRecord& record, PlayerState& state) {
+  const Ellipse ellipse = EllipseAt(record, state, 8);
+  const double start = AngleOn(ellipse, Place(state, PointAt(record, 24)));
+  double sweep = AngleOn(ellipse, Place(state, PointAt(record, 32))) - start;
+  if (state.clockwiseArcs && sweep <= 0) sweep += 2 * pi;
+  if (!state.clockwiseArcs && sweep >= 0) sweep -= 2 * pi;
+  PlayerPath path(state.target.context);
+  path.ArcTo(ellipse.centre, ellipse.radiusX, ellipse.radiusY, start, sweep);
+  state.Stroke();
+}
+
+void PlayLineTo(const EmfRecord& record, PlayerState& state) {
+  const Point to = PointAt(record, 8);
+  state.StrokeLine(Place(state, state.current), Place(state, to));
+  state.current = to;
+}
+
+void PlaySetArcDirection(const EmfRecord& record, PlayerState& state) {
+  constexpr uint32_t clockwise = 2;
+  state.clockwiseArcs = record.UInt(8) == clockwise;
+}
+
+// A filled region is in logical units, a clip region in those of the device.
+void PlayFillRgn(const EmfRecord& record, PlayerState& state) {
+  const auto brush = state.objects.find(record.UInt(28));
+  const std::optional<PlayerObject> object =
+      brush != state.objects.end() ? brush->second : StockObject(record.UInt(28));
+  const auto rectangles = EmfRegionAt(record, 32, record.UInt(24));
+  const auto* const fill = object ? std::get_if<PlayerBrush>(&*object) : nullptr;
+  if (!fill || fill->style == PlayerBrush::null) return;
+  const PlayerMapping& mapping = state.mapping;
+  cairo_new_path(state.target.context);
+  for (const EmfRectangle& box : rectangles) {
+    AddRectangle(state.target.context, mapping.OnEdge(mapping.FromLogical(box.left, box.top)),
+                 mapping.OnEdge(mapping.FromLogical(box.right, box.bottom)));
+  }
+  SetColour(state.target.context, fill->colour);
+  cairo_set_fill_rule(state.target.context, CAIRO_FILL_RULE_WINDING);
+  cairo_fill(state.target.context);
+}
+
+void PlayExtSelectClipRgn(const EmfRecord& record, PlayerState& state) {
+  const uint32_t size = record.UInt(8), mode = record.UInt(12);
+  if (size != 0) {
+    state.clip.Combine(EmfRegionAt(record, 16, size), mode);
+  } else if (mode == PlayerClip::copy) {
+    state.clip.Clear();
+  }
+  state.clip.Apply(state.target.context, state.mapping);
+}
+
+std::string FaceName(const EmfRecord& record, size_t offset, size_t units) {
+  std::string name;
+  for (size_t i = 0; i < units; ++i) {
+    const uint32_t unit = record.UShort(offset + 2 * i);
+    if (unit == 0) break;
+    // No font's name holds a character beyond the first 65536.
+    if (!IsHighSurrogate(unit) && !IsLowSurrogate(unit)) AppendUtf8(name, unit);
+  }
+  return name;
+}
+
+void PlayExtCreateFontIndirectW(const EmfRecord& record, PlayerState& state) {
+  constexpr size_t faceOffset = 40, faceUnits = 32;
+  constexpr uint8_t shiftJis = 128;
+  record.RequireItems(faceOffset, faceUnits, 2);
+  PlayerFont font;
+  font.height = record.Int(12);
+  font.width = record.Int(16);
+  font.escapement = record.Int(20);
+  font.weight = record.Int(28);
+  font.italic = record.Byte(32) != 0;
+  font.underline = record.Byte(33) != 0;
+  font.strikeOut = record.Byte(34) != 0;
+  font.face = FaceName(record, faceOffset, faceUnits);
+  font.japanese = record.Byte(35) == shiftJis;
+  state.objects[record.UInt(8)] = font;
+}
+
+void AddAdvances(const EmfRecord& record, size_t offset, size_t count, std::vector<double>& advances) {
+  record.RequireItems(offset, count, 4);
+  for (size_t i = 0; i < count; ++i) advances[i] = record.Int(offset + 4 * i);
+}
+
+std::vector<TextCharacter> CharactersOf(const EmfRecord& record, size_t offset,
+                                        const std::vector<double>& advances) {
+  record.RequireItems(offset, advances.size(), 2);
+  std::vector<TextCharacter> characters;
+  characters.reserve(advances.size());
+  for (size_t i = 0; i < advances.size(); ++i) {
+    const uint32_t unit = record.UShort(offset + 2 * i);
+    const uint32_t before = i > 0 ? record.UShort(offset + 2 * (i - 1)) : 0;
+    if (IsLowSurrogate(unit) && IsHighSurrogate(before)) {
+      characters.back() = {JoinSurrogates(before, unit), characters.back().advance + advances[i]};
+    } else {
+      characters.push_back({unit, advances[i]});
+    }
+  }
+  return characters;
+}
+
+void PlayExtTextOutW(const EmfRecord& record, PlayerState& state) {
+  const Point reference = PointAt(record, 36);
+  const uint32_t count = record.UInt(44), offset = record.UInt(48), advancesOffset = record.UInt(72);
+  record.RequireItems(offset, count, 2);
+  std::vector<double> advances(count);
+  PlayerText text;
+  text.hasAdvances = advancesOffset != 0;
+  if (text.hasAdvances) AddAdvances(record, advancesOffset, count, advances);
+  text.characters = CharactersOf(record, offset, advances);
+  text.align = state.textAlign;
+  text.colour = state.textColour;
+  text.opaque = state.opaqueText;
+  // As with AngleArc, the angle counts as if Y grew downward.
+  const double escapement = state.font.escapement * pi / 1800;
+  state.textPainter.Paint(
+      state.target.context, state.font, text,
+      {Place(state, reference), state.mapping.IsUpward() ? escapement : -escapement, state.mapping.UnitX()});
+}
+
+struct Row {
+  RecordType type;
+  void (*play)(const EmfRecord& record, PlayerState& state);
+};
+
+constexpr Row rows[] = {
+    {RecordType::polyBezier, PlayPolyBezier},
+    {RecordType::polygon, PlayPolygon},
+    {RecordType::setPixelV, PlaySetPixelV},
+    {RecordType::setMapMode, PlaySetMapMode},
+    {RecordType::setBkMode, PlaySetBkMode},
+    {RecordType::setPolyFillMode, PlaySetPolyFillMode},
+    {RecordType::setTextAlign, PlaySetTextAlign},
+    {RecordType::setTextColor, PlaySetTextColor},
+    {RecordType::moveToEx, PlayMoveToEx},
+    {RecordType::selectObject, PlaySelectObject},
+    {RecordType::createPen, PlayCreatePen},
+    {RecordType::createBrushIndirect, PlayCreateBrushIndirect},
+    {RecordType::deleteObject, PlayDeleteObject},
+    {RecordType::angleArc, PlayAngleArc},
+    {RecordType::ellipse, PlayEllipse},
+    {RecordType::arc, PlayArc},
+    {RecordType::lineTo, PlayLineTo},
+    {RecordType::setArcDirection, PlaySetArcDirection},
+    {RecordType::fillRgn, PlayFillRgn},
+    {RecordType::extSelectClipRgn, PlayExtSelectClipRgn},
+    {RecordType::extCreateFontIndirectW, PlayExtCreateFontIndirectW},
+    {RecordType::extTextOutW, PlayExtTextOutW},
+    {RecordType::polyBezier16, PlayPolyBezier16},
+    {RecordType::polygon16, PlayPolygon16},
+};
+
+// False if the record's contents don't fit its size.
+bool PlayRecord(const EmfRecord& record, PlayerState& state) {
+  const auto row = std::find_if(std::begin(rows), std::end(rows),
+                                [&record](const Row& each) { return each.type == record.Type(); });
+  if (row == std::end(rows)) return true;
+  try {
+    row->play(record, state);
+    return true;
+  } catch (const MalformedRecord&) {
+    return false;
+  }
+}
+
+// The records behind the header. False if one of them is malformed.
+bool PlayRecords(const uint8_t* bytes, size_t size, size_t offset, PlayerState& state) {
+  for (bool sound = true;;) {
+    const EmfRecord record(bytes + offset, size - offset);
+    if (record.Type() == RecordType::eof) return sound;
+    if (!PlayRecord(record, state)) sound = false;
+    offset += record.Size();
+  }
+}
+
+}  // namespace
+
+bool ReadMetafileFrame(const uint8_t* bytes, size_t size, MetafileFrame& frame) {
+  try {
+    frame = MeasuresOf(EmfRecord(bytes, size)).frame;
+    return true;
+  } catch (const MalformedRecord&) {
+    return false;
+  }
+}
+
+bool PlayMetafile(const uint8_t* bytes, size_t size, const PlayerTarget& target) {
+  try {
+    const EmfRecord header(bytes, size);
+    const MetafileMeasures measures = MeasuresOf(header);
+    if (measures.frame.right <= measures.frame.left || measures.frame.bottom <= measures.frame.top)
+      return true;
+    cairo_save(target.context);
+    PlayerState state(measures, target);
+    const bool sound = PlayRecords(bytes, size, header.Size(), state);
+    cairo_restore(target.context);
+    return sound;
+  } catch (const MalformedRecord&) {
+    return false;
+  }
+}
+
+}  // namespace hexlume

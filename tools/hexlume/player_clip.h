@@ -1,0 +1,34 @@
+// The clip region of a metafile, in pixels of the device that it was recorded for.
+#pragma once
+
+#include <cairo.h>
+
+#include <memory>
+#include <vector>
+
+#include "tools/hexlume/emf_region.h"
+#include "tools/hexlume/player_mapping.h"
+
+namespace hexlume {
+
+// Appends a rectangle to the context's path.
+void AddRectangle(cairo_t* context, Point corner, Point opposite);
+
+class PlayerClip {
+ public:
+  enum Mode : uint32_t { intersect = 1, unite, exclusive, subtract, copy };
+
+  // Without a region, which only goes with copy, everything is drawn again.
+  void Clear() { region.reset(); }
+  void Combine(const std::vector<EmfRectangle>& rectangles, uint32_t mode);
+
+  void Apply(cairo_t* context, const PlayerMapping& mapping) const;
+
+ private:
+  struct FreeRegion {
+    void operator()(cairo_region_t* object) const { cairo_region_destroy(object); }
+  };
+  std::unique_ptr<cairo_region_t, FreeRegion> region;  // none: no clipping
+};
+
+}  // namespace hexlume

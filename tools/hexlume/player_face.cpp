@@ -1,0 +1,139 @@
+#include "tools/hexlume/player_face.h"
+
+#include <cairo-ft.h>
+#include <fontconfig/fontconfig.h>
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_TRUETYPE_TABLES_H
+
+#include <algorithm>
+
+namespace hexlume {
+namespace {
+
+// Japanese Gothics of fixed pitch, those preferred first.
+constexpr const char* gothicFamilies[] = {"IPAGothic", "Noto Sans Mono CJK JP", "VL Gothic", "TakaoGothic",
+                                          "IPAexGothic"};
+
+struct FreeObjectSet {
+  void operator()(FcObjectSet* set) const { FcObjectSetDestroy(set); }
+};
+struct FreeFontSet {
+  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+};
+struct FreePattern {
+  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, FreePattern>;
+
+void AddFamily(FcPattern* pattern, const char* family) {
+  FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+}
+
+void AddJapanese(FcPattern* pattern) {
+  FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja"));
+}
+
+// Whether the font's own face is there, with Japanese characters if it must have them.
+bool IsInstalled(const PlayerFont& font) {
+  if (font.face.empty()) return false;
+  const Pattern pattern(FcPatternCreate());
+  const std::unique_ptr<FcObjectSet, FreeObjectSet> file(
+      FcObjectSetBuild(FC_FILE, static_cast<const char*>(nullptr)));
+  if (!pattern || !file) return false;
+  AddFamily(pattern.get(), font.face.c_str());
+  if (font.japanese) AddJapanese(pattern.get());
+  const std::unique_ptr<FcFontSet, FreeFontSet> found(FcFontList(nullptr, pattern.get(), file.get()));
+  return found && found->nfont > 0;
+}
+
+// The library chooses in the same way, so that texts are as wide as it measured them.
+Pattern PatternOf(const PlayerFont& font) {
+  Pattern pattern(FcPatternCreate());
+  if (!pattern) return pattern;
+  if (IsInstalled(font)) {
+    AddFamily(pattern.get(), font.face.c_str());
+  } else {
+    for (const char* family : gothicFamilies) AddFamily(pattern.get(), family);
+    AddJapanese(pattern.get());
+    FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO);
+  }
+  FcPatternAddDouble(pattern.get(), FC_WEIGHT, FcWeightFromOpenTypeDouble(std::clamp(font.weight, 1, 1000)));
+  FcPatternAddInteger(pattern.get(), FC_SLANT, font.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+  FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+  FcDefaultSubstitute(pattern.get());
+  return pattern;
+}
+
+// The face of a scaled font, for as long as this lives.
+class LockedFace {
+ public:
+  explicit LockedFace(cairo_scaled_font_t* scaledFont)
+      : font(scaledFont), face(cairo_ft_scaled_font_lock_face(scaledFont)) {}
+  ~LockedFace() {
+    if (face) cairo_ft_scaled_font_unlock_face(font);
+  }
+  LockedFace(const LockedFace&) = delete;
+  LockedFace& operator=(const LockedFace&) = delete;
+
+  FT_Face Get() const { return face && face->units_per_EM > 0 ? face : nullptr; }
+
+ private:
+  cairo_scaled_font_t* font;
+  FT_Face face;
+};
+
+}  // namespace
+
+PlayerFace::PlayerFace(const PlayerFont& font) {
+  const Pattern wanted = PatternOf(font);
+  FcResult result = FcResultNoMatch;
+  const Pattern found(wanted ? FcFontMatch(nullptr, wanted.get(), &result) : nullptr);
+  if (!found) return;
+  face.reset(cairo_ft_font_face_create_for_pattern(found.get()));
+  const std::unique_ptr<cairo_font_options_t, void (*)(cairo_font_options_t*)> options(
+      cairo_font_options_create(), cairo_font_options_destroy);
+  cairo_matrix_t identity;
+  cairo_matrix_init_identity(&identity);
+  unit.reset(cairo_scaled_font_create(face.get(), &identity, &identity, options.get()));
+  if (cairo_scaled_font_status(unit.get()) != CAIRO_STATUS_SUCCESS) {
+    face.reset();
+    return;
+  }
+  Measure();
+}
+
+void PlayerFace::Measure() {
+  const LockedFace locked(unit.get());
+  const FT_Face ft = locked.Get();
+  if (!ft) {
+    face.reset();
+    return;
+  }
+  const double em = ft->units_per_EM;
+  ascent = ft->ascender / em;
+  descent = -ft->descender / em;
+  underlineDepth = -ft->underline_position / em;
+  lineThickness = ft->underline_thickness / em;
+  const auto* const windows = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(ft, FT_SFNT_OS2));
+  if (!windows) return;
+  // What GDI calls the cell.
+  if (windows->usWinAscent + windows->usWinDescent > 0) {
+    ascent = windows->usWinAscent / em;
+    descent = windows->usWinDescent / em;
+  }
+  if (windows->xAvgCharWidth > 0) averageWidth = windows->xAvgCharWidth / em;
+  strikeOutHeight = windows->yStrikeoutPosition / em;
+}
+
+FaceGlyph PlayerFace::Glyph(uint32_t codePoint) const {
+  const LockedFace locked(unit.get());
+  const FT_Face ft = locked.Get();
+  if (!ft) return {0, 0};
+  const FT_UInt index = FT_Get_Char_Index(ft, codePoint);
+  FT_Fixed advance = 0;
+  if (FT_Load_Glyph(ft, index, FT_LOAD_NO_SCALE) == 0) advance = ft->glyph->advance.x;
+  return {index, static_cast<double>(advance) / ft->units_per_EM};
+}
+
+}  // namespace hexlume

@@ -1,0 +1,86 @@
+// From a metafile's units to those of the context.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "tools/hexlume/emf_record.h"
+#include "tools/hexlume/metafile_player.h"
+#include "tools/hexlume/player_path.h"
+
+namespace hexlume {
+
+// What a metafile's header says of its measures.
+struct MetafileMeasures {
+  MetafileFrame frame;
+  // A pixel of the device that the metafile was recorded for, in hundredths of a millimetre.
+  double pixelWidth, pixelHeight;
+};
+
+inline MetafileMeasures MeasuresOf(const EmfRecord& header) {
+  constexpr uint32_t signature = 0x464D4520;
+  constexpr size_t shortestHeader = 88, frame = 24, device = 72, millimetres = 80;
+  if (header.Type() != RecordType::header || header.Size() < shortestHeader || header.UInt(40) != signature) {
+    throw MalformedRecord();
+  }
+  const auto pixel = [&header](size_t axis) {
+    const int32_t pixels = header.Int(device + axis), size = header.Int(millimetres + axis);
+    if (pixels <= 0 || size <= 0) throw MalformedRecord();
+    return 100.0 * size / pixels;
+  };
+  return {{header.Int(frame), header.Int(frame + 4), header.Int(frame + 8), header.Int(frame + 12)},
+          pixel(0),
+          pixel(4)};
+}
+
+class PlayerMapping {
+ public:
+  PlayerMapping(const MetafileMeasures& metafile, const PlayerTarget& target)
+      : measures(metafile),
+        scaleX(target.width / (static_cast<double>(metafile.frame.right) - metafile.frame.left)),
+        scaleY(target.height / (static_cast<double>(metafile.frame.bottom) - metafile.frame.top)),
+        hasPixels(target.hasPixels) {}
+
+  void SetMode(uint32_t mode) {
+    constexpr uint32_t text = 1, himetric = 3;
+    if (mode == text || mode == himetric) isHimetric = mode == himetric;
+  }
+
+  // Whether Y grows upward.
+  bool IsUpward() const { return isHimetric; }
+
+  Point FromLogical(double x, double y) const { return isHimetric ? FromSheet(x, -y) : FromDevice(x, y); }
+
+  // From pixels of the device that the metafile was recorded for.
+  Point FromDevice(double x, double y) const {
+    return FromSheet(x * measures.pixelWidth, y * measures.pixelHeight);
+  }
+
+  // The length of a logical unit.
+  double UnitX() const { return isHimetric ? scaleX : scaleX * measures.pixelWidth; }
+  double UnitY() const { return isHimetric ? scaleY : scaleY * measures.pixelHeight; }
+
+  // The length of a hundredth of a millimetre.
+  double SheetUnit() const { return scaleX; }
+
+  // The corner of a region.
+  Point OnEdge(Point point) const {
+    return hasPixels ? Point{std::round(point.x), std::round(point.y)} : point;
+  }
+
+  // The middle of the pixel that holds the coordinate.
+  double InMiddle(double coordinate) const { return hasPixels ? std::floor(coordinate) + 0.5 : coordinate; }
+
+ private:
+  Point FromSheet(double x, double y) const {
+    return {(x - measures.frame.left) * scaleX, (y - measures.frame.top) * scaleY};
+  }
+
+  MetafileMeasures measures;
+  double scaleX, scaleY;
+  bool hasPixels;
+  bool isHimetric = false;
+};
+
+}  // namespace hexlume
