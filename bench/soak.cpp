@@ -16,12 +16,15 @@ const char* const drawing =
     "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n62\n1\n10\n0\n20\n0\n11\n10\n21\n10\n"
     "0\nLINE\n8\nB\n10\n5\n20\n5\n11\n90\n21\n5\n0\nENDSEC\n0\nEOF\n";
 
-// Pages of memory in use.
-long ResidentPages() {
-  long size = 0;
-  long resident = 0;
-  std::ifstream("/proc/self/statm") >> size >> resident;
-  return resident;
+// Kilobytes of memory in use. The cheaper /proc/self/statm can lag behind.
+long ResidentKilobytes() {
+  std::ifstream rollup("/proc/self/smaps_rollup");
+  std::string word;
+  while (rollup >> word && word != "Rss:") {
+  }
+  long kilobytes = 0;
+  rollup >> kilobytes;
+  return kilobytes;
 }
 
 void Convert(const std::string& path, long round) {
@@ -44,10 +47,10 @@ int main(int argc, char** argv) {
   const std::string path = (std::filesystem::temp_directory_path() / "hexlume_soak.dxf").string();
   std::ofstream(path) << drawing;
   for (long round = 0; round < warmUp; ++round) Convert(path, round);
-  const long before = ResidentPages();
+  const long before = ResidentKilobytes();
   for (long round = warmUp; round < conversions; ++round) Convert(path, round);
-  const long after = ResidentPages();
+  const long after = ResidentKilobytes();
   std::filesystem::remove(path);
-  std::printf("%ld pages after %ld conversions, %ld after %ld\n", before, warmUp, after, conversions);
+  std::printf("%ld KB after %ld conversions, %ld KB after %ld\n", before, warmUp, after, conversions);
   return after > before ? 1 : 0;
 }

@@ -1,17 +1,18 @@
 /* Hexlume: turns an ASCII DXF drawing into an enhanced metafile.
  *
  * A host calls one of the conversions below with the path of a drawing and gets the handle of a memory metafile, which
- * it shows with PlayEnhMetaFile, prints, or saves with GetEnhMetaFileBits.
+ * it shows with PlayEnhMetaFile, prints, or saves with GetEnhMetaFileBits (on Linux the last alone).
  *
  * Units. Sheet measures are hundredths of a millimetre, from 0 at the sheet's left and top edge, growing to the right
  * and downward. The metafile's frame is the sheet, or the part of it that the host asked for.
  *
  * Arguments that all conversions share:
- *   path           the drawing's file name, in the ANSI code page of the process. The conversion that vzRotMetaMake
+ *   path           the drawing's file name, on Windows in the ANSI code page of the process. The conversion that vzRotMetaMake
  *                  repeats must have a path of at most 259 bytes.
  *   out            receives the metafile. The host owns it and gives it back with DeleteEnhMetaFile.
  *   showDialogs    0: no dialog. 1: the user chooses layers and line types and, for a drawing beyond A0, the scale.
- *                  Any other value: only the scale is asked for.
+ *                  Any other value: only the scale is asked for. Where there are no windows the answers are those of
+ *                  hexlume_answers.h.
  *   halfWidthFont  0: text is drawn in "MS Gothic" with full-width cells; otherwise in the system's own face with
  *                  half-width cells.
  *
@@ -29,7 +30,8 @@
  * conversions a fault leaves as an exception: 11 for a fault within the drawing, -1 for a text too long for its place (a
  * path of 260 bytes or more, say). Nothing stays open then and *out is as it was. On Windows it is an exception of the
  * system's own C++ compilers that carries the number as an int (code 0xE06D7363): catch (int) gets it in a host built
- * with them, structured handling in any host.
+ * with them, structured handling in any host. On Linux it is a C++ exception of type int; a host in C can't catch it and
+ * ends, and so calls vzMetaMake.
  *
  * Threads. The library keeps one record for the whole process and no lock: calls must not overlap. They may come from
  * different threads one after the other. Dialogs run modal on the thread of the call.
@@ -37,7 +39,7 @@
  * What stays between calls: the monochrome switch, the dialog font, and for vzRotMetaMake the last conversion's path,
  * selection, scale and font.
  *
- * All functions are cdecl, exported under the undecorated names below.
+ * All functions are exported under the undecorated names below, on Windows with the C calling convention (cdecl).
  */
 #ifndef HEXLUME_H
 #define HEXLUME_H

@@ -1,6 +1,6 @@
-// The part of GDI that the converters call, where there is no GDI: a device context that records an enhanced metafile, the
-// objects it draws with, regions and font metrics. Each function has its documented meaning, for the calls that are made;
-// what is left out of a function stands at its declaration.
+// The part of GDI that the converters call, where there is no GDI: a device context that records an enhanced
+// metafile, the objects it draws with, regions and font metrics. Each function has its documented meaning,
+// for the calls that are made; what is left out of a function stands at its declaration.
 #pragma once
 
 #include <hexlume_system.h>
@@ -138,7 +138,7 @@ struct TEXTMETRICA {
 // Metafiles. A metafile is always in memory, so file is NULL, and has no description.
 HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR description);
 extern "C" HENHMETAFILE CloseEnhMetaFile(HDC dc);  // exported, beside the two in hexlume_system.h
-BOOL DeleteDC(HDC dc);  // of a metafile's context: it is given up
+BOOL DeleteDC(HDC dc);                             // of a metafile's context: it is given up
 
 // The context.
 int SetMapMode(HDC dc, int mode);  // MM_TEXT and MM_HIMETRIC
