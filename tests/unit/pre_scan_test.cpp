@@ -92,7 +92,7 @@ TEST_F(PreScan, each_header_variable_is_stored_with_its_flag) {
 }
 
 TEST_F(PreScan, a_variable_that_is_not_there_leaves_its_flag_and_value_0) {
-  EXPECT_EQ(1, Scan(Header("9 $ACADVER\n1 AC1009\n")));
+  EXPECT_EQ(1, Scan(Header("9 $MENU\n1 .\n")));
   EXPECT_EQ(0, vars.dimScaleSet + vars.ltScaleSet + vars.limMaxSet + vars.limMinSet + vars.extMaxSet +
                    vars.extMinSet);
   EXPECT_EQ(0.0, vars.dimScale);
