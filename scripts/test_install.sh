@@ -23,7 +23,7 @@ if grep -rqI "$scratch/first" "$scratch/package"; then
 fi
 for header in hexlume hexlume_system hexlume_answers; do test -f "$scratch/package/include/$header.h"; done
 
-run cmake -S examples/host -B "$scratch/cmake" "-DCMAKE_PREFIX_PATH=$scratch/package" -DCMAKE_C_FLAGS="-Wall -Wextra -Werror"
+run cmake -G Ninja -S examples/host -B "$scratch/cmake" "-DCMAKE_PREFIX_PATH=$scratch/package" -DCMAKE_C_FLAGS="-Wall -Wextra -Werror"
 run cmake --build "$scratch/cmake"
 run "$scratch/cmake/host" examples/FIRST.dxf "$scratch/cmake.emf"
 
