@@ -25,6 +25,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/region_records.cpp
   src/platform/portable/regions.cpp
   src/platform/portable/shapes.cpp
+  src/platform/portable/stack_room.cpp
   src/platform/portable/strokes.cpp
   src/platform/portable/system_version.cpp
   src/platform/portable/text_out.cpp

@@ -49,10 +49,19 @@ void PenBezier(Canvas canvas, POINT* points, int32_t pointCount, int32_t centreX
 void FillQuad(Canvas canvas, POINT* points, int32_t centreX, int32_t centreY, COLORREF colour,
               int32_t penStyle, int32_t mirror);
 
-// Dashed strokes, walked dash by dash (dash_line.cpp). count elements of pattern: positive a dash, negative a
-// gap, in sheet hundredths.
+// Dashed strokes, walked dash by dash (dash_line.cpp, dash_arc.cpp, dash_ellipse.cpp). count elements of
+// pattern: positive a dash, negative a gap, in sheet hundredths.
 void DashLine(Canvas canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t centreX, int32_t centreY,
               int32_t penWidth, COLORREF colour, const double* pattern, int32_t count, int32_t mirror);
+// startAngle and sweep in degrees, negated like PenArc's.
+void DashArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, double startAngle, double sweep,
+             int32_t centreX, int32_t centreY, COLORREF colour, const double* pattern, int32_t count,
+             int32_t mirror);
+// (x, y) is the ellipse's centre, rx and ry are its semi-axes, signed. Both points 0, 0: the whole ellipse.
+void DashEllipse(Canvas canvas, int32_t x, int32_t y, int32_t left, int32_t top, int32_t right,
+                 int32_t bottom, int32_t xStart, int32_t yStart, int32_t xEnd, int32_t yEnd, int32_t rx,
+                 int32_t ry, int32_t centreX, int32_t centreY, COLORREF colour, const double* pattern,
+                 int32_t count, int32_t mirror);
 
 // Clipping (clip_segment.cpp). What is left of a segment; all four fields -1 where nothing is.
 struct ClippedSegment {

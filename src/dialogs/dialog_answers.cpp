@@ -18,7 +18,7 @@ DialogAnswers MakeAnswers(int32_t scaleDenominator, const char* const* hiddenLay
   DialogAnswers answers;
   if (scaleDenominator != 0) answers.scaleDenominator = std::clamp(scaleDenominator, 1, largestDenominator);
   for (int32_t i = 0; hiddenLayers && i < hiddenLayerCount; ++i)
-    if (hiddenLayers[i]) answers.hiddenLayers.emplace_back(hiddenLayers[i]);
+    if (hiddenLayers[i]) answers.hiddenLayers.emplace(hiddenLayers[i]);
   for (int32_t i = 0; hiddenFamilies && i < hiddenFamilyCount; ++i)
     answers.hiddenFamilies.push_back(hiddenFamilies[i]);
   return answers;

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -11,7 +13,7 @@ constexpr int32_t defaultDenominator = 100;
 
 struct DialogAnswers {
   int32_t scaleDenominator = defaultDenominator;
-  std::vector<std::string> hiddenLayers;
+  std::set<std::string, std::less<>> hiddenLayers;
   std::vector<int32_t> hiddenFamilies;
 };
 

@@ -13,17 +13,14 @@ namespace {
 // The families in the order of the sheet's rows.
 constexpr int32_t familyOfRow[] = {0, 2, 1, 3, 4};
 
-template <typename Value, typename Wanted>
-bool Contains(const std::vector<Value>& values, const Wanted& wanted) {
-  return std::find(values.begin(), values.end(), wanted) != values.end();
-}
-
 void AddExcludedLayer(const LayerNameEntry& layer) {
-  BoundedCopy(state.excludedLayers.emplace_back().name, layer.name);
+  ExcludedLayer excluded;
+  BoundedCopy(excluded.name, layer.name);
+  state.excludedLayers.Add(excluded);
 }
 
 bool IsUnticked(const LayerNameEntry& layer) {
-  return Contains(dialogAnswers.hiddenLayers, layer.name);
+  return dialogAnswers.hiddenLayers.count(layer.name) != 0;
 }
 
 // The page of the layers offers those that are shown. A layer that isn't offered counts twice: as not
@@ -45,8 +42,9 @@ void AnswerLayers() {
 
 void AnswerFamilies() {
   state.excludedLtypeCount = 0;
+  const auto& hidden = dialogAnswers.hiddenFamilies;
   for (const int32_t family : familyOfRow) {
-    if (!Contains(dialogAnswers.hiddenFamilies, family)) continue;
+    if (std::find(hidden.begin(), hidden.end(), family) == hidden.end()) continue;
     state.excludedLtypeCount += 1;
     state.excludedLtypes.push_back(family);
   }

@@ -31,6 +31,7 @@ void ResetConvState() {
   std::copy(std::begin(colours), std::end(colours), state.colorTable);
   state.rotated = 0;
   state.colorCount = 7;
+  state.blockSteps = 0;
 }
 
 void FreeTables() {
@@ -45,6 +46,8 @@ void FreeTables() {
   state.excludedLtypes = {};
   state.excludedLtypeCount = 0;
   state.ltypes = {};
+  state.dimStyles = {};
+  state.blocks = {};
 }
 
 COLORREF ColorAt(int32_t index) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "driver/named_table.h"
 #include "driver/numbers.h"
 #include "platform/gdi.h"
 
@@ -17,11 +18,14 @@ struct LayerNameEntry {
   int32_t shown;  // 1 to tick the layer in the selection sheet
 };
 
+constexpr int32_t ltypeCount = 13;    // slots of ltypes
+constexpr int32_t unnamedLtype = 12;  // the slot without a name: no record can define it
+
 // A layer as the drawing pass reads it.
 struct LayerEntry {
   char name[textSize];
   int32_t family;   // dash family 0..4
-  int32_t pattern;  // index into ltypes
+  int32_t pattern;  // index into ltypes, for a family other than 0
   int32_t color;    // index into colorTable; a negative value stands as read
   int32_t width;    // pen width in sheet hundredths
 };
@@ -33,6 +37,25 @@ struct LtypeEntry {
   int32_t elementCount;  // 2, 4 or 6
   int32_t defined;       // 1 if the drawing's table has this line type with so many elements
 };
+
+// A dimension style of the drawing.
+struct DimStyleEntry {
+  char name[textSize];
+  char arrowBlock[textSize];   // "_" and the name of the arrow's block, or empty
+  char arrowHandle[textSize];  // reference of the arrow's block, or empty
+  double dimScale;             // 1.0 unless told
+  double arrowSize;
+  double textHeight;  // times 100 and times the dimScale told in front of it
+};
+
+// A block of the drawing: its entities aren't kept, but read again from the file wherever it is inserted.
+struct BlockEntry {
+  char name[textSize];
+  char ownerHandle[textSize];
+  int32_t bodyOffset;  // place in the file behind the block's name, or noBody
+};
+
+constexpr int32_t noBody = -1;  // body of a block without a name, and of one that isn't there
 
 struct ExcludedLayer {
   char name[textSize];
@@ -61,9 +84,11 @@ struct ConvState {
 
   // Tables, with who frees them.
   std::vector<LayerNameEntry> layerNames;
-  std::vector<LayerEntry> layers;
-  std::vector<LtypeEntry> ltypes;  // 13 slots, or none
-  std::vector<ExcludedLayer> excludedLayers;
+  NamedTable<LayerEntry> layers;
+  std::vector<LtypeEntry> ltypes;  // ltypeCount slots, or none
+  std::vector<DimStyleEntry> dimStyles;
+  NamedTable<BlockEntry> blocks;
+  NamedTable<ExcludedLayer> excludedLayers;
   std::vector<int32_t> excludedLtypes;  // dash families 0..4
   int32_t layerCount;                   // of layerNames, then of layers
   int32_t excludedLayerCount;           // can exceed the names in excludedLayers: see LayerPage
@@ -90,6 +115,9 @@ struct ConvState {
   double insertScaleX, insertScaleY;
   double insertAngle;          // radians
   char insertLayer[textSize];  // replaces layer "0" within the block
+  int64_t blockSteps;          // groups that the walks over blocks have looked at in this conversion
+
+  HGDIOBJ leftPen;  // a pen that a converter has left on the canvas: see LeavePen
 };
 
 extern ConvState state;

@@ -40,7 +40,7 @@ void CHexlumeApp::ExitInstance() {
 }
 
 void CHexlumeApp::SaveSelection(const char* path, int32_t excludedLayerCount,
-                                const std::vector<ExcludedLayer>& excludedLayers, int32_t excludedLtypeCount,
+                                const NamedTable<ExcludedLayer>& excludedLayers, int32_t excludedLtypeCount,
                                 const std::vector<int32_t>& excludedLtypes, int32_t scale,
                                 int32_t halfWidthFont) {
   BoundedCopy(lastPath, path);
@@ -53,7 +53,7 @@ void CHexlumeApp::SaveSelection(const char* path, int32_t excludedLayerCount,
 }
 
 void CHexlumeApp::LoadSelection(const char*& pathOut, int32_t& excludedLayerCountOut,
-                                std::vector<ExcludedLayer>& excludedLayersOut, int32_t& excludedLtypeCountOut,
+                                NamedTable<ExcludedLayer>& excludedLayersOut, int32_t& excludedLtypeCountOut,
                                 std::vector<int32_t>& excludedLtypesOut, int32_t& scaleOut,
                                 int32_t& halfWidthFontOut) const {
   pathOut = lastPath;

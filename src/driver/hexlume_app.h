@@ -17,20 +17,20 @@ class CHexlumeApp {
   // Remembers a conversion for LoadSelection, with its excluded layers and dash families and its scale cut to
   // a whole number. A path of 260 bytes or more throws textTooLongCode, and what was remembered before stays.
   void SaveSelection(const char* path, int32_t excludedLayerCount,
-                     const std::vector<ExcludedLayer>& excludedLayers, int32_t excludedLtypeCount,
+                     const NamedTable<ExcludedLayer>& excludedLayers, int32_t excludedLtypeCount,
                      const std::vector<int32_t>& excludedLtypes, int32_t scale, int32_t halfWidthFont);
 
   // Gives out what was remembered: the lists as copies, but the path itself, which the next save overwrites.
   // A list with the count 0 stays as the caller has it.
   void LoadSelection(const char*& pathOut, int32_t& excludedLayerCountOut,
-                     std::vector<ExcludedLayer>& excludedLayersOut, int32_t& excludedLtypeCountOut,
+                     NamedTable<ExcludedLayer>& excludedLayersOut, int32_t& excludedLtypeCountOut,
                      std::vector<int32_t>& excludedLtypesOut, int32_t& scaleOut,
                      int32_t& halfWidthFontOut) const;
 
  private:
   char lastPath[260] = {};
   int32_t lastLayerCount = 0;
-  std::vector<ExcludedLayer> lastLayers;
+  NamedTable<ExcludedLayer> lastLayers;
   int32_t lastLtypeCount = 0;
   std::vector<int32_t> lastLtypes;
   int32_t lastScale = 0;

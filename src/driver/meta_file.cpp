@@ -1,5 +1,6 @@
 #include "driver/meta_file.h"
 
+#include "canvas/left_pen.h"
 #include "platform/reference_dc.h"
 
 namespace hexlume {
@@ -15,6 +16,7 @@ void BeginMetaFile(MetaFile& metaFile, const RECT& frame) {
 
 HENHMETAFILE EndMetaFile(MetaFile& metaFile) {
   const HENHMETAFILE handle = CloseEnhMetaFile(metaFile.canvas);
+  DeleteLeftPen();
   DeleteDC(metaFile.reference);
   metaFile.canvas = nullptr;
   metaFile.reference = nullptr;

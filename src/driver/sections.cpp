@@ -2,6 +2,8 @@
 
 #include "driver/group_reader.h"
 #include "entities/entity_dispatch.h"
+#include "tables/block_directory.h"
+#include "tables/table_section.h"
 
 namespace hexlume {
 
@@ -10,7 +12,7 @@ namespace {
 // A drawing that has layers, but told no table of them in front of its entities.
 void AddDefaultLayer() {
   if (state.layersOwned != 0 || state.layerCount == 0) return;
-  state.layers.push_back({"0", 0, 0, 0, 0});
+  state.layers.Add({"0", 0, unnamedLtype, 0, 0});
   state.layersOwned = 1;
 }
 
@@ -21,9 +23,16 @@ void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
   while (ReadGroup(stream)) {
     if (!AtGroup(0, "SECTION")) continue;
     if (!ReadGroup(stream)) return;
-    if (!AtGroup(2, "ENTITIES")) continue;  // any other section is passed over group by group
-    AddDefaultLayer();
-    DrawEntities(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
+    // In the order of the file: entities in front of the tables are drawn with what tables there are by then.
+    // Any other section is passed over group by group.
+    if (AtGroup(2, "TABLES")) {
+      ReadTables(stream, headerVars);
+    } else if (AtGroup(2, "BLOCKS")) {
+      ReadBlocks(stream);
+    } else if (AtGroup(2, "ENTITIES")) {
+      AddDefaultLayer();
+      DrawEntities(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
+    }
   }
 }
 

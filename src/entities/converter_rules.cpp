@@ -6,7 +6,7 @@
 
 namespace hexlume {
 
-const LtypeKeyword ltypeKeywords[13] = {
+const LtypeKeyword ltypeKeywords[ltypeCount] = {
     // keyword, family, slot
     {"DOT", 2, 0},         //
     {"DASH", 1, 1},        //
@@ -42,15 +42,11 @@ void ResolveLinetype(const char* value, LineStyle& style) {
 }
 
 bool IsLayerExcluded(const char* name) {
-  return std::any_of(state.excludedLayers.begin(), state.excludedLayers.end(),
-                     [name](const ExcludedLayer& layer) { return std::strcmp(layer.name, name) == 0; });
+  return state.excludedLayers.FindFirst(name) != nullptr;
 }
 
 const LayerEntry* FindLayer(const char* name) {
-  const auto found = std::find_if(state.layers.begin(), state.layers.end(), [name](const LayerEntry& layer) {
-    return std::strcmp(layer.name, name) == 0;
-  });
-  return found == state.layers.end() ? nullptr : &*found;
+  return state.layers.FindFirst(name);
 }
 
 bool ResolveLayer(const char* name, LineStyle& style, int32_t& color) {
@@ -74,6 +70,12 @@ int32_t ResolveColor(int32_t number) {
     index = (hue - 3) / 4 + 2;
   }
   return index == 2 || index >= 7 ? 0 : index;
+}
+
+Dashes DashesOf(const LineStyle& style) {
+  constexpr int32_t elementsOfFamily[] = {0, 2, 2, 4, 6};
+  if (style.family == 0 || !IsLtypeDefined(style.pattern)) return {nullptr, 0};
+  return {state.ltypes[static_cast<size_t>(style.pattern)].dashes, elementsOfFamily[style.family]};
 }
 
 bool LinetypeFilter(int32_t family) {

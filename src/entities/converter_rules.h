@@ -12,9 +12,15 @@ namespace hexlume {
 
 // How an entity's strokes are drawn, besides their colour: what its groups 6, 8 and 39 have told so far.
 struct LineStyle {
-  int32_t family = 0;   // dash family: 0 solid, 1 dash, 2 dot, 3 dash-dot, 4 dash-dot-dot
-  int32_t pattern = 0;  // index into ltypes, for a family other than 0
-  int32_t width = 0;    // pen width in sheet hundredths
+  int32_t family = 0;              // dash family: 0 solid, 1 dash, 2 dot, 3 dash-dot, 4 dash-dot-dot
+  int32_t pattern = unnamedLtype;  // index into ltypes, for a family other than 0
+  int32_t width = 0;               // pen width in sheet hundredths
+};
+
+// What a dash walker is given of a line type.
+struct Dashes {
+  const double* elements;  // sheet hundredths: positive a dash, negative a gap
+  int32_t count;           // 2, 4 or 6; 0 where the stroke is solid
 };
 
 // A keyword of line type names with the family and the slot of ltypes that it stands for.
@@ -25,10 +31,13 @@ struct LtypeKeyword {
 };
 
 // In the order of the tests: where several apply, the last one wins.
-extern const LtypeKeyword ltypeKeywords[13];
+extern const LtypeKeyword ltypeKeywords[ltypeCount];
 
 // Whether the drawing defines the line type of a slot of ltypes; the last keyword's never is.
 bool IsLtypeDefined(int32_t pattern);
+
+// The dashes of a style. A style can name a family without a record of the drawing's: it draws solid.
+Dashes DashesOf(const LineStyle& style);
 
 // Group 6: the line type that the value holds the keyword of.
 void ResolveLinetype(const char* value, LineStyle& style);

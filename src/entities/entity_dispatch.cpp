@@ -1,10 +1,13 @@
 #include "entities/entity_dispatch.h"
 
-#include <algorithm>
-#include <cstring>
-
+#include "composite/insert.h"
 #include "driver/group_reader.h"
+#include "entities/arc.h"
+#include "entities/circle.h"
+#include "entities/converter_table.h"
+#include "entities/ellipse.h"
 #include "entities/line.h"
+#include "entities/point.h"
 #include "platform/fault_guard.h"
 #include "platform/system_version.h"
 
@@ -23,23 +26,25 @@ struct EntityRun {
   int32_t halfWidthFont;
 };
 
-struct EntityConverter {
-  const char* keyword;
-  int32_t (*draw)(const EntityRun& run);
-};
-
-// In the order of the tests.
-const EntityConverter converters[] = {
-    {"LINE", [](const EntityRun& run) { return DrawLine(run.canvas, run.stream, run.view); }},
-};
-
-const EntityConverter* FindConverter() {
-  if (state.groupCode != 0) return nullptr;
-  const auto found = std::find_if(
-      std::begin(converters), std::end(converters),
-      [](const EntityConverter& row) { return std::strcmp(state.groupValue, row.keyword) == 0; });
-  return found == std::end(converters) ? nullptr : found;
+int32_t StartInsert(const EntityRun& run) {
+  state.insertAngle = 0.0;
+  state.insertScaleX = 1.0;
+  state.insertScaleY = 1.0;
+  return DrawInsert(run.headerVars, run.stream, run.canvas, run.view, run.wholeTextClip, run.wholeSheet,
+                    run.halfWidthFont);
 }
+
+const ConverterRow<EntityRun> converters[] = {
+    {"ARC",
+     [](const EntityRun& run) {
+       return DrawArc(run.stream, run.canvas, 0.0, 0.0, run.view, run.wholeSheet);
+     }},
+    {"CIRCLE", [](const EntityRun& run) { return DrawCircle(run.stream, run.canvas, 0.0, 0.0, run.view); }},
+    {"ELLIPSE", [](const EntityRun& run) { return DrawEllipse(run.canvas, run.stream, run.view); }},
+    {"LINE", [](const EntityRun& run) { return DrawLine(run.canvas, run.stream, run.view); }},
+    {"POINT", [](const EntityRun& run) { return DrawPoint(run.stream, run.canvas, run.headerVars); }},
+    {"INSERT", StartInsert},
+};
 
 void SetUpCanvas(Canvas canvas) {
   // That one system draws arcs the other way round until it is told.
@@ -52,7 +57,7 @@ void SetUpCanvas(Canvas canvas) {
 void WalkEntities(const EntityRun& run) {
   int32_t more = ReadGroup(run.stream);
   while (more && !AtGroup(0, "ENDSEC")) {
-    const EntityConverter* converter = FindConverter();
+    const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
     more = converter ? converter->draw(run) : ReadGroup(run.stream);
   }

@@ -14,17 +14,14 @@ namespace hexlume {
 
 namespace {
 
-constexpr int32_t elementsOfFamily[] = {0, 2, 2, 4, 6};
-
 void DrawStroke(Canvas canvas, const POINT& a, const POINT& b, const LineStyle& style, int32_t color) {
-  // A layer's style can name a family; its record is there as long as ltypes is.
-  if (style.family == 0 || static_cast<size_t>(style.pattern) >= state.ltypes.size())
+  const Dashes dashes = DashesOf(style);
+  if (dashes.count == 0)
     PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(color),
             state.rotated);
   else
     DashLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(color),
-             state.ltypes[static_cast<size_t>(style.pattern)].dashes, elementsOfFamily[style.family],
-             state.rotated);
+             dashes.elements, dashes.count, state.rotated);
 }
 
 }  // namespace

@@ -54,14 +54,14 @@ void ConverterTest::AddLayer(const char* name, const LineStyle& style, int32_t c
   layer.pattern = style.pattern;
   layer.width = style.width;
   layer.color = color;
-  state.layers.push_back(layer);
+  state.layers.Add(layer);
   state.layerCount = static_cast<int32_t>(state.layers.size());
 }
 
 void ConverterTest::ExcludeLayer(const char* name) {
   ExcludedLayer layer = {};
   BoundedCopy(layer.name, name);
-  state.excludedLayers.push_back(layer);
+  state.excludedLayers.Add(layer);
   state.excludedLayerCount = static_cast<int32_t>(state.excludedLayers.size());
 }
 
@@ -79,7 +79,7 @@ void ConverterTest::DefineLtypes(std::initializer_list<int32_t> slots) {
 }
 
 void ConverterTest::DefineLtype(int32_t slot, std::initializer_list<double> dashes) {
-  state.ltypes.resize(13);
+  state.ltypes.resize(ltypeCount);
   LtypeEntry& entry = state.ltypes.at(static_cast<size_t>(slot));
   std::copy(dashes.begin(), dashes.end(), entry.dashes);
   entry.defined = 1;

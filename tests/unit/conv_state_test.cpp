@@ -39,9 +39,12 @@ TEST_F(Record, a_reset_keeps_what_stays_between_calls) {
 
 TEST_F(Record, a_reset_empties_the_tables) {
   state.layerNames.emplace_back();
-  state.layers.emplace_back();
+  state.layers.Add({});
   state.ltypes.resize(13);
-  state.excludedLayers.emplace_back();
+  state.excludedLayers.Add({});
+  state.dimStyles.emplace_back();
+  state.blocks.Add({});
+  state.blockSteps = 1;
   state.excludedLtypes = {1};
   state.layerCount = state.excludedLayerCount = state.excludedLtypeCount = 1;
   state.layerNamesOwned = state.layersOwned = 1;
@@ -50,6 +53,9 @@ TEST_F(Record, a_reset_empties_the_tables) {
   EXPECT_TRUE(state.layers.empty());
   EXPECT_TRUE(state.ltypes.empty());
   EXPECT_TRUE(state.excludedLayers.empty());
+  EXPECT_TRUE(state.dimStyles.empty());
+  EXPECT_TRUE(state.blocks.empty());
+  EXPECT_EQ(0, state.blockSteps);
   EXPECT_TRUE(state.excludedLtypes.empty());
   EXPECT_EQ(0, state.layerCount + state.excludedLayerCount + state.excludedLtypeCount);
   EXPECT_EQ(0, state.layerNamesOwned + state.layersOwned);

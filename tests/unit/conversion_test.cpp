@@ -70,7 +70,8 @@ class ConversionTest : public testing::Test {
 
   bool NothingIsKept() const {
     return state.layerNames.empty() && state.layers.empty() && state.excludedLayers.empty() &&
-           state.excludedLtypes.empty() && state.ltypes.empty();
+           state.excludedLtypes.empty() && state.ltypes.empty() && state.dimStyles.empty() &&
+           state.blocks.empty();
   }
 
   HENHMETAFILE out = untouched;
@@ -81,8 +82,9 @@ class ConversionTest : public testing::Test {
 void Exclude(int32_t count, std::initializer_list<const char*> names) {
   state.excludedLayerCount = count;
   for (const char* name : names) {
-    ExcludedLayer& layer = state.excludedLayers.emplace_back();
+    ExcludedLayer layer = {};
     std::strcpy(layer.name, name);
+    state.excludedLayers.Add(layer);
   }
 }
 
@@ -353,7 +355,7 @@ TEST_F(ConversionTest, a_conversion_that_ends_with_2_has_saved_already) {
   EXPECT_EQ(HEXLUME_NOT_OPENED, Run(Export::whole, path, 1));
   const char* saved = nullptr;
   int32_t layerCount, ltypeCount, scale, font;
-  std::vector<ExcludedLayer> layers;
+  NamedTable<ExcludedLayer> layers;
   std::vector<int32_t> ltypes;
   theApp.LoadSelection(saved, layerCount, layers, ltypeCount, ltypes, scale, font);
   EXPECT_EQ(path, saved);

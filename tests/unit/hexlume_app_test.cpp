@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -15,20 +14,24 @@ namespace {
 struct Selection {
   const char* path = nullptr;
   int32_t layerCount = -1;
-  std::vector<ExcludedLayer> layers;
+  NamedTable<ExcludedLayer> layers;
   int32_t ltypeCount = -1;
   std::vector<int32_t> ltypes;
   int32_t scale = -1;
   int32_t halfWidthFont = -1;
 };
 
-std::vector<ExcludedLayer> Layers(const std::vector<std::string>& names) {
-  std::vector<ExcludedLayer> layers(names.size());
-  for (size_t i = 0; i < names.size(); ++i) BoundedCopy(layers[i].name, names[i].c_str());
+NamedTable<ExcludedLayer> Layers(const std::vector<std::string>& names) {
+  NamedTable<ExcludedLayer> layers;
+  for (const std::string& name : names) {
+    ExcludedLayer layer;
+    BoundedCopy(layer.name, name.c_str());
+    layers.Add(layer);
+  }
   return layers;
 }
 
-std::vector<std::string> Names(const std::vector<ExcludedLayer>& layers) {
+std::vector<std::string> Names(const NamedTable<ExcludedLayer>& layers) {
   std::vector<std::string> names;
   for (const ExcludedLayer& layer : layers) names.push_back(layer.name);
   return names;
@@ -154,16 +157,16 @@ TEST(HexlumeApp, a_count_above_the_number_of_names_is_kept) {
 
 TEST(HexlumeApp, the_lists_are_copies) {
   CHexlumeApp app;
-  std::vector<ExcludedLayer> layers = Layers({"WALL"});
+  NamedTable<ExcludedLayer> layers = Layers({"WALL"});
   Families ltypes = {2};
   app.SaveSelection("first.dxf", 1, layers, 1, ltypes, 1, 0);
-  std::strcpy(layers[0].name, "X");
+  layers = Layers({"X"});
   ltypes[0] = 0;
   Selection loaded = Load(app);
   EXPECT_EQ(Texts{"WALL"}, Names(loaded.layers));
   EXPECT_EQ(Families{2}, loaded.ltypes);
 
-  std::strcpy(loaded.layers[0].name, "Y");
+  loaded.layers = Layers({"Y"});
   loaded.ltypes.clear();
   EXPECT_EQ(Texts{"WALL"}, Names(Load(app).layers));
   EXPECT_EQ(Families{2}, Load(app).ltypes);

@@ -1,0 +1,28 @@
+// The walks over a block's body: one for the blocks that an INSERT plays back, one for those that are
+// inserted in a dimension's block. Whatever fails in them comes out as `throw faultCode`; so does a block
+// that contains itself, while there is still room on the stack.
+#pragma once
+
+#include <cstdint>
+
+#include "canvas/canvas.h"
+#include "driver/conv_state.h"
+#include "driver/text_stream.h"
+
+namespace hexlume {
+
+// Draws each entity of the block that has a converter in this scope, up to the block's end. bodyOffset is
+// that of a BlockEntry; with noBody nothing is drawn. The origin is the insertion point in model units times
+// 100, from which the block's scaled base point is subtracted here. Always 1.
+int32_t DrawBlockEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas, double blockOriginX,
+                          double blockOriginY, const HeaderVars& headerVars, int32_t insertColor,
+                          const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet,
+                          int32_t halfWidthFont, int32_t byBlockFlag);
+
+// The same in the scope of a dimension's inserted block. No base point is subtracted here. Always 1.
+int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas, double blockOriginX,
+                              double blockOriginY, const HeaderVars& headerVars, const ViewRect& view,
+                              int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
+                              int32_t insertColor);
+
+}  // namespace hexlume

@@ -1,0 +1,1 @@
+#include "entities/arc_rules.h"

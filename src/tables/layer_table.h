@@ -1,0 +1,17 @@
+// The layers of a drawing.
+#pragma once
+
+#include <cstdint>
+
+#include "driver/conv_state.h"
+#include "driver/text_stream.h"
+
+namespace hexlume {
+
+// Entered with the table's name in the buffer: fills layers. Returns the result of its last ReadGroup.
+int32_t ReadLayerTable(TextStream& stream);
+
+// Reads one record, up to the next group 0. Returns the result of its last ReadGroup.
+int32_t ReadLayerRecord(TextStream& stream, LayerEntry& layer);
+
+}  // namespace hexlume
