@@ -55,8 +55,11 @@ class Writer {
 
 const char* const layerNames[] = {"0", "A", "B", "\x8A\x4F\x8C\x60\x90\xFC", "\x92\x86\x90\x53\x90\xFC",
                                   "c", "A "};
-const char* const ltypeNames[] = {"CONTINUOUS", "DASHED",  "CENTER",  "PHANTOM2",
-                                  "BYLAYER",    "BYBLOCK", "ByBlock", "HIDDEN2"};
+const char* const ltypeNames[] = {
+    "CONTINUOUS", "Continuous", "CONTINUOS",      "DOT",     "DASHED",  "DASHED2",    "HIDDEN",
+    "hidden",     "DASHDOT",    "CENTER",         "CENTER2", "BORDER2", "DASHDOTDOT", "DIVIDE",
+    "PHANTOM",    "PHANTOM2",   "MY_DASHED_LINE", "BYLAYER", "BYBLOCK", "ByBlock",    "HIDDEN2"};
+const char* const blockNames[] = {"BOLT", "NUT", "*D1", "bolt", "\x83\x7B\x83\x8B\x83\x67"};
 const char* const otherEntities[] = {"VIEWPORT", "3DFACE", "WIPEOUT", "line", "LINE ", "IMAGE"};
 
 void WritePoint(Writer& writer, int32_t code, const std::string& x, const std::string& y) {
@@ -88,6 +91,10 @@ void WriteHeader(Writer& writer) {
     writer.Group(9, "$DIMSCALE");
     writer.Group(40, writer.Number(writer.Chance(10) ? -2.0 : 0.5, 3.0));
   }
+  if (writer.Chance(50)) {
+    writer.Group(9, "$PDMODE");
+    writer.Group(70, std::to_string(32 * writer.Below(4) + writer.Below(6)));
+  }
   if (writer.Chance(30)) {
     writer.Group(9, "$PDSIZE");
     writer.Group(40, writer.Number(-5.0, 5.0));
@@ -95,45 +102,170 @@ void WriteHeader(Writer& writer) {
   writer.Group(0, "ENDSEC");
 }
 
+// Now and then a pattern that is a dot, has a gap first, has elements too many or none, or is absurd.
+void WriteLtypes(Writer& writer) {
+  writer.Group(0, "TABLE");
+  writer.Group(2, "LTYPE");
+  for (uint32_t count = writer.Below(16); count > 0; --count) {
+    writer.Group(0, "LTYPE");
+    writer.Group(2, writer.OneOf(ltypeNames));
+    const uint32_t elements = 2 * (1 + writer.Below(3)) + (writer.Chance(10) ? 1 : 0);
+    writer.Group(73, std::to_string(elements));
+    const uint32_t written = writer.Chance(90) ? elements : writer.Below(10);
+    for (uint32_t i = 0; i < written; ++i) {
+      const bool gap = (i % 2 == 1) != writer.Chance(3);
+      if (writer.Chance(2)) {
+        writer.Group(49, writer.Coordinate());
+      } else if (!gap && writer.Chance(15)) {
+        writer.Group(49, writer.Number(0.0, writer.Chance(50) ? 0.0 : 0.02));
+      } else {
+        writer.Group(49, gap ? writer.Number(-9.0, -0.005) : writer.Number(0.1, 12.0));
+      }
+    }
+  }
+  writer.Group(0, "ENDTAB");
+}
+
 void WriteLayers(Writer& writer) {
+  writer.Group(0, "TABLE");
+  writer.Group(2, "LAYER");
+  for (uint32_t count = writer.Below(6); count > 0; --count) {
+    writer.Group(0, "LAYER");
+    writer.Group(2, writer.OneOf(layerNames));
+    if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(6)));
+    if (writer.Chance(90)) writer.Group(62, std::to_string(static_cast<int32_t>(writer.Below(300)) - 20));
+    writer.Group(6, writer.OneOf(ltypeNames));
+    if (writer.Chance(20)) writer.Group(290, std::to_string(writer.Below(2)));
+    if (writer.Chance(20)) writer.Group(370, std::to_string(static_cast<int32_t>(writer.Below(900)) - 3));
+  }
+  writer.Group(0, "ENDTAB");
+}
+
+void WriteTables(Writer& writer) {
   writer.Group(0, "SECTION");
   writer.Group(2, "TABLES");
-  if (!writer.Chance(3)) {
-    writer.Group(0, "TABLE");
-    writer.Group(2, "LAYER");
-    for (uint32_t count = writer.Below(6); count > 0; --count) {
-      writer.Group(0, "LAYER");
-      writer.Group(2, writer.OneOf(layerNames));
-      if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(6)));
-      if (writer.Chance(90)) writer.Group(62, std::to_string(static_cast<int32_t>(writer.Below(300)) - 20));
-      writer.Group(6, writer.OneOf(ltypeNames));
-      if (writer.Chance(20)) writer.Group(290, std::to_string(writer.Below(2)));
-    }
-    writer.Group(0, "ENDTAB");
-  }
+  if (!writer.Chance(20)) WriteLtypes(writer);
+  if (!writer.Chance(3)) WriteLayers(writer);
+  if (writer.Chance(3)) WriteLtypes(writer);
   writer.Group(0, "ENDSEC");
 }
 
-void WriteEntity(Writer& writer) {
-  writer.Group(0, writer.Chance(85) ? "LINE" : writer.OneOf(otherEntities));
+void WriteProperties(Writer& writer) {
   if (writer.Chance(80)) writer.Group(8, writer.OneOf(layerNames));
   if (writer.Chance(30)) writer.Group(6, writer.OneOf(ltypeNames));
   if (writer.Chance(50)) writer.Group(62, std::to_string(static_cast<int32_t>(writer.Below(270)) - 5));
   if (writer.Chance(20)) writer.Group(39, std::to_string(writer.Below(8000)));
+}
+
+void WriteLine(Writer& writer) {
   const std::string x = writer.Coordinate();
   const std::string y = writer.Coordinate();
   WritePoint(writer, 10, x, y);
   // Level, upright and slanted lines take different ways.
   WritePoint(writer, 11, writer.Chance(15) ? x : writer.Coordinate(),
              writer.Chance(15) ? y : writer.Coordinate());
+}
+
+void WriteRound(Writer& writer) {
+  WritePoint(writer, 10, writer.Coordinate(), writer.Coordinate());
+  if (!writer.Chance(3)) writer.Group(40, writer.Chance(3) ? writer.Coordinate() : writer.Number(0.0, 120.0));
+}
+
+void WriteArc(Writer& writer) {
+  WriteRound(writer);
+  for (const int32_t code : {50, 51})
+    if (!writer.Chance(3)) writer.Group(code, writer.Number(-10.0, 370.0));
+}
+
+void WriteEllipse(Writer& writer) {
+  WritePoint(writer, 10, writer.Coordinate(), writer.Coordinate());
+  const bool upright = writer.Chance(30);
+  WritePoint(writer, 11, upright ? "0.0" : writer.Number(-90.0, 90.0),
+             upright || writer.Chance(30) ? writer.Number(-90.0, 90.0) : "0.0");
+  if (!writer.Chance(3)) writer.Group(40, writer.Number(0.01, 1.0));
+  const bool whole = writer.Chance(50);
+  writer.Group(41, whole ? "0.0" : writer.Number(0.0, 6.3));
+  writer.Group(42, whole ? "6.283185307179586" : writer.Number(0.0, 6.3));
+}
+
+void WritePlace(Writer& writer) {
+  WritePoint(writer, 10, writer.Coordinate(), writer.Coordinate());
+}
+
+void WritePlayedBlock(Writer& writer, const char* block) {
+  writer.Group(2, block);
+  WritePlace(writer);
+  for (const int32_t code : {41, 42})
+    if (writer.Chance(50)) writer.Group(code, writer.Number(-0.5, 3.0));
+  if (writer.Chance(50)) writer.Group(50, writer.Number(-10.0, 370.0));
+  if (writer.Chance(10)) writer.Group(230, "-1.0");
+}
+
+void WriteInsert(Writer& writer) {
+  WritePlayedBlock(writer, writer.OneOf(blockNames));
+}
+
+struct EntityKind {
+  const char* name;
+  void (*write)(Writer& writer);
+};
+
+const EntityKind entityKinds[] = {
+    {"LINE", WriteLine},    {"LINE", WriteLine},       {"LINE", WriteLine},   {"ARC", WriteArc},
+    {"CIRCLE", WriteRound}, {"ELLIPSE", WriteEllipse}, {"POINT", WritePlace},
+};
+
+void WriteEntity(Writer& writer, const EntityKind& kind) {
+  writer.Group(0, writer.Chance(90) ? kind.name : writer.OneOf(otherEntities));
+  WriteProperties(writer);
+  kind.write(writer);
   if (writer.Chance(5)) writer.Group(8, writer.OneOf(layerNames));
-  if (writer.Chance(1)) writer.Group(1, std::string(200 + writer.Below(200), 'x'));
+}
+
+void WriteAnyEntity(Writer& writer) {
+  WriteEntity(writer, entityKinds[writer.Below(sizeof entityKinds / sizeof entityKinds[0])]);
+}
+
+// A block holds only blocks that stand in front of it: one within itself would be drawn as deep as the stack
+// goes, and that differs from build to build.
+void WriteBlocks(Writer& writer) {
+  writer.Group(0, "SECTION");
+  writer.Group(2, "BLOCKS");
+  constexpr uint32_t blockCount = sizeof blockNames / sizeof blockNames[0];
+  for (uint32_t block = 0; block < blockCount; ++block) {
+    if (writer.Chance(10)) continue;
+    writer.Group(0, "BLOCK");
+    if (writer.Chance(50)) writer.Group(330, "1F");
+    writer.Group(8, writer.OneOf(layerNames));
+    writer.Group(2, blockNames[block]);
+    WritePlace(writer);
+    if (writer.Chance(50)) writer.Group(3, blockNames[block]);
+    for (uint32_t count = writer.Below(8); count > 0; --count) {
+      if (block > 0 && writer.Chance(20)) {
+        writer.Group(0, "INSERT");
+        WriteProperties(writer);
+        WritePlayedBlock(writer, blockNames[writer.Below(block)]);
+      } else {
+        WriteAnyEntity(writer);
+      }
+    }
+    writer.Group(0, "ENDBLK");
+  }
+  writer.Group(0, "ENDSEC");
 }
 
 void WriteEntities(Writer& writer) {
   writer.Group(0, "SECTION");
   writer.Group(2, "ENTITIES");
-  for (uint32_t count = writer.Below(60); count > 0; --count) WriteEntity(writer);
+  for (uint32_t count = writer.Below(60); count > 0; --count) {
+    if (writer.Chance(15))
+      WriteEntity(writer, {"INSERT", WriteInsert});
+    else
+      WriteAnyEntity(writer);
+    // May bring the groups out of step; not within blocks, as one that misses its end could come to hold
+    // itself.
+    if (writer.Chance(1)) writer.Group(1, std::string(200 + writer.Below(200), 'x'));
+  }
   writer.Group(0, "ENDSEC");
 }
 
@@ -142,7 +274,8 @@ void WriteEntities(Writer& writer) {
 std::string RandomDrawing(uint32_t seed) {
   Writer writer(seed);
   if (writer.Chance(95)) WriteHeader(writer);
-  if (writer.Chance(90)) WriteLayers(writer);
+  if (writer.Chance(90)) WriteTables(writer);
+  if (writer.Chance(80)) WriteBlocks(writer);
   WriteEntities(writer);
   if (writer.Chance(10)) WriteEntities(writer);
   writer.Group(0, "EOF");
