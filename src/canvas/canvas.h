@@ -71,6 +71,9 @@ struct ClippedSegment {
 // Cuts a slanted segment with x1 < x2 to a view whose Y counts downward. Mind the order: both X, then both Y.
 ClippedSegment ClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2,
                            int32_t y1, int32_t y2);
+// The same for a dimension's inserted blocks, where all four fields are 0 if nothing is left.
+ClippedSegment DimClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1,
+                              int32_t x2, int32_t y1, int32_t y2);
 
 // Bulge arcs (bulge_arc.cpp): from a scope's first vertex to (x, y), model units times 100. Radius and centre
 // go to the scope's fields of the record; startAngle (that of (x, y), negated as AngleArc needs it) and sweep

@@ -6,17 +6,16 @@
 
 namespace hexlume {
 
-static constexpr ClippedSegment nothingLeft = {-1, -1, -1, -1};
-
-ClippedSegment ClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2,
-                           int32_t y1, int32_t y2) {
+// False if nothing of the segment is left.
+static bool Cut(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2, int32_t y1,
+                int32_t y2, ClippedSegment& result) {
   // y = x * slope + offset
   const double slope = static_cast<double>(WrapSub(y2, y1)) / WrapSub(x2, x1);
   const double offset = y2 - x2 * slope;
   const bool rising = slope > 0;
   const int32_t upperEdge = WrapNegate(top);
   const int32_t lowerEdge = WrapNegate(bottom);
-  ClippedSegment result = {x1, y1, x2, y2};
+  result = {x1, y1, x2, y2};
 
   if (x1 < left) {
     const int32_t y = Trunc(left * slope + offset);
@@ -26,27 +25,41 @@ ClippedSegment ClipSegment(int32_t left, int32_t top, int32_t right, int32_t bot
     } else if (rising) {
       // y isn't negated: on a normal sheet a rising segment from below the left edge is dropped, even if it
       // would come in through the lower edge.
-      if (y < top) return nothingLeft;
+      if (y < top) return false;
       // bottom isn't negated either.
       result.startX = Trunc((offset + bottom) / slope);
       result.startY = bottom;
-      if (result.startX > right) return nothingLeft;
+      if (result.startX > right) return false;
     } else {
       // Nor is y here: on a normal sheet nothing is dropped by this.
-      if (y > bottom) return nothingLeft;
+      if (y > bottom) return false;
       result.startX = Trunc((upperEdge - offset) / slope);
       result.startY = upperEdge;
-      if (result.startX > right) return nothingLeft;
+      if (result.startX > right) return false;
     }
   }
 
   // The end's y is computed anew even where the end stays, and can come out a unit off.
   if (x2 > right) result.endX = right;
   result.endY = Trunc(result.endX * slope + offset);
-  if (top <= WrapNegate(result.endY) && WrapNegate(result.endY) <= bottom) return result;
+  if (top <= WrapNegate(result.endY) && WrapNegate(result.endY) <= bottom) return true;
 
   result.endY = rising ? upperEdge : lowerEdge;
   result.endX = Trunc((result.endY - offset) / slope);
+  return true;
+}
+
+ClippedSegment ClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2,
+                           int32_t y1, int32_t y2) {
+  ClippedSegment result;
+  if (!Cut(left, top, right, bottom, x1, x2, y1, y2, result)) return {-1, -1, -1, -1};
+  return result;
+}
+
+ClippedSegment DimClipSegment(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1,
+                              int32_t x2, int32_t y1, int32_t y2) {
+  ClippedSegment result;
+  if (!Cut(left, top, right, bottom, x1, x2, y1, y2, result)) return {0, 0, 0, 0};
   return result;
 }
 

@@ -7,7 +7,11 @@
 #include "entities/converter_table.h"
 #include "entities/ellipse.h"
 #include "entities/line.h"
+#include "entities/lwpolyline.h"
 #include "entities/point.h"
+#include "entities/polyline.h"
+#include "entities/solid.h"
+#include "entities/spline.h"
 #include "platform/fault_guard.h"
 #include "platform/system_version.h"
 
@@ -34,6 +38,10 @@ int32_t StartInsert(const EntityRun& run) {
                     run.halfWidthFont);
 }
 
+int32_t StartSolid(const EntityRun& run) {
+  return DrawSolid(run.canvas, run.stream, 0.0, 0.0, run.view);
+}
+
 const ConverterRow<EntityRun> converters[] = {
     {"ARC",
      [](const EntityRun& run) {
@@ -43,6 +51,11 @@ const ConverterRow<EntityRun> converters[] = {
     {"ELLIPSE", [](const EntityRun& run) { return DrawEllipse(run.canvas, run.stream, run.view); }},
     {"LINE", [](const EntityRun& run) { return DrawLine(run.canvas, run.stream, run.view); }},
     {"POINT", [](const EntityRun& run) { return DrawPoint(run.stream, run.canvas, run.headerVars); }},
+    {"POLYLINE", [](const EntityRun& run) { return DrawPolyline(run.canvas, run.stream, run.view); }},
+    {"LWPOLYLINE", [](const EntityRun& run) { return DrawLwPolyline(run.canvas, run.stream, run.view); }},
+    {"SPLINE", [](const EntityRun& run) { return DrawSpline(run.canvas, run.stream); }},
+    {"TRACE", StartSolid},
+    {"SOLID", StartSolid},
     {"INSERT", StartInsert},
 };
 

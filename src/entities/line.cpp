@@ -9,22 +9,9 @@
 #include "driver/group_reader.h"
 #include "entities/block_rules.h"
 #include "entities/converter_rules.h"
+#include "entities/styled_strokes.h"
 
 namespace hexlume {
-
-namespace {
-
-void DrawStroke(Canvas canvas, const POINT& a, const POINT& b, const LineStyle& style, int32_t color) {
-  const Dashes dashes = DashesOf(style);
-  if (dashes.count == 0)
-    PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(color),
-            state.rotated);
-  else
-    DashLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(color),
-             dashes.elements, dashes.count, state.rotated);
-}
-
-}  // namespace
 
 int32_t DrawLine(Canvas canvas, TextStream& stream, const ViewRect& view) {
   LineStyle style;
@@ -52,7 +39,7 @@ int32_t DrawLine(Canvas canvas, TextStream& stream, const ViewRect& view) {
   POINT b = ModelToSheet(state.entX[1], state.entY[1]);
   if (!(state.entX[0] < state.entX[1])) std::swap(a, b);
   if (ViewReject(view, a, b)) return more;
-  DrawStroke(canvas, a, b, style, state.entColor);
+  DrawStyledLine(canvas, a, b, style, state.entColor);
   return more;
 }
 
@@ -84,7 +71,7 @@ int32_t DrawBlockLine(Canvas canvas, TextStream& stream, double blockOriginX, do
   POINT b = BlockTransform(state.blockX[1], state.blockY[1], blockOriginX, blockOriginY);
   if (a.x > b.x) std::swap(a, b);
   if (ViewReject(view, a, b)) return more;
-  DrawStroke(canvas, a, b, style, state.blockColor);
+  DrawStyledLine(canvas, a, b, style, state.blockColor);
   return more;
 }
 

@@ -1,0 +1,222 @@
+// POLYLINE: segment by segment in the order of the file. Nothing is held but the vertex before the one being
+// read. A segment's bulge stands at the vertex where it starts, so an arc waits for its end.
+#include "entities/polyline.h"
+
+#include "driver/group_reader.h"
+#include "entities/block_rules.h"
+#include "entities/converter_rules.h"
+#include "entities/polyline_segments.h"
+#include "entities/styled_strokes.h"
+
+namespace hexlume {
+
+namespace {
+
+constexpr int32_t closedFlag = 1;
+
+// How far the walk over the vertices has come.
+struct PolylineWalk {
+  double bulge = 0.0;      // of the vertex just read, until it is consumed
+  int32_t pendingArc = 0;  // 1 if the segment to the next vertex is an arc
+  double prevBulge = 0.0;  // that arc's bulge,
+  double prevX = 0.0;      // and the vertex where it starts
+  double prevY = 0.0;
+  double firstX = 0.0;
+  double firstY = 0.0;
+  POINT lastSheet = {};  // where the next line starts
+};
+
+// The vertex at hand becomes the start of the next segment.
+void MoveOn(PolylineWalk& walk, double x, double y) {
+  walk.lastSheet = ModelToSheet(x, y);
+  if (walk.bulge != 0.0) {
+    walk.pendingArc = 1;
+    walk.prevBulge = walk.bulge;
+    walk.prevX = x;
+    walk.prevY = y;
+  }
+  walk.bulge = 0.0;
+}
+
+void MoveOnFromArc(PolylineWalk& walk, double x, double y) {
+  if (walk.bulge == 0.0) {
+    walk.prevBulge = 0.0;
+    walk.pendingArc = 0;
+  }
+  MoveOn(walk, x, y);
+}
+
+// The line from the walk's last point to the next. False if it was rejected: the next line then starts where
+// this one did, and a bulge told for the rejected vertex stays for the one behind it.
+bool DrawSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, POINT next,
+                 const LineStyle& style, int32_t color) {
+  POINT last = walk.lastSheet;
+  if (BeyondOneEdge(view, last, next)) return false;
+  if (ClampSegment(view, last, next)) {
+    DrawStyledLine(canvas, last, next, style, color);
+    return true;
+  }
+  // A single coordinate of -1 drops the line, although it can be a true one.
+  const ClippedSegment cut = CutSegment(view, last, next);
+  if (cut.startX != -1 && cut.startY != -1 && cut.endX != -1 && cut.endY != -1)
+    DrawStyledLine(canvas, {cut.startX, cut.startY}, {cut.endX, cut.endY}, style, color);
+  return true;
+}
+
+// The arc to the vertex in entX[0], entY[0].
+void DrawArcSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, const LineStyle& style) {
+  double startAngle;
+  double sweep;
+  BulgeArcCentre(walk.prevBulge, walk.prevX, walk.prevY, &startAngle, &sweep);
+  DrawBulgeArc(canvas, view,
+               {walk.prevBulge, startAngle, sweep, state.entCentreX, state.entCentreY, state.entRadius},
+               ModelToSheet(walk.prevX, walk.prevY), ModelToSheet(state.entX[0], state.entY[0]), style,
+               state.entColor);
+}
+
+// The same in a block, to the vertex in blockX[0], blockY[0].
+void DrawBlockArcSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk,
+                         const LineStyle& style) {
+  double startAngle;
+  double sweep;
+  BlockBulgeArcCentre(walk.prevBulge, walk.prevX, walk.prevY, &startAngle, &sweep);
+  DrawBulgeArc(canvas, view,
+               {walk.prevBulge, startAngle, sweep, state.blockCentreX, state.blockCentreY, state.blockRadius},
+               ModelToSheet(walk.prevX, walk.prevY), ModelToSheet(state.blockX[0], state.blockY[0]), style,
+               state.blockColor);
+}
+
+// A VERTEX has neither line type nor layer of its own. One that tells no bulge leaves bulge as it is.
+int32_t ReadVertex(TextStream& stream, double& bulge) {
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 42: bulge = Atof(value); break;
+    }
+  }
+  return more;
+}
+
+int32_t ReadBlockVertex(TextStream& stream, double& bulge, double blockOriginX, double blockOriginY) {
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 42: bulge = Atof(value); break;
+    }
+  }
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  return more;
+}
+
+}  // namespace
+
+int32_t DrawPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) {
+  LineStyle style;
+  int32_t flags = 0;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveLinetype(value, style); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+      case 70: flags = Atoi(value); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.entColor);
+  style = WithoutWidth(style);
+  if (!more || !AtGroup(0, "VERTEX")) return more;
+
+  PolylineWalk walk;
+  more = ReadVertex(stream, walk.bulge);
+  walk.firstX = state.entX[0];
+  walk.firstY = state.entY[0];
+  MoveOn(walk, walk.firstX, walk.firstY);
+  // Not turned with the sheet: each segment sets a position of its own.
+  MoveToEx(canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
+  while (more && AtGroup(0, "VERTEX")) {
+    more = ReadVertex(stream, walk.bulge);
+    const double x = state.entX[0];
+    const double y = state.entY[0];
+    if (walk.pendingArc == 1) {
+      DrawArcSegment(canvas, view, walk, style);
+      MoveOnFromArc(walk, x, y);
+    } else if (DrawSegment(canvas, view, walk, ModelToSheet(x, y), style, state.entColor)) {
+      MoveOn(walk, x, y);
+    }
+  }
+  if ((flags & closedFlag) == 0) return more;
+
+  if (walk.prevBulge == 0.0) {
+    DrawSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.entColor);
+  } else {
+    state.entX[0] = walk.firstX;
+    state.entY[0] = walk.firstY;
+    DrawArcSegment(canvas, view, walk, style);
+  }
+  return more;
+}
+
+int32_t DrawBlockPolyline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
+                          int32_t insertColor, int32_t /*byBlockFlag*/, const ViewRect& view) {
+  LineStyle style;
+  int32_t inherit = 0;
+  int32_t flags = 0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveBlockLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        break;
+      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 70: flags = Atoi(value); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.blockColor);
+  style = WithoutWidth(style);
+  if (!more || !AtGroup(0, "VERTEX")) return more;
+
+  PolylineWalk walk;
+  more = ReadBlockVertex(stream, walk.bulge, blockOriginX, blockOriginY);
+  walk.firstX = state.blockX[0];
+  walk.firstY = state.blockY[0];
+  MoveOn(walk, walk.firstX, walk.firstY);
+  MoveToEx(canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
+  while (more && AtGroup(0, "VERTEX")) {
+    more = ReadBlockVertex(stream, walk.bulge, blockOriginX, blockOriginY);
+    const double x = state.blockX[0];
+    const double y = state.blockY[0];
+    if (walk.pendingArc == 1) {
+      DrawBlockArcSegment(canvas, view, walk, style);
+      MoveOnFromArc(walk, x, y);
+    } else if (DrawSegment(canvas, view, walk, ModelToSheet(x, y), style, state.blockColor)) {
+      MoveOn(walk, x, y);
+    }
+  }
+  if ((flags & closedFlag) == 0) return more;
+
+  if (walk.prevBulge == 0.0) {
+    DrawSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.blockColor);
+  } else {
+    state.blockX[0] = walk.firstX;
+    state.blockY[0] = walk.firstY;
+    DrawBlockArcSegment(canvas, view, walk, style);
+  }
+  return more;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,158 @@
+// SPLINE: one PolyBezier. Every spline is taken for cubic, open and unweighted. Its points are those of the
+// sheet from the start, so that the knots are inserted on whole units.
+#include "entities/spline.h"
+
+#include "driver/group_reader.h"
+#include "entities/block_rules.h"
+#include "entities/converter_rules.h"
+#include "entities/knot_insertion.h"
+
+namespace hexlume {
+
+namespace {
+
+// What a spline's groups have told so far.
+struct SplineGroups {
+  std::vector<POINT> control, fit;
+  std::vector<double> knots;
+  int32_t controlCount = 0;
+  int32_t fitCount = 0;
+  size_t pointIndex = 0;  // next free place, of the control points and then of the fit points
+  bool firstFit = true;   // until a fit point has been told
+};
+
+// The place at hand, or null beyond the bound.
+POINT* PlaceAt(std::vector<POINT>& points, size_t index) {
+  if (index >= static_cast<size_t>(maxSplinePoints)) return nullptr;
+  if (index >= points.size()) points.resize(index + 1);
+  return &points[index];
+}
+
+void SetX(std::vector<POINT>& points, size_t index, double x) {
+  if (POINT* point = PlaceAt(points, index)) point->x = ModelToSheet(x, 0.0).x;
+}
+
+void SetY(std::vector<POINT>& points, size_t index, double y) {
+  if (POINT* point = PlaceAt(points, index)) point->y = ModelToSheet(0.0, y).y;
+}
+
+// The fit points take the places from the first one again.
+void StartFit(SplineGroups& spline) {
+  if (spline.firstFit) spline.pointIndex = 0;
+  spline.firstFit = false;
+}
+
+void AddKnot(SplineGroups& spline, double knot) {
+  if (spline.knots.size() <= static_cast<size_t>(maxSplinePoints)) spline.knots.push_back(knot);
+}
+
+bool ExceedsBound(const SplineGroups& spline) {
+  constexpr auto bound = static_cast<size_t>(maxSplinePoints);
+  return spline.pointIndex > bound || spline.knots.size() > bound || spline.controlCount > maxSplinePoints ||
+         spline.fitCount > maxSplinePoints;
+}
+
+// Fit points alone: straight spans, each a curve whose handles lie on its ends.
+std::vector<POINT> StraightSpans(const SplineGroups& spline) {
+  const size_t count = spline.fitCount != 0 ? static_cast<size_t>(spline.fitCount) : spline.pointIndex;
+  std::vector<POINT> points;
+  if (count > static_cast<size_t>(maxSplinePoints) / 3) return points;
+  for (size_t i = 0; i < count; ++i) {
+    const POINT start = ElementAt(spline.fit, i);
+    points.push_back(start);
+    points.push_back(start);
+    points.push_back(i + 1 < count ? ElementAt(spline.fit, i + 1) : start);
+  }
+  points.push_back(count > 0 ? ElementAt(spline.fit, count - 1) : POINT{});
+  return points;
+}
+
+// The points of the curves; none where the bound is exceeded.
+std::vector<POINT> BezierPoints(const SplineGroups& spline) {
+  if (ExceedsBound(spline) || spline.controlCount < 0 || spline.fitCount < 0) return {};
+  if (spline.controlCount == 0) return StraightSpans(spline);
+  std::vector<POINT> points;
+  if (!InsertKnots(spline.control, spline.knots, spline.controlCount, maxSplinePoints, points)) return {};
+  if (spline.fitCount == 0) return points;
+  // Each curve ends in a fit point exactly.
+  for (size_t i = 0; i < points.size(); i += 3) points[i] = ElementAt(spline.fit, i / 3);
+  return points;
+}
+
+}  // namespace
+
+int32_t DrawSpline(Canvas canvas, TextStream& stream) {
+  LineStyle style;
+  SplineGroups spline;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveLinetype(value, style); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: SetX(spline.control, spline.pointIndex, Atof(value) * 100.0); break;
+      case 11:
+        StartFit(spline);
+        SetX(spline.fit, spline.pointIndex, Atof(value) * 100.0);
+        break;
+      case 20: SetY(spline.control, spline.pointIndex++, Atof(value) * 100.0); break;
+      case 21: SetY(spline.fit, spline.pointIndex++, Atof(value) * 100.0); break;
+      case 40: AddKnot(spline, Atof(value)); break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+      case 73: spline.controlCount = Atoi(value); break;
+      case 74: spline.fitCount = Atoi(value); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.entColor);
+
+  std::vector<POINT> points = BezierPoints(spline);
+  if (points.empty()) return more;
+  PenBezier(canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY,
+            style.width, ColorAt(state.entColor), style.family, state.rotated);
+  return more;
+}
+
+int32_t DrawBlockSpline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
+                        int32_t insertColor, int32_t /*byBlockFlag*/) {
+  LineStyle style;
+  SplineGroups spline;
+  int32_t inherit = 0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveBlockLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        break;
+      // Scaled and moved, but not turned.
+      case 10: SetX(spline.control, spline.pointIndex, BlockX(Atof(value), blockOriginX)); break;
+      case 11:
+        StartFit(spline);
+        SetX(spline.fit, spline.pointIndex, BlockX(Atof(value), blockOriginX));
+        break;
+      case 20: SetY(spline.control, spline.pointIndex++, BlockY(Atof(value), blockOriginY)); break;
+      case 21: SetY(spline.fit, spline.pointIndex++, BlockY(Atof(value), blockOriginY)); break;
+      case 40: AddKnot(spline, Atof(value)); break;
+      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 73: spline.controlCount = Atoi(value); break;
+      case 74: spline.fitCount = Atoi(value); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.blockColor);
+
+  std::vector<POINT> points = BezierPoints(spline);
+  if (points.empty()) return more;
+  // As thin as the pen goes, whatever the layer's width.
+  PenBezier(canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY, 0,
+            ColorAt(state.blockColor), style.family, state.rotated);
+  return more;
+}
+
+}  // namespace hexlume
