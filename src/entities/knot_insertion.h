@@ -1,6 +1,7 @@
 // How a cubic B-spline becomes the Bezier curves that GDI knows.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
