@@ -7,7 +7,11 @@
 #include "entities/converter_table.h"
 #include "entities/ellipse.h"
 #include "entities/line.h"
+#include "entities/lwpolyline.h"
 #include "entities/point.h"
+#include "entities/polyline.h"
+#include "entities/solid.h"
+#include "entities/spline.h"
 #include "platform/fault_guard.h"
 #include "platform/stack_room.h"
 
@@ -29,6 +33,10 @@ struct BlockRun {
   int32_t halfWidthFont;
   int32_t byBlockFlag;  // of blocks alone
 };
+
+int32_t StartBlockSolid(const BlockRun& run) {
+  return DrawBlockSolid(run.canvas, run.stream, run.originX, run.originY, run.insertColor, run.view);
+}
 
 const ConverterRow<BlockRun> blockConverters[] = {
     {"ARC",
@@ -55,12 +63,33 @@ const ConverterRow<BlockRun> blockConverters[] = {
        return DrawBlockPoint(run.stream, run.canvas, run.headerVars, run.originX, run.originY,
                              run.insertColor);
      }},
+    {"POLYLINE",
+     [](const BlockRun& run) {
+       return DrawBlockPolyline(run.canvas, run.stream, run.originX, run.originY, run.insertColor,
+                                run.byBlockFlag, run.view);
+     }},
+    {"LWPOLYLINE",
+     [](const BlockRun& run) {
+       return DrawBlockLwPolyline(run.canvas, run.stream, run.originX, run.originY, run.insertColor,
+                                  run.byBlockFlag, run.view);
+     }},
+    {"SPLINE",
+     [](const BlockRun& run) {
+       return DrawBlockSpline(run.canvas, run.stream, run.originX, run.originY, run.insertColor,
+                              run.byBlockFlag);
+     }},
+    {"TRACE", StartBlockSolid},
+    {"SOLID", StartBlockSolid},
     {"INSERT",
      [](const BlockRun& run) {
        return DrawBlockInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
                               run.wholeTextClip, run.wholeSheet, run.halfWidthFont, run.byBlockFlag);
      }},
 };
+
+int32_t StartDimInsertSolid(const BlockRun& run) {
+  return DrawDimInsertSolid(run.canvas, run.stream, run.originX, run.originY, run.view, run.insertColor);
+}
 
 const ConverterRow<BlockRun> dimInsertConverters[] = {
     {"LINE",
@@ -77,6 +106,13 @@ const ConverterRow<BlockRun> dimInsertConverters[] = {
      [](const BlockRun& run) {
        return DrawDimInsertCircle(run.stream, run.canvas, run.originX, run.originY, run.view,
                                   run.insertColor);
+     }},
+    {"TRACE", StartDimInsertSolid},
+    {"SOLID", StartDimInsertSolid},
+    {"LWPOLYLINE",
+     [](const BlockRun& run) {
+       return DrawDimInsertLwPolyline(run.stream, run.canvas, run.originX, run.originY, run.view,
+                                      run.insertColor);
      }},
     {"INSERT",
      [](const BlockRun& run) {
