@@ -16,7 +16,7 @@ namespace {
 
 constexpr size_t cornerCount = 4;
 
-bool LieInView(const ViewRect& view, const POINT (&corners)[cornerCount]) {
+bool AllLieInView(const ViewRect& view, const POINT (&corners)[cornerCount]) {
   return std::all_of(std::begin(corners), std::end(corners),
                      [&view](const POINT& corner) { return LiesInView(view, corner); });
 }
@@ -52,7 +52,7 @@ int32_t DrawSolid(Canvas canvas, TextStream& stream, double offsetX, double offs
   POINT corners[cornerCount] = {
       ModelToSheet(state.entX[0], state.entY[0]), ModelToSheet(state.entX[1], state.entY[1]),
       ModelToSheet(state.entX[3], state.entY[3]), ModelToSheet(state.entX[2], state.entY[2])};
-  if (!LieInView(view, corners)) return more;
+  if (!AllLieInView(view, corners)) return more;
   FillQuad(canvas, corners, state.centreX, state.centreY, ColorAt(state.entColor), style.family,
            state.rotated);
   return more;
@@ -89,7 +89,7 @@ int32_t DrawBlockSolid(Canvas canvas, TextStream& stream, double blockOriginX, d
                                 BlockTransform(state.blockX[1], state.blockY[1], blockOriginX, blockOriginY),
                                 BlockTransform(state.blockX[3], state.blockY[3], blockOriginX, blockOriginY),
                                 BlockTransform(state.blockX[2], state.blockY[2], blockOriginX, blockOriginY)};
-  if (!LieInView(view, corners)) return more;
+  if (!AllLieInView(view, corners)) return more;
   // Not turned with the sheet: it stays where it is on the upright one.
   FillQuad(canvas, corners, state.centreX, state.centreY, ColorAt(state.blockColor), style.family, 0);
   return more;
@@ -126,7 +126,7 @@ int32_t DrawDimInsertSolid(Canvas canvas, TextStream& stream, double blockOrigin
   POINT corners[cornerCount] = {
       ModelToSheet(state.dimX[0], state.dimY[0]), ModelToSheet(state.dimX[1], state.dimY[1]),
       ModelToSheet(state.dimX[3], state.dimY[3]), ModelToSheet(state.dimX[2], state.dimY[2])};
-  if (!LieInView(view, corners)) return more;
+  if (!AllLieInView(view, corners)) return more;
   FillQuad(canvas, corners, state.centreX, state.centreY, ColorAt(state.dimColor), style.family,
            state.rotated);
   return more;

@@ -2,6 +2,9 @@
 // sheet from the start, so that the knots are inserted on whole units.
 #include "entities/spline.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "driver/group_reader.h"
 #include "entities/block_rules.h"
 #include "entities/converter_rules.h"
@@ -21,19 +24,21 @@ struct SplineGroups {
   bool firstFit = true;   // until a fit point has been told
 };
 
-// The place at hand, or null beyond the bound.
-POINT* PlaceAt(std::vector<POINT>& points, size_t index) {
-  if (index >= static_cast<size_t>(maxSplinePoints)) return nullptr;
-  if (index >= points.size()) points.resize(index + 1);
-  return &points[index];
+constexpr auto bound = static_cast<size_t>(maxSplinePoints);
+
+// All places beyond the bound fall on the first of them: that it was written is enough to know.
+POINT& PointAt(std::vector<POINT>& points, size_t place) {
+  place = std::min(place, bound);
+  if (place >= points.size()) points.resize(place + 1);
+  return points[place];
 }
 
-void SetX(std::vector<POINT>& points, size_t index, double x) {
-  if (POINT* point = PlaceAt(points, index)) point->x = ModelToSheet(x, 0.0).x;
+void SetX(std::vector<POINT>& points, size_t place, double x) {
+  PointAt(points, place).x = ModelToSheet(x, 0.0).x;
 }
 
-void SetY(std::vector<POINT>& points, size_t index, double y) {
-  if (POINT* point = PlaceAt(points, index)) point->y = ModelToSheet(0.0, y).y;
+void SetY(std::vector<POINT>& points, size_t place, double y) {
+  PointAt(points, place).y = ModelToSheet(0.0, y).y;
 }
 
 // The fit points take the places from the first one again.
@@ -43,38 +48,38 @@ void StartFit(SplineGroups& spline) {
 }
 
 void AddKnot(SplineGroups& spline, double knot) {
-  if (spline.knots.size() <= static_cast<size_t>(maxSplinePoints)) spline.knots.push_back(knot);
+  if (spline.knots.size() <= bound) spline.knots.push_back(knot);
 }
 
 bool ExceedsBound(const SplineGroups& spline) {
-  constexpr auto bound = static_cast<size_t>(maxSplinePoints);
-  return spline.pointIndex > bound || spline.knots.size() > bound || spline.controlCount > maxSplinePoints ||
-         spline.fitCount > maxSplinePoints;
+  return spline.control.size() > bound || spline.fit.size() > bound || spline.knots.size() > bound;
 }
 
-// Fit points alone: straight spans, each a curve whose handles lie on its ends.
+// Without control points: straight spans from fit point to fit point, each a curve whose handles lie on its
+// ends. As many as are told, or else as have been read, the control points' number if there are no others.
 std::vector<POINT> StraightSpans(const SplineGroups& spline) {
+  if (spline.fitCount < 0) return {};
   const size_t count = spline.fitCount != 0 ? static_cast<size_t>(spline.fitCount) : spline.pointIndex;
+  if (count > (bound - 1) / 3) return {};
   std::vector<POINT> points;
-  if (count > static_cast<size_t>(maxSplinePoints) / 3) return points;
   for (size_t i = 0; i < count; ++i) {
     const POINT start = ElementAt(spline.fit, i);
     points.push_back(start);
     points.push_back(start);
     points.push_back(i + 1 < count ? ElementAt(spline.fit, i + 1) : start);
   }
-  points.push_back(count > 0 ? ElementAt(spline.fit, count - 1) : POINT{});
+  points.push_back(count > 0 ? points.back() : POINT{});
   return points;
 }
 
-// The points of the curves; none where the bound is exceeded.
+// The points of the curves; none for a count that makes no sense and where the bound is exceeded.
 std::vector<POINT> BezierPoints(const SplineGroups& spline) {
-  if (ExceedsBound(spline) || spline.controlCount < 0 || spline.fitCount < 0) return {};
+  if (ExceedsBound(spline) || spline.controlCount < 0) return {};
   if (spline.controlCount == 0) return StraightSpans(spline);
   std::vector<POINT> points;
   if (!InsertKnots(spline.control, spline.knots, spline.controlCount, maxSplinePoints, points)) return {};
   if (spline.fitCount == 0) return points;
-  // Each curve ends in a fit point exactly.
+  // Each curve ends in a fit point exactly, however many there are.
   for (size_t i = 0; i < points.size(); i += 3) points[i] = ElementAt(spline.fit, i / 3);
   return points;
 }
