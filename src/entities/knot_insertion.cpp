@@ -90,7 +90,7 @@ bool InsertKnots(const std::vector<POINT>& control, const std::vector<double>& k
       ++i;
       continue;
     }
-    if (points.count > maxCount - 2) return false;
+    if (points.count > maxCount) return false;
     // How often the file itself has the knot isn't looked at: its fourth copy is inserted anew.
     knots.Duplicate(i);
     InsertPoint(points, knots, i, knot);

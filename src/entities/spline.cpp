@@ -58,9 +58,8 @@ bool ExceedsBound(const SplineGroups& spline) {
 // Without control points: straight spans from fit point to fit point, each a curve whose handles lie on its
 // ends. As many as are told, or else as have been read, the control points' number if there are no others.
 std::vector<POINT> StraightSpans(const SplineGroups& spline) {
-  if (spline.fitCount < 0) return {};
   const size_t count = spline.fitCount != 0 ? static_cast<size_t>(spline.fitCount) : spline.pointIndex;
-  if (count > (bound - 1) / 3) return {};
+  if (count > (bound - 1) / 3) return {};  // a negative one too
   std::vector<POINT> points;
   for (size_t i = 0; i < count; ++i) {
     const POINT start = ElementAt(spline.fit, i);
