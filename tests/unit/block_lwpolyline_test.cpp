@@ -430,6 +430,8 @@ TEST_F(BlockLwPolylineArcTest, the_last_bulge_is_dropped_unless_the_polyline_is_
             Draw("70 1\n" + Vertex(20, 50) + Vertex(20, 70, 1)));
   EXPECT_EQ(2000.0, state.blockX[0]);
   EXPECT_EQ(5000.0, state.blockY[0]);
+  EXPECT_EQ(Move(3000, -5000) + Stroke(black, 3000, -5000, 1000, -5000) + InPen(black, below),
+            Draw("70 1\n" + Vertex(30, 50) + Vertex(10, 50, 1)));
 }
 
 TEST_F(BlockLwPolylineArcTest, the_closing_arc_ends_at_the_first_vertex_as_it_lies_turned) {
@@ -489,6 +491,21 @@ TEST_F(BlockLwPolylineTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has)
   EXPECT_EQ(Move(1000, -1000), DrawText("0 LWPOLYLINE\n" + Vertex(10, 90) + "10 17\n"));
   state.blockY[0] = 5000.0;
   EXPECT_EQ(Move(1000, -5000), DrawText("0 LWPOLYLINE\n10 10\n"));
+}
+
+TEST_F(BlockLwPolylineTest, a_file_that_ends_between_a_code_and_its_value_tells_no_coordinate) {
+  const auto drawCut = [this](const std::string& groups, const char* code) {
+    const std::string bytes = DrawingBytes(groups) + code + "\n";
+    TextStream cut;
+    cut.complete = true;
+    cut.bytes.assign(bytes.begin(), bytes.end());
+    return DrawStream(std::move(cut));
+  };
+  state.blockX[0] = 3000.0;
+  state.blockY[0] = 9000.0;
+  EXPECT_EQ(Move(3000, -1000), drawCut("0 LWPOLYLINE\n62 5\n", "10"));
+  EXPECT_EQ(Move(1000, -1000), drawCut("0 LWPOLYLINE\n10 10\n", "20"));
+  EXPECT_EQ(Move(1000, -9000), drawCut("0 LWPOLYLINE\n10 10\n20 10\n10 50\n", "20"));
 }
 
 TEST_F(BlockLwPolylineTest, cut_off_anywhere_it_ends) {

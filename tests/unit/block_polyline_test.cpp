@@ -438,6 +438,8 @@ TEST_F(BlockPolylineArcTest, a_closed_polyline_with_a_bulge_on_its_last_vertex_e
             Draw("70 1\n", Vertex(20, 50) + Vertex(20, 70, 1)));
   EXPECT_EQ(2000.0, state.blockX[0]);
   EXPECT_EQ(5000.0, state.blockY[0]);
+  EXPECT_EQ(Start(3000, -5000) + Stroke(black, 3000, -5000, 1000, -5000) + InPen(black, below),
+            Draw("70 1\n", Vertex(30, 50) + Vertex(10, 50, 1)));
 }
 
 TEST_F(BlockPolylineArcTest, the_closing_arc_ends_at_the_first_vertex_as_it_lies_turned) {

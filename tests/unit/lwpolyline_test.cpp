@@ -450,6 +450,8 @@ TEST_F(LwPolylineArcTest, a_bulge_on_the_last_vertex_of_a_closed_polyline_makes_
             Draw("70 1\n" + Vertex(20, 50) + Vertex(20, 70, 1)));
   EXPECT_EQ(2000.0, state.entX[0]);
   EXPECT_EQ(5000.0, state.entY[0]);
+  EXPECT_EQ(Move(3000, -5000) + Stroke(black, 3000, -5000, 1000, -5000) + InPen(black, below),
+            Draw("70 1\n" + Vertex(30, 50) + Vertex(10, 50, 1)));
 }
 
 TEST_F(LwPolylineArcTest, an_arc_before_the_last_vertex_does_not_make_the_closing_arc) {
@@ -555,6 +557,21 @@ TEST_F(LwPolylineTest, a_file_that_ends_in_front_of_the_first_y_goes_on_with_wha
   EXPECT_EQ(Move(3000, -1000), DrawText("0 LWPOLYLINE\n8 WALLS\n"));
   EXPECT_EQ(Move(1000, -1000), DrawText("0 LWPOLYLINE\n10 10\n"));
   EXPECT_EQ(0, result);
+}
+
+TEST_F(LwPolylineTest, a_file_that_ends_between_a_code_and_its_value_tells_no_coordinate) {
+  const auto drawCut = [this](const std::string& groups, const char* code) {
+    const std::string bytes = DrawingBytes(groups) + code + "\n";
+    TextStream cut;
+    cut.complete = true;
+    cut.bytes.assign(bytes.begin(), bytes.end());
+    return DrawStream(std::move(cut));
+  };
+  state.entX[0] = 3000.0;
+  state.entY[0] = 9000.0;
+  EXPECT_EQ(Move(3000, -1000), drawCut("0 LWPOLYLINE\n62 5\n", "10"));
+  EXPECT_EQ(Move(1000, -1000), drawCut("0 LWPOLYLINE\n10 10\n", "20"));
+  EXPECT_EQ(Move(1000, -9000), drawCut("0 LWPOLYLINE\n10 10\n20 10\n10 50\n", "20"));
 }
 
 TEST_F(LwPolylineTest, cut_off_anywhere_it_ends) {

@@ -218,6 +218,7 @@ TEST_F(PolylineTest, the_other_flags_do_not_matter) {
     EXPECT_EQ(LevelStroke(black), Draw("70 " + std::string(flags) + "\n", level)) << flags;
   for (const char* flags : {"1", "9", "129", "-1", "1.9"})
     EXPECT_EQ(closed, Draw("70 " + std::string(flags) + "\n", level)) << flags;
+  EXPECT_EQ(LevelStroke(black), Draw("70 1\n70 0\n", level));
 }
 
 TEST_F(PolylineTest, closed_with_one_vertex_it_has_a_line_without_length) {
@@ -492,6 +493,9 @@ TEST_F(PolylineArcTest, a_closed_polyline_with_a_bulge_on_its_last_vertex_ends_w
             Draw("70 1\n", Vertex(20, 50) + Vertex(20, 70, 1)));
   EXPECT_EQ(2000.0, state.entX[0]);
   EXPECT_EQ(5000.0, state.entY[0]);
+  // Below the line to the left.
+  EXPECT_EQ(Start(3000, -5000) + Stroke(black, 3000, -5000, 1000, -5000) + InPen(black, below),
+            Draw("70 1\n", Vertex(30, 50) + Vertex(10, 50, 1)));
 }
 
 TEST_F(PolylineArcTest, an_arc_before_the_last_vertex_does_not_make_the_closing_arc) {
@@ -583,7 +587,7 @@ TEST_F(PolylineRejectedBulgeTest, it_survives_to_the_next_vertex_without_one) {
             DrawWith(""));
 }
 
-TEST_F(PolylineRejectedBulgeTest, the_next_vertex_own_one_takes_its_place) {
+TEST_F(PolylineRejectedBulgeTest, one_of_the_next_vertex_takes_its_place) {
   EXPECT_EQ(wayBack + InPen(black, "MoveToEx(1200, -2000)\nAngleArc(1700, -2000, 500, 180, 180)\n"),
             DrawWith("42 -1\n"));
   EXPECT_EQ(wayBack + Stroke(black, 1200, -2000, 2200, -2000), DrawWith("42 0\n"));
@@ -676,6 +680,10 @@ TEST_F(PolylineArcTest, on_a_turned_sheet_dashes_are_turned) {
   const std::string line = ListCalls(
       [](Canvas canvas) { DashLine(canvas, 3000, -5000, 5000, -5000, 10000, 5000, 0, black, dashes, 2, 1); });
   EXPECT_EQ(Start(1000, -5000) + arc + line, Draw("6 HIDDEN\n", halfCircle + Vertex(50, 50)));
+  const std::string negativeArc = ListCalls([](Canvas canvas) {
+    DashArc(canvas, 2000, -5000, 1000, -540.0, -180.0, 10000, 5000, black, dashes, 2, 1);
+  });
+  EXPECT_EQ(Start(1000, -5000) + negativeArc, Draw("6 HIDDEN\n", halfCircleUp));
 }
 
 // Bad input.
@@ -734,6 +742,16 @@ TEST_F(PolylineArcTest, absurd_vertices_end_in_the_widest_view) {
   for (const char* bulge : {"0", "1", "-1", "1e999"})
     for (const char* x : {"1e300", "-1e999", "1e7", "21474836.47"}) {
       Draw("70 1\n", Vertex(10, 50) + "42 " + bulge + "\n0 VERTEX\n10 " + x + "\n42 " + bulge + "\n");
+      EXPECT_EQ(1, result) << bulge << " " << x;
+    }
+}
+
+TEST_F(PolylineArcTest, absurd_dashed_arcs_end_in_the_widest_view) {
+  view = {INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+  DefineLtype(4, {300, -200});
+  for (const char* bulge : {"1", "-1", "1e999", "-1e-300"})
+    for (const char* x : {"1e300", "-1e999"}) {
+      Draw("6 HIDDEN\n", Vertex(10, 50) + "42 " + bulge + "\n0 VERTEX\n10 " + x + "\n");
       EXPECT_EQ(1, result) << bulge << " " << x;
     }
 }
