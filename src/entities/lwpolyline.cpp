@@ -131,26 +131,21 @@ void DrawArcToDimInsertVertex(Canvas canvas, const ViewRect& view, LwPolylineWal
 int32_t DrawLwPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) {
   LineStyle style;
   int32_t flags = 0;
-  bool atFirstVertex = false;
   state.entColor = 0;
   int32_t more = ReadGroup(stream);
   // The first vertex ends the header: what stands behind it tells nothing any more.
-  while (more && state.groupCode != 0 && !atFirstVertex) {
+  for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10:
-        state.entX[0] = Atof(value) * 100.0;
-        atFirstVertex = true;
-        break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 70: flags = Atoi(value); break;
     }
-    more = ReadGroup(stream);
   }
+  if (more && state.groupCode == 10) state.entX[0] = Atof(state.groupValue) * 100.0;
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.entColor);
   style = WithoutWidth(style);
@@ -193,25 +188,20 @@ int32_t DrawBlockLwPolyline(Canvas canvas, TextStream& stream, double blockOrigi
   LineStyle style;
   int32_t inherit = 0;
   int32_t flags = 0;
-  bool atFirstVertex = false;
   state.blockColor = 0;
   int32_t more = ReadGroup(stream);
-  while (more && state.groupCode != 0 && !atFirstVertex) {
+  for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
         if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
         break;
-      case 10:
-        state.blockX[0] = BlockX(Atof(value), blockOriginX);
-        atFirstVertex = true;
-        break;
       case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
       case 70: flags = Atoi(value); break;
     }
-    more = ReadGroup(stream);
   }
+  if (more && state.groupCode == 10) state.blockX[0] = BlockX(Atof(state.groupValue), blockOriginX);
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
   style = WithoutWidth(style);
@@ -257,11 +247,10 @@ int32_t DrawDimInsertLwPolyline(TextStream& stream, Canvas canvas, double blockO
   LineStyle style;
   int32_t inherit = 0;
   int32_t flags = 0;
-  bool atFirstVertex = false;
   state.dimColor = 0;
   int32_t more = ReadGroup(stream);
   // It's the first vertex's Y that ends the header here.
-  while (more && state.groupCode != 0 && !atFirstVertex) {
+  for (; more && state.groupCode != 0 && state.groupCode != 20; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveDimInsertLinetype(value, style, inherit); break;
@@ -269,13 +258,12 @@ int32_t DrawDimInsertLwPolyline(TextStream& stream, Canvas canvas, double blockO
         if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
         break;
       case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20:
-        state.dimY[0] = BlockY(Atof(value), blockOriginY);
-        atFirstVertex = true;
-        break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
       case 70: flags = Atoi(value); break;
     }
+  }
+  if (more && state.groupCode == 20) {
+    state.dimY[0] = BlockY(Atof(state.groupValue), blockOriginY);
     more = ReadGroup(stream);
   }
   if (LinetypeFilter(style.family)) return more;

@@ -9,9 +9,9 @@ LineStyle WithoutWidth(const LineStyle& style) {
 }
 
 bool ClampSegment(const ViewRect& view, POINT& last, POINT& next) {
-  if (last.x != next.x && last.y != next.y) return false;
-  ClampToView(view, next);
-  ClampToView(view, last);
+  if (!ClampAxisParallel(view, next, last)) return false;
+  if (last.x < view.left) last.x = view.left;
+  if (next.x > view.right) next.x = view.right;
   return true;
 }
 
@@ -59,7 +59,7 @@ void DrawBulgeArc(Canvas canvas, const ViewRect& view, const BulgeArc& arc, cons
   if (dashes.count == 0) {
     const double sweep = arc.bulge > 0.0 ? -arc.sweep : arc.sweep;
     PenArc(canvas, centre.x, centre.y, radius, static_cast<float>(arc.startAngle), static_cast<float>(sweep),
-           state.centreX, state.centreY, ColorAt(color), 0, state.rotated);
+           state.centreX, state.centreY, ColorAt(color), PS_SOLID, state.rotated);
   } else {
     // The walker knows one sense only. A negative bulge starts at the negated angle: its dashes lie on the
     // arc reflected in the level line through its centre, and don't join its vertices.

@@ -12,8 +12,8 @@ namespace hexlume {
 // A style without its width: polylines are drawn as thin as the pen goes, whatever their layer says.
 LineStyle WithoutWidth(const LineStyle& style);
 
-// Brings a segment that is parallel to an axis into the view, in the order of its walk. False, with the
-// points as they were, if it is slanted.
+// Brings a segment that is parallel to an axis into the view, whichever way it runs. False, with the points
+// as they were, if it is slanted.
 bool ClampSegment(const ViewRect& view, POINT& last, POINT& next);
 
 // A slanted segment cut to the view, from its left end to its right one. Whether anything is left of it is

@@ -29,6 +29,10 @@ ClippedSegment Clip(const View& view, int32_t x1, int32_t y1, int32_t x2, int32_
   return ClipSegment(view.left, view.top, view.right, view.bottom, x1, x2, y1, y2);
 }
 
+ClippedSegment DimClip(const View& view, int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
+  return DimClipSegment(view.left, view.top, view.right, view.bottom, x1, x2, y1, y2);
+}
+
 ClippedSegment Segment(int32_t startX, int32_t startY, int32_t endX, int32_t endY) {
   return {startX, startY, endX, endY};
 }
@@ -221,6 +225,44 @@ TEST(ClipSegment, an_edge_at_the_last_coordinate_wraps_around) {
   // m = -1, b = 0: 10 above the upper edge, which stays at INT32_MIN; nothing is inside, and the end is at
   // -1000.
   EXPECT_EQ(Clip({0, INT32_MAX, 1000, 1000}, 5, -5, 10, -10), Segment(5, -5, 1000, -1000));
+}
+
+// The twin of a dimension's inserted blocks
+
+constexpr ClippedSegment allZero = {0, 0, 0, 0};
+
+TEST(DimClipSegment, its_three_rejects_are_four_zeros) {
+  // A rising segment from below the left edge.
+  EXPECT_EQ(DimClip(sheet, -1000, -3000, 500, -100), allZero);
+  // A falling one from higher than bottom units above the sheet.
+  EXPECT_EQ(DimClip(sheet, -100, 1201, 900, -799), allZero);
+  // A falling one that crosses the upper edge right of the view, at 1004.
+  EXPECT_EQ(DimClip(sheet, -200, 602, 1800, -398), allZero);
+}
+
+TEST(DimClipSegment, a_rising_segment_that_crosses_the_lower_line_right_of_the_view_is_dropped_too) {
+  // From above the sheet: m = 1, b = 100; 100 at the left edge isn't less than top. Bottom, positive as it
+  // stands, is taken to be crossed at 100 + 900, right of 500.
+  EXPECT_EQ(DimClip({0, 50, 500, 900}, -100, 0, 400, 500), allZero);
+  EXPECT_EQ(Clip({0, 50, 500, 900}, -100, 0, 400, 500), nothingLeft);
+}
+
+TEST(DimClipSegment, what_is_left_is_the_same) {
+  EXPECT_EQ(DimClip(sheet, 100, -100, 200, -300), Segment(100, -100, 200, -300));
+  EXPECT_EQ(DimClip(sheet, 0, -10, 25, -3), Segment(0, -10, 25, -2));
+  // m = 2/3, b = -433.33.
+  EXPECT_EQ(DimClip(sheet, -100, -500, 500, -100), Segment(0, -433, 500, -100));
+  // m = -2, b = -2000: the upper edge is crossed at -1000, the lower one at -500.
+  EXPECT_EQ(DimClip(sheet, -1000, 0, 500, -3000), Segment(-1000, 0, -500, -1000));
+  // m = -0.5, b = -150: -150 at 0, -650 at 1000.
+  EXPECT_EQ(DimClip(sheet, -100, -100, 1900, -1100), Segment(0, -150, 1000, -650));
+  // m = 1, b = -400: 0 at 400; m = -1, b = -700: -1000 at 300.
+  EXPECT_EQ(DimClip(sheet, 100, -300, 1100, 700), Segment(100, -300, 400, 0));
+  EXPECT_EQ(DimClip(sheet, 100, -800, 1100, -1800), Segment(100, -800, 300, -1000));
+}
+
+TEST(DimClipSegment, it_takes_both_x_first) {
+  EXPECT_EQ(DimClipSegment(0, 0, 1000, 1000, 100, 200, -100, -300), Segment(100, -100, 200, -300));
 }
 
 }  // namespace
