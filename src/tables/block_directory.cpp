@@ -1,13 +1,52 @@
 #include "tables/block_directory.h"
 
+#include "driver/bounded_copy.h"
+#include "driver/group_reader.h"
+#include "platform/fault_guard.h"
+
 namespace hexlume {
 
+namespace {
+
+int32_t WalkBlocks(TextStream& stream) {
+  int32_t more = ReadGroup(stream);
+  while (more && !AtGroup(0, "ENDSEC")) {
+    // What stands in a block is passed over group by group.
+    if (!AtGroup(0, "BLOCK")) {
+      more = ReadGroup(stream);
+      continue;
+    }
+    BlockEntry block;
+    more = ReadBlockHeader(stream, block);
+    state.blocks.Add(block);
+  }
+  return more;
+}
+
+}  // namespace
+
 int32_t ReadBlocks(TextStream& stream) {
-  return 0;
+  state.blocks = {};
+  int32_t more = 0;
+  GuardFaults([&] { more = WalkBlocks(stream); });
+  return more;
 }
 
 int32_t ReadBlockHeader(TextStream& stream, BlockEntry& block) {
-  return 0;
+  block = {"", "", noBody};
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 2:
+        BoundedCopy(block.name, value);
+        // Not yet the first entity: the base point stands between them.
+        block.bodyOffset = Tell(stream);
+        break;
+      case 330: BoundedCopy(block.ownerHandle, value); break;
+    }
+  }
+  return more;
 }
 
 }  // namespace hexlume

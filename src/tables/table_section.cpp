@@ -1,7 +1,26 @@
 #include "tables/table_section.h"
 
+#include "driver/group_reader.h"
+#include "tables/dim_style_table.h"
+#include "tables/layer_table.h"
+#include "tables/ltype_table.h"
+
 namespace hexlume {
 
-void ReadTables(TextStream& stream, const HeaderVars& headerVars) {}
+void ReadTables(TextStream& stream, const HeaderVars& headerVars) {
+  int32_t more = ReadGroup(stream);
+  while (more && !AtGroup(0, "ENDSEC")) {
+    // Any group 2 counts, so that a record of another table starts one too if it has that table's name. A
+    // reader leaves a group in the buffer that is still to be looked at.
+    if (AtGroup(2, "DIMSTYLE"))
+      more = ReadDimStyleTable(stream);
+    else if (AtGroup(2, "LTYPE"))
+      more = ReadLtypeTable(stream, headerVars);
+    else if (AtGroup(2, "LAYER"))
+      more = ReadLayerTable(stream);
+    else
+      more = ReadGroup(stream);
+  }
+}
 
 }  // namespace hexlume
