@@ -1,19 +1,149 @@
 #include "composite/block_dispatch.h"
 
+#include "composite/insert.h"
+#include "driver/group_reader.h"
+#include "entities/arc.h"
+#include "entities/circle.h"
+#include "entities/converter_table.h"
+#include "entities/ellipse.h"
+#include "entities/line.h"
+#include "entities/point.h"
+#include "platform/fault_guard.h"
+#include "platform/stack_room.h"
+
 namespace hexlume {
+
+namespace {
+
+// What the converters of both scopes are called with: each row of a table hands on what its converter needs.
+struct BlockRun {
+  TextStream& stream;
+  Canvas canvas;
+  double originX;
+  double originY;
+  const HeaderVars& headerVars;
+  int32_t insertColor;
+  const ViewRect& view;
+  int32_t wholeTextClip;
+  int32_t wholeSheet;
+  int32_t halfWidthFont;
+  int32_t byBlockFlag;  // of blocks alone
+};
+
+const ConverterRow<BlockRun> blockConverters[] = {
+    {"ARC",
+     [](const BlockRun& run) {
+       return DrawBlockArc(run.stream, run.canvas, run.originX, run.originY, run.insertColor, run.byBlockFlag,
+                           run.view);
+     }},
+    {"CIRCLE",
+     [](const BlockRun& run) {
+       return DrawBlockCircle(run.stream, run.canvas, run.originX, run.originY, run.insertColor,
+                              run.byBlockFlag, run.view);
+     }},
+    {"ELLIPSE",
+     [](const BlockRun& run) {
+       return DrawBlockEllipse(run.canvas, run.stream, run.originX, run.originY, run.insertColor, run.view,
+                               run.byBlockFlag);
+     }},
+    {"LINE",
+     [](const BlockRun& run) {
+       return DrawBlockLine(run.canvas, run.stream, run.originX, run.originY, run.insertColor, run.view);
+     }},
+    {"POINT",
+     [](const BlockRun& run) {
+       return DrawBlockPoint(run.stream, run.canvas, run.headerVars, run.originX, run.originY,
+                             run.insertColor);
+     }},
+    {"INSERT",
+     [](const BlockRun& run) {
+       return DrawBlockInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
+                              run.wholeTextClip, run.wholeSheet, run.halfWidthFont, run.byBlockFlag);
+     }},
+};
+
+const ConverterRow<BlockRun> dimInsertConverters[] = {
+    {"LINE",
+     [](const BlockRun& run) {
+       return DrawDimInsertLine(run.stream, run.canvas, run.originX, run.originY, run.view, run.wholeSheet,
+                                run.insertColor);
+     }},
+    {"ARC",
+     [](const BlockRun& run) {
+       return DrawDimInsertArc(run.stream, run.canvas, run.originX, run.originY, run.view, run.wholeSheet,
+                               run.insertColor);
+     }},
+    {"CIRCLE",
+     [](const BlockRun& run) {
+       return DrawDimInsertCircle(run.stream, run.canvas, run.originX, run.originY, run.view,
+                                  run.insertColor);
+     }},
+    {"INSERT",
+     [](const BlockRun& run) {
+       return DrawDimInsertInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
+                                  run.wholeTextClip, run.wholeSheet, run.halfWidthFont);
+     }},
+};
+
+// Blocks that insert the next one twice, one after the other, can be told in a few lines and played back for
+// ever.
+void CountStep() {
+  if (++state.blockSteps > blockStepLimit) throw faultCode;
+}
+
+// The base point stands in the block's header, behind its name. A header that has neither its group 20 nor a
+// group 3 lets the search run on through the block's entities, which are lost then.
+void SubtractBasePoint(TextStream& stream, double& originX, double& originY) {
+  while (ReadGroup(stream)) {
+    CountStep();
+    switch (state.groupCode) {
+      case 3: return;
+      case 10: originX -= Atof(state.groupValue) * 100.0 * state.insertScaleX; break;
+      case 20: originY -= Atof(state.groupValue) * 100.0 * state.insertScaleY; return;
+    }
+  }
+}
+
+template <size_t count>
+void WalkBlock(const ConverterRow<BlockRun> (&converters)[count], const BlockRun& run) {
+  int32_t more = ReadGroup(run.stream);
+  while (more && !AtGroup(0, "ENDBLK")) {
+    CountStep();
+    const auto* converter = FindConverter(converters);
+    // A converter leaves the next entity's group in the buffer.
+    more = converter ? converter->draw(run) : ReadGroup(run.stream);
+  }
+}
+
+}  // namespace
 
 int32_t DrawBlockEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas, double blockOriginX,
                           double blockOriginY, const HeaderVars& headerVars, int32_t insertColor,
                           const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet,
                           int32_t halfWidthFont, int32_t byBlockFlag) {
-  return 0;
+  if (bodyOffset == noBody) return 1;
+  if (!HasStackRoom()) throw faultCode;
+  GuardFaults([&] {
+    Seek(stream, bodyOffset);
+    SubtractBasePoint(stream, blockOriginX, blockOriginY);
+    WalkBlock(blockConverters, {stream, canvas, blockOriginX, blockOriginY, headerVars, insertColor, view,
+                                wholeTextClip, wholeSheet, halfWidthFont, byBlockFlag});
+  });
+  return 1;
 }
 
 int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas, double blockOriginX,
                               double blockOriginY, const HeaderVars& headerVars, const ViewRect& view,
                               int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
                               int32_t insertColor) {
-  return 0;
+  if (bodyOffset == noBody) return 1;
+  if (!HasStackRoom()) throw faultCode;
+  GuardFaults([&] {
+    Seek(stream, bodyOffset);
+    WalkBlock(dimInsertConverters, {stream, canvas, blockOriginX, blockOriginY, headerVars, insertColor, view,
+                                    wholeTextClip, wholeSheet, halfWidthFont, 0});
+  });
+  return 1;
 }
 
 }  // namespace hexlume

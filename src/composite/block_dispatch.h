@@ -1,6 +1,7 @@
 // The walks over a block's body: one for the blocks that an INSERT plays back, one for those that are
 // inserted in a dimension's block. Whatever fails in them comes out as `throw faultCode`; so does a block
-// that contains itself, while there is still room on the stack.
+// that contains itself, while there is still room on the stack, and a drawing whose blocks don't come to an
+// end.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +11,10 @@
 #include "driver/text_stream.h"
 
 namespace hexlume {
+
+// How many groups the walks of one conversion look at before they give up. No drawing that can be shown gets
+// there: what an entity draws takes some dozen bytes of a metafile, which holds less than 4 GB.
+constexpr int64_t blockStepLimit = 1'000'000'000;
 
 // Draws each entity of the block that has a converter in this scope, up to the block's end. bodyOffset is
 // that of a BlockEntry; with noBody nothing is drawn. The origin is the insertion point in model units times

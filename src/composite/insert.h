@@ -12,7 +12,7 @@
 namespace hexlume {
 
 // In the ENTITIES section. The caller has set the insert's scales to 1 and its angle to 0. Returns the result
-// of the dispatcher that it ran, which is 1 always.
+// of the dispatcher that it ran, which is 1 always, or 0 if the file ends right behind the insert's name.
 int32_t DrawInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canvas, const ViewRect& view,
                    int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont);
 
@@ -23,7 +23,7 @@ int32_t DrawBlockInsert(const HeaderVars& headerVars, TextStream& stream, Canvas
                         int32_t halfWidthFont, int32_t byBlockFlag);
 
 // In the block of a dimension, whose offset and colour it is given. The caller has set the insert's scales to
-// 1 and its angle to 0. Returns the result of the dispatcher that it ran, which is 1 always.
+// 1 and its angle to 0. Returns 1, or 0, as DrawInsert does.
 int32_t DrawDimInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canvas, double offsetX,
                       double offsetY, const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet,
                       int32_t halfWidthFont, int32_t dimensionColor);
