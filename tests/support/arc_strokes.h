@@ -32,10 +32,4 @@ inline std::string HeldArc(COLORREF colour, const std::string& calls, const std:
   return InPenAndBrush(style, width, colour, InInnerPen(colour, calls));
 }
 
-// The style of a pen that has a dash family as its style.
-inline std::string PenStyle(int32_t family) {
-  const char* const styles[] = {"PS_SOLID", "PS_DASH", "PS_DOT", "PS_DASHDOT", "PS_DASHDOTDOT"};
-  return styles[family];
-}
-
 }  // namespace hexlume

@@ -240,14 +240,11 @@ TEST_F(ArcCutTest, a_cap_of_nothing_leaves_the_arc_whole) {
 
 TEST_F(ArcCutTest, a_cut_that_is_no_number_leaves_the_arc_whole) {
   state.drawScale = 0.25;
-  view = {0, -100000, 23000, 100000};
-  // On the sheet (20000, 10000), radius 4000: the cap of 1000 is one of 0, over -2 of the model's radius
-  // where it is 3000.
-  EXPECT_EQ(HeldArc(black, "MoveToEx(20000, 14000)\nAngleArc(20000, 10000, 4000, -90, -90)\n"),
-            Draw("90", "180"));
   view = {0, -100000, 21000, 100000};
-  EXPECT_EQ(HeldArc(black, "MoveToEx(20000, 14000)\nAngleArc(20000, 10000, 4000, -90, -90)\n"),
-            Draw("90", "180"));
+  // On the sheet (20000, 10000), radius 4000. A cap of 3000 of the model's 1000: -2 is no cosine.
+  // 37 degrees: 3194.5 and 2407.3.
+  EXPECT_EQ(HeldArc(black, "MoveToEx(23194, 12407)\nAngleArc(20000, 10000, 4000, -37, -106)\n"),
+            Draw("37", "143"));
 }
 
 TEST_F(ArcCutTest, the_cap_is_the_sheets_and_the_radius_the_models) {
