@@ -1,20 +1,214 @@
+// ARC: a part of a circle, counter-clockwise. It is drawn if an end of it lies in the view, and then without
+// what the view's edges cut from its circle.
 #include "entities/arc.h"
+
+#include <cmath>
+
+#include "canvas/left_pen.h"
+#include "driver/group_reader.h"
+#include "entities/arc_rules.h"
+#include "entities/block_rules.h"
+#include "entities/converter_rules.h"
 
 namespace hexlume {
 
+namespace {
+
+// Where an arc starts or ends, in degrees with the precision of a float and in radians.
+struct ArcAngle {
+  double degrees = 0.0;
+  double radians = 0.0;
+};
+
+struct SheetArc {
+  SheetCircle circle;
+  POINT start, end;
+};
+
+ArcAngle ReadAngle(double value) {
+  return {static_cast<float>(value), value * pi / 180.0};
+}
+
+// With the turn of the block. Only a sum above 360 comes back by a round, and none twice.
+ArcAngle ReadBlockAngle(double value) {
+  const double turn = state.insertAngle * 180.0 / pi;
+  const double sum = turn + value;
+  const double degrees = static_cast<float>(sum > 360.0 ? turn - (360.0 - value) : sum);
+  return {degrees, degrees * pi / 180.0};
+}
+
+POINT PointAt(double x, double y, double radius, const ArcAngle& angle) {
+  return ModelToSheet(std::cos(angle.radians) * radius + x, std::sin(angle.radians) * radius + y);
+}
+
+SheetArc PlaceArc(double x, double y, double radius, const ArcAngle& start, const ArcAngle& end) {
+  return {PlaceCircle(x, y, radius), PointAt(x, y, radius, start), PointAt(x, y, radius, end)};
+}
+
+// Less than three units across or high.
+bool IsTooSmall(const SheetCircle& circle) {
+  return WrapSub(circle.rightBottom.x, circle.leftTop.x) < 3 ||
+         WrapSub(circle.leftTop.y, circle.rightBottom.y) < 3;
+}
+
+// Equal angles make a whole circle.
+AngleRange RangeOf(const ArcAngle& start, const ArcAngle& end) {
+  if (end.degrees > start.degrees) return {start.degrees, end.degrees - start.degrees};
+  return {start.degrees, 360.0 - start.degrees + end.degrees};
+}
+
+// What is left of an arc if `cut` is left of its circle. The rest is one range at most, and where the cut
+// passes 0 degrees it can run backwards.
+AngleRange MergeCut(const AngleRange& arc, const AngleRange& cut) {
+  if (cut.sweep == 0.0) return arc;
+  const double arcEnd = arc.start + arc.sweep;
+  // The sweep is subtracted, whichever way it runs.
+  const bool startsAtCut = arc.start < cut.start && cut.start - cut.sweep < arcEnd;
+  const double start = startsAtCut ? cut.start : arc.start;
+  double cutEnd = cut.sweep > 0.0 ? cut.start + cut.sweep : cut.start - cut.sweep;
+  if (cutEnd > 360.0) cutEnd -= 360.0;
+  return {start, (cutEnd <= arcEnd ? cutEnd : arcEnd) - start};
+}
+
+AngleRange CutArc(const AngleRange& arc, const SheetCircle& circle, double radius, const ViewRect& view) {
+  constexpr AngleRange noCut = {0.0, 0.0};
+  return MergeCut(arc, CutToView(view, circle, radius, noCut));
+}
+
+// GDI draws the arc itself, in the pen that stands selected: it does the dashes, and a turned sheet doesn't
+// turn the arc.
+void DrawClockwise(Canvas canvas, const SheetArc& arc) {
+  const SheetCircle& circle = arc.circle;
+  Arc(canvas, circle.leftTop.x, circle.leftTop.y, WrapAdd(circle.rightBottom.x, 1),
+      WrapSub(circle.rightBottom.y, 1), arc.start.x, arc.start.y, arc.end.x, arc.end.y);
+}
+
+}  // namespace
+
 int32_t DrawArc(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view,
                 int32_t wholeSheet) {
-  return 0;
+  LineStyle style;
+  ArcAngle start, end;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveWholeLinetype(value, style); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0 + offsetX; break;
+      case 20: state.entY[0] = Atof(value) * 100.0 + offsetY; break;
+      case 40: state.entRadius = Atof(value) * 100.0 + 0.0001; break;
+      case 50: start = ReadAngle(Atof(value)); break;
+      case 51: end = ReadAngle(Atof(value)); break;
+      case 62: ResolveColorUnlessZero(value, state.entColor); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.entColor);
+
+  const SheetArc arc = PlaceArc(state.entX[0], state.entY[0], state.entRadius, start, end);
+  if (!LiesInView(view, arc.start) && !LiesInView(view, arc.end)) return more;
+
+  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.entColor);
+  if (state.arcClockwise == 1) {
+    DrawClockwise(canvas, arc);
+  } else {
+    AngleRange range = RangeOf(start, end);
+    if (wholeSheet != 1) range = CutArc(range, arc.circle, state.entRadius, view);
+    DrawAngleRange(canvas, arc.circle, range, style, state.entColor);
+  }
+  RestorePenAndBrush(canvas, selected);
+  return more;
 }
 
 int32_t DrawBlockArc(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                     int32_t insertColor, int32_t byBlockFlag, const ViewRect& view) {
-  return 0;
+                     int32_t insertColor, int32_t /*byBlockFlag*/, const ViewRect& view) {
+  LineStyle style;
+  ArcAngle start, end;
+  int32_t inherit = 0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveBlockLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        break;
+      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 50: start = ReadBlockAngle(Atof(value)); break;
+      case 51: end = ReadBlockAngle(Atof(value)); break;
+      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.blockColor);
+
+  TurnCentre(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  const SheetArc arc = PlaceArc(state.blockX[0], state.blockY[0], state.blockRadius, start, end);
+  if (IsTooSmall(arc.circle)) return more;
+
+  // The arc is dropped if it starts outside the view, even if it ends in it, and only with its pen and brush
+  // selected: they stay on the canvas, and the strokes that follow put them back behind their own.
+  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.blockColor);
+  if (!LiesInView(view, arc.start) || (state.arcClockwise == 1 && !LiesInView(view, arc.end))) {
+    LeavePen(selected.pen.pen);
+    return more;
+  }
+  if (state.arcClockwise == 1) {
+    DrawClockwise(canvas, arc);
+  } else {
+    const AngleRange range = CutArc(RangeOf(start, end), arc.circle, state.blockRadius, view);
+    DrawAngleRange(canvas, arc.circle, range, style, state.blockColor);
+  }
+  RestorePenAndBrush(canvas, selected);
+  return more;
 }
 
 int32_t DrawDimInsertArc(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
                          const ViewRect& view, int32_t wholeSheet, int32_t insertColor) {
-  return 0;
+  LineStyle style;
+  ArcAngle start, end;
+  int32_t inherit = 0;
+  state.dimColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveDimInsertLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        break;
+      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 40: state.dimRadius = Atof(value) * 100.0; break;  // the centre is scaled, the radius isn't
+      case 50: start = ReadAngle(Atof(value)); break;         // nor are the angles turned with the centre
+      case 51: end = ReadAngle(Atof(value)); break;
+      case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.dimColor);
+
+  TurnCentre(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
+  const SheetArc arc = PlaceArc(state.dimX[0], state.dimY[0], state.dimRadius, start, end);
+  if (!LiesInView(view, arc.start) && !LiesInView(view, arc.end)) return more;
+
+  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.dimColor);
+  if (state.arcClockwise == 1) {
+    DrawClockwise(canvas, arc);
+  } else {
+    AngleRange range = RangeOf(start, end);
+    if (wholeSheet != 1) range = CutArc(range, arc.circle, state.dimRadius, view);
+    DrawAngleRange(canvas, arc.circle, range, style, state.dimColor);
+  }
+  RestorePenAndBrush(canvas, selected);
+  return more;
 }
 
 }  // namespace hexlume
