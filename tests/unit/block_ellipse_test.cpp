@@ -110,6 +110,16 @@ TEST_F(BlockEllipseTest, its_centre_is_turned_and_its_axis_is_not) {
             Draw(Shape(40, 20, 0, -5, 0.8) + quarter));
 }
 
+TEST_F(BlockEllipseTest, half_a_turn_takes_its_centre_to_the_other_side_of_the_origin) {
+  blockOriginX = 9000.0;
+  blockOriginY = 6000.0;
+  state.insertAngle = pi;
+  state.shiftX = 0.5;
+  state.shiftY = -0.5;
+  // (4000, 2000) from the origin becomes (-4000, -2000): the centre is (5000, 4000).
+  EXPECT_EQ(Whole(black, "4500, -6401, 5500, -5601"), Draw(Shape(40, 20, -5, 0, 0.8) + allRound));
+}
+
 TEST_F(BlockEllipseTest, the_fields_of_the_record_are_those_of_the_block_before_the_turn) {
   blockOriginX = 500.0;
   state.insertScaleX = 2.0;

@@ -179,6 +179,16 @@ TEST_F(EllipseCutTest, a_cut_on_the_sheets_top_edge_has_0_for_its_y) {
             Draw(Shape(50, 98, -5, 0, 0.8) + allRound));
 }
 
+TEST_F(EllipseCutTest, a_cut_counts_if_any_of_its_four_numbers_is_not_0) {
+  // 300 off each edge, so the half chord of 320 ends in the sheet's corner.
+  view = {0, -1000, 20000, 10000};
+  EXPECT_EQ(ArcInBox("-200, -721, 800, 79", "0, -640", "0, 0"), Draw(Shape(3, 96.8, -5, 0, 0.8) + allRound));
+  EXPECT_EQ(ArcInBox("-200, -81, 800, 719", "0, 0", "0, 640"), Draw(Shape(3, 103.2, -5, 0, 0.8) + allRound));
+  view = {-1000, 0, 20000, 10000};
+  EXPECT_EQ(ArcInBox("-820, -701, 180, 99", "-640, 0", "0, 0"), Draw(Shape(-3.2, 97, -5, 0, 0.8) + allRound));
+  EXPECT_EQ(ArcInBox("-180, -701, 820, 99", "0, 0", "640, 0"), Draw(Shape(3.2, 97, -5, 0, 0.8) + allRound));
+}
+
 // An axis to the right: L = 5500, T = -5400, R = 4500, B = -4600. The box is about, and only an edge beyond
 // the centre is seen.
 
