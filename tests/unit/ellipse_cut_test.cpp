@@ -218,7 +218,7 @@ TEST_F(EllipseCutTest, in_a_mirrored_box_edges_before_the_centre_do_not_cut) {
   EXPECT_EQ(WholeInBox(mirroredBox), Draw(shape + allRound));
 }
 
-// Two edges: the later row's cut takes the place of the earlier one's. (L, T) in the view lets the right and
+// Two edges: the later one's cut takes the place of the earlier one's. (L, T) in the view lets the right and
 // the bottom edge cut, (R, B) the left and the top one; with a negative ratio the other two pairs.
 
 TEST_F(EllipseCutTest, the_bottom_edge_overwrites_the_right_one) {
