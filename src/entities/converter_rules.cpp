@@ -100,15 +100,21 @@ double BlockY(double value, double blockOriginY) {
   return value * 100.0 * state.insertScaleY + blockOriginY;
 }
 
-POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY) {
-  if (state.insertAngle == 0.0) return ModelToSheet(x, y);
+void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY) {
+  if (state.insertAngle == 0.0) return;
   // The pivot is the block's origin and not the insertion point: a turned block with a base point other than
   // (0, 0) lies away from where its INSERT says.
   const double cosine = std::cos(state.insertAngle);
   const double sine = std::sin(state.insertAngle);
   const double dx = x - blockOriginX;
   const double dy = y - blockOriginY;
-  return ModelToSheet(dx * cosine + blockOriginX - dy * sine, dx * sine + blockOriginY + dy * cosine);
+  x = dx * cosine + blockOriginX - dy * sine;
+  y = dx * sine + blockOriginY + dy * cosine;
+}
+
+POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY) {
+  TurnAboutOrigin(x, y, blockOriginX, blockOriginY);
+  return ModelToSheet(x, y);
 }
 
 namespace {

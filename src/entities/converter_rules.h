@@ -73,6 +73,9 @@ POINT ModelToSheet(double x, double y);
 double BlockX(double value, double blockOriginX);
 double BlockY(double value, double blockOriginY);
 
+// Turns a point that BlockX and BlockY have placed by the insert's angle about the block's origin.
+void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY);
+
 // A point that BlockX and BlockY have placed, turned by the insert's angle, on the sheet.
 POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY);
 

@@ -197,17 +197,6 @@ void DrawWhole(Canvas canvas, const SheetEllipse& e, const ArcEnds& cut, const D
     DrawDashes(canvas, e, {}, dashes, color);
 }
 
-// Turns the centre about the block's origin. The axis and the angles aren't turned with it.
-void TurnCentre(ModelEllipse& model, double blockOriginX, double blockOriginY) {
-  if (state.insertAngle == 0.0) return;
-  const double cosine = std::cos(state.insertAngle);
-  const double sine = std::sin(state.insertAngle);
-  const double dx = model.centreX - blockOriginX;
-  const double dy = model.centreY - blockOriginY;
-  model.centreX = dx * cosine + blockOriginX - dy * sine;
-  model.centreY = dx * sine + blockOriginY + dy * cosine;
-}
-
 }  // namespace
 
 int32_t DrawEllipse(Canvas canvas, TextStream& stream, const ViewRect& view) {
@@ -281,7 +270,8 @@ int32_t DrawBlockEllipse(Canvas canvas, TextStream& stream, double blockOriginX,
 
   ModelEllipse model = {state.blockX[0],   state.blockY[0], state.blockX[1], state.blockY[1],
                         state.blockRadius, startAngle,      endAngle};
-  TurnCentre(model, blockOriginX, blockOriginY);
+  // The axis and the angles aren't turned with the centre.
+  TurnAboutOrigin(model.centreX, model.centreY, blockOriginX, blockOriginY);
   const SheetEllipse ellipse = PlaceOnSheet(model);
   if (!ShowsACorner(view, ellipse)) return more;
   const ArcEnds cut = CutToView(view, ellipse);
