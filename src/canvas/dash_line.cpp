@@ -6,13 +6,11 @@
 #include <utility>
 
 #include "canvas/canvas.h"
+#include "canvas/dash_steps.h"
 #include "canvas/primitive_steps.h"
 #include "driver/numbers.h"
 
 namespace hexlume {
-
-// Every element is kept in the metafile. A line of absurd length ends after so many, or memory would run out.
-static constexpr int32_t maxWalkElements = 10000000;
 
 // What an element of a pattern does. One that is no number does nothing at all.
 static bool IsDot(double element) {
@@ -51,10 +49,8 @@ static void DashTo(Canvas canvas, int64_t x, int64_t y) {
   LineTo(canvas, static_cast<int32_t>(x), static_cast<int32_t>(y));
 }
 
-static void DrawDot(Canvas canvas, int64_t x, int64_t y) {
-  const int32_t dotX = static_cast<int32_t>(x);
-  const int32_t dotY = static_cast<int32_t>(y);
-  Ellipse(canvas, WrapSub(dotX, 1), WrapAdd(dotY, 1), WrapAdd(dotX, 1), WrapSub(dotY, 1));
+static void DotAt(Canvas canvas, int64_t x, int64_t y) {
+  DrawDot(canvas, static_cast<int32_t>(x), static_cast<int32_t>(y));
 }
 
 // From start down to end, in whole units.
@@ -66,7 +62,7 @@ static void WalkVertical(Canvas canvas, const LineEnds& line, const double* patt
   for (int32_t i = 0; i < maxWalkElements; ++i) {
     const double element = pattern[i % count];
     if (IsDot(element)) {
-      DrawDot(canvas, x, y);
+      DotAt(canvas, x, y);
     } else if (IsDash(element)) {
       y -= Units(element);
       DashTo(canvas, x, y < end ? end : y);
@@ -89,7 +85,7 @@ static void WalkHorizontal(Canvas canvas, const LineEnds& line, const double* pa
   for (int32_t i = 0; i < maxWalkElements; ++i) {
     const double element = pattern[i % count];
     if (IsDot(element)) {
-      DrawDot(canvas, x, y);
+      DotAt(canvas, x, y);
     } else if (IsDash(element)) {
       x += Units(element) * direction;
       const bool pastEnd = x * direction > end * direction;
@@ -117,7 +113,7 @@ static void WalkSloped(Canvas canvas, const LineEnds& line, const double* patter
   MoveTo(canvas, x, y);
   for (int32_t i = 0; i < maxWalkElements; ++i) {
     const double element = pattern[i % count];
-    if (IsDot(element)) DrawDot(canvas, x, y);
+    if (IsDot(element)) DotAt(canvas, x, y);
     if (!IsDash(element) && !IsGap(element)) continue;
 
     // A gap is a unit longer than its element here, unlike those of straight lines.

@@ -149,7 +149,7 @@ int32_t DrawBlockArc(TextStream& stream, Canvas canvas, double blockOriginX, dou
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  TurnCentre(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
   const SheetArc arc = PlaceArc(state.blockX[0], state.blockY[0], state.blockRadius, start, end);
   if (IsTooSmall(arc.circle)) return more;
 
@@ -195,7 +195,7 @@ int32_t DrawDimInsertArc(TextStream& stream, Canvas canvas, double blockOriginX,
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.dimColor);
 
-  TurnCentre(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
   const SheetArc arc = PlaceArc(state.dimX[0], state.dimY[0], state.dimRadius, start, end);
   if (!LiesInView(view, arc.start) && !LiesInView(view, arc.end)) return more;
 

@@ -22,16 +22,6 @@ void ResolveColorUnlessZero(const char* value, int32_t& color) {
   if (number != 0) color = ResolveColor(number);
 }
 
-void TurnCentre(double& x, double& y, double blockOriginX, double blockOriginY) {
-  if (state.insertAngle == 0.0) return;
-  const double cosine = std::cos(state.insertAngle);
-  const double sine = std::sin(state.insertAngle);
-  const double dx = x - blockOriginX;
-  const double dy = y - blockOriginY;
-  x = dx * cosine + blockOriginX - dy * sine;
-  y = dx * sine + blockOriginY + dy * cosine;
-}
-
 SheetCircle PlaceCircle(double x, double y, double radius) {
   return {ModelToSheet(x, y), ModelToSheet(x - radius, y + radius), ModelToSheet(x + radius, y - radius),
           Trunc(radius / state.drawScale)};

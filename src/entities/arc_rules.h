@@ -34,9 +34,6 @@ void ResolveWholeLinetype(const char* value, LineStyle& style);
 // Group 62 outside of blocks: 0 leaves the layer's colour.
 void ResolveColorUnlessZero(const char* value, int32_t& color);
 
-// Turns a centre that BlockX and BlockY have placed by the insert's angle, and keeps it so.
-void TurnCentre(double& x, double& y, double blockOriginX, double blockOriginY);
-
 // The circle of a centre and a radius of the model, in model units times 100.
 SheetCircle PlaceCircle(double x, double y, double radius);
 

@@ -81,7 +81,7 @@ int32_t DrawBlockCircle(TextStream& stream, Canvas canvas, double blockOriginX, 
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  TurnCentre(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
   const SheetCircle circle = PlaceCircle(state.blockX[0], state.blockY[0], state.blockRadius);
   if (!CornerLiesInView(view, circle)) return more;
 
@@ -120,7 +120,7 @@ int32_t DrawDimInsertCircle(TextStream& stream, Canvas canvas, double blockOrigi
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.dimColor);
 
-  TurnCentre(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
   const SheetCircle circle = PlaceCircle(state.dimX[0], state.dimY[0], state.dimRadius);
   if (!CornerLiesInView(view, circle)) return more;
 

@@ -1,14 +1,295 @@
+// ELLIPSE: whole or in part, always parallel to the axes: a slanted major axis is taken to lie along X. Each
+// edge of the view that the ellipse crosses gives a cut, and the last of them alone counts.
 #include "entities/ellipse.h"
+
+#include <cmath>
+#include <vector>
+
+#include "driver/group_reader.h"
+#include "entities/block_rules.h"
+#include "entities/converter_rules.h"
 
 namespace hexlume {
 
+namespace {
+
+// In model units times 100, as read and moved to its place. The axis is that from the centre to its end.
+struct ModelEllipse {
+  double centreX, centreY;
+  double axisX, axisY;
+  double ratio;
+  double startAngle, endAngle;  // radians, counted from the major axis
+};
+
+// The box is kept as it falls out: with an axis that points to the right or up, its left is the greater X
+// and its top the lesser Y. So its half sizes have signs.
+struct SheetEllipse {
+  int32_t left, top, right, bottom;
+  POINT centre;
+};
+
+// Two points whose directions from the centre bound an arc, counter-clockwise from the first to the second.
+// All 0: no bounds.
+struct ArcEnds {
+  POINT start, end;
+};
+
+bool LiesAlongX(const ModelEllipse& model) {
+  return Trunc(model.axisX) != 0;
+}
+
+SheetEllipse PlaceOnSheet(const ModelEllipse& model) {
+  const bool alongX = LiesAlongX(model);
+  const double halfX = alongX ? model.axisX : model.ratio * model.axisY;
+  const double halfY = alongX ? model.ratio * model.axisX : model.axisY;
+  const POINT leftTop = ModelToSheet(model.centreX + halfX, model.centreY - halfY);
+  const POINT rightBottom = ModelToSheet(model.centreX - halfX, model.centreY + halfY);
+  return {leftTop.x, leftTop.y, rightBottom.x, rightBottom.y, ModelToSheet(model.centreX, model.centreY)};
+}
+
+bool ShowsACorner(const ViewRect& view, const SheetEllipse& ellipse) {
+  return LiesInView(view, {ellipse.left, ellipse.top}) || LiesInView(view, {ellipse.right, ellipse.bottom});
+}
+
+bool IsWhole(const ModelEllipse& model) {
+  return Trunc(model.startAngle * 180.0 / pi) == 0 && Trunc(model.endAngle * 180.0 / pi) == 360;
+}
+
+// Half the chord that a vertical edge makes in the ellipse, depth away from one of the box's sides.
+int32_t HalfChordAtX(const SheetEllipse& ellipse, int32_t depth) {
+  const double halfHeight = 0.5 * WrapSub(ellipse.top, ellipse.bottom);
+  const double distance = 0.5 * WrapSub(ellipse.right, ellipse.left) - depth;
+  const int32_t halfWidth = WrapSub(ellipse.right, ellipse.left) / 2;
+  // The square wraps around for large ellipses: their chords come out wrong, and must stay so.
+  const double squaredHalfWidth = WrapMul(halfWidth, halfWidth);
+  return Trunc(std::sqrt(halfHeight * halfHeight -
+                         distance * distance * (halfHeight * halfHeight) / squaredHalfWidth));
+}
+
+// The same for a horizontal edge. It's worked out from the half height too, which is right for circles alone
+// and must stay so.
+int32_t HalfChordAtY(const SheetEllipse& ellipse, int32_t depth) {
+  const double halfHeight = WrapSub(ellipse.top, ellipse.bottom) / 2;
+  const double distance = 0.5 * WrapSub(ellipse.top, ellipse.bottom) - depth;
+  const double halfWidth = 0.5 * WrapSub(ellipse.right, ellipse.left);
+  return Trunc(std::sqrt(halfHeight * halfHeight -
+                         distance * distance * halfHeight * halfHeight / (halfWidth * halfWidth)));
+}
+
+// The arc on the left of a vertical edge, from its upper end to its lower one, and that on its right.
+ArcEnds LeftOf(int32_t x, int32_t depth, const SheetEllipse& ellipse) {
+  const int32_t h = HalfChordAtX(ellipse, depth);
+  return {{x, WrapAdd(ellipse.centre.y, h)}, {x, WrapSub(ellipse.centre.y, h)}};
+}
+ArcEnds RightOf(int32_t x, int32_t depth, const SheetEllipse& ellipse) {
+  const int32_t h = HalfChordAtX(ellipse, depth);
+  return {{x, WrapSub(ellipse.centre.y, h)}, {x, WrapAdd(ellipse.centre.y, h)}};
+}
+
+// The arc below a horizontal edge, from its left end to its right one, and that above it.
+ArcEnds Below(int32_t yDown, int32_t depth, const SheetEllipse& ellipse) {
+  const int32_t w = HalfChordAtY(ellipse, depth);
+  const int32_t y = WrapNegate(yDown);
+  return {{WrapSub(ellipse.centre.x, w), y}, {WrapAdd(ellipse.centre.x, w), y}};
+}
+ArcEnds Above(int32_t yDown, int32_t depth, const SheetEllipse& ellipse) {
+  const int32_t w = HalfChordAtY(ellipse, depth);
+  const int32_t y = WrapNegate(yDown);
+  return {{WrapAdd(ellipse.centre.x, w), y}, {WrapSub(ellipse.centre.x, w), y}};
+}
+
+// What the view leaves of the whole ellipse; all 0 where it leaves all. In a box whose left is the greater X
+// and whose top is the lower side, an edge counts only when the centre lies beyond it.
+ArcEnds CutToView(const ViewRect& view, const SheetEllipse& e) {
+  const int32_t centreDown = WrapNegate(e.centre.y);
+  ArcEnds cut = {};
+  if (e.centre.x < view.right && view.right < e.right)
+    cut = LeftOf(view.right, WrapSub(e.right, view.right), e);
+  if (e.centre.x < view.left) cut = RightOf(view.left, WrapSub(e.right, view.left), e);
+  if (e.left < view.left && view.left < e.centre.x) cut = RightOf(view.left, WrapSub(view.left, e.left), e);
+  if (view.right < e.centre.x) cut = LeftOf(view.right, WrapSub(view.right, e.left), e);
+  if (centreDown > view.top && view.top > WrapNegate(e.top))
+    cut = Below(view.top, WrapAdd(view.top, e.top), e);
+  if (centreDown > view.bottom) cut = Above(view.bottom, WrapAdd(view.bottom, e.top), e);
+  if (centreDown < view.bottom && view.bottom < WrapNegate(e.bottom))
+    cut = Above(view.bottom, WrapNegate(WrapAdd(view.bottom, e.bottom)), e);
+  if (centreDown < view.top) cut = Below(view.top, WrapNegate(WrapAdd(view.top, e.bottom)), e);
+  return cut;
+}
+
+bool HasBounds(const ArcEnds& ends) {
+  return ends.start.x != 0 || ends.start.y != 0 || ends.end.x != 0 || ends.end.y != 0;
+}
+
+// Two points in the directions in which the part starts and ends. The angles are counted from the left or
+// from below, wherever the axis points, and a negative length turns the part by half a turn. It must stay so.
+ArcEnds RadialsOf(const ModelEllipse& model) {
+  const bool alongX = LiesAlongX(model);
+  const double base = alongX ? pi : halfPi;
+  const double length = alongX ? model.axisX + model.centreX : model.axisY + model.centreY;
+  const double start = model.startAngle - base;
+  const double end = model.endAngle - base;
+  return {ModelToSheet(std::cos(start) * length + model.centreX, std::sin(start) * length + model.centreY),
+          ModelToSheet(std::cos(end) * length + model.centreX, std::sin(end) * length + model.centreY)};
+}
+
+// The angle from one point to another as the centre sees them, counter-clockwise, from 0 to below a turn.
+double AngleBetween(const POINT& centre, const POINT& from, const POINT& to) {
+  const auto directionOf = [&centre](const POINT& point) {
+    return std::atan2(static_cast<double>(point.y) - centre.y, static_cast<double>(point.x) - centre.x);
+  };
+  const double angle = directionOf(to) - directionOf(from);
+  return angle < 0.0 ? angle + twoPi : angle;
+}
+
+// The pieces of a part that the view shows: where an end lies in the arc that the cut leaves it stays, and
+// the cut's own end takes the place of one that doesn't. A part that leaves that arc by its end and comes
+// back by its start is drawn in two pieces, and one that never enters it not at all.
+std::vector<ArcEnds> PiecesInView(const POINT& centre, const ArcEnds& part, const ArcEnds& cut) {
+  if (!HasBounds(cut)) return {part};
+  const double start = AngleBetween(centre, cut.start, part.start);
+  const double end = AngleBetween(centre, cut.start, part.end);
+  double cutEnd = AngleBetween(centre, cut.start, cut.end);
+  if (cutEnd == 0.0) cutEnd = twoPi;
+
+  // A start on the cut's end and an end on its start would leave a piece without length: GDI takes that for a
+  // whole ellipse.
+  const bool startStays = start < cutEnd;
+  const bool endStays = 0.0 < end && end <= cutEnd;
+  if (startStays && endStays) {
+    if (start < end) return {part};
+    return {{cut.start, part.end}, {part.start, cut.end}};
+  }
+  if (startStays) return {{part.start, cut.end}};
+  if (endStays) return {{cut.start, part.end}};
+  const bool passesOutside = start < end || end == 0.0;
+  if (passesOutside) return {};
+  return {cut};
+}
+
+// Without bounds the dashes go all the way round.
+void DrawDashes(Canvas canvas, const SheetEllipse& e, const ArcEnds& ends, const Dashes& dashes,
+                int32_t color) {
+  DashEllipse(canvas, e.centre.x, e.centre.y, e.left, e.top, WrapAdd(e.right, 1), WrapSub(e.bottom, 1),
+              ends.start.x, ends.start.y, ends.end.x, ends.end.y, WrapSub(e.right, e.left) / 2,
+              WrapSub(e.bottom, e.top) / 2, state.centreX, state.centreY, ColorAt(color), dashes.elements,
+              dashes.count, state.rotated);
+}
+
+void DrawPiece(Canvas canvas, const SheetEllipse& e, const ArcEnds& ends, const Dashes& dashes,
+               int32_t color) {
+  if (dashes.count == 0)
+    PenEllipseArc(canvas, e.left, e.top, WrapAdd(e.right, 1), WrapSub(e.bottom, 1), ends.start.x,
+                  ends.start.y, ends.end.x, ends.end.y, state.centreX, state.centreY, ColorAt(color),
+                  state.rotated);
+  else
+    DrawDashes(canvas, e, ends, dashes, color);
+}
+
+void DrawWhole(Canvas canvas, const SheetEllipse& e, const ArcEnds& cut, const Dashes& dashes,
+               int32_t color) {
+  if (HasBounds(cut))
+    DrawPiece(canvas, e, cut, dashes, color);
+  else if (dashes.count == 0)
+    PenEllipse(canvas, e.left, e.top, WrapAdd(e.right, 1), WrapSub(e.bottom, 1), state.centreX, state.centreY,
+               ColorAt(color), state.rotated);
+  else
+    DrawDashes(canvas, e, {}, dashes, color);
+}
+
+}  // namespace
+
 int32_t DrawEllipse(Canvas canvas, TextStream& stream, const ViewRect& view) {
-  return 0;
+  LineStyle style;
+  double startAngle = 0.0;
+  double endAngle = 0.0;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveLinetype(value, style); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 11: state.entX[1] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 21: state.entY[1] = Atof(value) * 100.0; break;
+      case 40: state.entRadius = Atof(value); break;
+      case 41: startAngle = Atof(value); break;
+      case 42: endAngle = Atof(value); break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.entColor);
+
+  const ModelEllipse model = {state.entX[0],   state.entY[0], state.entX[1], state.entY[1],
+                              state.entRadius, startAngle,    endAngle};
+  const SheetEllipse ellipse = PlaceOnSheet(model);
+  if (!ShowsACorner(view, ellipse)) return more;
+  const ArcEnds cut = CutToView(view, ellipse);
+  const Dashes dashes = DashesOf(style);
+  if (IsWhole(model)) {
+    DrawWhole(canvas, ellipse, cut, dashes, state.entColor);
+    return more;
+  }
+  for (const ArcEnds& piece : PiecesInView(ellipse.centre, RadialsOf(model), cut))
+    DrawPiece(canvas, ellipse, piece, dashes, state.entColor);
+  return more;
 }
 
 int32_t DrawBlockEllipse(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                         int32_t insertColor, const ViewRect& view, int32_t byBlockFlag) {
-  return 0;
+                         int32_t insertColor, const ViewRect& view, int32_t /*byBlockFlag*/) {
+  LineStyle style;
+  int32_t inherit = 0;
+  double startAngle = 0.0;
+  double endAngle = 0.0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveBlockLinetype(value, style, inherit); break;
+      case 8:
+        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        break;
+      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 11: state.blockX[1] = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 21: state.blockY[1] = Atof(value) * 100.0 * state.insertScaleY; break;
+      case 40: state.blockRadius = Atof(value); break;
+      case 41: startAngle = Atof(value); break;
+      case 42: endAngle = Atof(value); break;
+      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+    }
+  }
+  if (LinetypeFilter(style.family)) return more;
+  MonochromeRule(state.blockColor);
+
+  ModelEllipse model = {state.blockX[0],   state.blockY[0], state.blockX[1], state.blockY[1],
+                        state.blockRadius, startAngle,      endAngle};
+  // The axis and the angles aren't turned with the centre.
+  TurnAboutOrigin(model.centreX, model.centreY, blockOriginX, blockOriginY);
+  const SheetEllipse ellipse = PlaceOnSheet(model);
+  if (!ShowsACorner(view, ellipse)) return more;
+  const ArcEnds cut = CutToView(view, ellipse);
+  const Dashes dashes = DashesOf(style);
+  if (IsWhole(model)) {
+    DrawWhole(canvas, ellipse, cut, dashes, state.blockColor);
+    return more;
+  }
+  for (const ArcEnds& piece : PiecesInView(ellipse.centre, RadialsOf(model), cut)) {
+    // Where arcs had to be told their direction, a solid part is drawn with the pen that the canvas holds,
+    // and isn't turned with the sheet.
+    if (state.arcClockwise == 1 && dashes.count == 0)
+      Arc(canvas, ellipse.left, ellipse.top, WrapAdd(ellipse.right, 1), WrapSub(ellipse.bottom, 1),
+          piece.start.x, piece.start.y, piece.end.x, piece.end.y);
+    else
+      DrawPiece(canvas, ellipse, piece, dashes, state.blockColor);
+  }
+  return more;
 }
 
 }  // namespace hexlume

@@ -1,14 +1,111 @@
+// POINT: the mark that $PDMODE and $PDSIZE ask for. It has no view test and no line type.
 #include "entities/point.h"
+
+#include "driver/group_reader.h"
+#include "entities/block_rules.h"
+#include "entities/converter_rules.h"
 
 namespace hexlume {
 
+namespace {
+
+constexpr int32_t figureCount = 32;  // $PDMODE counts figures and, times 32, the frames around them
+
+// The figure is drawn first. A negative mode keeps its sign and selects nothing, unless 32 divides it.
+int32_t FigureOf(const HeaderVars& headerVars) {
+  return headerVars.pdMode % figureCount;
+}
+int32_t FrameOf(const HeaderVars& headerVars) {
+  return headerVars.pdMode / figureCount;
+}
+
+// The pens of all marks have the family of the drawing's first layer, whichever layer the point is on.
+int32_t MarkPenStyle() {
+  return state.layers.empty() ? 0 : state.layers[0].family;
+}
+
+void DrawFigure(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t color) {
+  const COLORREF colour = ColorAt(color);
+  const int32_t penStyle = MarkPenStyle();
+  switch (FigureOf(headerVars)) {
+    case 0: PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, colour, state.rotated); break;
+    case 2:
+      MarkPlus(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+               state.rotated);
+      break;
+    case 3:
+      MarkCross(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+                state.rotated);
+      break;
+    case 4:
+      MarkTick(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+               state.rotated);
+      break;
+  }
+}
+
+void DrawSquare(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t color) {
+  MarkSquare(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(color), MarkPenStyle(),
+             headerVars.pdSize, state.rotated);
+}
+
+}  // namespace
+
 int32_t DrawPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVars) {
-  return 0;
+  LineStyle unusedStyle;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 8:
+        if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+    }
+  }
+  MonochromeRule(state.entColor);
+
+  const POINT at = ModelToSheet(state.entX[0], state.entY[0]);
+  DrawFigure(canvas, at, headerVars, state.entColor);
+  const int32_t frame = FrameOf(headerVars);
+  if (frame == 1 || frame == 3)
+    MarkCircle(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.entColor), MarkPenStyle(),
+               headerVars.pdSize, state.arcClockwise, state.rotated);
+  if (frame == 2 || frame == 3) DrawSquare(canvas, at, headerVars, state.entColor);
+  return more;
 }
 
 int32_t DrawBlockPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVars, double blockOriginX,
                        double blockOriginY, int32_t insertColor) {
-  return 0;
+  LineStyle unusedStyle;
+  int32_t inherit = 0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 6: ResolveBlockLinetype(value, unusedStyle, inherit); break;  // by block concerns the colour too
+      case 8:
+        if (!ResolveInheritedLayer(unusedStyle, state.blockColor, insertColor, inherit)) return more;
+        break;
+      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+    }
+  }
+  MonochromeRule(state.blockColor);
+
+  const POINT at = BlockTransform(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  DrawFigure(canvas, at, headerVars, state.blockColor);
+  const int32_t frame = FrameOf(headerVars);
+  // In a block a pixel takes the circle's place.
+  if (frame == 1 || frame == 3)
+    PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.blockColor), state.rotated);
+  if (frame == 2 || frame == 3) DrawSquare(canvas, at, headerVars, state.blockColor);
+  return more;
 }
 
 }  // namespace hexlume

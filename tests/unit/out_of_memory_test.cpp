@@ -13,6 +13,7 @@
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
+#include "tables/block_directory.h"
 
 static bool refuse = false;
 
@@ -80,6 +81,19 @@ TEST_F(OutOfMemory, drawing_a_line_needs_no_memory) {
   });
   EXPECT_EQ(0, thrown);
   EXPECT_EQ(drawnLine + drawnLine, listing);
+}
+
+TEST_F(OutOfMemory, the_exception_leaves_the_directory_of_blocks_as_11) {
+  TextStream stream = StreamOf("0 BLOCK\n2 A\n0 ENDBLK\n0 ENDSEC\n");
+  int32_t thrown = 0;
+  refuse = true;
+  try {
+    ReadBlocks(stream);
+  } catch (int32_t code) {
+    thrown = code;
+  }
+  refuse = false;
+  EXPECT_EQ(11, thrown);
 }
 
 }  // namespace
