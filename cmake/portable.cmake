@@ -17,6 +17,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/kept_libraries.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
+  src/platform/portable/japanese_locale.cpp
   src/platform/portable/module_file.cpp
   src/platform/portable/objects.cpp
   src/platform/portable/polygon_scan.cpp

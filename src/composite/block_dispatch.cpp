@@ -14,6 +14,8 @@
 #include "entities/spline.h"
 #include "platform/fault_guard.h"
 #include "platform/stack_room.h"
+#include "text/mtext.h"
+#include "text/text.h"
 
 namespace hexlume {
 
@@ -80,6 +82,16 @@ const ConverterRow<BlockRun> blockConverters[] = {
      }},
     {"TRACE", StartBlockSolid},
     {"SOLID", StartBlockSolid},
+    {"TEXT",
+     [](const BlockRun& run) {
+       return DrawBlockText(run.canvas, run.stream, run.originX, run.originY, run.insertColor, run.view,
+                            run.wholeTextClip, run.halfWidthFont);
+     }},
+    {"MTEXT",
+     [](const BlockRun& run) {
+       return DrawBlockMText(run.canvas, run.stream, run.originX, run.originY, run.view, run.wholeTextClip,
+                             run.halfWidthFont);
+     }},
     {"INSERT",
      [](const BlockRun& run) {
        return DrawBlockInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
@@ -89,6 +101,11 @@ const ConverterRow<BlockRun> blockConverters[] = {
 
 int32_t StartDimInsertSolid(const BlockRun& run) {
   return DrawDimInsertSolid(run.canvas, run.stream, run.originX, run.originY, run.view, run.insertColor);
+}
+
+// One converter for both names.
+int32_t StartDimInsertText(const BlockRun& run) {
+  return DrawDimInsertText(run.canvas, run.stream, run.originX, run.originY, run.view, run.wholeTextClip);
 }
 
 const ConverterRow<BlockRun> dimInsertConverters[] = {
@@ -109,6 +126,8 @@ const ConverterRow<BlockRun> dimInsertConverters[] = {
      }},
     {"TRACE", StartDimInsertSolid},
     {"SOLID", StartDimInsertSolid},
+    {"TEXT", StartDimInsertText},
+    {"MTEXT", StartDimInsertText},
     {"LWPOLYLINE",
      [](const BlockRun& run) {
        return DrawDimInsertLwPolyline(run.stream, run.canvas, run.originX, run.originY, run.view,

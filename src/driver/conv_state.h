@@ -110,6 +110,11 @@ struct ConvState {
   double entRadius, blockRadius, dimRadius;
   double entCentreX, blockCentreX, dimCentreX;
   double entCentreY, blockCentreY, dimCentreY;
+  char entText[textSize - 1], blockText[textSize], dimText[textSize];
+
+  // Faces of text. Those named by a text's own codes stay for the texts behind it, also between calls.
+  const char* entFace;  // of the text at hand
+  char entFaceName[textSize], blockFaceName[textSize];
 
   // The INSERT being played back.
   double insertScaleX, insertScaleY;

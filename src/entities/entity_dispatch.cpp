@@ -14,6 +14,9 @@
 #include "entities/spline.h"
 #include "platform/fault_guard.h"
 #include "platform/system_version.h"
+#include "text/attrib.h"
+#include "text/mtext.h"
+#include "text/text.h"
 
 namespace hexlume {
 
@@ -56,7 +59,17 @@ const ConverterRow<EntityRun> converters[] = {
     {"SPLINE", [](const EntityRun& run) { return DrawSpline(run.canvas, run.stream); }},
     {"TRACE", StartSolid},
     {"SOLID", StartSolid},
+    {"TEXT",
+     [](const EntityRun& run) {
+       return DrawText(run.canvas, run.stream, run.view, run.wholeTextClip, run.halfWidthFont);
+     }},
+    {"MTEXT",
+     [](const EntityRun& run) {
+       return DrawMText(run.canvas, run.stream, run.view, run.wholeTextClip, run.halfWidthFont);
+     }},
     {"INSERT", StartInsert},
+    {"ATTRIB",
+     [](const EntityRun& run) { return DrawAttrib(run.canvas, run.stream, run.view, run.wholeTextClip); }},
 };
 
 void SetUpCanvas(Canvas canvas) {

@@ -89,7 +89,11 @@ constexpr int COMPLEXREGION = 3;
 
 constexpr BYTE ANSI_CHARSET = 0;
 constexpr BYTE DEFAULT_CHARSET = 1;
+constexpr LONG FW_DONTCARE = 0;
 constexpr BYTE SHIFTJIS_CHARSET = 128;
+constexpr BYTE OUT_DEFAULT_PRECIS = 0;
+constexpr BYTE CLIP_LH_ANGLES = 16;
+constexpr BYTE DEFAULT_QUALITY = 0;
 constexpr BYTE FIXED_PITCH = 1;
 constexpr BYTE FF_MODERN = 48;
 constexpr int FW_NORMAL = 400;

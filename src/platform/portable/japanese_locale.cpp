@@ -1,0 +1,7 @@
+#include "platform/japanese_locale.h"
+
+namespace hexlume {
+
+void SelectJapaneseLocale() {}
+
+}  // namespace hexlume

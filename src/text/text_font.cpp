@@ -1,0 +1,82 @@
+#include "text/text_font.h"
+
+#include <cstring>
+
+#include "driver/bounded_copy.h"
+#include "entities/converter_rules.h"
+#include "platform/code_page_932.h"
+#include "platform/japanese_locale.h"
+#include "text/text_bytes.h"
+
+namespace hexlume {
+
+const char* FaceFor(int32_t halfWidthFont) {
+  return halfWidthFont != 0 ? defaultFace : gothicFace;
+}
+
+void SettleFont(LOGFONTA& font, const char* face) {
+  font.lfWeight = FW_DONTCARE;
+  font.lfUnderline = 0;
+  font.lfStrikeOut = 0;
+  font.lfCharSet = SHIFTJIS_CHARSET;
+  font.lfOutPrecision = OUT_DEFAULT_PRECIS;
+  font.lfClipPrecision = CLIP_LH_ANGLES;
+  font.lfQuality = DEFAULT_QUALITY;
+  font.lfPitchAndFamily = 0;
+  BoundedCopy(font.lfFaceName, face);
+}
+
+SelectedFont SelectNewFont(Canvas canvas, const LOGFONTA& font) {
+  const HFONT created = CreateFontIndirectA(&font);
+  return {created, SelectObject(canvas, created)};
+}
+
+void RestoreFont(Canvas canvas, const SelectedFont& selected) {
+  SelectObject(canvas, selected.previous);
+  DeleteObject(selected.font);
+}
+
+int32_t ClassifyText(const char* stripped) {
+  SelectJapaneseLocale();
+  const size_t length = std::strlen(stripped);
+  if (length == 2 && CharacterCount(stripped) == 1) return 1;
+  for (const char* byte = stripped; *byte != '\0'; ++byte) {
+    if (!IsLetter(*byte) && !IsDigit(*byte) && !std::strchr("-.,", *byte)) return 1;
+    if (IsLeadByte(static_cast<uint8_t>(*byte))) return 1;
+  }
+  return 0;
+}
+
+int32_t FitCount(const char* text) {
+  const auto length = static_cast<int32_t>(std::strlen(text));
+  return length == 2 && CharacterCount(text) == 1 ? 1 : length;
+}
+
+int32_t MeasureAveCharWidth(Canvas canvas, int32_t height, int32_t escapement) {
+  LOGFONTA font = {};
+  font.lfHeight = height;
+  font.lfEscapement = escapement;
+  SettleFont(font, defaultFace);
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  const TEXTMETRICA metrics = MeasureFont(canvas);
+  RestoreFont(canvas, selected);
+  return metrics.tmAveCharWidth;
+}
+
+void DrawFontText(Canvas canvas, int32_t height, int32_t width, int32_t escapement, double x, double y,
+                  int32_t halfWidthFont) {
+  LOGFONTA font = {};
+  font.lfHeight = height;
+  font.lfWidth = width;
+  font.lfEscapement = escapement;
+  SettleFont(font, FaceFor(halfWidthFont));
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  SetTextColor(canvas, ColorAt(state.entColor));
+  SetTextAlign(canvas, TA_BOTTOM);
+  SetBkMode(canvas, TRANSPARENT);
+  const POINT place = ModelToSheet(x, y);
+  TextOutA(canvas, place.x, place.y, state.entText, static_cast<int>(std::strlen(state.entText)));
+  RestoreFont(canvas, selected);
+}
+
+}  // namespace hexlume
