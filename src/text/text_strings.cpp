@@ -1,31 +1,277 @@
 #include "text/text_strings.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <string>
+
+#include "driver/bounded_copy.h"
+#include "driver/conv_state.h"
+#include "driver/numbers.h"
+#include "text/text_bytes.h"
+
 namespace hexlume {
 
-void ExpandPercentCodes() {}
+namespace {
 
-void ExpandBlockPercentCodes() {}
+constexpr size_t none = std::string::npos;
 
-void ExpandDimInsertPercentCodes() {}
+// Where a code begins, minding lead bytes from start on.
+size_t FindFrom(const std::string& text, const char* sought, size_t start = 0) {
+  const char* place = FindCharacters(text.c_str() + start, sought);
+  return place == nullptr ? none : static_cast<size_t>(place - text.c_str());
+}
 
-void StripBraceCodes() {}
+// Cuts the first of the codes, if there is one.
+bool CutFirst(std::string& text, const char* code) {
+  const size_t place = FindFrom(text, code);
+  if (place == none) return false;
+  text.erase(place, std::strlen(code));
+  return true;
+}
 
-void StripBlockBraceCodes() {}
+// The same, blind to lead bytes.
+bool CutFirstBytes(std::string& text, const char* code) {
+  const size_t place = text.find(code);
+  if (place == none) return false;
+  text.erase(place, std::strlen(code));
+  return true;
+}
 
-void StripSpaceAndParens() {}
+void CutAll(std::string& text, const char* code) {
+  while (CutFirst(text, code)) continue;
+}
 
-void StripBlockSpaceAndParens() {}
+void ReplaceFirstBytes(std::string& text, const char* code, const char* sign) {
+  const size_t place = text.find(code);
+  if (place != none) text.replace(place, std::strlen(code), sign);
+}
 
-void StripFullWidthSpace() {}
+constexpr size_t percentCodeLength = 3;  // "%%" and a byte, which the text's end can cut off
 
-void WidenEmptyBrackets() {}
+// Everything behind a "%%d" is lost, and the sign stands twice; a capital "P" is no code. Both stay so.
+void ExpandFirstPercentCode(std::string& text) {
+  const size_t place = text.find("%%");
+  if (place == none) return;
+  switch (text.c_str()[place + 2]) {
+    case 'c':
+    case 'C': text.replace(place, percentCodeLength, diameterSign); break;
+    case 'd':
+    case 'D': text.erase(place).append(degreeSign).append(degreeSign); break;
+    case 'p': text.replace(place, percentCodeLength, plusMinusSign); break;
+    default: text.erase(place, percentCodeLength);
+  }
+}
 
-void ParseFontScales(double& width, double& tracking, double& oblique) {}
+// In a block the text behind a "%%d" is kept, and no capital is a code.
+void ExpandFirstBlockPercentCode(std::string& text) {
+  const size_t place = text.find("%%");
+  if (place == none) return;
+  switch (text.c_str()[place + 2]) {
+    case 'c': text.replace(place, percentCodeLength, diameterSign); break;
+    case 'd': text.replace(place, percentCodeLength, degreeSign); break;
+    case 'p': text.replace(place, percentCodeLength, plusMinusSign); break;
+    default: text.erase(place, percentCodeLength);
+  }
+}
 
-void ParseBlockFontScales(double& width, double& tracking, double& oblique) {}
+// Takes the code off the first brace that has one. The ";" that ends the code is looked for from the start of
+// the text, not from the brace: one in front of it makes a mess of the text, and that stays so.
+void OpenFirstBrace(std::string& text) {
+  const size_t brace = FindFrom(text, "{\\");
+  if (brace == none) return;
+  const size_t codeEnd = FindFrom(text, ";");
+  std::string opened = text.substr(0, brace);
+  if (codeEnd != none) {
+    const size_t close = FindFrom(text, "}", codeEnd + 1);
+    if (close != none) opened += text.substr(codeEnd + 1, close - codeEnd - 1) + text.substr(close + 1);
+  } else {
+    const size_t close = FindFrom(text, "}");
+    if (close != none && close > 0) opened += text[close - 1];
+    if (close != none) opened += text.substr(close + 1);
+  }
+  text = opened;
+}
 
-void ExtractFontName() {}
+std::string WithoutBraceCodes(std::string text) {
+  size_t lengthBefore;
+  do {
+    lengthBefore = text.length();
+    text.erase(0, std::min(text.find_first_not_of('}'), text.length()));
+    if (text[0] == '\\') {
+      const size_t codeEnd = FindFrom(text, ";");
+      if (codeEnd != none) text.erase(0, codeEnd + 1);
+    }
+    CutFirst(text, "\\A1;");
+    OpenFirstBrace(text);
+    // A round that makes nothing shorter would go on for ever.
+  } while (FindFrom(text, "{\\") != none && text.length() < lengthBefore);
+  return text;
+}
 
-void ExtractBlockFontName() {}
+void CutParens(std::string& text, int levels) {
+  for (int level = 0; level < levels; ++level) {
+    CutFirstBytes(text, "(");
+    CutFirstBytes(text, ")");
+  }
+}
+
+// A code's value: what lies between the code and the ";" behind it. Blind to lead bytes.
+struct CodeValue {
+  size_t start = none;
+  size_t end = none;  // of the ";"
+
+  bool IsThere() const { return end != none; }
+};
+
+CodeValue FindValue(const std::string& text, const char* code, char closing = ';') {
+  CodeValue value;
+  const size_t place = text.find(code);
+  if (place == none) return value;
+  value.start = place + std::strlen(code);
+  value.end = text.find(closing, value.start);
+  return value;
+}
+
+std::string TextOf(const std::string& text, const CodeValue& value) {
+  return text.substr(value.start, value.end - value.start);
+}
+
+void ParseScale(const std::string& text, const char* code, double& scale) {
+  const CodeValue value = FindValue(text, code);
+  if (value.IsThere()) scale = Atof(TextOf(text, value).c_str());
+}
+
+// What is in front of the code goes with it.
+void ParseScaleAndCut(std::string& text, const char* code, double& scale) {
+  const CodeValue value = FindValue(text, code);
+  if (!value.IsThere()) return;
+  scale = Atof(TextOf(text, value).c_str());
+  text.erase(0, value.end + 1);
+}
+
+// Leaves as many bytes of the text's very start as the number has, and all from the ";" on. That stump stays.
+void ParseScaleAndLeaveStump(std::string& text, const char* code, double& scale) {
+  const CodeValue value = FindValue(text, code);
+  if (!value.IsThere()) return;
+  const std::string number = TextOf(text, value);
+  scale = Atof(number.c_str());
+  text = text.substr(0, number.length()) + text.substr(value.end);
+}
+
+}  // namespace
+
+void ExpandPercentCodes() {
+  std::string text = state.entText;
+  do {
+    CutAll(text, "%%u");
+    CutAll(text, "%%o");
+    ExpandFirstPercentCode(text);
+    BoundedCopy(state.entText, text.c_str());  // a "%%d" that doesn't fit is a fault whatever is behind it
+    // One of each a round; plus-minus has no such code.
+    ReplaceFirstBytes(text, "\\U+2205", diameterSign);
+    ReplaceFirstBytes(text, "\\U+00B0", degreeSign);
+    ReplaceFirstBytes(text, "\\U+25CF", middleDot);
+  } while (text.find("%%") != none);
+  BoundedCopy(state.entText, text.c_str());
+}
+
+void ExpandBlockPercentCodes() {
+  std::string text = state.blockText;
+  do {
+    CutAll(text, "%%u");
+    ExpandFirstBlockPercentCode(text);
+  } while (text.find("%%") != none);
+  BoundedCopy(state.blockText, text.c_str());
+}
+
+void ExpandDimInsertPercentCodes() {
+  std::string text = state.dimText;
+  while (text.find("%%") != none) ExpandFirstBlockPercentCode(text);
+  BoundedCopy(state.dimText, text.c_str());
+}
+
+void StripBraceCodes() {
+  BoundedCopy(state.entText, WithoutBraceCodes(state.entText).c_str());
+}
+
+void StripBlockBraceCodes() {
+  BoundedCopy(state.blockText, WithoutBraceCodes(state.blockText).c_str());
+}
+
+void StripSpaceAndParens() {
+  std::string text = state.entText;
+  int levels = 0;  // one for each blank, and one for a text without any
+  do {
+    CutFirstBytes(text, " ");
+    ++levels;
+  } while (text.find(' ') != none);
+  CutParens(text, levels);
+  BoundedCopy(state.entText, text.c_str());
+}
+
+void StripBlockSpaceAndParens() {
+  std::string text = state.blockText;
+  int levels = 0;
+  do {
+    CutFirst(text, "\\A1;");
+    CutFirstBytes(text, " ");
+    ++levels;
+  } while (text.find(' ') != none);
+  CutParens(text, levels);
+  BoundedCopy(state.blockText, text.c_str());
+}
+
+void StripFullWidthSpace() {
+  std::string text = state.entText;
+  CutAll(text, fullWidthBlank);
+  BoundedCopy(state.entText, text.c_str());
+}
+
+void WidenEmptyBrackets() {
+  const std::string text = state.entText;
+  StripSpaceAndParens();
+  StripFullWidthSpace();
+  const bool isEmptyPair = std::strcmp(state.entText, fullWidthBrackets) == 0;
+  BoundedCopy(state.entText, text.c_str());
+  if (!isEmptyPair) return;
+
+  const size_t bracket = FindFrom(text, "\x81\x69");
+  if (bracket == none) return;
+  const size_t blank = FindFrom(text, fullWidthBlank, bracket);
+  if (blank == none) return;
+  // As many bytes again as lie between bracket and blank: with the blank right behind the bracket that is one
+  // blank, elsewhere it can halve a character.
+  const std::string widened =
+      text.substr(0, bracket + 2) + text.substr(blank, blank - bracket) + text.substr(blank);
+  BoundedCopy(state.entText, widened.c_str());
+}
+
+void ParseFontScales(double& width, double& tracking, double& oblique) {
+  const std::string text = state.groupValue;
+  ParseScale(text, "\\T", tracking);
+  ParseScale(text, "\\W", width);
+  ParseScale(text, "\\Q", oblique);
+}
+
+void ParseBlockFontScales(double& width, double& tracking, double& oblique) {
+  std::string text = state.groupValue;
+  ParseScaleAndLeaveStump(text, "\\T", tracking);
+  ParseScaleAndCut(text, "\\W", width);
+  ParseScaleAndCut(text, "\\Q", oblique);
+  BoundedCopy(state.groupValue, text.c_str());
+}
+
+void ExtractFontName() {
+  const std::string text = state.entText;
+  const CodeValue face = FindValue(text, "\\f", '|');
+  if (face.IsThere()) BoundedCopy(state.entFaceName, TextOf(text, face).c_str());
+}
+
+void ExtractBlockFontName() {
+  const std::string text = state.blockText;
+  const CodeValue face = FindValue(text, "\\f", '|');
+  if (face.IsThere()) BoundedCopy(state.blockFaceName, TextOf(text, face).c_str());
+}
 
 }  // namespace hexlume
