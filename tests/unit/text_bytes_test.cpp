@@ -99,9 +99,12 @@ TEST(FindCharacters, nothing_is_found_at_the_start_of_everything) {
 }
 
 TEST(FindCharacters, a_trail_byte_is_no_character) {
-  EXPECT_EQ(PlaceOf("\x95\\P", "\\P"), -1);          // 5C is half of a kanji
-  EXPECT_EQ(PlaceOf("\x95\\\\P", "\\P"), 2);         // a backslash stands behind it
-  EXPECT_EQ(PlaceOf("\x81\x7D" "5}", "}"), 3);       // 7D is half of the plus-minus
+  EXPECT_EQ(PlaceOf("\x95\\P", "\\P"), -1);   // 5C is half of a kanji
+  EXPECT_EQ(PlaceOf("\x95\\\\P", "\\P"), 2);  // a backslash stands behind it
+  EXPECT_EQ(PlaceOf("\x81\x7D"
+                    "5}",
+                    "}"),
+            3);                                        // 7D is half of the plus-minus
   EXPECT_EQ(PlaceOf("\x82\x81\x40", "\x81\x40"), -1);  // across two characters
 }
 

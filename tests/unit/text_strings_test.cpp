@@ -1,15 +1,14 @@
-// The "%%" codes, the brace codes, blanks and brackets.
+// The "%%" codes and the brace codes.
 #include "text/text_strings.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
-#include <random>
 #include <string>
 
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
-#include "text/text_bytes.h"
 
 namespace hexlume {
 namespace {
@@ -57,9 +56,6 @@ const std::string phi = diameterSign;
 const std::string degree = degreeSign;
 const std::string plusMinus = plusMinusSign;
 const std::string dot = middleDot;
-const std::string wide = fullWidthBlank;
-const std::string open = "\x81\x69";
-const std::string close = "\x81\x6A";
 const std::string hyo = "\x95\\";  // three kanji and kana with the trail byte 5C
 const std::string so = "\x83\\";
 const std::string noh = "\x94\\";
@@ -95,12 +91,14 @@ TEST(ExpandPercentCodes, a_capital_U_or_O_is_an_unknown_code_and_is_cut) {
 }
 
 TEST(ExpandPercentCodes, overlines_go_before_other_codes_are_looked_at) {
-  // Without that the first "%%" would take the "%" behind it for its code and leave "oc".
+  // "%%o" at 2 goes and "%%c" is left. Else "%%%" would go, and "%oc5" be left.
   EXPECT_EQ(Expanded("%%%%oc5"), phi + "5");
 }
 
 TEST(ExpandPercentCodes, a_lead_byte_hides_an_underline_which_then_goes_as_an_unknown_code) {
-  EXPECT_EQ(Expanded("\x81%%uA"), "\x81" "A");
+  EXPECT_EQ(Expanded("\x81%%uA"),
+            "\x81"
+            "A");
 }
 
 TEST(ExpandPercentCodes, a_lead_byte_hides_no_symbol) {
@@ -108,8 +106,12 @@ TEST(ExpandPercentCodes, a_lead_byte_hides_no_symbol) {
 }
 
 TEST(ExpandPercentCodes, c_and_C_are_the_diameter) {
-  EXPECT_EQ(Expanded("A%%c5"), "A\x83\xD3" "5");
-  EXPECT_EQ(Expanded("A%%C5"), "A\x83\xD3" "5");
+  EXPECT_EQ(Expanded("A%%c5"),
+            "A\x83\xD3"
+            "5");
+  EXPECT_EQ(Expanded("A%%C5"),
+            "A\x83\xD3"
+            "5");
 }
 
 TEST(ExpandPercentCodes, a_degree_stands_twice_and_all_behind_it_is_lost) {
@@ -119,7 +121,9 @@ TEST(ExpandPercentCodes, a_degree_stands_twice_and_all_behind_it_is_lost) {
 }
 
 TEST(ExpandPercentCodes, a_small_p_is_plus_minus) {
-  EXPECT_EQ(Expanded("5%%p1"), "5\x81\x7D" "1");
+  EXPECT_EQ(Expanded("5%%p1"),
+            "5\x81\x7D"
+            "1");
 }
 
 TEST(ExpandPercentCodes, a_capital_P_is_cut) {
@@ -160,7 +164,9 @@ TEST(ExpandPercentCodes, all_codes_of_a_text_are_expanded) {
 TEST(ExpandPercentCodes, the_three_U_codes_become_their_symbols) {
   EXPECT_EQ(Expanded("\\U+2205 12"), phi + " 12");
   EXPECT_EQ(Expanded("90\\U+00B0A"), "90" + degree + "A");
-  EXPECT_EQ(Expanded("A\\U+25CFB"), "A\x81\x45" "B");
+  EXPECT_EQ(Expanded("A\\U+25CFB"),
+            "A\x81\x45"
+            "B");
 }
 
 TEST(ExpandPercentCodes, a_second_U_code_of_a_kind_stays_where_no_percents_are_left) {
@@ -211,7 +217,9 @@ TEST(ExpandPercentCodes, a_text_of_nothing_but_codes_ends_empty) {
 // ExpandBlockPercentCodes
 
 TEST(ExpandBlockPercentCodes, small_letters_become_their_symbols_and_all_text_stays) {
-  EXPECT_EQ(BlockExpanded("10%%dC"), "10\x81\x8B" "C");
+  EXPECT_EQ(BlockExpanded("10%%dC"),
+            "10\x81\x8B"
+            "C");
   EXPECT_EQ(BlockExpanded("%%c5%%p1%%d2%%c3"), phi + "5" + plusMinus + "1" + degree + "2" + phi + "3");
 }
 
@@ -220,13 +228,13 @@ TEST(ExpandBlockPercentCodes, capitals_are_cut) {
 }
 
 TEST(ExpandBlockPercentCodes, underlines_vanish_before_other_codes_are_looked_at) {
-  // Without that the first "%%" would take the third "%" for its code and leave "uc".
+  // "%%u" at 2 goes and "%%c" is left. Else "%%%" would go, and "%uc5" be left.
   EXPECT_EQ(BlockExpanded("%%%%uc5"), phi + "5");
 }
 
 TEST(ExpandBlockPercentCodes, an_overline_is_an_unknown_code_and_cut_in_its_turn) {
   EXPECT_EQ(BlockExpanded("A%%oB"), "AB");
-  EXPECT_EQ(BlockExpanded("%%%%oc5"), "oc5");  // "%%%" goes, then "%oc5" has no code
+  EXPECT_EQ(BlockExpanded("%%%%oc5"), "%oc5");  // "%%%" goes, and what is left has no code
 }
 
 TEST(ExpandBlockPercentCodes, U_codes_stay) {
@@ -254,7 +262,7 @@ TEST(ExpandDimInsertPercentCodes, capitals_lines_and_unknown_codes_are_cut) {
 }
 
 TEST(ExpandDimInsertPercentCodes, an_underline_has_no_turn_of_its_own) {
-  EXPECT_EQ(DimExpanded("%%%%uc5"), "uc5");  // "%%%" goes, then "%uc5" has no code
+  EXPECT_EQ(DimExpanded("%%%%uc5"), "%uc5");  // "%%%" goes, and what is left has no code
 }
 
 TEST(ExpandDimInsertPercentCodes, U_codes_stay) {
@@ -267,3 +275,171 @@ TEST(ExpandDimInsertPercentCodes, percents_at_the_very_end_are_cut_with_what_is_
   EXPECT_EQ(DimExpanded("A%"), "A%");
 }
 
+// StripBraceCodes
+
+TEST(StripBraceCodes, a_text_without_codes_stays) {
+  EXPECT_EQ(BracesStripped(""), "");
+  EXPECT_EQ(BracesStripped("A;B {C} D}"), "A;B {C} D}");
+}
+
+TEST(StripBraceCodes, a_face_or_a_colour_in_a_brace_falls_away_with_the_brace) {
+  EXPECT_EQ(BracesStripped("{\\fArial|b0;Text} more"), "Text more");
+  EXPECT_EQ(BracesStripped("{\\C1;Red}"), "Red");
+  EXPECT_EQ(BracesStripped("Front {\\C1;Red}"), "Front Red");
+}
+
+TEST(StripBraceCodes, closing_braces_at_the_start_are_dropped_all_of_them) {
+  EXPECT_EQ(BracesStripped("}}}"), "");
+  EXPECT_EQ(BracesStripped("}}A}"), "A}");
+  EXPECT_EQ(BracesStripped("A}"), "A}");
+}
+
+TEST(StripBraceCodes, a_code_at_the_start_falls_away) {
+  EXPECT_EQ(BracesStripped("\\H2.5;A"), "A");
+  EXPECT_EQ(BracesStripped("\\pxqc;A;B"), "A;B");
+  EXPECT_EQ(BracesStripped("}\\H2.5;A"), "A");
+}
+
+TEST(StripBraceCodes, a_second_code_at_the_start_stays) {
+  EXPECT_EQ(BracesStripped("\\H2.5;\\C1;A"), "\\C1;A");
+}
+
+TEST(StripBraceCodes, a_code_at_the_start_without_a_semicolon_stays) {
+  EXPECT_EQ(BracesStripped("\\H2.5"), "\\H2.5");
+  EXPECT_EQ(BracesStripped("\\"), "\\");
+}
+
+TEST(StripBraceCodes, a_kanji_with_the_trail_byte_5C_at_the_start_is_no_code) {
+  EXPECT_EQ(BracesStripped(hyo + "H2.5;A"), hyo + "H2.5;A");
+}
+
+TEST(StripBraceCodes, codes_outside_braces_are_drawn_as_they_stand) {
+  EXPECT_EQ(BracesStripped("A\\LB\\lC\\H2;D\\C1;E"), "A\\LB\\lC\\H2;D\\C1;E");
+}
+
+TEST(StripBraceCodes, the_alignment_1_is_cut_once) {
+  EXPECT_EQ(BracesStripped("A\\A1;B\\A1;C"), "AB\\A1;C");
+  EXPECT_EQ(BracesStripped("A\\A0;B"), "A\\A0;B");
+}
+
+TEST(StripBraceCodes, the_alignment_1_at_the_start_goes_as_a_code_there_and_another_one_besides) {
+  EXPECT_EQ(BracesStripped("\\A1;\\A1;B"), "B");
+}
+
+TEST(StripBraceCodes, an_alignment_that_begins_within_a_kanji_is_none) {
+  EXPECT_EQ(BracesStripped("A" + hyo + "A1;B"), "A" + hyo + "A1;B");
+}
+
+TEST(StripBraceCodes, an_alignment_alone_in_a_brace_goes_first_and_the_braces_stay) {
+  EXPECT_EQ(BracesStripped("{\\A1;x}"), "{x}");
+}
+
+TEST(StripBraceCodes, several_braces_are_opened_one_after_the_other) {
+  // "A{\C1;B}C{\C2;D}E" first becomes "ABC{\C2;D}E".
+  EXPECT_EQ(BracesStripped("A{\\C1;B}C{\\C2;D}E"), "ABCDE");
+}
+
+TEST(StripBraceCodes, nested_braces_are_opened_from_outside) {
+  // The first "}" closes the outer brace: "{\C1;Red more}", then "Red more".
+  EXPECT_EQ(BracesStripped("{\\fArial|b0;{\\C1;Red} more}"), "Red more");
+  // "{\C2;{\H3;C} B} A", "{\H3;C B} A", "C B A".
+  EXPECT_EQ(BracesStripped("{\\C1;{\\C2;{\\H3;C} B} A}"), "C B A");
+}
+
+TEST(StripBraceCodes, a_second_code_in_a_brace_stays_but_at_the_start) {
+  EXPECT_EQ(BracesStripped("A{\\C1;\\H2;B}"), "A\\H2;B");
+}
+
+TEST(StripBraceCodes, without_a_closing_brace_the_tail_is_lost) {
+  EXPECT_EQ(BracesStripped("Front {\\C1;Red"), "Front ");
+  EXPECT_EQ(BracesStripped("A{\\"), "A");
+}
+
+TEST(StripBraceCodes, without_a_semicolon_the_byte_before_the_closing_brace_is_kept) {
+  EXPECT_EQ(BracesStripped("A{\\LBC}D"), "ACD");
+  EXPECT_EQ(BracesStripped("A{\\L" + hyo + "}D"), "A\\D");  // half of the kanji
+}
+
+TEST(StripBraceCodes, without_a_semicolon_the_closing_brace_is_looked_for_from_the_start) {
+  // "A}" is in front: "A}B", the byte before that brace, "A", and all behind it, "B{\L". No shorter than
+  // before, so it ends there.
+  EXPECT_EQ(BracesStripped("A}B{\\L"), "A}BAB{\\L");
+}
+
+TEST(StripBraceCodes, a_closing_brace_at_the_very_start_has_no_byte_before_it) {
+  // "\C1;" goes, "}{\x" has its "}" in front: "}" and "{\x". The next round drops the "}", and then the rest
+  // has neither end.
+  EXPECT_EQ(BracesStripped("\\C1;}{\\x"), "");
+}
+
+TEST(StripBraceCodes, a_semicolon_in_front_of_the_brace_makes_a_mess) {
+  // "A;B", then what lies between that ";" and the "}", "B{\C1;C", then "D": 11 bytes as before.
+  EXPECT_EQ(BracesStripped("A;B{\\C1;C}D"), "A;BB{\\C1;CD");
+}
+
+TEST(StripBraceCodes, the_closing_brace_behind_the_semicolon_counts_where_one_stands_in_front_of_it) {
+  EXPECT_EQ(BracesStripped("A}B{\\C1;C}D"), "A}BCD");
+}
+
+TEST(StripBraceCodes, a_semicolon_behind_the_brace_leaves_out_what_is_between) {
+  EXPECT_EQ(BracesStripped("{\\L}A;B}C"), "BC");
+}
+
+TEST(StripBraceCodes, a_text_that_a_round_leaves_as_long_as_it_was_ends_there) {
+  // "A;}", then what lies between ";" and "}", nothing, then what is behind the "}", "{\x".
+  EXPECT_EQ(BracesStripped("A;}{\\x"), "A;}{\\x");
+}
+
+TEST(StripBraceCodes, a_text_that_a_round_lets_grow_within_its_buffer_ends_there) {
+  // "A;B}", then "B" with nothing behind the "}" but "{\x": 8 bytes out of 7.
+  EXPECT_EQ(BracesStripped("A;B}{\\x"), "A;B}B{\\x");
+}
+
+TEST(StripBraceCodes, a_text_of_255_bytes_that_grows_throws_minus_1) {
+  // 121 bytes in front of the brace, then the 253 between ";" and "}".
+  EXPECT_EQ(Thrown(BracesStripped, ";" + std::string(120, 'A') + "{\\x" + std::string(130, 'B') + "}"), -1);
+}
+
+TEST(StripBraceCodes, the_trail_bytes_5C_7B_and_7D_are_no_marks) {
+  EXPECT_EQ(BracesStripped("{\\C1;" + plusMinus + "5}A"), plusMinus + "5A");  // 81 7D
+  EXPECT_EQ(BracesStripped("\x81\x7B\\A"), "\x81\x7B\\A");                    // 81 7B, the plus
+  EXPECT_EQ(BracesStripped(plusMinus + "{\\LB}"), plusMinus + "B");           // "}" from the start
+  EXPECT_EQ(BracesStripped("{\\C1;" + so + noh + "}" + hyo), so + noh + hyo);
+}
+
+TEST(StripBraceCodes, a_lead_byte_hides_the_mark_behind_it) {
+  EXPECT_EQ(BracesStripped("\\C1\x81;A;B"), "B");
+  EXPECT_EQ(BracesStripped("{\\C1;A\x81}B}C"), "A\x81}BC");
+}
+
+// A text that the brace codes let grow to 256 bytes: 127 in front of the brace, the 100 between ";" and "}",
+// and the 29 behind the "}".
+const std::string growsTo256 = ";" + std::string(100, 'A') + "}" + std::string(25, 'B') + "{\\xy";
+
+TEST(StripBraceCodes, the_buffer_holds_255_bytes) {
+  EXPECT_EQ(Thrown(BracesStripped, growsTo256), -1);
+}
+
+// StripBlockBraceCodes
+
+TEST(StripBlockBraceCodes, codes_go_as_they_do_outside_blocks) {
+  EXPECT_EQ(BlockBracesStripped("{\\fArial|b0;Text} more"), "Text more");
+  EXPECT_EQ(BlockBracesStripped("}}\\H2.5;A\\A1;B{\\C1;C}"), "ABC");
+  EXPECT_EQ(BlockBracesStripped("{\\A1;x}"), "{x}");
+  EXPECT_EQ(BlockBracesStripped("A{\\LBC}D"), "ACD");
+  EXPECT_EQ(BlockBracesStripped("A{\\C1;B"), "A");
+}
+
+TEST(StripBlockBraceCodes, the_buffer_holds_a_byte_more_than_that_of_the_entities) {
+  const std::string grown = ";" + std::string(100, 'A') + "}" + std::string(25, 'B') + std::string(100, 'A') +
+                            std::string(25, 'B') + "{\\xy";
+  ASSERT_EQ(grown.length(), 256u);
+  EXPECT_EQ(BlockBracesStripped(growsTo256), grown);
+}
+
+TEST(StripBlockBraceCodes, a_text_that_grows_beyond_the_buffer_throws_minus_1) {
+  EXPECT_EQ(Thrown(BlockBracesStripped, growsTo256 + "z"), -1);
+}
+
+}  // namespace
+}  // namespace hexlume
