@@ -31,11 +31,9 @@ bool CutFirst(std::string& text, const char* code) {
 }
 
 // The same, blind to lead bytes.
-bool CutFirstBytes(std::string& text, const char* code) {
+void CutFirstBytes(std::string& text, const char* code) {
   const size_t place = text.find(code);
-  if (place == none) return false;
-  text.erase(place, std::strlen(code));
-  return true;
+  if (place != none) text.erase(place, std::strlen(code));
 }
 
 void CutAll(std::string& text, const char* code) {
@@ -116,10 +114,10 @@ void CutParens(std::string& text, int levels) {
   }
 }
 
-// A code's value: what lies between the code and the ";" behind it. Blind to lead bytes.
+// A code's value: what lies between the code and the ";" or "|" behind it. Blind to lead bytes.
 struct CodeValue {
   size_t start = none;
-  size_t end = none;  // of the ";"
+  size_t end = none;
 
   bool IsThere() const { return end != none; }
 };

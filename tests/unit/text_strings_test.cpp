@@ -409,7 +409,13 @@ TEST(StripBraceCodes, the_trail_bytes_5C_7B_and_7D_are_no_marks) {
 
 TEST(StripBraceCodes, a_lead_byte_hides_the_mark_behind_it) {
   EXPECT_EQ(BracesStripped("\\C1\x81;A;B"), "B");
+  EXPECT_EQ(BracesStripped("A{\\C1\x81;A;B}C"), "ABC");
   EXPECT_EQ(BracesStripped("{\\C1;A\x81}B}C"), "A\x81}BC");
+}
+
+TEST(StripBraceCodes, a_kanji_that_looks_like_a_brace_with_a_code_starts_no_other_round) {
+  // Another round would take "\H2;" off.
+  EXPECT_EQ(BracesStripped("{\\C1;\\H2;}A\x81\x7B\\;"), "\\H2;A\x81\x7B\\;");
 }
 
 // A text that the brace codes let grow to 256 bytes: 127 in front of the brace, the 100 between ";" and "}",
