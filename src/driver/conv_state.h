@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <vector>
 
 #include "driver/named_table.h"
@@ -122,7 +123,7 @@ struct ConvState {
   char insertLayer[textSize];  // replaces layer "0" within the block
   int64_t blockSteps;          // groups that the walks over blocks have looked at in this conversion
 
-  HGDIOBJ leftPen;  // a pen that a converter has left on the canvas: see LeavePen
+  std::deque<HGDIOBJ> leftPens, leftFonts;  // what converters have left on the canvas: see LeaveSelected
 };
 
 extern ConvState state;

@@ -1,6 +1,6 @@
 #include "driver/meta_file.h"
 
-#include "canvas/left_pen.h"
+#include "canvas/left_objects.h"
 #include "platform/reference_dc.h"
 
 namespace hexlume {
@@ -16,7 +16,7 @@ void BeginMetaFile(MetaFile& metaFile, const RECT& frame) {
 
 HENHMETAFILE EndMetaFile(MetaFile& metaFile) {
   const HENHMETAFILE handle = CloseEnhMetaFile(metaFile.canvas);
-  DeleteLeftPen();
+  DeleteLeftObjects();
   DeleteDC(metaFile.reference);
   metaFile.canvas = nullptr;
   metaFile.reference = nullptr;

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "canvas/left_pen.h"
+#include "canvas/left_objects.h"
 #include "driver/group_reader.h"
 #include "entities/arc_rules.h"
 #include "entities/block_rules.h"
@@ -157,7 +157,7 @@ int32_t DrawBlockArc(TextStream& stream, Canvas canvas, double blockOriginX, dou
   // selected: they stay on the canvas, and the strokes that follow put them back behind their own.
   const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.blockColor);
   if (!LiesInView(view, arc.start) || (state.arcClockwise == 1 && !LiesInView(view, arc.end))) {
-    LeavePen(selected.pen.pen);
+    LeaveSelected(selected.pen.pen);
     return more;
   }
   if (state.arcClockwise == 1) {

@@ -1,26 +1,404 @@
+// TEXT: one string in one font. Whatever its alignment, it is written from its group 10/20 on; only a fitted
+// text (group 72 of 5) looks at the second point, for the width of its characters.
 #include "text/text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "canvas/left_objects.h"
+#include "canvas/primitive_steps.h"
+#include "driver/bounded_copy.h"
+#include "driver/group_reader.h"
+#include "entities/converter_rules.h"
+#include "platform/full_width.h"
+#include "platform/japanese_locale.h"
+#include "text/text_bytes.h"
+#include "text/text_font.h"
+#include "text/text_strings.h"
 
 namespace hexlume {
 
+namespace {
+
+constexpr int32_t fitJustify = 5;
+
+int32_t Length(const char* text) {
+  return static_cast<int32_t>(std::strlen(text));
+}
+
+// What follows the codes "\A0;", "\A1;" and "\A2;" in front of a text. Four bytes go for each, whatever they
+// are.
+const char* BehindAlignmentCodes(const char* text) {
+  while (text[0] == '\\' && text[1] == 'A') text += std::min<size_t>(std::strlen(text), 4);
+  return text;
+}
+
+// Group 8 in a block, on the group at hand: layer "0" is that of the INSERT. False if the user left it out.
+bool ResolveInsertLayer(int32_t& color) {
+  LineStyle style;
+  if (std::strcmp(state.groupValue, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
+  return ResolveLayer(state.groupValue, style, color);
+}
+
+// Group 40: a cell is a tenth higher than the drawing has the text, and half as wide or as the mapper has it.
+void SetCell(LOGFONTA& font, int32_t height, int32_t halfWidthFont) {
+  font.lfHeight = Trunc(height * 1.1);
+  font.lfWidth = halfWidthFont != 0 ? font.lfHeight / 2 : 0;
+}
+
+// Group 50. An angle of 0 is a whole turn.
+int32_t ReadEscapement(const char* value) {
+  return WrapSub(3600, Trunc(Atof(value) * 10.0));
+}
+
+// Whether the text starts in the view and, where it must lie there as a whole, doesn't reach beyond its top.
+bool StandsInView(const ViewRect& view, const POINT& place, int32_t height, int32_t wholeTextClip) {
+  if (!LiesInView(view, place)) return false;
+  return wholeTextClip == 0 || WrapNegate(WrapAdd(place.y, height)) >= view.top;
+}
+
+void TurnFont(LOGFONTA& font) {
+  if (state.rotated != 0) font.lfEscapement = WrapSub(font.lfEscapement, 1800);
+}
+
+// A text of Japanese characters, in half-width cells, is smaller than a Latin one of its height.
+void ShrinkCell(LOGFONTA& font) {
+  font.lfHeight = Trunc(font.lfHeight / 1.3);
+  font.lfWidth = font.lfHeight / 2;
+}
+
+// A fitted text is at least this high for its width.
+void RaiseCell(LOGFONTA& font) {
+  font.lfHeight = std::max<LONG>(font.lfHeight, Trunc(font.lfWidth * 1.8));
+}
+
+bool HasNoSize(const LOGFONTA& font) {
+  return font.lfHeight == 0 && font.lfWidth == 0;
+}
+
+// Whether the text, by its characters' average width, ends beyond the view's right.
+bool ReachesBeyond(const ViewRect& view, int32_t x, const char* text, int32_t aveCharWidth) {
+  return WrapAdd(x, WrapMul(Length(text), aveCharWidth)) > view.right;
+}
+
+void SetTextModes(Canvas canvas, int32_t color) {
+  SetTextColor(canvas, ColorAt(color));
+  SetTextAlign(canvas, TA_BOTTOM);
+  SetBkMode(canvas, TRANSPARENT);
+}
+
+// On a turned sheet the text starts at the turned point; its font has turned with it.
+void WriteText(Canvas canvas, const POINT& place, const char* text) {
+  const POINT start = PlacePoint(place.x, place.y, state.centreX, state.centreY, state.rotated);
+  TextOutA(canvas, start.x, start.y, text, Length(text));
+}
+
+int32_t ClassifyEntText() {
+  char saved[textSize];
+  BoundedCopy(saved, state.entText);
+  StripSpaceAndParens();
+  const int32_t kanjiText = ClassifyText(state.entText);
+  BoundedCopy(state.entText, saved);
+  return kanjiText;
+}
+
+int32_t ClassifyBlockText() {
+  char saved[textSize];
+  BoundedCopy(saved, state.blockText);
+  StripBlockSpaceAndParens();
+  const int32_t kanjiText = ClassifyText(state.blockText);
+  BoundedCopy(state.blockText, saved);
+  return kanjiText;
+}
+
+// The cells that a text takes in full width. A text that is in full width already, or of bytes that have no
+// such form, gets a sixth more.
+int32_t CellCount(const std::string& widened, const char* text) {
+  const auto count = static_cast<int32_t>(widened.size());
+  return count == Length(text) ? count + count / 6 : count;
+}
+
+// The width is the first point less the second one: a text that runs to the right has a negative width, which
+// goes to the font as it is, and raises no cell. Without a character it is the number that no width can be.
+void FitText(LOGFONTA& font, int32_t halfWidthFont) {
+  int32_t count = 0;
+  if (halfWidthFont != 0) {
+    const std::string widened = WidenText(state.entText);
+    count = CellCount(widened, state.entText);
+    BoundedCopy(state.entText, widened.c_str());
+  } else {
+    count = FitCount(state.entText);
+  }
+  font.lfWidth = Trunc((state.entX[0] - state.entX[1]) / count / state.drawScale);
+  if (font.lfWidth == 0) font.lfWidth = Trunc((state.entY[0] - state.entY[1]) / count / state.drawScale);
+  if (halfWidthFont == 0) RaiseCell(font);
+}
+
+// Here the widened text gets no sixth more, and the insert's X scale counts for both directions, but in
+// half-width cells for neither.
+void FitBlockText(LOGFONTA& font, int32_t halfWidthFont) {
+  int32_t count = 0;
+  double scale = 1.0;
+  if (halfWidthFont != 0) {
+    BoundedCopy(state.blockText, WidenText(state.blockText).c_str());
+    count = Length(state.blockText);
+  } else {
+    count = FitCount(state.blockText);
+    scale = state.insertScaleX;
+  }
+  font.lfWidth = Trunc((state.blockX[0] - state.blockX[1]) / count / state.drawScale * scale);
+  if (font.lfWidth == 0)
+    font.lfWidth = Trunc((state.blockY[0] - state.blockY[1]) / count / state.drawScale * scale);
+  if (halfWidthFont == 0) RaiseCell(font);
+}
+
+// The drawing's scale doesn't count here. With the points in swapped places X gives group 11 less group 10,
+// but Y gives 20 less 21.
+void FitDimText(LOGFONTA& font) {
+  const int32_t count = FitCount(state.entText);
+  font.lfWidth = Trunc((state.entX[0] - state.entX[1]) / count);
+  if (font.lfWidth == 0) font.lfWidth = Trunc((state.entY[1] - state.entY[0]) / count);
+  RaiseCell(font);
+}
+
+// The distance of the characters follows where arcs had to be told their direction; there a text that isn't
+// all full-width counts as one that isn't fitted, with the fitted width all the same.
+void FitDimInsertText(Canvas canvas, LOGFONTA& font) {
+  const int32_t count = Length(state.dimText);
+  const bool isFullWidth = std::strlen(state.dimText) == 2 * CharacterCount(state.dimText);
+  font.lfWidth = Trunc((state.dimX[1] - state.dimX[0]) / count);
+  if (font.lfWidth == 0) font.lfWidth = Trunc((state.dimY[1] - state.dimY[0]) / count);
+  if (state.arcClockwise == 1) SetTextCharacterExtra(canvas, isFullWidth ? 0 : font.lfWidth / 2);
+}
+
+}  // namespace
+
 int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip,
                  int32_t halfWidthFont) {
-  return 0;
+  LOGFONTA font = {};
+  LineStyle style;
+  int32_t justify = 0;
+  state.entFace = FaceFor(halfWidthFont);
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 11: state.entX[1] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 21: state.entY[1] = Atof(value) * 100.0; break;
+      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), halfWidthFont); break;
+      case 41:
+        if (halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
+        break;
+      case 50: font.lfEscapement = ReadEscapement(value); break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+      case 72: justify = Atoi(value); break;
+    }
+  }
+  const POINT insertion = ModelToSheet(state.entX[0], state.entY[0]);
+  if (!StandsInView(view, insertion, font.lfHeight, wholeTextClip)) return more;
+  MonochromeRule(state.entColor);
+  TurnFont(font);
+
+  ExpandPercentCodes();
+  if (std::strstr(state.entText, "\\S")) return more;
+  StripBraceCodes();
+  const int32_t kanjiText = ClassifyEntText();
+  if (kanjiText == 1 && halfWidthFont != 0) ShrinkCell(font);
+  if (halfWidthFont != 0) WidenEmptyBrackets();
+  if (justify == fitJustify) FitText(font, halfWidthFont);
+  if (HasNoSize(font)) return more;
+
+  // Group 51 makes no text oblique here.
+  SettleFont(font, state.entFace);
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  const TEXTMETRICA metrics = MeasureFont(canvas);
+  // The sheet's descent goes off the model's coordinate as it is, whatever the scale.
+  if (kanjiText != 1) state.entY[0] -= metrics.tmDescent;
+  const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
+  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.entText, metrics.tmAveCharWidth)) {
+    LeaveSelected(selected.font);
+    return more;
+  }
+  SetTextModes(canvas, state.entColor);
+  // It isn't taken back: all texts that follow are squeezed too.
+  if (font.lfHeight < 10) SetTextCharacterExtra(canvas, WrapMul(font.lfHeight, -4));
+  WriteText(canvas, place, state.entText);
+  RestoreFont(canvas, selected);
+  return more;
 }
 
+// The insert's angle turns neither the point nor the font, and the angle of group 50 counts the other way
+// round than outside a block.
 int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                      int32_t insertColor, const ViewRect& view, int32_t wholeTextClip,
+                      int32_t /*insertColor*/, const ViewRect& view, int32_t wholeTextClip,
                       int32_t halfWidthFont) {
-  return 0;
+  LOGFONTA font = {};
+  int32_t justify = 0;
+  state.entFace = FaceFor(halfWidthFont);
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.blockText, BehindAlignmentCodes(value)); break;
+      case 8:
+        if (!ResolveInsertLayer(state.blockColor)) return more;
+        break;
+      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 11: state.blockX[1] = BlockX(Atof(value), blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 21: state.blockY[1] = BlockY(Atof(value), blockOriginY); break;
+      case 40:
+        SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale * state.insertScaleY), halfWidthFont);
+        break;
+      case 41:
+        if (halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
+        break;
+      case 50: font.lfEscapement = Trunc(Atof(value) * 10.0); break;
+      case 62: state.blockColor = ResolveColor(Atoi(value)); break;
+      case 72: justify = Atoi(value); break;
+    }
+  }
+  const POINT insertion = ModelToSheet(state.blockX[0], state.blockY[0]);
+  if (!StandsInView(view, insertion, font.lfHeight, wholeTextClip)) return more;
+  MonochromeRule(state.blockColor);
+  TurnFont(font);
+
+  ExpandBlockPercentCodes();  // codes in braces stay, a fraction's too
+  const int32_t kanjiText = ClassifyBlockText();
+  if (kanjiText == 1 && halfWidthFont != 0) ShrinkCell(font);
+  if (justify == fitJustify) FitBlockText(font, halfWidthFont);
+  if (kanjiText == 0 && halfWidthFont != 0) {
+    // Sheet units go to model coordinates here as well.
+    state.blockX[0] += font.lfWidth * 0.47;
+    state.blockY[0] += 1.0;
+    state.blockY[1] += 1.0;
+  }
+  if (HasNoSize(font)) return more;
+
+  SettleFont(font, state.entFace);
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  const TEXTMETRICA metrics = MeasureFont(canvas);
+  if (kanjiText == 0) state.blockY[0] -= metrics.tmDescent;
+  const POINT place = ModelToSheet(state.blockX[0], state.blockY[0]);
+  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.blockText, metrics.tmAveCharWidth)) {
+    LeaveSelected(selected.font);
+    return more;
+  }
+  SetTextModes(canvas, state.blockColor);
+  WriteText(canvas, place, state.blockText);
+  RestoreFont(canvas, selected);
+  return more;
 }
 
+// Its two points stand in swapped places, and it is written from the second one: from group 10/20 still.
 int32_t DrawDimText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
                     int32_t wholeTextClip, int32_t halfWidthFont) {
-  return 0;
+  LOGFONTA font = {};
+  LineStyle style;
+  int32_t justify = 0;
+  state.entColor = 0;
+  state.entFace = FaceFor(halfWidthFont);
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
+      case 8:
+        if (!ResolveLayer(value, style, state.entColor)) return more;
+        break;
+      case 10: state.entX[1] = Atof(value) * 100.0 + baseX; break;
+      case 11: state.entX[0] = Atof(value) * 100.0 + baseX; break;
+      case 20: state.entY[1] = Atof(value) * 100.0 + baseY; break;
+      case 21: state.entY[0] = Atof(value) * 100.0 + baseY; break;
+      case 40:
+        font.lfHeight = Trunc(Atof(value) * 100.0 / state.drawScale);
+        font.lfWidth = 0;
+        if (halfWidthFont != 0) SetCell(font, font.lfHeight, halfWidthFont);
+        break;
+      case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
+      case 50: font.lfEscapement = ReadEscapement(value); break;
+      case 51:
+        if (Atoi(value) != 0) font.lfItalic = 1;
+        break;
+      case 62:
+        if (Atoi(value) != 0) state.entColor = ResolveColor(Atoi(value));
+        break;
+      case 72: justify = Atoi(value); break;
+    }
+  }
+  const POINT place = ModelToSheet(state.entX[1], state.entY[1]);
+  if (!StandsInView(view, place, font.lfHeight, wholeTextClip)) return more;
+  MonochromeRule(state.entColor);
+  TurnFont(font);
+
+  ExpandPercentCodes();
+  StripBraceCodes();
+  if (halfWidthFont == 0) SelectJapaneseLocale();
+  if (justify == fitJustify && halfWidthFont == 0) FitDimText(font);
+  if (HasNoSize(font)) return more;
+
+  SettleFont(font, state.entFace);
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.entText, MeasureFont(canvas).tmAveCharWidth)) {
+    LeaveSelected(selected.font);
+    return more;
+  }
+  SetTextModes(canvas, state.entColor);
+  WriteText(canvas, place, state.entText);
+  RestoreFont(canvas, selected);
+  return more;
 }
 
+// The insert neither scales nor turns it, and its face is the default one in all modes.
 int32_t DrawDimInsertText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
                           int32_t wholeTextClip) {
-  return 0;
+  LOGFONTA font = {};
+  int32_t justify = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.dimText, value); break;
+      case 8:
+        if (!ResolveInsertLayer(state.dimColor)) return more;
+        break;
+      case 10: state.dimX[0] = Atof(value) * 100.0 + baseX; break;
+      case 11: state.dimX[1] = Atof(value) * 100.0 + baseX; break;
+      case 20: state.dimY[0] = Atof(value) * 100.0 + baseY; break;
+      case 21: state.dimY[1] = Atof(value) * 100.0 + baseY; break;
+      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
+      case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
+      case 50: font.lfEscapement = font.lfOrientation = ReadEscapement(value); break;
+      case 62: state.dimColor = ResolveColor(Atoi(value)); break;
+      case 72: justify = Atoi(value); break;
+    }
+  }
+  const POINT place = ModelToSheet(state.dimX[0], state.dimY[0]);
+  if (!StandsInView(view, place, font.lfHeight, wholeTextClip)) return more;
+  MonochromeRule(state.dimColor);
+  TurnFont(font);
+
+  ExpandDimInsertPercentCodes();
+  if (justify == fitJustify) FitDimInsertText(canvas, font);
+  if (HasNoSize(font)) return more;
+
+  SettleFont(font, defaultFace);
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.dimText, MeasureFont(canvas).tmAveCharWidth)) {
+    LeaveSelected(selected.font);
+    return more;
+  }
+  SetTextModes(canvas, state.dimColor);
+  WriteText(canvas, place, state.dimText);
+  RestoreFont(canvas, selected);
+  return more;
 }
 
 }  // namespace hexlume

@@ -129,6 +129,17 @@ TEST(PortableObjects, no_object_is_neither_selected_nor_deleted) {
   EXPECT_EQ(DeleteObject(nullptr), 0);
 }
 
+TEST(PortableObjects, an_object_tells_its_type_while_it_lives) {
+  EXPECT_EQ(GetObjectType(GetStockObject(BLACK_PEN)), OBJ_PEN);
+  EXPECT_EQ(GetObjectType(GetStockObject(NULL_BRUSH)), OBJ_BRUSH);
+  EXPECT_EQ(GetObjectType(GetStockObject(SYSTEM_FONT)), OBJ_FONT);
+  const HRGN region = CreateRectRgn(0, 0, 1, 1);
+  EXPECT_EQ(GetObjectType(region), OBJ_REGION);
+  DeleteObject(region);
+  EXPECT_EQ(GetObjectType(region), 0u);
+  EXPECT_EQ(GetObjectType(nullptr), 0u);
+}
+
 TEST(PortableObjects, more_objects_than_a_block_of_memory_holds_are_all_different) {
   HPEN pens[200];
   const Words words = RecordedWords([&pens](HDC dc) {

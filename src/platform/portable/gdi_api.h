@@ -62,6 +62,12 @@ constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
 constexpr int SYSTEM_FONT = 13;
 
+// What GetObjectType returns.
+constexpr DWORD OBJ_PEN = 1;
+constexpr DWORD OBJ_BRUSH = 2;
+constexpr DWORD OBJ_FONT = 6;
+constexpr DWORD OBJ_REGION = 8;
+
 constexpr int ALTERNATE = 1;
 constexpr int WINDING = 2;
 
@@ -164,6 +170,7 @@ HFONT CreateFontA(int height, int width, int escapement, int orientation, int we
 HGDIOBJ GetStockObject(int object);
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 BOOL DeleteObject(HGDIOBJ object);
+DWORD GetObjectType(HGDIOBJ object);
 
 // Strokes and shapes.
 BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);

@@ -125,3 +125,9 @@ BOOL DeleteObject(HGDIOBJ object) {
   }
   return 1;
 }
+
+// 0 for what is no object, or a deleted one.
+DWORD GetObjectType(HGDIOBJ object) {
+  constexpr DWORD types[] = {0, OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_REGION};  // in the order of ObjectData
+  return object ? types[object->data.index()] : 0;
+}

@@ -1,0 +1,67 @@
+// What a drawn text leaves in a metafile, for the tests of TEXT.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include "platform/gdi.h"
+
+namespace hexlume {
+
+// MS Gothic as the listing has it: full-width letters, a blank and katakana.
+constexpr char gothicListed[] = "\xEF\xBC\xAD\xEF\xBC\xB3 \xE3\x82\xB4\xE3\x82\xB7\xE3\x83\x83\xE3\x82\xAF";
+
+struct TextCall {
+  std::string text = "AB";
+  int32_t height = 220, width = 0;
+  int32_t escapement = 0, orientation = 0, italic = 0;
+  std::string face = gothicListed;
+  COLORREF colour = 0;
+  int32_t x = 3000, y = -4000;
+  int32_t handle = 1;                    // of the font in the metafile
+  std::string previous = "SYSTEM_FONT";  // the font that stood selected before
+};
+
+inline TextCall WithText(TextCall call, const std::string& text) {
+  call.text = text;
+  return call;
+}
+inline TextCall Sized(TextCall call, int32_t height, int32_t width) {
+  call.height = height;
+  call.width = width;
+  return call;
+}
+inline TextCall Leaning(TextCall call, int32_t escapement) {
+  call.escapement = escapement;
+  return call;
+}
+inline TextCall Coloured(TextCall call, COLORREF colour) {
+  call.colour = colour;
+  return call;
+}
+inline TextCall PlacedAt(TextCall call, int32_t x, int32_t y) {
+  call.x = x;
+  call.y = y;
+  return call;
+}
+
+// The font alone, as a text leaves it behind that proves too wide.
+inline std::string FontListing(const TextCall& call) {
+  char font[160];
+  std::snprintf(font, sizeof font, "CreateFont(%d, %d, %d, %d, %d, 0, %d, 0, 0, 128, 0, 16, 0, 0, \"%s\")\n",
+                static_cast<int>(call.handle), static_cast<int>(call.height), static_cast<int>(call.width),
+                static_cast<int>(call.escapement), static_cast<int>(call.orientation),
+                static_cast<int>(call.italic), call.face.c_str());
+  return font + ("SelectObject(" + std::to_string(call.handle)) + ")\n";
+}
+
+inline std::string Listing(const TextCall& call) {
+  char colour[40];
+  std::snprintf(colour, sizeof colour, "SetTextColor(0x%06X)\n", static_cast<unsigned>(call.colour));
+  return FontListing(call) + colour + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\nExtTextOutW(" +
+         std::to_string(call.x) + ", " + std::to_string(call.y) + ", 0, \"" + call.text +
+         "\")\nSelectObject(" + call.previous + ")\nDeleteObject(" + std::to_string(call.handle) + ")\n";
+}
+
+}  // namespace hexlume
