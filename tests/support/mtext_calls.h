@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "canvas/canvas.h"
 
@@ -30,6 +31,8 @@ inline std::string AlignCall(int32_t align) {
   return "SetTextAlign(" + std::to_string(align) + ")\n";
 }
 
+constexpr int32_t noAlign = -1;
+
 inline std::string ColorCall(const std::string& color) {
   return "SetTextColor(" + color + ")\n";
 }
@@ -51,6 +54,20 @@ inline std::string ParagraphCalls(TextFont font, int32_t drawnWidth, int32_t x, 
   font.width = drawnWidth;
   return measuring + SelectCalls(font) + ColorCall(color) + "SetBkMode(TRANSPARENT)\n" +
          TextCall(x, y, text) + restoreCalls;
+}
+
+// Paragraphs "A", "B", "C" and so on at these points, with this alignment behind the first one, if it has
+// any.
+inline std::string LineCalls(TextFont font, int32_t drawnWidth, int32_t align,
+                             const std::vector<POINT>& points) {
+  std::string calls;
+  char letter = 'A';
+  for (const POINT& point : points) {
+    calls += AlignCall(8) + (align == noAlign ? "" : AlignCall(align)) +
+             ParagraphCalls(font, drawnWidth, point.x, point.y, std::string(1, letter++));
+    font.width = drawnWidth;
+  }
+  return calls;
 }
 
 }  // namespace hexlume

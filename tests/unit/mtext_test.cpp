@@ -35,6 +35,21 @@ class MTextTest : public ConverterTest {
         [this](Canvas canvas) { result = DrawMText(canvas, stream, view, wholeTextClip, halfWidthFont); });
   }
 
+  // What drawing a text with these groups throws; 0 if nothing.
+  int32_t Thrown(const std::string& groups) {
+    stream = StreamOf("0 MTEXT\n10 20\n20 80\n40 10\n" + groups);
+    ReadGroup(stream);
+    int32_t code = 0;
+    ListCalls([&](Canvas canvas) {
+      try {
+        DrawMText(canvas, stream, view, wholeTextClip, halfWidthFont);
+      } catch (int32_t thrown) {
+        code = thrown;
+      }
+    });
+    return code;
+  }
+
   // One paragraph at (2000, -2000) without an attachment. The font has the height 1000 * 1.1.
   static std::string Drawn(const std::string& text, const TextFont& font = {},
                            const std::string& color = "0x000000") {
@@ -243,6 +258,197 @@ TEST_F(MTextTest, on_a_turned_sheet_point_and_escapement_turn) {
   state.rotated = 1;
   // (20000 - 2000, -10000 + 2000)
   EXPECT_EQ(AlignCall(8) + ParagraphCalls({1100, 0, 1800}, 400, 18000, -8000, "Text"), Draw("1 Text\n"));
+}
+
+// Codes at the front.
+
+TEST_F(MTextTest, codes_at_the_front_go_one_by_one) {
+  EXPECT_EQ(Drawn("Text"), Draw("1 \\H2.5;\\C3;Text\n"));
+}
+
+TEST_F(MTextTest, a_code_at_the_front_without_its_end_takes_four_bytes) {
+  EXPECT_EQ(Drawn("Text"), Draw("1 \\LxyText\n"));
+  EXPECT_EQ(Drawn(""), Draw("1 \\Lxy\n"));
+  EXPECT_EQ(Drawn(""), Draw("1 \\\n"));
+}
+
+TEST_F(MTextTest, a_break_or_a_fraction_at_the_front_is_a_code_like_any_other) {
+  EXPECT_EQ(Drawn("xt"), Draw("1 \\PText\n"));
+  EXPECT_EQ(Drawn("mm"), Draw("1 \\S1^ 2;mm\n"));
+}
+
+TEST_F(MTextTest, a_code_behind_a_face_at_the_front_stays) {
+  EXPECT_EQ(Drawn("\\\\H2;Text", {1100, 0, 3600, 0, 0, "Arial"}), Draw("1 \\C3;\\fArial|b0;\\H2;Text\n"));
+}
+
+TEST_F(MTextTest, percent_codes_and_braces_are_expanded) {
+  EXPECT_EQ(Drawn("10\u00B0\u00B0"), Draw("1 10%%dC\n"));
+  EXPECT_EQ(Drawn("a Red one"), Draw("1 a {\\C1;Red} one\n"));
+}
+
+// Faces.
+
+TEST_F(MTextTest, a_face_is_drawn_with_and_stays_for_the_texts_behind) {
+  EXPECT_EQ(Drawn("Text", {1100, 0, 3600, 0, 0, "Arial"}), Draw("1 \\fArial|b0;Text\n"));
+  EXPECT_STREQ("Arial", state.entFaceName);
+  EXPECT_EQ(Drawn("More", {1100, 0, 3600, 0, 0, "Arial"}), Draw("1 More\n"));
+  EXPECT_EQ(Drawn("Text more", {1100, 0, 3600, 0, 0, "Times"}), Draw("1 {\\fTimes|b0;Text} more\n"));
+}
+
+TEST_F(MTextTest, the_half_width_option_has_no_say_in_the_face) {
+  halfWidthFont = 1;
+  EXPECT_EQ(Drawn("Text", {1100, 550, 3600, 0, 0, "Arial"}), Draw("1 \\fArial|b0;Text\n"));
+}
+
+TEST_F(MTextTest, a_face_without_its_end_is_none) {
+  EXPECT_EQ(Drawn("Text"), Draw("1 \\fArial;Text\n"));
+}
+
+TEST_F(MTextTest, a_face_of_31_bytes_fits_and_one_of_32_throws) {
+  const std::string longest = "Abcdefghijklmnopqrstuvwxyz01234";
+  EXPECT_EQ(Drawn("Text", {1100, 0, 3600, 0, 0, longest}), Draw("1 \\f" + longest + "|b0;Text\n"));
+  EXPECT_EQ(textTooLongCode, Thrown("1 \\f" + longest + "5|b0;Text\n"));
+}
+
+TEST_F(MTextTest, a_face_that_is_too_long_does_no_harm_to_a_text_that_is_not_drawn) {
+  const std::string tooLong = "Abcdefghijklmnopqrstuvwxyz012345";
+  EXPECT_EQ(AlignCall(8), DrawText("10 -20\n20 80\n40 10\n1 \\f" + tooLong + "|b0;Text\n"));
+  EXPECT_EQ(AlignCall(8), DrawText("10 20\n20 80\n40 0\n1 Text\n"));
+}
+
+// Several groups 1, and characters by their number.
+
+TEST_F(MTextTest, several_groups_1_gather) {
+  EXPECT_EQ(Drawn("ABCD"), Draw("1 AB\n1 CD\n"));
+}
+
+TEST_F(MTextTest, a_text_gathered_beyond_its_buffer_throws) {
+  const std::string half(127, 'A');
+  EXPECT_EQ(Drawn(half + half + "B"), Draw("1 " + half + "\n1 " + half + "\n1 B\n"));
+  EXPECT_EQ(textTooLongCode, Thrown("1 " + half + "\n1 " + half + "\n1 BC\n"));
+}
+
+TEST_F(MTextTest, the_three_known_characters_become_symbols) {
+  EXPECT_EQ(Drawn("\u03C6"), Draw("1 \\U+2205\n"));
+  EXPECT_EQ(Drawn("90\u00B0"), Draw("1 90\\U+00B0\n"));
+  EXPECT_EQ(Drawn("\u30FBA"), Draw("1 \\U+25CFA\n"));
+}
+
+TEST_F(MTextTest, any_other_character_stays_literal) {
+  EXPECT_EQ(Drawn("\\\\U+3042"), Draw("1 \\U+3042\n"));
+}
+
+TEST_F(MTextTest, a_character_is_drawn_through_another_group_1_without_what_follows_it) {
+  EXPECT_EQ(Drawn("A\u3042C"), Draw("1 A\\U+3042B\n1 C\n"));
+  // A half-width katakana has one byte; a letter of no Japanese code page is a question mark.
+  EXPECT_EQ(Drawn("\uFF71C"), Draw("1 \\U+FF71\n1 C\n"));
+  EXPECT_EQ(Drawn("?C"), Draw("1 \\U+0E01\n1 C\n"));
+  EXPECT_EQ(Drawn("\u3042\u3044C"), Draw("1 \\U+3042\n1 \\U+3044\n1 C\n"));
+}
+
+TEST_F(MTextTest, a_gathered_character_has_its_own_bytes_even_where_there_is_a_symbol) {
+  EXPECT_EQ(Drawn("\u25CFC"), Draw("1 \\U+25CF\n1 C\n"));
+}
+
+TEST_F(MTextTest, a_character_cut_off_by_the_texts_end_has_the_digits_that_are_there) {
+  EXPECT_EQ(Drawn("AAC"), Draw("1 A\\U+41\n1 C\n"));
+  EXPECT_EQ(Drawn("AC"), Draw("1 A\\U+\n1 C\n"));
+  EXPECT_EQ(Drawn("AC"), Draw("1 A\\U\n1 C\n"));
+  EXPECT_EQ(Drawn("AC"), Draw("1 A\\U+wxyz\n1 C\n"));
+  EXPECT_EQ(Drawn("AC"), Draw("1 A\\U+0000\n1 C\n"));
+}
+
+// Paragraphs.
+
+TEST_F(MTextTest, a_break_at_the_end_gives_an_empty_paragraph) {
+  EXPECT_EQ(AlignCall(8) + ParagraphCalls({}, 400, 2000, -2000, "A") + AlignCall(8) +
+                ParagraphCalls({1100, 400}, 400, 2000, -2000, ""),
+            Draw("1 A\\P\n"));
+}
+
+TEST_F(MTextTest, an_empty_text_is_one_empty_paragraph) {
+  EXPECT_EQ(Drawn(""), Draw("1\n"));
+}
+
+TEST_F(MTextTest, a_trail_byte_5c_in_front_of_a_p_breaks_the_line) {
+  // The katakana "so" loses its second byte.
+  Draw("1 A\x83\x5CPB\n");
+  EXPECT_STREQ("B", state.entText);
+  EXPECT_EQ(2, knownMetrics.calls);
+}
+
+TEST_F(MTextTest, lines_are_counted_on_top_of_what_there_is) {
+  int32_t count = 1;
+  BoundedCopy(state.entText, "A\\PB\\P\\PC\\p");
+  CountLines(count);
+  EXPECT_EQ(4, count);
+  BoundedCopy(state.entText, "");
+  CountLines(count);
+  EXPECT_EQ(4, count);
+}
+
+// Fractions.
+
+// A piece in a font of half-width cells.
+std::string PieceCalls(int32_t x, int32_t y, const std::string& text) {
+  return SelectCalls({1100, 550}) + ColorCall("0x000000") + AlignCall(8) + "SetBkMode(TRANSPARENT)\n" +
+         TextCall(x, y, text) + restoreCalls;
+}
+
+// "5", then 1 over 2, then "mm", from (2000, -2000) on. The parts are as high as the text. In front of them
+// is 1 * 550. The upper one stands 0.5 * 1100 higher, the lower one at 550 along 45 degrees down: 550 *
+// 0.7071 = 388.9. Behind them is 1 * 550 more.
+const std::string fractionCalls = PieceCalls(2000, -2000, "5") + PieceCalls(2550, -1450, "1") +
+                                  PieceCalls(2389, -2389, "2") + PieceCalls(3100, -2000, "mm");
+
+class MTextFractionTest : public MTextTest {
+ protected:
+  MTextFractionTest() {
+    halfWidthFont = 1;
+    // Cuts become roundings: what is worked out through angles falls next to a whole number.
+    state.shiftX = 0.5;
+    state.shiftY = -0.5;
+  }
+};
+
+TEST_F(MTextFractionTest, a_paragraph_with_a_fraction_is_drawn_in_pieces) {
+  EXPECT_EQ(fractionCalls, Draw("1 5\\S1^ 2;mm\n"));
+}
+
+TEST_F(MTextFractionTest, the_paragraphs_around_a_fraction_are_drawn_as_ever) {
+  knownMetrics.aveCharWidth = 550;
+  const TextFont font = {1100, 550};
+  EXPECT_EQ(AlignCall(8) + ParagraphCalls(font, 550, 2000, -2000, "A") + fractionCalls + AlignCall(8) +
+                ParagraphCalls(font, 550, 2000, -2000, "B"),
+            Draw("1 A\\P5\\S1^ 2;mm\\PB\n"));
+}
+
+TEST_F(MTextFractionTest, a_fraction_starts_where_the_paragraph_before_it_stood) {
+  // At a line factor of 1.2 / 1.67 the gap is 0: the first of two lines of attachment 7 is at 8000 + 1100.
+  Draw("71 7\n44 0.718562874251497\n1 A\\P5\\S1^ 2;mm\n");
+  EXPECT_NEAR(9100.0, state.entY[0], 0.001);
+}
+
+TEST_F(MTextFractionTest, a_fraction_out_of_the_view_ends_the_text) {
+  view.right = 1999;
+  EXPECT_EQ("", Draw("1 5\\S1^ 2;mm\\PB\n"));
+  view = {0, 2001, 20000, 10000};
+  EXPECT_EQ("", Draw("1 5\\S1^ 2;mm\\PB\n"));
+}
+
+TEST_F(MTextFractionTest, a_fraction_may_leave_the_view_even_where_texts_are_kept_whole) {
+  wholeTextClip = 1;
+  view = {2000, 2000, 2000, 2000};
+  EXPECT_EQ(fractionCalls, Draw("71 7\n1 5\\S1^ 2;mm\n"));
+}
+
+TEST_F(MTextFractionTest, a_fraction_is_turned_but_not_moved_on_a_turned_sheet) {
+  state.rotated = 1;
+  const std::string calls = Draw("1 5\\S1^ 2;mm\n");
+  // Along (3600 - 1800) / 10 = 180 degrees; the first piece and the anchor stay where they are.
+  EXPECT_NE(std::string::npos, calls.find(TextCall(2000, -2000, "5")));
+  EXPECT_NE(std::string::npos, calls.find("CreateFont(1, 1100, 550, 1800, "));
+  EXPECT_NE(std::string::npos, calls.find(TextCall(900, -2000, "mm")));
 }
 
 }  // namespace
