@@ -487,7 +487,7 @@ int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, d
   }
   MonochromeRule(state.blockColor);
   if (state.rotated) mtext.font.lfEscapement = WrapSub(mtext.font.lfEscapement, 1800);
-  ExtractBlockFontName();  // for the texts' own record: the face stays that of the options
+  ExtractBlockFontName();  // the name is noted, but the face stays that of the options
   SetOblique(mtext);
 
   char work[textSize];
