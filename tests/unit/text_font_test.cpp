@@ -10,6 +10,7 @@
 #include "driver/bounded_copy.h"
 #include "platform/code_page_932.h"
 #include "support/converter_test.h"
+#include "support/host_locale.h"
 #include "support/metafile_canvas.h"
 
 namespace hexlume {
@@ -48,6 +49,16 @@ int32_t ThrownBySettling(const std::string& face) {
   }
   EXPECT_EQ(face, font.lfFaceName);
   return 0;
+}
+
+// A text of this single byte. Katakana are letters from A6 on; what stands from A1 to A5 are marks.
+void ExpectClass(int byte) {
+  const bool letter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+  const bool digit = byte >= '0' && byte <= '9';
+  const bool mark = byte == '-' || byte == '.' || byte == ',';
+  const bool katakana = byte >= 0xA6 && byte <= 0xDF;
+  const char text[] = {static_cast<char>(byte), '\0'};
+  EXPECT_EQ(letter || digit || mark || katakana ? 0 : 1, ClassifyText(text)) << byte;
 }
 
 class TextFontTest : public ConverterTest {
@@ -125,14 +136,17 @@ TEST_F(TextFontTest, a_new_font_remembers_the_one_before) {
 // What a text consists of.
 
 TEST_F(TextFontTest, of_single_bytes_letters_digits_three_marks_and_katakana_are_latin) {
-  // Katakana are letters from A6 on; what stands from A1 to A5 are marks.
-  for (int byte = 1; byte <= 0xFF; ++byte) {
-    const bool letter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    const bool digit = byte >= '0' && byte <= '9';
-    const bool mark = byte == '-' || byte == '.' || byte == ',';
-    const bool katakana = byte >= 0xA6 && byte <= 0xDF;
-    const char text[] = {static_cast<char>(byte), '\0'};
-    EXPECT_EQ(letter || digit || mark || katakana ? 0 : 1, ClassifyText(text)) << byte;
+  for (int byte = 1; byte <= 0xFF; ++byte) ExpectClass(byte);
+}
+
+TEST_F(TextFontTest, the_hosts_locale_changes_no_class) {
+  for (const char* locale : hostLocales) {
+    SCOPED_TRACE(locale);
+    const HostLocale selected(locale);
+    for (int byte = 1; byte <= 0xFF; ++byte) ExpectClass(byte);
+    EXPECT_EQ(1, ClassifyText("\x90\x7D"));
+    EXPECT_EQ(1, FitCount("\x90\x7D"));
+    EXPECT_EQ(2, FitCount("\xB6\xDE"));
   }
 }
 
