@@ -38,7 +38,7 @@
  *
  * Locale. On Windows a drawing with text makes the C locale of the process Japanese in all its categories, and leaves it
  * so: a host that needs another sets it again behind the call. On Linux the process's locale is left alone. What is drawn
- * is the same under every locale.
+ * doesn't depend on it.
  *
  * What stays between calls: the monochrome switch, the dialog font, and for vzRotMetaMake the last conversion's path,
  * selection, scale and font.
