@@ -192,6 +192,73 @@ void WritePlace(Writer& writer) {
   WritePoint(writer, 10, writer.Coordinate(), writer.Coordinate());
 }
 
+void WriteBulge(Writer& writer) {
+  if (!writer.Chance(40)) return;
+  const std::string bulge = writer.Chance(10) ? "0.0" : writer.Number(-1.5, 1.5);
+  writer.Group(42, writer.Chance(5) ? writer.Coordinate() : bulge);
+}
+
+void WritePolyline(Writer& writer) {
+  if (writer.Chance(80)) writer.Group(66, "1");
+  WritePoint(writer, 10, "0.0", "0.0");
+  if (writer.Chance(70)) writer.Group(70, std::to_string(writer.Below(writer.Chance(80) ? 2 : 256)));
+  for (uint32_t count = writer.Below(9); count > 0; --count) {
+    writer.Group(0, writer.Chance(98) ? "VERTEX" : "POINT");
+    if (writer.Chance(80)) writer.Group(8, writer.OneOf(layerNames));
+    WritePlace(writer);
+    WriteBulge(writer);
+    if (writer.Chance(20)) writer.Group(70, std::to_string(writer.Below(256)));
+  }
+  if (writer.Chance(95)) writer.Group(0, "SEQEND");
+}
+
+void WriteLwPolyline(Writer& writer) {
+  const uint32_t count = writer.Below(9);
+  writer.Group(90, std::to_string(writer.Chance(95) ? count : writer.Below(20)));
+  if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(writer.Chance(80) ? 2 : 256)));
+  if (writer.Chance(20)) writer.Group(43, writer.Number(0.0, 5.0));
+  for (uint32_t i = 0; i < count; ++i) {
+    if (!writer.Chance(3)) writer.Group(10, writer.Coordinate());
+    if (!writer.Chance(3)) writer.Group(20, writer.Coordinate());
+    for (const int32_t code : {40, 41})
+      if (writer.Chance(10)) writer.Group(code, writer.Number(0.0, 5.0));
+    WriteBulge(writer);
+  }
+}
+
+// Mostly with a knot at each end that stands there four times, one for each control point beyond the fourth
+// between them, and counts that are true.
+void WriteSpline(Writer& writer) {
+  const uint32_t controlCount = writer.Chance(85) ? 4 + writer.Below(5) : writer.Below(4);
+  const uint32_t fitCount = writer.Chance(30) ? writer.Below(7) : 0;
+  const uint32_t knotCount = controlCount + (writer.Chance(95) ? 4 : writer.Below(6));
+  const bool clamped = writer.Chance(85);
+  writer.Group(70, std::to_string(writer.Below(32)));
+  writer.Group(71, std::to_string(writer.Chance(90) ? 3 : writer.Below(6)));
+  writer.Group(72, std::to_string(knotCount));
+  writer.Group(73, std::to_string(writer.Chance(95) ? controlCount : writer.Below(12)));
+  if (!writer.Chance(5)) writer.Group(74, std::to_string(writer.Chance(95) ? fitCount : writer.Below(9)));
+  for (uint32_t i = 0; i < knotCount; ++i) {
+    const uint32_t inner = i < 4 ? 0 : i < controlCount ? i - 3 : controlCount > 3 ? controlCount - 3 : 0;
+    if (writer.Chance(1))
+      writer.Group(40, writer.Coordinate());
+    else
+      writer.Group(40, clamped ? std::to_string(inner) : writer.Number(0.0, 8.0));
+  }
+  for (uint32_t i = 0; i < controlCount; ++i) WritePlace(writer);
+  for (uint32_t i = 0; i < fitCount; ++i) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+}
+
+// One of four corners outside the view drops it, so most of them stay well within the sheet.
+void WriteSolid(Writer& writer) {
+  const bool within = writer.Chance(80);
+  for (const int32_t code : {10, 11, 12, 13}) {
+    const std::string x = within ? writer.Number(5.0, 190.0) : writer.Coordinate();
+    const std::string y = within ? writer.Number(5.0, 190.0) : writer.Coordinate();
+    if (code < 13 || writer.Chance(95)) WritePoint(writer, code, x, y);
+  }
+}
+
 void WritePlayedBlock(Writer& writer, const char* block) {
   writer.Group(2, block);
   WritePlace(writer);
@@ -211,8 +278,10 @@ struct EntityKind {
 };
 
 const EntityKind entityKinds[] = {
-    {"LINE", WriteLine},    {"LINE", WriteLine},       {"LINE", WriteLine},   {"ARC", WriteArc},
-    {"CIRCLE", WriteRound}, {"ELLIPSE", WriteEllipse}, {"POINT", WritePlace},
+    {"LINE", WriteLine},     {"LINE", WriteLine},         {"LINE", WriteLine},
+    {"ARC", WriteArc},       {"CIRCLE", WriteRound},      {"ELLIPSE", WriteEllipse},
+    {"POINT", WritePlace},   {"POLYLINE", WritePolyline}, {"LWPOLYLINE", WriteLwPolyline},
+    {"SPLINE", WriteSpline}, {"SOLID", WriteSolid},       {"TRACE", WriteSolid},
 };
 
 void WriteEntity(Writer& writer, const EntityKind& kind) {
