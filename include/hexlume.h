@@ -36,6 +36,10 @@
  * Threads. The library keeps one record for the whole process and no lock: calls must not overlap. They may come from
  * different threads one after the other. Dialogs run modal on the thread of the call.
  *
+ * Locale. On Windows a drawing with text makes the C locale of the process Japanese in all its categories, and leaves it
+ * so: a host that needs another sets it again behind the call. On Linux the process's locale is left alone. What is drawn
+ * doesn't depend on it.
+ *
  * What stays between calls: the monochrome switch, the dialog font, and for vzRotMetaMake the last conversion's path,
  * selection, scale and font.
  *

@@ -1,9 +1,95 @@
+// ATTRIB: a plain text in a fixed font. The flag that hides an attribute isn't looked at: all are drawn.
 #include "text/attrib.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "canvas/left_objects.h"
+#include "canvas/primitive_steps.h"
+#include "driver/bounded_copy.h"
+#include "driver/group_reader.h"
+#include "entities/converter_rules.h"
+#include "text/text_font.h"
 
 namespace hexlume {
 
+namespace {
+
+constexpr int32_t upsideDown = 4;  // of group 71
+
+// Each code in front of the text costs it four bytes, however long the code is: of a longer one the rest is
+// drawn.
+const char* BehindLeadingCodes(const char* text) {
+  constexpr size_t codeLength = 4;
+  while (*text == '\\') text += std::min(std::strlen(text), codeLength);
+  return text;
+}
+
+int32_t TextLength() {
+  return static_cast<int32_t>(std::strlen(state.entText));
+}
+
+// The text's estimated width, by the groups read so far. It counts as unsigned: with a negative width factor
+// the text goes out of sight.
+double EstimatedWidth(const LOGFONTA& font) {
+  return static_cast<uint32_t>(WrapMul(TextLength(), font.lfWidth));
+}
+
+bool ReachesBeyond(Canvas canvas, const POINT& place, int32_t right) {
+  const TEXTMETRICA metrics = MeasureFont(canvas);
+  return WrapAdd(place.x, WrapMul(TextLength(), metrics.tmAveCharWidth)) > right;
+}
+
+}  // namespace
+
 int32_t DrawAttrib(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip) {
-  return 0;
+  LineStyle unusedStyle;
+  LOGFONTA font = {};
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.entText, BehindLeadingCodes(value)); break;
+      case 8:
+        if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 40:
+        font.lfHeight = Trunc(Trunc(Atof(value) * 100.0 / state.drawScale) * 1.1);
+        font.lfWidth = font.lfHeight / 2;
+        break;
+      case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
+      case 50: font.lfEscapement = WrapSub(3600, Trunc(Atof(value) * 10.0)); break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+      case 71:
+        if (Atoi(value) != upsideDown) break;
+        font.lfEscapement = WrapAdd(font.lfEscapement, 1800);
+        state.entX[0] -= EstimatedWidth(font) * state.drawScale;
+        break;
+    }
+  }
+
+  const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
+  if (!LiesInView(view, place)) return more;
+  if (wholeTextClip != 0 && WrapNegate(WrapAdd(place.y, font.lfHeight)) < view.top) return more;
+  MonochromeRule(state.entColor);
+  if (state.rotated) font.lfEscapement = WrapSub(font.lfEscapement, 1800);
+  if (font.lfHeight == 0 && font.lfWidth == 0) return more;
+
+  SettleFont(font, defaultFace);
+  const SelectedFont selected = SelectNewFont(canvas, font);
+  if (wholeTextClip == 1 && ReachesBeyond(canvas, place, view.right)) {
+    LeaveSelected(selected.font);
+    return more;
+  }
+  SetTextColor(canvas, ColorAt(state.entColor));
+  SetTextAlign(canvas, TA_BOTTOM);
+  SetBkMode(canvas, TRANSPARENT);
+  const POINT drawn = PlacePoint(place.x, place.y, state.centreX, state.centreY, state.rotated);
+  TextOutA(canvas, drawn.x, drawn.y, state.entText, TextLength());
+  RestoreFont(canvas, selected);
+  return more;
 }
 
 }  // namespace hexlume

@@ -1,6 +1,8 @@
 #include "support/random_drawing.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <random>
 
 namespace hexlume {
@@ -192,6 +194,73 @@ void WritePlace(Writer& writer) {
   WritePoint(writer, 10, writer.Coordinate(), writer.Coordinate());
 }
 
+void WriteBulge(Writer& writer) {
+  if (!writer.Chance(40)) return;
+  const std::string bulge = writer.Chance(10) ? "0.0" : writer.Number(-1.5, 1.5);
+  writer.Group(42, writer.Chance(5) ? writer.Coordinate() : bulge);
+}
+
+void WritePolyline(Writer& writer) {
+  if (writer.Chance(80)) writer.Group(66, "1");
+  WritePoint(writer, 10, "0.0", "0.0");
+  if (writer.Chance(70)) writer.Group(70, std::to_string(writer.Below(writer.Chance(80) ? 2 : 256)));
+  for (uint32_t count = writer.Below(9); count > 0; --count) {
+    writer.Group(0, writer.Chance(98) ? "VERTEX" : "POINT");
+    if (writer.Chance(80)) writer.Group(8, writer.OneOf(layerNames));
+    WritePlace(writer);
+    WriteBulge(writer);
+    if (writer.Chance(20)) writer.Group(70, std::to_string(writer.Below(256)));
+  }
+  if (writer.Chance(95)) writer.Group(0, "SEQEND");
+}
+
+void WriteLwPolyline(Writer& writer) {
+  const uint32_t count = writer.Below(9);
+  writer.Group(90, std::to_string(writer.Chance(95) ? count : writer.Below(20)));
+  if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(writer.Chance(80) ? 2 : 256)));
+  if (writer.Chance(20)) writer.Group(43, writer.Number(0.0, 5.0));
+  for (uint32_t i = 0; i < count; ++i) {
+    if (!writer.Chance(3)) writer.Group(10, writer.Coordinate());
+    if (!writer.Chance(3)) writer.Group(20, writer.Coordinate());
+    for (const int32_t code : {40, 41})
+      if (writer.Chance(10)) writer.Group(code, writer.Number(0.0, 5.0));
+    WriteBulge(writer);
+  }
+}
+
+// Mostly with a knot at each end that stands there four times, one for each control point beyond the fourth
+// between them, and counts that are true.
+void WriteSpline(Writer& writer) {
+  const uint32_t controlCount = writer.Chance(85) ? 4 + writer.Below(5) : writer.Below(4);
+  const uint32_t fitCount = writer.Chance(30) ? writer.Below(7) : 0;
+  const uint32_t knotCount = controlCount + (writer.Chance(95) ? 4 : writer.Below(6));
+  const bool clamped = writer.Chance(85);
+  writer.Group(70, std::to_string(writer.Below(32)));
+  writer.Group(71, std::to_string(writer.Chance(90) ? 3 : writer.Below(6)));
+  writer.Group(72, std::to_string(knotCount));
+  writer.Group(73, std::to_string(writer.Chance(95) ? controlCount : writer.Below(12)));
+  if (!writer.Chance(5)) writer.Group(74, std::to_string(writer.Chance(95) ? fitCount : writer.Below(9)));
+  for (uint32_t i = 0; i < knotCount; ++i) {
+    const uint32_t inner = i < 4 ? 0 : i < controlCount ? i - 3 : controlCount > 3 ? controlCount - 3 : 0;
+    if (writer.Chance(1))
+      writer.Group(40, writer.Coordinate());
+    else
+      writer.Group(40, clamped ? std::to_string(inner) : writer.Number(0.0, 8.0));
+  }
+  for (uint32_t i = 0; i < controlCount; ++i) WritePlace(writer);
+  for (uint32_t i = 0; i < fitCount; ++i) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+}
+
+// One of four corners outside the view drops it, so most of them stay well within the sheet.
+void WriteSolid(Writer& writer) {
+  const bool within = writer.Chance(80);
+  for (const int32_t code : {10, 11, 12, 13}) {
+    const std::string x = within ? writer.Number(5.0, 190.0) : writer.Coordinate();
+    const std::string y = within ? writer.Number(5.0, 190.0) : writer.Coordinate();
+    if (code < 13 || writer.Chance(95)) WritePoint(writer, code, x, y);
+  }
+}
+
 void WritePlayedBlock(Writer& writer, const char* block) {
   writer.Group(2, block);
   WritePlace(writer);
@@ -205,14 +274,112 @@ void WriteInsert(Writer& writer) {
   WritePlayedBlock(writer, writer.OneOf(blockNames));
 }
 
+// Texts are written so that no listing depends on the metrics of a font, which differ from system to system.
+// A TEXT of Latin characters goes down by its font's descent: each has others. MTEXT takes the width of its
+// cells from the font, times the factor of the code "\W", which is 0 here. A fraction measures a font too,
+// and in a block the code "\T" can cut "\W" off: no piece has an S, W or T, as it may come to stand behind a
+// backslash, which any trail byte can be. The text stands in front of the height, so that an entity that the
+// drawing's end cuts off within its text isn't drawn. And nobody asks for texts that lie in the view as a
+// whole.
+const char* const textCodes[] = {
+    "%%d",    "%%D",    "%%c",           "%%C",      "%%p",      "%%P",      "%%u",     "%%o",
+    "%%",     "%",      "\\P",           "\\A1;",    "\\L",      "\\C3;",    "\\H2.5;", "\\H0.7x;",
+    "\\Q15;", "\\",     "\\U+2205",      "\\U+00B0", "\\U+25CF", "\\U+3042", "\\U+",    "{",
+    "}",      "{\\C1;", "{\\fArial|b0;", "^",        ";",        "|"};
+const char* const textCharacters[] = {" ",        "(",        ")",        "12.5",     "-7,3",     "A1",
+                                      "mm",       "\xB1",     "\xB6\xDE", "\xCA\xDF", "\x83\x5C", "\x95\x5C",
+                                      "\x94\x5C", "\x90\x7D", "\x81\x40", "\x81\x69", "\x81\x6A", "\x90"};
+const char kanji[] = "\x81\x9B\x81\x9B\x81\x9B";        // more bytes than a code or two can take along
+const char barredBytes[] = "\n\r\x1A\x53\x57\x54\x66";  // ends of lines and files; S, W, T, and f of a face
+constexpr uint32_t textLimit = 230;  // with all that is added, within what the reader takes
+
+std::string RandomText(Writer& writer) {
+  std::string text;
+  for (uint32_t count = writer.Below(writer.Chance(90) ? 10 : 150); count > 0; --count) {
+    const auto byte = static_cast<char>(1 + writer.Below(255));
+    if (writer.Chance(40))
+      text += writer.OneOf(textCodes);
+    else if (writer.Chance(80))
+      text += writer.OneOf(textCharacters);
+    else if (!std::strchr(barredBytes, byte))
+      text += byte;
+  }
+  if (text.size() > textLimit) text.resize(textLimit);
+  return text;
+}
+
+// What stands in front of all codes stays; at the end it would go along with the rest of a brace.
+std::string TextWithKanji(Writer& writer) {
+  static const char* const leadingCodes[] = {"", "\\A1;", "\\A1;\\A0;", "\\C1;", "}}", "\\A"};
+  std::string text = RandomText(writer);
+  if (writer.Chance(60)) return kanji + text + (writer.Chance(5) ? "\\S1^ 2;" : "");
+  text.erase(std::remove(text.begin(), text.end(), '{'), text.end());
+  return writer.OneOf(leadingCodes) + text + kanji;
+}
+
+std::string MTextOfNoWidth(Writer& writer) {
+  return (writer.Chance(20) ? "\\W0;\\T0.7;" : "\\W0;") + RandomText(writer);
+}
+
+void WriteTextHeight(Writer& writer) {
+  if (!writer.Chance(3)) writer.Group(40, writer.Chance(3) ? writer.Coordinate() : writer.Number(0.0, 12.0));
+}
+
+void WriteText(Writer& writer) {
+  writer.Group(1, TextWithKanji(writer));
+  WritePlace(writer);
+  WriteTextHeight(writer);
+  if (writer.Chance(40)) writer.Group(41, writer.Number(0.0, 2.0));
+  if (writer.Chance(60)) writer.Group(50, writer.Number(-10.0, 370.0));
+  if (writer.Chance(20)) writer.Group(51, writer.Number(-30.0, 30.0));
+  if (writer.Chance(30)) writer.Group(7, "STANDARD");
+  if (writer.Chance(20)) writer.Group(71, std::to_string(writer.Below(7)));
+  if (writer.Chance(60)) writer.Group(72, std::to_string(writer.Chance(50) ? 5 : writer.Below(7)));
+  if (writer.Chance(60)) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+  if (writer.Chance(30)) writer.Group(73, std::to_string(writer.Below(4)));
+}
+
+void WriteMText(Writer& writer) {
+  writer.Group(1, MTextOfNoWidth(writer));
+  WritePlace(writer);
+  WriteTextHeight(writer);
+  if (writer.Chance(80)) writer.Group(41, writer.Number(0.0, 200.0));
+  if (writer.Chance(10)) writer.Group(3, RandomText(writer));
+  if (writer.Chance(20)) writer.Group(1, MTextOfNoWidth(writer));
+  if (writer.Chance(40)) writer.Group(44, writer.Number(0.2, 4.0));
+  if (writer.Chance(30)) writer.Group(50, writer.Number(-10.0, 370.0));
+  if (!writer.Chance(5)) writer.Group(71, std::to_string(writer.Below(11)));
+  if (writer.Chance(50)) writer.Group(72, std::to_string(writer.Below(6)));
+  if (writer.Chance(60))
+    WritePoint(writer, 11, writer.Chance(20) ? "0.0" : writer.Number(-1.0, 1.0),
+               writer.Chance(20) ? "0.0" : writer.Number(-1.0, 1.0));
+}
+
+void WriteAttrib(Writer& writer) {
+  WritePlace(writer);
+  WriteTextHeight(writer);
+  if (!writer.Chance(3)) writer.Group(1, RandomText(writer));
+  if (writer.Chance(90)) writer.Group(2, "TAG");
+  if (writer.Chance(40)) writer.Group(70, std::to_string(writer.Below(16)));
+  if (writer.Chance(40)) writer.Group(41, writer.Number(-0.5, 2.0));
+  if (writer.Chance(60))
+    writer.Group(50, writer.Chance(3) ? writer.Coordinate() : writer.Number(-10.0, 370.0));
+  if (writer.Chance(40)) writer.Group(71, std::to_string(writer.Below(7)));
+  if (writer.Chance(40)) writer.Group(72, std::to_string(writer.Below(6)));
+  if (writer.Chance(30)) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+}
+
 struct EntityKind {
   const char* name;
   void (*write)(Writer& writer);
 };
 
 const EntityKind entityKinds[] = {
-    {"LINE", WriteLine},    {"LINE", WriteLine},       {"LINE", WriteLine},   {"ARC", WriteArc},
-    {"CIRCLE", WriteRound}, {"ELLIPSE", WriteEllipse}, {"POINT", WritePlace},
+    {"LINE", WriteLine},     {"LINE", WriteLine},         {"LINE", WriteLine},
+    {"ARC", WriteArc},       {"CIRCLE", WriteRound},      {"ELLIPSE", WriteEllipse},
+    {"POINT", WritePlace},   {"POLYLINE", WritePolyline}, {"LWPOLYLINE", WriteLwPolyline},
+    {"SPLINE", WriteSpline}, {"SOLID", WriteSolid},       {"TRACE", WriteSolid},
+    {"TEXT", WriteText},     {"MTEXT", WriteMText},
 };
 
 void WriteEntity(Writer& writer, const EntityKind& kind) {
@@ -260,11 +427,13 @@ void WriteEntities(Writer& writer) {
   for (uint32_t count = writer.Below(60); count > 0; --count) {
     if (writer.Chance(15))
       WriteEntity(writer, {"INSERT", WriteInsert});
+    else if (writer.Chance(10))
+      WriteEntity(writer, {"ATTRIB", WriteAttrib});
     else
       WriteAnyEntity(writer);
     // May bring the groups out of step; not within blocks, as one that misses its end could come to hold
-    // itself.
-    if (writer.Chance(1)) writer.Group(1, std::string(200 + writer.Below(200), 'x'));
+    // itself. Not Latin, as it may be a TEXT's.
+    if (writer.Chance(1)) writer.Group(1, std::string(200 + writer.Below(200), '#'));
   }
   writer.Group(0, "ENDSEC");
 }

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "platform/code_page_932.h"
+#include "support/host_locale.h"
 
 namespace hexlume {
 
@@ -95,6 +95,15 @@ TEST(FullWidth, every_katakana_joins_with_the_marks_that_it_can_take) {
       const std::string expected = joined ? Bytes(joined) : Bytes(WideByte(byte)) + Bytes(WideByte(mark));
       EXPECT_EQ(Widened(Bytes(byte) + Bytes(mark)), expected) << byte << ' ' << mark;
     }
+  }
+}
+
+TEST(FullWidth, the_hosts_locale_changes_nothing) {
+  for (const char* locale : hostLocales) {
+    const HostLocale selected(locale);
+    for (int byte = 1; byte <= 0xFF; ++byte)
+      EXPECT_EQ(Widened(Bytes(byte)), Bytes(WideByte(byte))) << locale << ' ' << byte;
+    EXPECT_EQ(Widened("A\xB6\xDE\xCA\xDF\x90\x7D"), "\x82\x60\x83\x4B\x83\x70\x90\x7D") << locale;
   }
 }
 
