@@ -176,5 +176,172 @@ TEST_F(BlockInsertTest, a_base_point_is_subtracted_with_all_scales_and_unturned)
   EXPECT_EQ(Stroke(black, 5000, -6999, 7000, -4999), Draw("2 BASE\n10 5\n20 5\n41 0.5\n42 0.5\n50 90\n"));
 }
 
+// Group 62, and the groups that don't count.
+
+TEST_F(BlockInsertTest, its_colour_is_the_drawings_number_itself) {
+  EXPECT_EQ(SlantedStroke(red), Draw("2 A\n62 1\n"));
+  EXPECT_EQ(SlantedStroke(yellow), Draw("2 A\n62 2\n"));
+  EXPECT_EQ(SlantedStroke(white), Draw("2 A\n62 7\n"));
+  EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 8\n"));
+  EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 130\n"));  // an ENTITIES one makes that cyan
+  EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 256\n"));
+  EXPECT_EQ(SlantedStroke(countColour), Draw("2 A\n62 -1\n"));
+}
+
+TEST_F(BlockInsertTest, without_a_colour_it_hands_black_on_whatever_the_one_around_it_had) {
+  state.entColor = 6;
+  state.blockColor = 5;
+  EXPECT_EQ(SlantedStroke(black), Draw("2 A\n"));
+  EXPECT_EQ(6, state.entColor);
+}
+
+TEST_F(BlockInsertTest, its_colour_is_kept_in_no_field) {
+  state.entColor = 6;
+  state.dimColor = 5;
+  AddBlock("EMPTY", "");
+  state.blockColor = 4;
+  Draw("2 EMPTY\n62 1\n");
+  EXPECT_EQ(6, state.entColor);
+  EXPECT_EQ(5, state.dimColor);
+  EXPECT_EQ(4, state.blockColor);
+}
+
+TEST_F(BlockInsertTest, its_layer_is_ignored) {
+  EXPECT_EQ(SlantedStroke(black), Draw("8 DOORS\n2 A\n"));
+  EXPECT_STREQ("WALLS", state.insertLayer);
+  EXPECT_EQ(SlantedStroke(cyan), Draw("62 4\n8 0\n2 A\n"));
+  EXPECT_STREQ("WALLS", state.insertLayer);
+  ExcludeLayer("DOORS");
+  EXPECT_EQ(SlantedStroke(black), Draw("8 DOORS\n2 A\n"));
+}
+
+TEST_F(BlockInsertTest, its_line_type_is_ignored) {
+  DefineLtype(4, {300, -200});
+  ExcludeFamily(1);
+  EXPECT_EQ(SlantedStroke(), Draw("6 HIDDEN\n2 A\n6 ByBlock\n"));
+}
+
+TEST_F(BlockInsertTest, its_extrusion_is_ignored) {
+  EXPECT_EQ(Stroke(black, 1500, -8000, 2500, -9000), Draw("2 NEAR\n10 5\n230 -1\n"));
+}
+
+TEST_F(BlockInsertTest, rows_columns_and_what_else_it_may_have_are_ignored) {
+  EXPECT_EQ(SlantedStroke(),
+            Draw("5 2F\n2 A\n10 0\n20 0\n30 9\n39 700\n43 5\n44 50\n45 60\n66 1\n70 3\n71 2\n"));
+}
+
+TEST_F(BlockInsertTest, with_monochrome_on_its_block_is_black) {
+  state.monochrome = 1;
+  EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 6\n"));
+}
+
+// The way back.
+
+TEST_F(BlockInsertTest, behind_it_the_next_entitys_group_stands_in_the_buffer) {
+  Draw("2 A\n10 0\n20 0\n");
+  EXPECT_EQ(1, result);
+  EXPECT_TRUE(AtGroup(0, "CIRCLE"));
+  ReadGroup(stream);
+  EXPECT_TRUE(AtGroup(40, "7"));
+}
+
+TEST_F(BlockInsertTest, scales_and_angle_are_put_back_for_the_block_around_it) {
+  state.insertScaleX = 2.0;
+  state.insertScaleY = 3.0;
+  state.insertAngle = 0.25;
+  for (const char* name : {"A", "GONE"}) {
+    Draw("2 " + std::string(name) + "\n41 5\n42 -7\n50 30\n");
+    EXPECT_EQ(2.0, state.insertScaleX) << name;
+    EXPECT_EQ(3.0, state.insertScaleY) << name;
+    EXPECT_EQ(0.25, state.insertAngle) << name;
+  }
+}
+
+TEST_F(BlockInsertTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has_and_scales_are_put_back) {
+  EXPECT_EQ(Stroke(black, 2000, -8000, 4000, -9000), DrawText("0 INSERT\n2 NEAR\n41 2\n"));
+  EXPECT_EQ(0, result);
+  EXPECT_EQ(1.0, state.insertScaleX);
+}
+
+TEST_F(BlockInsertTest, a_file_may_end_behind_any_byte) {
+  CutBehindEachByte("0 INSERT\n8 WALLS\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
+    Insert(canvas);
+    EXPECT_EQ(0, result);
+    EXPECT_EQ(0, ReadGroup(stream));
+    EXPECT_EQ(1.0, state.insertScaleX);
+    EXPECT_EQ(1.0, state.insertScaleY);
+    EXPECT_EQ(0.0, state.insertAngle);
+  });
+}
+
+// Blocks in blocks, played back by an insert of the section.
+
+class NestedInsertTest : public BlockInsertTest {
+ protected:
+  // The listing of one insert of the section with these groups.
+  std::string DrawOuter(const std::string& groups) {
+    OpenAt("0 INSERT\n" + groups + "0 CIRCLE\n40 7\n");
+    return ListCalls(
+        [this](Canvas canvas) { result = DrawInsert(headerVars, stream, canvas, view, 0, 0, 0); });
+  }
+};
+
+TEST_F(NestedInsertTest, what_follows_a_nested_insert_is_drawn_with_the_outer_scales) {
+  AddBlock("OUTER", "0 INSERT\n2 NEAR\n10 10\n20 5\n41 2\n42 2\n62 5\n" + nearOrigin);
+  // Within the outer scale of 2 the nested one lies at (2000, 1000) and has the scale 4: X 1000 * 4 + 2000
+  // and 2000 * 4 + 2000, Y 2000 * 4 + 1000 and 1000 * 4 + 1000. The line itself: twice its coordinates.
+  EXPECT_EQ(Stroke(black, 6000, -1000, 10000, -5000) + Stroke(black, 2000, -6000, 4000, -8000),
+            DrawOuter("8 WALLS\n2 OUTER\n41 2\n42 2\n"));
+  EXPECT_TRUE(AtGroup(0, "CIRCLE"));
+}
+
+TEST_F(NestedInsertTest, scales_multiply_down_a_chain_of_three) {
+  AddBlock("INNER", "0 INSERT\n2 NEAR\n41 0.5\n42 5\n");
+  AddBlock("OUTER", "0 INSERT\n2 INNER\n41 3\n42 0.25\n" + nearOrigin);
+  // X 2 * 3 * 0.5 = 3, Y 2 * 0.25 * 5 = 2.5; then 2 and 2.
+  EXPECT_EQ(Stroke(black, 3000, -5000, 6000, -7500) + Stroke(black, 2000, -6000, 4000, -8000),
+            DrawOuter("2 OUTER\n41 2\n42 2\n"));
+}
+
+TEST_F(NestedInsertTest, a_nested_origin_is_found_from_the_outer_one) {
+  AddBlock("OUTER", "0 INSERT\n2 NEAR\n10 3\n20 4\n", "10 1\n20 2\n30 0\n");
+  // The outer origin: 1000 - 100 * 2 = 800 and 1000 - 200 * 2 = 600. The nested one: 300 * 2 + 800 = 1400 and
+  // 400 * 2 + 600 = 1400. X 1000 * 2 + 1400 and 2000 * 2 + 1400, Y the other way round.
+  EXPECT_EQ(Stroke(black, 3400, -4600, 5400, -6600), DrawOuter("2 OUTER\n10 10\n20 10\n41 2\n42 2\n"));
+}
+
+TEST_F(NestedInsertTest, angles_add_up_and_are_taken_back) {
+  AddBlock("TURNED", LineOf(Ends(20, 0, 20, -10)));
+  AddBlock("OUTER", "0 INSERT\n2 TURNED\n10 20\n20 0\n50 60\n0 INSERT\n2 TURNED\n10 40\n20 0\n50 60\n");
+  state.shiftX = 0.5;
+  state.shiftY = 0.5;
+  // Each is turned by 30 + 60 degrees about where it lies unturned: (3000, 1000) and (5000, 1000).
+  EXPECT_EQ(Stroke(black, 3000, -6999, 4000, -6999) + Stroke(black, 5000, -6999, 6000, -6999),
+            DrawOuter("2 OUTER\n10 10\n20 10\n50 30\n"));
+  EXPECT_DOUBLE_EQ(30.0 * 3.1415926535 / 180.0, state.insertAngle);
+}
+
+TEST_F(NestedInsertTest, the_colour_of_the_outer_insert_is_not_inherited) {
+  AddBlock("OUTER", slantedOnLayer0 + "0 INSERT\n2 A\n" + "0 INSERT\n2 A\n62 3\n" + slantedOnLayer0);
+  EXPECT_EQ(SlantedStroke(magenta) + SlantedStroke(black) + SlantedStroke(green) + SlantedStroke(magenta),
+            DrawOuter("8 WALLS\n62 6\n2 OUTER\n"));
+}
+
+TEST_F(NestedInsertTest, the_layer_stays_that_of_the_outer_insert) {
+  AddBlock("OUTER", "0 INSERT\n8 WALLS\n2 A\n62 6\n");
+  // The width of 3 is that of the outer insert's layer.
+  EXPECT_EQ(SlantedStroke(magenta, 3), DrawOuter("8 DOORS\n2 OUTER\n"));
+}
+
+TEST_F(NestedInsertTest, a_nested_insert_of_no_known_block_does_not_disturb_the_outer_block) {
+  AddBlock("OUTER", "0 INSERT\n2 GONE\n41 9\n" + slanted);
+  EXPECT_EQ(SlantedStroke(), DrawOuter("2 OUTER\n"));
+}
+
+TEST_F(NestedInsertTest, a_block_may_be_played_back_many_times) {
+  AddBlock("OUTER", "0 INSERT\n2 A\n0 INSERT\n2 A\n0 INSERT\n2 A\n");
+  EXPECT_EQ(SlantedStroke() + SlantedStroke() + SlantedStroke(), DrawOuter("8 WALLS\n2 OUTER\n"));
+}
+
 }  // namespace
 }  // namespace hexlume
