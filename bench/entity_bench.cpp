@@ -1,20 +1,13 @@
-// Entities with many points, and many of them, in whole conversions through the library's own door. Linux
+// Entities with many points, and many of them: n, 2n and 4n vertices, splines or points of one spline. Linux
 // only:
 //
 //   build/linux/bin/hexlume_entity_bench
-//
-// Each kind of drawing comes with n, 2n and 4n items: vertices, splines or points of one spline. Only ratios
-// within one run count: time/item should stay flat from line to line. bytes/item tells the length of the
-// metafile, and so that every item was drawn.
 #include <benchmark/benchmark.h>
-
-#include <stdlib.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <string>
 
-#include "hexlume.h"
+#include "growing_drawing.h"
 
 namespace {
 
@@ -31,7 +24,7 @@ std::string PlaceOf(int64_t i) {
 }
 
 std::string DrawingOf(const std::string& entities) {
-  return header + "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+  return header + "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n";
 }
 
 std::string DrawingOfAPolyline(int64_t vertices) {
@@ -65,47 +58,6 @@ std::string DrawingOfSplines(int64_t splines) {
 
 std::string DrawingOfALongSpline(int64_t points) {
   return DrawingOf(Spline(points, 0));
-}
-
-// A file of the drawing, to be deleted by the caller. Empty if it can't be written.
-std::string WriteDrawing(const std::string& drawing) {
-  char path[] = "/tmp/hexlume_entity_XXXXXX";
-  const int file = mkstemp(path);
-  if (file < 0) return "";
-  size_t written = 0;
-  while (written < drawing.size()) {
-    const ssize_t count = write(file, drawing.data() + written, drawing.size() - written);
-    if (count <= 0) break;
-    written += static_cast<size_t>(count);
-  }
-  close(file);
-  if (written == drawing.size()) return path;
-  unlink(path);
-  return "";
-}
-
-void Convert(benchmark::State& state, std::string (*draw)(int64_t items)) {
-  const int64_t items = state.range(0);
-  const std::string path = WriteDrawing(draw(items));
-  if (path.empty()) {
-    state.SkipWithError("the drawing can't be written");
-    return;
-  }
-  UINT bytes = 0;
-  for (auto _ : state) {
-    HENHMETAFILE metafile = nullptr;
-    const int32_t code = vzMetaMake(path.c_str(), &metafile, 0, 0);
-    bytes = GetEnhMetaFileBits(metafile, 0, nullptr);
-    DeleteEnhMetaFile(metafile);
-    if (code != HEXLUME_OK) {
-      state.SkipWithError("the drawing can't be converted");
-      break;
-    }
-  }
-  unlink(path.c_str());
-  const double converted = static_cast<double>(state.iterations()) * static_cast<double>(items);
-  state.counters["time/item"] = {converted, benchmark::Counter::kIsRate | benchmark::Counter::kInvert};
-  state.counters["bytes/item"] = static_cast<double>(bytes) / static_cast<double>(items);
 }
 
 void BM_PolylineVertices(benchmark::State& state) {

@@ -1,20 +1,14 @@
-// Whole conversions of drawings of growing size, through the library's own door. Linux only:
+// Tables, blocks and dashes in numbers, each kind of drawing with n, 2n and 4n items. Linux only:
 //
 //   build/linux/bin/hexlume_scale_bench
-//
-// Each kind of drawing comes with n, 2n and 4n items. Only ratios within one run count: time/item should stay
-// flat from line to line. bytes/item tells the length of the metafile, and so that every item was drawn.
 #include <benchmark/benchmark.h>
-
-#include <stdlib.h>
-#include <unistd.h>
 
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <string>
 
-#include "hexlume.h"
+#include "growing_drawing.h"
 
 namespace {
 
@@ -125,47 +119,6 @@ std::string DrawingOfNestedDashes(int64_t dashes) {
   return Header(rowsHeight) + Tables() +
          Section("BLOCKS", Block("INNER", arc) + Block("OUTER", Insert("INNER", 0, 0))) +
          Section("ENTITIES", entities);
-}
-
-// A file of the drawing, which is gone at the program's end at the latest. Empty if it can't be written.
-std::string WriteDrawing(const std::string& drawing) {
-  char path[] = "/tmp/hexlume_scale_XXXXXX";
-  const int file = mkstemp(path);
-  if (file < 0) return "";
-  size_t written = 0;
-  while (written < drawing.size()) {
-    const ssize_t count = write(file, drawing.data() + written, drawing.size() - written);
-    if (count <= 0) break;
-    written += static_cast<size_t>(count);
-  }
-  close(file);
-  if (written == drawing.size()) return path;
-  unlink(path);
-  return "";
-}
-
-void Convert(benchmark::State& state, std::string (*draw)(int64_t count)) {
-  const int64_t items = state.range(0);
-  const std::string path = WriteDrawing(draw(items) + "0\nEOF\n");
-  if (path.empty()) {
-    state.SkipWithError("the drawing can't be written");
-    return;
-  }
-  UINT bytes = 0;
-  for (auto _ : state) {
-    HENHMETAFILE metafile = nullptr;
-    const int32_t code = vzMetaMake(path.c_str(), &metafile, 0, 0);
-    bytes = GetEnhMetaFileBits(metafile, 0, nullptr);
-    DeleteEnhMetaFile(metafile);
-    if (code != HEXLUME_OK) {
-      state.SkipWithError("the drawing can't be converted");
-      break;
-    }
-  }
-  unlink(path.c_str());
-  const double converted = static_cast<double>(state.iterations()) * static_cast<double>(items);
-  state.counters["time/item"] = {converted, benchmark::Counter::kIsRate | benchmark::Counter::kInvert};
-  state.counters["bytes/item"] = static_cast<double>(bytes) / static_cast<double>(items);
 }
 
 void BM_Blocks(benchmark::State& state) {
