@@ -297,6 +297,21 @@ TEST_F(SmallStack, there_is_room_on_it) {
   }
 }
 
+// In levels of 1 MB.
+__attribute__((noinline)) size_t RoomInMegabytes(size_t level) {
+  volatile char room[1024 * 1024];
+  room[0] = 1;
+  if (!HasStackRoom()) return level;
+  return RoomInMegabytes(level + 1) + static_cast<size_t>(room[0]) - 1;
+}
+
+TEST_F(SmallStack, of_a_large_one_64_mb_are_used) {
+  size_t deepest = 0;
+  OnStackOf(256 * 1024 * 1024, [&] { deepest = RoomInMegabytes(0); });
+  EXPECT_LE(62u, deepest);
+  EXPECT_GE(65u, deepest);
+}
+
 TEST_F(SmallStack, some_blocks_in_blocks_are_drawn_on_it) {
   AddBlock("A", line + "0 INSERT\n2 B\n");
   AddBlock("B", line + "0 INSERT\n2 C\n");
