@@ -8,6 +8,7 @@
 
 #include "driver/group_reader.h"
 #include "driver/text_stream.h"
+#include "platform/stack_room.h"
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
@@ -19,6 +20,15 @@ const std::string baseAtZero = "10 0\n20 0\n30 0\n";
 
 inline std::string LineOf(const std::string& groups) {
   return "0 LINE\n" + groups;
+}
+
+// Runs where the stack has no room for another block.
+__attribute__((noinline)) inline char RunWithoutStackRoom(const std::function<void()>& run) {
+  volatile char level[1024];
+  level[0] = 1;
+  if (HasStackRoom()) return static_cast<char>(RunWithoutStackRoom(run) + level[0]);
+  run();
+  return level[0];
 }
 
 class BlockStreamTest : public ConverterTest {

@@ -277,13 +277,15 @@ class EndlessBlockTest : public BlockDispatchTest {
   // The listing of block A up to the throw that ends it.
   std::string DrawToThrow() {
     OpenAt("0 CIRCLE\n");
-    return ListCalls([this](Canvas canvas) {
-      try {
-        Walk(canvas);
-      } catch (int32_t code) {
-        thrown = code;
-      }
-    });
+    return ListCalls([this](Canvas canvas) { WalkToThrow(canvas); });
+  }
+
+  void WalkToThrow(Canvas canvas) {
+    try {
+      Walk(canvas);
+    } catch (int32_t code) {
+      thrown = code;
+    }
   }
 
   int32_t thrown = 0;
@@ -329,6 +331,13 @@ TEST_F(EndlessBlockTest, blocks_that_insert_the_next_one_twice_each_come_to_an_e
   AddBlock("B60", slanted);
   state.blockSteps = blockStepLimit - 100'000;
   EXPECT_LT(1000u, CountLines(DrawToThrow()));
+  EXPECT_EQ(faultCode, thrown);
+}
+
+TEST_F(EndlessBlockTest, without_room_on_the_stack_a_block_is_a_fault_and_nothing_of_it_is_drawn) {
+  AddBlock("A", slanted);
+  OpenAt("0 CIRCLE\n");
+  EXPECT_EQ("", ListCalls([this](Canvas canvas) { RunWithoutStackRoom([&] { WalkToThrow(canvas); }); }));
   EXPECT_EQ(faultCode, thrown);
 }
 

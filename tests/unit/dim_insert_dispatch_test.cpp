@@ -49,13 +49,15 @@ class DimInsertDispatchTest : public BlockStreamTest {
   // That of block A, up to a throw if there is one.
   std::string DrawFirst() {
     OpenAt("0 CIRCLE\n");
-    return ListCalls([this](Canvas canvas) {
-      try {
-        Walk(BodyOf("A"), canvas);
-      } catch (int32_t code) {
-        thrown = code;
-      }
-    });
+    return ListCalls([this](Canvas canvas) { WalkToThrow(canvas); });
+  }
+
+  void WalkToThrow(Canvas canvas) {
+    try {
+      Walk(BodyOf("A"), canvas);
+    } catch (int32_t code) {
+      thrown = code;
+    }
   }
 
   void Walk(int32_t bodyOffset, Canvas canvas) {
@@ -239,6 +241,13 @@ TEST_F(DimInsertDispatchTest, a_block_ends_with_the_steps_that_are_left) {
 TEST_F(DimInsertDispatchTest, one_step_more_ends_it_as_a_fault_behind_what_was_drawn) {
   state.blockSteps = blockStepLimit - 7;
   EXPECT_EQ(SlantedStroke(), Draw(slanted + slanted));
+  EXPECT_EQ(faultCode, thrown);
+}
+
+TEST_F(DimInsertDispatchTest, without_room_on_the_stack_a_block_is_a_fault_and_nothing_of_it_is_drawn) {
+  AddBlock("A", slanted);
+  OpenAt("0 CIRCLE\n");
+  EXPECT_EQ("", ListCalls([this](Canvas canvas) { RunWithoutStackRoom([&] { WalkToThrow(canvas); }); }));
   EXPECT_EQ(faultCode, thrown);
 }
 

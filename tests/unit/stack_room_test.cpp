@@ -28,7 +28,7 @@ TEST(StackRoom, there_is_room_a_little_deeper) {
   EXPECT_EQ(50u, DeepestLevel(0, 50));
 }
 
-// A hundred thousand levels of 4 KB are 400 MB; a stack that large isn't asked for here.
+// A hundred thousand levels of 4 KB are 400 MB, more than is used of any stack.
 TEST(StackRoom, deep_down_there_is_none_before_the_stack_is_at_its_end) {
   constexpr size_t bound = 100'000;
   const size_t deepest = DeepestLevel(0, bound);
