@@ -6,11 +6,16 @@
 #include <unistd.h>
 
 #include <cstring>
+#include <functional>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include "composite/block_dispatch.h"
 #include "platform/fault_guard.h"
 #include "platform/host_exception.h"
+#include "platform/stack_room.h"
+#include "support/block_stream.h"
 
 namespace hexlume {
 namespace {
@@ -245,6 +250,86 @@ TEST(HostException, it_is_thrown_as_an_int) {
       caught = thrown;
     }
     EXPECT_EQ(code, caught);
+  }
+}
+
+// Blocks within blocks on the stack that a host has given its thread.
+
+class SmallStack : public BlockStreamTest {
+ protected:
+  static void OnStackOf(size_t bytes, std::function<void()> run) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    ASSERT_EQ(0, pthread_attr_setstacksize(&attributes, bytes));
+    pthread_t thread;
+    const auto start = [](void* context) -> void* {
+      (*static_cast<std::function<void()>*>(context))();
+      return nullptr;
+    };
+    ASSERT_EQ(0, pthread_create(&thread, &attributes, start, &run));
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+  }
+
+  // The listing of block A, and what ended it.
+  std::string Draw() {
+    OpenAt("0 CIRCLE\n");
+    return ListCalls([this](Canvas canvas) {
+      try {
+        DrawBlockEntities(stream, BodyOf("A"), canvas, 0.0, 0.0, headerVars, 0, view, 0, 0, 0, 0);
+      } catch (int32_t code) {
+        thrown = code;
+      }
+    });
+  }
+
+  int32_t thrown = 0;
+};
+
+const std::string line = LineOf(Ends(10, 90, 30, 80));
+const std::string stroke = Stroke(black, 1000, -1000, 3000, -2000);
+
+TEST_F(SmallStack, there_is_room_on_it) {
+  for (const size_t bytes : {128 * 1024, 256 * 1024, 1024 * 1024}) {
+    bool hasRoom = false;
+    OnStackOf(bytes, [&] { hasRoom = HasStackRoom(); });
+    EXPECT_TRUE(hasRoom) << bytes;
+  }
+}
+
+// In levels of 1 MB.
+__attribute__((noinline)) size_t RoomInMegabytes(size_t level) {
+  volatile char room[1024 * 1024];
+  room[0] = 1;
+  if (!HasStackRoom()) return level;
+  return RoomInMegabytes(level + 1) + static_cast<size_t>(room[0]) - 1;
+}
+
+TEST_F(SmallStack, of_a_large_one_64_mb_are_used) {
+  size_t deepest = 0;
+  OnStackOf(256 * 1024 * 1024, [&] { deepest = RoomInMegabytes(0); });
+  EXPECT_LE(62u, deepest);
+  EXPECT_GE(65u, deepest);
+}
+
+TEST_F(SmallStack, some_blocks_in_blocks_are_drawn_on_it) {
+  AddBlock("A", line + "0 INSERT\n2 B\n");
+  AddBlock("B", line + "0 INSERT\n2 C\n");
+  AddBlock("C", line);
+  std::string strokes;
+  OnStackOf(256 * 1024, [&] { strokes = Draw(); });
+  EXPECT_EQ(0, thrown);
+  EXPECT_EQ(stroke + stroke + stroke, strokes);
+}
+
+TEST_F(SmallStack, a_block_inside_itself_ends_on_it_as_a_fault_with_what_was_drawn) {
+  AddBlock("A", line + "0 INSERT\n2 A\n");
+  for (const size_t bytes : {128 * 1024, 256 * 1024, 1024 * 1024}) {
+    thrown = 0;
+    std::string strokes;
+    OnStackOf(bytes, [&] { strokes = Draw(); });
+    EXPECT_EQ(11, thrown) << bytes;
+    EXPECT_EQ(0u, strokes.find(stroke + stroke + stroke)) << bytes;
   }
 }
 

@@ -2,10 +2,13 @@
 // nothing crashes.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <random>
+#include <sstream>
 #include <string>
 
+#include "support/leaving_fault.h"
 #include "support/loaded_library.h"
 #include "support/metafile_canvas.h"
 #include "support/text_drawing.h"
@@ -180,6 +183,140 @@ TEST_F(BadInput, null_arguments_give_30) {
   EXPECT_EQ(30, library.dxfReMetaMake(nullptr, nullptr, 0, {0, 0, 1, 1}, 0, 0, 0));
   EXPECT_EQ(30, library.dxfRotMetaMake(nullptr, 0));
   EXPECT_EQ(nullptr, metafile);
+}
+
+std::string Block(const std::string& name, const std::string& entities) {
+  return "0 BLOCK\n2 " + name + "\n10 0\n20 0\n3 " + name + "\n" + entities + "0 ENDBLK\n";
+}
+
+std::string DrawingOfBlocks(const std::string& blocks, const std::string& entities) {
+  return header + "0 SECTION\n2 BLOCKS\n" + blocks + "0 ENDSEC\n0 SECTION\n2 ENTITIES\n" + entities +
+         "0 ENDSEC\n0 EOF\n";
+}
+
+const std::string blueLine = "0 LINE\n62 5\n10 0\n20 0\n11 5\n21 0\n";
+
+// An insert that lies 1, 1 further up and right.
+std::string Further(const std::string& name) {
+  return "0 INSERT\n2 " + name + "\n10 1\n20 1\n";
+}
+
+const std::string blockInItself = DrawingOfBlocks(Block("A", blueLine + Further("A")), Further("A"));
+
+class EndlessBlocks : public BadInput {
+ protected:
+  // The number of strokes drawn. Line number k = 1, 2, ... starts at 100 k, 100 k - 29700 and is 500 long, as
+  // far as the sheet goes: 297 of them have their Y on it.
+  size_t StrokesOfLadder(const std::string& drawing) {
+    const TemporaryDrawing file(drawing);
+    HENHMETAFILE metafile = nullptr;
+    EXPECT_EQ(30, library.metaMake(file.Path(), &metafile, 0, 0));
+    EXPECT_NE(nullptr, metafile);
+    if (!metafile) return 0;
+    listing = ListAndDelete(metafile);
+
+    long k = 0;
+    long startX = 0;
+    long y = 0;
+    std::istringstream lines(listing);
+    for (std::string line; std::getline(lines, line);) {
+      long x = 0;
+      if (std::sscanf(line.c_str(), "MoveToEx(%ld, %ld)", &startX, &y) == 2) {
+        ++k;
+        EXPECT_EQ(100 * k, startX);
+        EXPECT_EQ(100 * k - 29700, y);
+      }
+      if (std::sscanf(line.c_str(), "LineTo(%ld, %ld)", &x, &y) == 2) {
+        EXPECT_EQ(100 * k + 500, x);
+        EXPECT_EQ(100 * k - 29700, y);
+      }
+    }
+    EXPECT_LE(k, 297);
+    return Strokes();
+  }
+
+  void ExpectGoodDrawing() {
+    const TemporaryDrawing file(DrawingOfBlocks(Block("A", blueLine), Further("A")));
+    EXPECT_EQ(0, CodeOf(file.Path()));
+    HENHMETAFILE metafile = nullptr;
+    EXPECT_EQ(0, library.metaMake(file.Path(), &metafile, 0, 0));
+    EXPECT_EQ(
+        "Frame(0, 0, 42000, 29700)\nSetMapMode(MM_HIMETRIC)\nCreatePen(1, PS_SOLID, 0, 0xFF0000)\n"
+        "SelectObject(1)\nMoveToEx(100, -29600)\nLineTo(600, -29600)\nSelectObject(BLACK_PEN)\n"
+        "DeleteObject(1)\n",
+        ListAndDelete(metafile));
+  }
+};
+
+TEST_F(EndlessBlocks, a_block_in_itself_is_drawn_up_to_the_end_of_the_stack) {
+  EXPECT_GE(StrokesOfLadder(blockInItself), 20u);
+  ExpectGoodDrawing();
+}
+
+TEST_F(EndlessBlocks, a_block_in_itself_can_be_drawn_again_and_again) {
+  const size_t strokes = StrokesOfLadder(blockInItself);
+  for (int round = 0; round < 20; ++round) EXPECT_EQ(strokes, StrokesOfLadder(blockInItself));
+  ExpectGoodDrawing();
+}
+
+TEST_F(EndlessBlocks, two_blocks_in_each_other_are_drawn_up_to_the_end_of_the_stack) {
+  EXPECT_GE(StrokesOfLadder(DrawingOfBlocks(
+                Block("A", blueLine + Further("B")) + Block("B", blueLine + Further("A")), Further("B"))),
+            20u);
+  ExpectGoodDrawing();
+}
+
+TEST_F(EndlessBlocks, a_block_without_its_end_comes_to_its_own_insert) {
+  EXPECT_GE(StrokesOfLadder(DrawingOfBlocks("0 BLOCK\n2 A\n10 0\n20 0\n3 A\n" + blueLine, Further("A"))),
+            20u);
+  ExpectGoodDrawing();
+}
+
+TEST_F(EndlessBlocks, a_block_in_itself_of_a_growing_scale_and_angle_ends_too) {
+  const TemporaryDrawing file(DrawingOfBlocks(
+      Block("A", blueLine + "0 INSERT\n2 A\n10 1\n20 1\n41 -1E+30\n42 1E+30\n50 33\n"), Further("A")));
+  HENHMETAFILE metafile = nullptr;
+  EXPECT_EQ(30, library.metaMake(file.Path(), &metafile, 0, 0));
+  EXPECT_NE(nullptr, metafile);
+  DeleteEnhMetaFile(metafile);
+  ExpectGoodDrawing();
+}
+
+TEST_F(EndlessBlocks, a_block_in_itself_leaves_the_other_conversions_as_a_fault) {
+  const TemporaryDrawing file(blockInItself);
+  HENHMETAFILE metafile = nullptr;
+  EXPECT_EQ(11, FaultLeaving([&] { library.fullSizeMetaMake(file.Path(), &metafile, 0, 0); }));
+  EXPECT_EQ(11, FaultLeaving([&] {
+              library.reMetaMake(file.Path(), &metafile, 0, {0, 0, 42000, 29700}, 0, 0);
+            }));
+  EXPECT_EQ(nullptr, metafile);
+
+  EXPECT_EQ(30, library.metaMake(file.Path(), &metafile, 0, 0));
+  DeleteEnhMetaFile(metafile);
+  metafile = nullptr;
+  EXPECT_EQ(11, FaultLeaving([&] { library.rotMetaMake(&metafile); }));
+  EXPECT_EQ(nullptr, metafile);
+  ExpectGoodDrawing();
+}
+
+TEST_F(EndlessBlocks, blocks_a_hundred_deep_come_to_their_end) {
+  std::string blocks;
+  for (int i = 1; i < 100; ++i) blocks += Block(std::to_string(i), Further(std::to_string(i + 1)));
+  const TemporaryDrawing file(DrawingOfBlocks(blocks + Block("100", blueLine), Further("1")));
+  EXPECT_EQ(0, CodeOf(file.Path()));
+  EXPECT_EQ(1u, Strokes());
+  EXPECT_NE(std::string::npos, listing.find("MoveToEx(10000, -19700)\nLineTo(10500, -19700)\n"));
+}
+
+TEST_F(EndlessBlocks, blocks_doubling_over_ten_levels_are_drawn_1024_times) {
+  std::string blocks;
+  for (int i = 0; i < 10; ++i) {
+    const std::string next = std::to_string(i + 1);
+    blocks += Block(std::to_string(i), "0 INSERT\n2 " + next + "\n10 0\n20 0\n" + Further(next));
+  }
+  const TemporaryDrawing file(DrawingOfBlocks(blocks + Block("10", blueLine), "0 INSERT\n2 0\n10 0\n20 0\n"));
+  EXPECT_EQ(0, CodeOf(file.Path()));
+  EXPECT_EQ(1024u, Strokes());
 }
 
 }  // namespace

@@ -151,14 +151,14 @@ TEST_F(DimInsertLwPolylineTest, code_6_takes_the_family_alone_so_that_a_solid_la
 
 TEST_F(DimInsertLwPolylineTest, with_the_layers_pattern_the_family_tells_how_many_elements_count) {
   DefineLtype(4, {300, -200, 0, -100, 50, -50});
-  const std::string far = Vertex(10, 90) + Vertex(40, 90);
+  const std::string longLine = Vertex(10, 90) + Vertex(40, 90);
   const auto dashed = [](int32_t count) {
     return Move(1000, -1000) + DashedLine(1000, -1000, 4000, -1000, count, blue);
   };
-  EXPECT_EQ(dashed(2), Draw("8 DASHES\n" + far));
-  EXPECT_EQ(dashed(2), Draw("8 DASHES\n6 dot\n" + far));
-  EXPECT_EQ(dashed(4), Draw("8 DASHES\n6 Center\n" + far));
-  EXPECT_EQ(dashed(6), Draw("8 DASHES\n6 PHANTOM\n" + far));
+  EXPECT_EQ(dashed(2), Draw("8 DASHES\n" + longLine));
+  EXPECT_EQ(dashed(2), Draw("8 DASHES\n6 dot\n" + longLine));
+  EXPECT_EQ(dashed(4), Draw("8 DASHES\n6 Center\n" + longLine));
+  EXPECT_EQ(dashed(6), Draw("8 DASHES\n6 PHANTOM\n" + longLine));
 }
 
 TEST_F(DimInsertLwPolylineTest, center2_and_phantom2_are_not_in_its_list) {

@@ -332,14 +332,14 @@ TEST_F(LwPolylineTest, coordinates_of_0_do_not_drop_a_slanted_line) {
 
 TEST_F(LwPolylineTest, families_walk_two_two_four_and_six_elements) {
   for (const int32_t slot : {0, 1, 5, 9}) DefineLtype(slot, {300, -200, 0, -100, 50, -50});
-  const std::string far = Vertex(10, 90) + Vertex(40, 90);
+  const std::string longLine = Vertex(10, 90) + Vertex(40, 90);
   const auto dashed = [](int32_t count) {
     return Move(1000, -1000) + DashedLine(1000, -1000, 4000, -1000, count);
   };
-  EXPECT_EQ(dashed(2), Draw("6 DASH\n" + far));
-  EXPECT_EQ(dashed(2), Draw("6 DOT\n" + far));
-  EXPECT_EQ(dashed(4), Draw("6 DASHDOT\n" + far));
-  EXPECT_EQ(dashed(6), Draw("6 DASHDOTDOT\n" + far));
+  EXPECT_EQ(dashed(2), Draw("6 DASH\n" + longLine));
+  EXPECT_EQ(dashed(2), Draw("6 DOT\n" + longLine));
+  EXPECT_EQ(dashed(4), Draw("6 DASHDOT\n" + longLine));
+  EXPECT_EQ(dashed(6), Draw("6 DASHDOTDOT\n" + longLine));
 }
 
 TEST_F(LwPolylineTest, the_pattern_restarts_at_each_vertex) {

@@ -8,6 +8,7 @@
 #include <new>
 #include <string>
 
+#include "composite/block_dispatch.h"
 #include "entities/entity_dispatch.h"
 #include "platform/fault_guard.h"
 #include "support/converter_test.h"
@@ -94,6 +95,52 @@ TEST_F(OutOfMemory, the_exception_leaves_the_directory_of_blocks_as_11) {
   }
   refuse = false;
   EXPECT_EQ(11, thrown);
+}
+
+// A block whose second line asks for memory.
+TextStream StreamBehindBlock() {
+  TextStream stream =
+      StreamOf("0 BLOCK\n2 A\n20 0\n" + line + "0 LINE\n" + longNumber + line + "0 ENDBLK\n0 ENDSEC\n");
+  ReadBlocks(stream);
+  return stream;
+}
+
+TEST_F(OutOfMemory, the_exception_leaves_a_block_as_11_with_what_was_drawn_before_it_in_the_metafile) {
+  TextStream stream = StreamBehindBlock();
+  const HeaderVars headerVars;
+  int32_t thrown = 0;
+  const std::string listing = ListCalls([&](Canvas canvas) {
+    DrawFirstLine(canvas, view);
+    refuse = true;
+    try {
+      DrawBlockEntities(stream, state.blocks[0].bodyOffset, canvas, 0.0, 0.0, headerVars, 0, view, 0, 0, 0,
+                        0);
+    } catch (int32_t code) {
+      thrown = code;
+    }
+    refuse = false;
+  });
+  EXPECT_EQ(11, thrown);
+  EXPECT_EQ(drawnLine + Stroke(black, 1000, -1000, 3000, -2000), listing);
+}
+
+TEST_F(OutOfMemory, the_exception_leaves_a_dimensions_inserted_block_as_11_with_what_was_drawn_before_it) {
+  TextStream stream = StreamBehindBlock();
+  const HeaderVars headerVars;
+  int32_t thrown = 0;
+  const std::string listing = ListCalls([&](Canvas canvas) {
+    DrawFirstLine(canvas, view);
+    refuse = true;
+    try {
+      DrawDimInsertEntities(stream, state.blocks[0].bodyOffset, canvas, 0.0, 0.0, headerVars, view, 0, 1, 0,
+                            0);
+    } catch (int32_t code) {
+      thrown = code;
+    }
+    refuse = false;
+  });
+  EXPECT_EQ(11, thrown);
+  EXPECT_EQ(drawnLine + Stroke(black, 1000, -1000, 3000, -2000), listing);
 }
 
 }  // namespace

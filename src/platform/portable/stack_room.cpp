@@ -36,7 +36,10 @@ bool HasStackRoom() {
   // A host may run on a stack of its own, whose end nobody knows.
   if (here < stack.low || here - stack.low >= stack.size) return true;
   constexpr size_t reserve = 64 * 1024;
-  return here - stack.low > std::min(reserve, stack.size / 4);
+  if (here - stack.low <= std::min(reserve, stack.size / 4)) return false;
+  // Where the system sets a stack no limit, this is one.
+  constexpr size_t mostUsed = 64 * 1024 * 1024;
+  return stack.low + stack.size - here < mostUsed;
 }
 
 }  // namespace hexlume
