@@ -54,6 +54,11 @@ void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inhe
   if (EqualsIgnoringCase(value, "BYBLOCK")) inherit = 1;
 }
 
+bool ResolveInsertLayer(LineStyle& style, int32_t& color) {
+  if (std::strcmp(state.groupValue, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
+  return ResolveLayer(state.groupValue, style, color);
+}
+
 bool ResolveInheritedLayer(LineStyle& style, int32_t& color, int32_t insertColor, int32_t& inherit) {
   if (std::strcmp(state.groupValue, "0") == 0) {
     BoundedCopy(state.groupValue, state.insertLayer);

@@ -18,6 +18,10 @@ void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit)
 // Group 6 in a dimension's inserted block: whole names in any case, the family alone, and no record needed.
 void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inherit);
 
+// Group 8, on the group at hand, where no colour is handed down: layer "0" is that of the INSERT. False if
+// the user left the layer out.
+bool ResolveInsertLayer(LineStyle& style, int32_t& color);
+
 // Group 8, on the group at hand: layer "0" is replaced by that of the INSERT, and its colour by insertColor.
 // False if the user left the layer out.
 bool ResolveInheritedLayer(LineStyle& style, int32_t& color, int32_t insertColor, int32_t& inherit);

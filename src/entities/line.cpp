@@ -83,8 +83,7 @@ int32_t DrawDimLine(TextStream& stream, Canvas canvas, double offsetX, double of
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 8:
-        if (std::strcmp(value, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
-        if (!ResolveLayer(value, style, state.entColor)) return more;
+        if (!ResolveInsertLayer(style, state.entColor)) return more;
         break;
       case 10: state.entX[0] = Atof(value) * 100.0 + offsetX; break;
       case 11: state.entX[1] = Atof(value) * 100.0 + offsetX; break;

@@ -5,10 +5,10 @@
 #include <cstring>
 
 #include "canvas/left_objects.h"
-#include "canvas/primitive_steps.h"
 #include "driver/bounded_copy.h"
 #include "driver/group_reader.h"
 #include "entities/converter_rules.h"
+#include "text/text_bytes.h"
 #include "text/text_font.h"
 
 namespace hexlume {
@@ -25,19 +25,10 @@ const char* BehindLeadingCodes(const char* text) {
   return text;
 }
 
-int32_t TextLength() {
-  return static_cast<int32_t>(std::strlen(state.entText));
-}
-
 // The text's estimated width, by the groups read so far. It counts as unsigned: with a negative width factor
 // the text goes out of sight.
 double EstimatedWidth(const LOGFONTA& font) {
-  return static_cast<uint32_t>(WrapMul(TextLength(), font.lfWidth));
-}
-
-bool ReachesBeyond(Canvas canvas, const POINT& place, int32_t right) {
-  const TEXTMETRICA metrics = MeasureFont(canvas);
-  return WrapAdd(place.x, WrapMul(TextLength(), metrics.tmAveCharWidth)) > right;
+  return static_cast<uint32_t>(WrapMul(TextLength(state.entText), font.lfWidth));
 }
 
 }  // namespace
@@ -55,12 +46,9 @@ int32_t DrawAttrib(Canvas canvas, TextStream& stream, const ViewRect& view, int3
         break;
       case 10: state.entX[0] = Atof(value) * 100.0; break;
       case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 40:
-        font.lfHeight = Trunc(Trunc(Atof(value) * 100.0 / state.drawScale) * 1.1);
-        font.lfWidth = font.lfHeight / 2;
-        break;
+      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
-      case 50: font.lfEscapement = WrapSub(3600, Trunc(Atof(value) * 10.0)); break;
+      case 50: font.lfEscapement = ReadEscapement(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 71:
         if (Atoi(value) != upsideDown) break;
@@ -71,23 +59,19 @@ int32_t DrawAttrib(Canvas canvas, TextStream& stream, const ViewRect& view, int3
   }
 
   const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
-  if (!LiesInView(view, place)) return more;
-  if (wholeTextClip != 0 && WrapNegate(WrapAdd(place.y, font.lfHeight)) < view.top) return more;
+  if (!StandsInView(view, place, font.lfHeight, wholeTextClip)) return more;
   MonochromeRule(state.entColor);
-  if (state.rotated) font.lfEscapement = WrapSub(font.lfEscapement, 1800);
-  if (font.lfHeight == 0 && font.lfWidth == 0) return more;
+  TurnFont(font);
+  if (HasNoSize(font)) return more;
 
   SettleFont(font, defaultFace);
   const SelectedFont selected = SelectNewFont(canvas, font);
-  if (wholeTextClip == 1 && ReachesBeyond(canvas, place, view.right)) {
+  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.entText, MeasureFont(canvas).tmAveCharWidth)) {
     LeaveSelected(selected.font);
     return more;
   }
-  SetTextColor(canvas, ColorAt(state.entColor));
-  SetTextAlign(canvas, TA_BOTTOM);
-  SetBkMode(canvas, TRANSPARENT);
-  const POINT drawn = PlacePoint(place.x, place.y, state.centreX, state.centreY, state.rotated);
-  TextOutA(canvas, drawn.x, drawn.y, state.entText, TextLength());
+  SetTextModes(canvas, state.entColor);
+  WriteText(canvas, place, state.entText);
   RestoreFont(canvas, selected);
   return more;
 }

@@ -10,9 +10,10 @@
 #include <cstring>
 #include <string>
 
-#include "canvas/primitive_steps.h"
+#include "canvas/left_objects.h"
 #include "driver/bounded_copy.h"
 #include "driver/group_reader.h"
+#include "entities/block_rules.h"
 #include "entities/converter_rules.h"
 #include "platform/code_page_932.h"
 #include "platform/japanese_locale.h"
@@ -22,8 +23,6 @@
 #include "text/text_strings.h"
 
 namespace hexlume {
-
-void LeaveSelected(HGDIOBJ object);
 
 namespace {
 
@@ -351,7 +350,7 @@ bool DrawParagraph(Canvas canvas, const char* text, double x, double y, int32_t 
   const POINT at = ModelToSheet(x, y);
   if (!LiesInView(view, at)) return false;
   if (wholeTextClip != 0 && IsTooHigh(view, at, font.lfHeight, mtext.attach)) return false;
-  if (font.lfHeight == 0 && font.lfWidth == 0) return true;
+  if (HasNoSize(font)) return true;
 
   SettleFont(font, state.entFace);
   const SelectedFont measured = SelectNewFont(canvas, font);
@@ -359,16 +358,14 @@ bool DrawParagraph(Canvas canvas, const char* text, double x, double y, int32_t 
   RestoreFont(canvas, measured);
   font.lfWidth = Trunc(aveCharWidth * mtext.scaleW);
   const SelectedFont selected = SelectNewFont(canvas, font);
-  const auto length = static_cast<int32_t>(std::strlen(text));
-  if (wholeTextClip == 1 && IsTooWide(view, at.x, WrapMul(length, aveCharWidth), mtext.attach)) {
+  if (wholeTextClip == 1 && IsTooWide(view, at.x, WrapMul(TextLength(text), aveCharWidth), mtext.attach)) {
     LeaveSelected(selected.font);
     return false;
   }
 
   SetTextColor(canvas, ColorAt(color));
   SetBkMode(canvas, TRANSPARENT);
-  const POINT place = PlacePoint(at.x, at.y, state.centreX, state.centreY, state.rotated);
-  TextOutA(canvas, place.x, place.y, text, length);
+  WriteText(canvas, at, text);
   RestoreFont(canvas, selected);
   return true;
 }
@@ -377,12 +374,6 @@ bool DrawParagraph(Canvas canvas, const char* text, double x, double y, int32_t 
 void SetOblique(MText& mtext) {
   mtext.font.lfOrientation = Trunc(mtext.obliqueQ);
   mtext.font.lfItalic = mtext.font.lfOrientation != 0;
-}
-
-// Group 40, a height of the sheet, makes a somewhat higher cell.
-void SetCell(LOGFONTA& font, int32_t height, int32_t halfWidthFont) {
-  font.lfHeight = Trunc(height * 1.1);
-  font.lfWidth = halfWidthFont != 0 ? font.lfHeight / 2 : 0;
 }
 
 // In a block the factor goes with the half-width cells alone.
@@ -425,7 +416,7 @@ int32_t DrawMText(Canvas canvas, TextStream& stream, const ViewRect& view, int32
     }
   }
   SetEntDirection(mtext);
-  if (state.rotated) mtext.font.lfEscapement = WrapSub(mtext.font.lfEscapement, 1800);
+  TurnFont(mtext.font);
   MonochromeRule(state.entColor);
   // The face that a text has named last, this one or one before it.
   ExtractFontName();
@@ -466,8 +457,7 @@ int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, d
     switch (state.groupCode) {
       case 1: ReadBlockText(mtext); break;
       case 8:
-        if (std::strcmp(value, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
-        if (!ResolveLayer(value, unusedStyle, state.blockColor)) return more;
+        if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
       case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
       case 11: mtext.dirX = Atof(value); break;
@@ -486,7 +476,7 @@ int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, d
     TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
   }
   MonochromeRule(state.blockColor);
-  if (state.rotated) mtext.font.lfEscapement = WrapSub(mtext.font.lfEscapement, 1800);
+  TurnFont(mtext.font);
   ExtractBlockFontName();  // the name is noted, but the face stays that of the options
   SetOblique(mtext);
 
@@ -533,7 +523,7 @@ int32_t DrawDimMText(Canvas canvas, TextStream& stream, double baseX, double bas
     }
   }
   SetDimDirection(mtext);
-  if (state.rotated) mtext.font.lfEscapement = WrapSub(mtext.font.lfEscapement, 1800);
+  TurnFont(mtext.font);
   MonochromeRule(state.entColor);
   mtext.font.lfOrientation = Trunc(mtext.obliqueQ);  // never italic
 

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "driver/bounded_copy.h"
+#include "text/text_bytes.h"
 #include "text/text_font.h"
 #include "text/text_strings.h"
 
@@ -31,10 +32,6 @@ struct Baseline {
   double x, y;
   int32_t escapement;
 };
-
-int32_t Length(const char* text) {
-  return static_cast<int32_t>(std::strlen(text));
-}
 
 // A bracket around the fraction is an ASCII byte that no trail byte equals.
 bool HasOpening(const Pieces& pieces) {
@@ -91,12 +88,12 @@ double PartWidth(size_t length, int32_t width) {
 
 // A bracket counts twice.
 int32_t PrefixLength(const Pieces& pieces) {
-  return Length(pieces.prefix) + (HasOpening(pieces) ? 1 : 0);
+  return TextLength(pieces.prefix) + (HasOpening(pieces) ? 1 : 0);
 }
 
 // The estimated width of the whole line, in model units times 100.
 double LineWidth(const Pieces& pieces, int32_t width, int32_t partWidth) {
-  const int32_t tailLength = Length(pieces.tail) + (HasClosing(pieces) ? 1 : 0);
+  const int32_t tailLength = TextLength(pieces.tail) + (HasClosing(pieces) ? 1 : 0);
   const double front = WrapMul(PrefixLength(pieces), width) + PartWidth(std::strlen(pieces.upper), partWidth);
   // Without a bracket in front the lower part isn't reckoned with, and the tail is as narrow as the parts.
   const double back = HasOpening(pieces)
@@ -113,7 +110,7 @@ int32_t HalfPart(int32_t partWidth) {
 int32_t LiftOf(const Pieces& pieces, int32_t partWidth, int32_t halfWidthFont) {
   if (!HasOpening(pieces)) return 0;
   // A number of bytes serves as a distance here, and has to.
-  if (halfWidthFont == 0) return Length(pieces.tail);
+  if (halfWidthFont == 0) return TextLength(pieces.tail);
   return HalfPart(partWidth);
 }
 

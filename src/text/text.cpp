@@ -7,9 +7,9 @@
 #include <string>
 
 #include "canvas/left_objects.h"
-#include "canvas/primitive_steps.h"
 #include "driver/bounded_copy.h"
 #include "driver/group_reader.h"
+#include "entities/block_rules.h"
 #include "entities/converter_rules.h"
 #include "platform/full_width.h"
 #include "platform/japanese_locale.h"
@@ -23,43 +23,11 @@ namespace {
 
 constexpr int32_t fitJustify = 5;
 
-int32_t Length(const char* text) {
-  return static_cast<int32_t>(std::strlen(text));
-}
-
 // What follows the codes "\A0;", "\A1;" and "\A2;" in front of a text. Four bytes go for each, whatever they
 // are.
 const char* BehindAlignmentCodes(const char* text) {
   while (text[0] == '\\' && text[1] == 'A') text += std::min<size_t>(std::strlen(text), 4);
   return text;
-}
-
-// Group 8 in a block, on the group at hand: layer "0" is that of the INSERT. False if the user left it out.
-bool ResolveInsertLayer(int32_t& color) {
-  LineStyle style;
-  if (std::strcmp(state.groupValue, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
-  return ResolveLayer(state.groupValue, style, color);
-}
-
-// Group 40: a cell is a tenth higher than the drawing has the text, and half as wide or as the mapper has it.
-void SetCell(LOGFONTA& font, int32_t height, int32_t halfWidthFont) {
-  font.lfHeight = Trunc(height * 1.1);
-  font.lfWidth = halfWidthFont != 0 ? font.lfHeight / 2 : 0;
-}
-
-// Group 50. An angle of 0 is a whole turn.
-int32_t ReadEscapement(const char* value) {
-  return WrapSub(3600, Trunc(Atof(value) * 10.0));
-}
-
-// Whether the text starts in the view and, where it must lie there as a whole, doesn't reach beyond its top.
-bool StandsInView(const ViewRect& view, const POINT& place, int32_t height, int32_t wholeTextClip) {
-  if (!LiesInView(view, place)) return false;
-  return wholeTextClip == 0 || WrapNegate(WrapAdd(place.y, height)) >= view.top;
-}
-
-void TurnFont(LOGFONTA& font) {
-  if (state.rotated != 0) font.lfEscapement = WrapSub(font.lfEscapement, 1800);
 }
 
 // A text of Japanese characters, in half-width cells, is smaller than a Latin one of its height.
@@ -71,27 +39,6 @@ void ShrinkCell(LOGFONTA& font) {
 // A fitted text is at least this high for its width.
 void RaiseCell(LOGFONTA& font) {
   font.lfHeight = std::max<LONG>(font.lfHeight, Trunc(font.lfWidth * 1.8));
-}
-
-bool HasNoSize(const LOGFONTA& font) {
-  return font.lfHeight == 0 && font.lfWidth == 0;
-}
-
-// Whether the text, by its characters' average width, ends beyond the view's right.
-bool ReachesBeyond(const ViewRect& view, int32_t x, const char* text, int32_t aveCharWidth) {
-  return WrapAdd(x, WrapMul(Length(text), aveCharWidth)) > view.right;
-}
-
-void SetTextModes(Canvas canvas, int32_t color) {
-  SetTextColor(canvas, ColorAt(color));
-  SetTextAlign(canvas, TA_BOTTOM);
-  SetBkMode(canvas, TRANSPARENT);
-}
-
-// On a turned sheet the text starts at the turned point; its font has turned with it.
-void WriteText(Canvas canvas, const POINT& place, const char* text) {
-  const POINT start = PlacePoint(place.x, place.y, state.centreX, state.centreY, state.rotated);
-  TextOutA(canvas, start.x, start.y, text, Length(text));
 }
 
 int32_t ClassifyEntText() {
@@ -116,7 +63,7 @@ int32_t ClassifyBlockText() {
 // such form, gets a sixth more.
 int32_t CellCount(const std::string& widened, const char* text) {
   const auto count = static_cast<int32_t>(widened.size());
-  return count == Length(text) ? count + count / 6 : count;
+  return count == TextLength(text) ? count + count / 6 : count;
 }
 
 // The width is the first point less the second one: a text that runs to the right has a negative width, which
@@ -142,7 +89,7 @@ void FitBlockText(LOGFONTA& font, int32_t halfWidthFont) {
   double scale = 1.0;
   if (halfWidthFont != 0) {
     BoundedCopy(state.blockText, WidenText(state.blockText).c_str());
-    count = Length(state.blockText);
+    count = TextLength(state.blockText);
   } else {
     count = FitCount(state.blockText);
     scale = state.insertScaleX;
@@ -165,7 +112,7 @@ void FitDimText(LOGFONTA& font) {
 // The distance of the characters follows where arcs had to be told their direction; there a text that isn't
 // all full-width counts as one that isn't fitted, with the fitted width all the same.
 void FitDimInsertText(Canvas canvas, LOGFONTA& font) {
-  const int32_t count = Length(state.dimText);
+  const int32_t count = TextLength(state.dimText);
   const bool isFullWidth = std::strlen(state.dimText) == 2 * CharacterCount(state.dimText);
   font.lfWidth = Trunc((state.dimX[1] - state.dimX[0]) / count);
   if (font.lfWidth == 0) font.lfWidth = Trunc((state.dimY[1] - state.dimY[0]) / count);
@@ -177,7 +124,7 @@ void FitDimInsertText(Canvas canvas, LOGFONTA& font) {
 int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip,
                  int32_t halfWidthFont) {
   LOGFONTA font = {};
-  LineStyle style;
+  LineStyle unusedStyle;
   int32_t justify = 0;
   state.entFace = FaceFor(halfWidthFont);
   int32_t more = ReadGroup(stream);
@@ -186,7 +133,7 @@ int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
       case 8:
-        if (!ResolveLayer(value, style, state.entColor)) return more;
+        if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
       case 10: state.entX[0] = Atof(value) * 100.0; break;
       case 11: state.entX[1] = Atof(value) * 100.0; break;
@@ -240,6 +187,7 @@ int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, do
                       int32_t /*insertColor*/, const ViewRect& view, int32_t wholeTextClip,
                       int32_t halfWidthFont) {
   LOGFONTA font = {};
+  LineStyle unusedStyle;
   int32_t justify = 0;
   state.entFace = FaceFor(halfWidthFont);
   int32_t more = ReadGroup(stream);
@@ -248,7 +196,7 @@ int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, do
     switch (state.groupCode) {
       case 1: BoundedCopy(state.blockText, BehindAlignmentCodes(value)); break;
       case 8:
-        if (!ResolveInsertLayer(state.blockColor)) return more;
+        if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
       case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
       case 11: state.blockX[1] = BlockX(Atof(value), blockOriginX); break;
@@ -301,7 +249,7 @@ int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, do
 int32_t DrawDimText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
                     int32_t wholeTextClip, int32_t halfWidthFont) {
   LOGFONTA font = {};
-  LineStyle style;
+  LineStyle unusedStyle;
   int32_t justify = 0;
   state.entColor = 0;
   state.entFace = FaceFor(halfWidthFont);
@@ -311,7 +259,7 @@ int32_t DrawDimText(Canvas canvas, TextStream& stream, double baseX, double base
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
       case 8:
-        if (!ResolveLayer(value, style, state.entColor)) return more;
+        if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
       case 10: state.entX[1] = Atof(value) * 100.0 + baseX; break;
       case 11: state.entX[0] = Atof(value) * 100.0 + baseX; break;
@@ -360,6 +308,7 @@ int32_t DrawDimText(Canvas canvas, TextStream& stream, double baseX, double base
 int32_t DrawDimInsertText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
                           int32_t wholeTextClip) {
   LOGFONTA font = {};
+  LineStyle unusedStyle;
   int32_t justify = 0;
   int32_t more = ReadGroup(stream);
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
@@ -367,7 +316,7 @@ int32_t DrawDimInsertText(Canvas canvas, TextStream& stream, double baseX, doubl
     switch (state.groupCode) {
       case 1: BoundedCopy(state.dimText, value); break;
       case 8:
-        if (!ResolveInsertLayer(state.dimColor)) return more;
+        if (!ResolveInsertLayer(unusedStyle, state.dimColor)) return more;
         break;
       case 10: state.dimX[0] = Atof(value) * 100.0 + baseX; break;
       case 11: state.dimX[1] = Atof(value) * 100.0 + baseX; break;

@@ -15,6 +15,10 @@ bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
+int32_t TextLength(const char* text) {
+  return static_cast<int32_t>(std::strlen(text));
+}
+
 size_t CharacterCount(const char* text) {
   size_t count = 0;
   for (size_t length = std::strlen(text); length > 0;) {

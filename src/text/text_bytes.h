@@ -10,6 +10,9 @@ namespace hexlume {
 bool IsLetter(char byte);
 bool IsDigit(char byte);
 
+// The number of bytes.
+int32_t TextLength(const char* text);
+
 // The number of characters, single bytes and pairs alike.
 size_t CharacterCount(const char* text);
 

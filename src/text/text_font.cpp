@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "canvas/primitive_steps.h"
 #include "driver/bounded_copy.h"
 #include "entities/converter_rules.h"
 #include "platform/code_page_932.h"
@@ -12,6 +13,28 @@ namespace hexlume {
 
 const char* FaceFor(int32_t halfWidthFont) {
   return halfWidthFont != 0 ? defaultFace : gothicFace;
+}
+
+void SetCell(LOGFONTA& font, int32_t height, int32_t halfWidthFont) {
+  font.lfHeight = Trunc(height * 1.1);
+  font.lfWidth = halfWidthFont != 0 ? font.lfHeight / 2 : 0;
+}
+
+int32_t ReadEscapement(const char* value) {
+  return WrapSub(3600, Trunc(Atof(value) * 10.0));
+}
+
+void TurnFont(LOGFONTA& font) {
+  if (state.rotated != 0) font.lfEscapement = WrapSub(font.lfEscapement, 1800);
+}
+
+bool HasNoSize(const LOGFONTA& font) {
+  return font.lfHeight == 0 && font.lfWidth == 0;
+}
+
+bool StandsInView(const ViewRect& view, const POINT& place, int32_t height, int32_t wholeTextClip) {
+  if (!LiesInView(view, place)) return false;
+  return wholeTextClip == 0 || WrapNegate(WrapAdd(place.y, height)) >= view.top;
 }
 
 void SettleFont(LOGFONTA& font, const char* face) {
@@ -48,8 +71,23 @@ int32_t ClassifyText(const char* stripped) {
 }
 
 int32_t FitCount(const char* text) {
-  const auto length = static_cast<int32_t>(std::strlen(text));
+  const int32_t length = TextLength(text);
   return length == 2 && CharacterCount(text) == 1 ? 1 : length;
+}
+
+bool ReachesBeyond(const ViewRect& view, int32_t x, const char* text, int32_t aveCharWidth) {
+  return WrapAdd(x, WrapMul(TextLength(text), aveCharWidth)) > view.right;
+}
+
+void SetTextModes(Canvas canvas, int32_t color) {
+  SetTextColor(canvas, ColorAt(color));
+  SetTextAlign(canvas, TA_BOTTOM);
+  SetBkMode(canvas, TRANSPARENT);
+}
+
+void WriteText(Canvas canvas, const POINT& place, const char* text) {
+  const POINT start = PlacePoint(place.x, place.y, state.centreX, state.centreY, state.rotated);
+  TextOutA(canvas, start.x, start.y, text, TextLength(text));
 }
 
 int32_t MeasureAveCharWidth(Canvas canvas, int32_t height, int32_t escapement) {
@@ -71,11 +109,9 @@ void DrawFontText(Canvas canvas, int32_t height, int32_t width, int32_t escapeme
   font.lfEscapement = escapement;
   SettleFont(font, FaceFor(halfWidthFont));
   const SelectedFont selected = SelectNewFont(canvas, font);
-  SetTextColor(canvas, ColorAt(state.entColor));
-  SetTextAlign(canvas, TA_BOTTOM);
-  SetBkMode(canvas, TRANSPARENT);
+  SetTextModes(canvas, state.entColor);
   const POINT place = ModelToSheet(x, y);
-  TextOutA(canvas, place.x, place.y, state.entText, static_cast<int>(std::strlen(state.entText)));
+  TextOutA(canvas, place.x, place.y, state.entText, TextLength(state.entText));
   RestoreFont(canvas, selected);
 }
 

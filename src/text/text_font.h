@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "canvas/canvas.h"
+#include "driver/conv_state.h"
 
 namespace hexlume {
 
@@ -12,6 +13,21 @@ constexpr char defaultFace[] = "";  // the mapper picks one of the Japanese char
 
 // The face of TEXT and of a block's MTEXT.
 const char* FaceFor(int32_t halfWidthFont);
+
+// Group 40, from a height on the sheet: a cell is a tenth higher than the drawing has the text, and half as
+// wide or as the mapper has it.
+void SetCell(LOGFONTA& font, int32_t height, int32_t halfWidthFont);
+
+// Group 50. An angle of 0 is a whole turn.
+int32_t ReadEscapement(const char* value);
+
+// On a turned sheet the font turns too.
+void TurnFont(LOGFONTA& font);
+
+bool HasNoSize(const LOGFONTA& font);
+
+// Whether a text starts in the view and, where it must lie there as a whole, doesn't reach beyond its top.
+bool StandsInView(const ViewRect& view, const POINT& place, int32_t height, int32_t wholeTextClip);
 
 // Fills in what all text has in common, and the face; height, width, escapement, orientation and italic stay.
 // A face that is too long throws textTooLongCode.
@@ -35,6 +51,15 @@ int32_t ClassifyText(const char* stripped);
 
 // "1 if that is 2 bytes which are one character": the length of a text in bytes but for that case.
 int32_t FitCount(const char* text);
+
+// Whether the text, by its characters' average width, ends beyond the view's right.
+bool ReachesBeyond(const ViewRect& view, int32_t x, const char* text, int32_t aveCharWidth);
+
+// Colour, the alignment at the bottom left, and no background.
+void SetTextModes(Canvas canvas, int32_t color);
+
+// On a turned sheet the text starts at the turned point; its font has turned with it.
+void WriteText(Canvas canvas, const POINT& place, const char* text);
 
 // The average width of a font's characters, in its default face.
 int32_t MeasureAveCharWidth(Canvas canvas, int32_t height, int32_t escapement);
