@@ -26,17 +26,19 @@ std::string WithIniExtension(const std::string& path) {
 
 }  // namespace
 
-void CHexlumeApp::InitInstance() {
+int CHexlumeApp::InitInstance() {
   lastLayerCount = 0;
   lastLtypeCount = 0;
   // Nothing here writes such a file; one that a host left there must be gone after the load.
   char module[1024];
   if (ModuleFileName(module, sizeof module)) DeleteFileIfThere(WithIniExtension(module).c_str());
+  return CWinApp::InitInstance();
 }
 
-void CHexlumeApp::ExitInstance() {
+int CHexlumeApp::ExitInstance() {
   lastLayers = {};
   lastLtypes = {};
+  return CWinApp::ExitInstance();
 }
 
 void CHexlumeApp::SaveSelection(const char* path, int32_t excludedLayerCount,

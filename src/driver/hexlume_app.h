@@ -4,15 +4,15 @@
 #include <cstdint>
 #include <vector>
 
+#include "dialogs/toolkit/win_app.h"
 #include "driver/conv_state.h"
 
 namespace hexlume {
 
-class CHexlumeApp {
+class CHexlumeApp : public CWinApp {
  public:
-  // At load and unload of the library.
-  void InitInstance();
-  void ExitInstance();
+  int InitInstance() override;
+  int ExitInstance() override;
 
   // Remembers a conversion for LoadSelection, with its excluded layers and dash families and its scale cut to
   // a whole number. A path of 260 bytes or more throws textTooLongCode, and what was remembered before stays.

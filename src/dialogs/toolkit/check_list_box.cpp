@@ -1,0 +1,164 @@
+#include "dialogs/toolkit/check_list_box.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "dialogs/toolkit/wide_text.h"
+
+namespace hexlume {
+
+namespace {
+
+constexpr int boxMargin = 2;   // around a box, pixels
+constexpr int textMargin = 2;  // in front of a text
+
+std::wstring RowText(HWND list, UINT row) {
+  const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, row, 0);
+  if (length <= 0) return {};
+  std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+  text.resize(
+      static_cast<size_t>(SendMessageW(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text.data()))));
+  return text;
+}
+
+struct RowColours {
+  int text, background;
+};
+
+RowColours ColoursOf(UINT itemState) {
+  if (itemState & ODS_SELECTED) return {COLOR_HIGHLIGHTTEXT, COLOR_HIGHLIGHT};
+  return {itemState & ODS_DISABLED ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT, COLOR_WINDOW};
+}
+
+}  // namespace
+
+int CListBox::AddString(const char* text) {
+  const std::wstring wide = WideText(text);
+  return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str())));
+}
+
+// A row's tick is the number that the list keeps for it.
+int CCheckListBox::GetCheck(int row) const {
+  const LRESULT check = SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(row));
+  return check == LB_ERR ? 0 : static_cast<int>(check);
+}
+
+void CCheckListBox::SetCheck(int row, int check) {
+  SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(row), check);
+  RECT rect;
+  if (SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rect)) != LB_ERR)
+    InvalidateRect(m_hWnd, &rect, FALSE);
+}
+
+void CCheckListBox::Toggle(int row) {
+  SetCheck(row, GetCheck(row) == 1 ? 0 : 1);
+}
+
+LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: {
+      // A double click on a box is two clicks on it.
+      const int row = BoxAt(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+      if (row < 0) break;
+      SetFocus(m_hWnd);
+      SetCurSel(row);
+      Toggle(row);
+      return 0;
+    }
+    case WM_KEYDOWN: {
+      if (wParam != VK_SPACE) break;
+      const int row = static_cast<int>(SendMessage(LB_GETCARETINDEX));
+      if (row >= 0 && row < GetCount()) Toggle(row);
+      return 0;
+    }
+    case WM_CHAR:
+      if (wParam == VK_SPACE) return 0;  // not the first letter of a row to look for
+      break;
+    case WM_SETFONT:
+    case WM_THEMECHANGED: {
+      const LRESULT result = CListBox::WindowProc(message, wParam, lParam);
+      FitItemHeight();
+      return result;
+    }
+  }
+  return CListBox::WindowProc(message, wParam, lParam);
+}
+
+BOOL CCheckListBox::OnChildNotify(UINT message, WPARAM, LPARAM lParam) {
+  if (message != WM_DRAWITEM) return FALSE;
+  DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+  return TRUE;
+}
+
+void CCheckListBox::PreSubclassWindow() {
+  FitItemHeight();
+}
+
+// A list asks for its rows' height while it is made, when it has neither font nor object yet.
+void CCheckListBox::FitItemHeight() {
+  m_image.Open(m_hWnd);
+  const HDC canvas = GetDC(m_hWnd);
+  const auto font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
+  const HGDIOBJ before = SelectObject(canvas, font ? font : GetStockObject(SYSTEM_FONT));
+  TEXTMETRICW metrics = {};
+  GetTextMetricsW(canvas, &metrics);
+  SelectObject(canvas, before);
+  ReleaseDC(m_hWnd, canvas);
+  const LONG height = std::max(metrics.tmHeight, m_image.Size().cy + 2 * boxMargin - 1);
+  SendMessage(LB_SETITEMHEIGHT, 0, height);
+  InvalidateRect(m_hWnd, nullptr, TRUE);
+}
+
+int CCheckListBox::TextStart() const {
+  return m_image.Size().cx + 2 * boxMargin;
+}
+
+// The row whose box is at a place of the list, -1 if none.
+int CCheckListBox::BoxAt(int x, int y) const {
+  if (x < 0 || x >= TextStart() || y < 0) return -1;
+  const auto height = static_cast<int>(SendMessage(LB_GETITEMHEIGHT));
+  const int row = static_cast<int>(SendMessage(LB_GETTOPINDEX)) + y / std::max(height, 1);
+  return row < GetCount() ? row : -1;
+}
+
+void CCheckListBox::DrawItem(const DRAWITEMSTRUCT& item) {
+  if (item.itemID == static_cast<UINT>(-1)) {  // an empty list that gets or loses the focus
+    if (!(item.itemState & ODS_NOFOCUSRECT)) DrawFocusRect(item.hDC, &item.rcItem);
+    return;
+  }
+  RECT column = item.rcItem;
+  column.right = column.left + TextStart();
+  FillRect(item.hDC, &column, GetSysColorBrush(COLOR_WINDOW));
+
+  const SIZE size = m_image.Size();
+  RECT box;
+  box.left = column.left + boxMargin;
+  box.top = (column.top + column.bottom - size.cy) / 2;
+  box.right = box.left + size.cx;
+  box.bottom = box.top + size.cy;
+  const bool enabled = !(item.itemState & ODS_DISABLED);
+  m_image.Draw(item.hDC, box, GetCheck(static_cast<int>(item.itemID)) == 1, enabled);
+
+  RECT rest = item.rcItem;
+  rest.left = column.right;
+  DrawText(item, rest);
+}
+
+void CCheckListBox::DrawText(const DRAWITEMSTRUCT& item, RECT rect) {
+  const std::wstring text = RowText(m_hWnd, item.itemID);
+  const RowColours colours = ColoursOf(item.itemState);
+  const COLORREF textBefore = SetTextColor(item.hDC, GetSysColor(colours.text));
+  const COLORREF backgroundBefore = SetBkColor(item.hDC, GetSysColor(colours.background));
+  TEXTMETRICW metrics = {};
+  GetTextMetricsW(item.hDC, &metrics);
+  const int y = (rect.top + rect.bottom - metrics.tmHeight) / 2;
+  ExtTextOutW(item.hDC, rect.left + textMargin, y, ETO_OPAQUE | ETO_CLIPPED, &rect, text.data(),
+              static_cast<UINT>(text.size()), nullptr);
+  SetTextColor(item.hDC, textBefore);
+  SetBkColor(item.hDC, backgroundBefore);
+  if (item.itemState & ODS_FOCUS && !(item.itemState & ODS_NOFOCUSRECT)) DrawFocusRect(item.hDC, &rect);
+}
+
+}  // namespace hexlume

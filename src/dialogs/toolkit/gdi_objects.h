@@ -1,0 +1,45 @@
+// What the dialogs need of GDI.
+#pragma once
+
+#include <windows.h>
+
+namespace hexlume {
+
+class CWnd;
+
+// A font that is deleted with its object, which must outlive the windows that show the font.
+class CFont {
+ public:
+  CFont() = default;
+  ~CFont() { DeleteObject(); }
+  CFont(const CFont&) = delete;
+  CFont& operator=(const CFont&) = delete;
+
+  BOOL Attach(HGDIOBJ font) {
+    DeleteObject();
+    m_hObject = font;
+    return font != nullptr;
+  }
+  void DeleteObject() {
+    if (m_hObject) ::DeleteObject(m_hObject);
+    m_hObject = nullptr;
+  }
+
+  HGDIOBJ m_hObject = nullptr;
+};
+
+// The device context of a whole window with its frame, null for the whole screen.
+class CWindowDC {
+ public:
+  explicit CWindowDC(CWnd* window);
+  ~CWindowDC();
+  CWindowDC(const CWindowDC&) = delete;
+  CWindowDC& operator=(const CWindowDC&) = delete;
+
+  HDC m_hDC;
+
+ private:
+  HWND m_hWnd;
+};
+
+}  // namespace hexlume

@@ -1,0 +1,118 @@
+#include "dialogs/toolkit/property_sheet.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "dialogs/toolkit/modal_run.h"
+#include "dialogs/toolkit/wide_text.h"
+
+namespace hexlume {
+
+namespace {
+
+std::wstring LoadCaption(UINT id) {
+  CString caption;
+  caption.LoadString(id);
+  return WideText(caption);
+}
+
+}  // namespace
+
+PROPSHEETPAGEW CPropertyPage::Description(CPropertySheet* sheet) {
+  m_sheet = sheet;
+  PROPSHEETPAGEW page = {};
+  page.dwSize = sizeof page;
+  page.hInstance = ModuleInstance();
+  page.pszTemplate = MAKEINTRESOURCEW(m_templateId);
+  page.pfnDlgProc = PageProc;
+  page.lParam = reinterpret_cast<LPARAM>(this);
+  return page;
+}
+
+INT_PTR CALLBACK CPropertyPage::PageProc(HWND window, UINT message, WPARAM, LPARAM lParam) {
+  if (message != WM_INITDIALOG) return FALSE;
+  const auto* description = reinterpret_cast<const PROPSHEETPAGEW*>(lParam);
+  auto* page = reinterpret_cast<CPropertyPage*>(description->lParam);
+  // The first page is made before the system tells the sheet's window.
+  if (!page->m_sheet->m_hWnd) page->m_sheet->SubclassWindow(::GetParent(window));
+  page->m_beginning = true;
+  const INT_PTR setFocus = page->Begin(window);
+  page->m_beginning = false;
+  return setFocus;
+}
+
+LRESULT CPropertyPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NOTIFY) {
+    const LRESULT answer = OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+    SetWindowLongPtrW(m_hWnd, DWLP_MSGRESULT, answer);
+    return answer;
+  }
+  return CDialog::WindowProc(message, wParam, lParam);
+}
+
+LRESULT CPropertyPage::OnNotify(const NMHDR& notification) {
+  if (notification.code == static_cast<UINT>(PSN_KILLACTIVE)) return !UpdateData(TRUE);
+  if (notification.code == static_cast<UINT>(PSN_APPLY)) OnOK();
+  return PSNRET_NOERROR;
+}
+
+CPropertySheet::CPropertySheet(UINT captionId) : m_caption(LoadCaption(captionId)) {
+  m_psh.dwSize = sizeof m_psh;
+  m_psh.hInstance = ModuleInstance();
+}
+
+INT_PTR CPropertySheet::DoModal() {
+  ModalRun run;
+  std::vector<PROPSHEETPAGEW> pages;
+  for (CPropertyPage* page : m_pages) pages.push_back(page->Description(this));
+  // To the system it is a modeless sheet: the loop that makes it modal is our own.
+  m_psh.dwFlags |= PSH_PROPSHEETPAGE | PSH_MODELESS;
+  m_psh.hwndParent = run.Owner();
+  m_psh.pszCaption = m_caption.c_str();
+  m_psh.nPages = static_cast<UINT>(pages.size());
+  m_psh.ppsp = pages.data();
+  PropertySheetW(&m_psh);
+  return run.Run(*this);
+}
+
+int CPropertySheet::GetActiveIndex() const {
+  const auto tabs = reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL));
+  return tabs ? TabCtrl_GetCurSel(tabs) : -1;
+}
+
+CPropertyPage* CPropertySheet::GetActivePage() const {
+  const int index = GetActiveIndex();
+  return index >= 0 && index < static_cast<int>(m_pages.size()) ? m_pages[static_cast<size_t>(index)]
+                                                                : nullptr;
+}
+
+BOOL CPropertySheet::SetActivePage(CPropertyPage* page) {
+  const auto found = std::find(m_pages.begin(), m_pages.end(), page);
+  // The system doesn't know of a page that is just beginning yet, and would make it a second time.
+  if (found == m_pages.end() || page->IsBeginning()) return FALSE;
+  return SendMessage(PSM_SETCURSEL, static_cast<WPARAM>(found - m_pages.begin())) != 0;
+}
+
+BOOL CPropertySheet::PreTranslateMessage(MSG* message) {
+  return PropSheet_IsDialogMessage(m_hWnd, message) != 0;
+}
+
+LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+  switch (message) {
+    case WM_COMMAND:
+    case WM_SYSCOMMAND:
+    case WM_CLOSE:
+    case PSM_PRESSBUTTON: EndIfClosed(); break;
+  }
+  return result;
+}
+
+// A modeless sheet that was closed stays, without an active page.
+void CPropertySheet::EndIfClosed() {
+  if (SendMessage(PSM_GETCURRENTPAGEHWND) != 0) return;
+  ModalRun::End(SendMessage(PSM_GETRESULT) > 0 ? IDOK : IDCANCEL);
+}
+
+}  // namespace hexlume

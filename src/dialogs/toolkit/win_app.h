@@ -1,0 +1,15 @@
+// The application object of a library, as far as it is the same for every library.
+#pragma once
+
+namespace hexlume {
+
+class CWinApp {
+ public:
+  virtual ~CWinApp() = default;
+
+  // At load and unload of the library. InitInstance returns 0 if the library can't start.
+  virtual int InitInstance() { return 1; }
+  virtual int ExitInstance() { return 0; }
+};
+
+}  // namespace hexlume
