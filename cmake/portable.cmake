@@ -2,6 +2,12 @@
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1 freetype2 fontconfig)
 
+# In place of dialogs, what the host answers.
+set(SYSTEM_DIALOGS_SOURCES
+  src/dialogs/answers/dialog_answers.cpp
+  src/dialogs/answers/selection_sheet.cpp
+  src/dialogs/answers/size_dialog.cpp
+)
 set(PLATFORM_SOURCES
   src/platform/portable/arc_bounds.cpp
   src/platform/portable/code_page_932.cpp

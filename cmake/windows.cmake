@@ -1,3 +1,24 @@
+enable_language(RC)
+
+set(SYSTEM_DIALOGS_SOURCES
+  src/dialogs/check_dlg.cpp
+  src/dialogs/layer_page.cpp
+  src/dialogs/line_page.cpp
+  src/dialogs/menu_font.cpp
+  src/dialogs/size_dlg.cpp
+  src/dialogs/theme.cpp
+  src/dialogs/toolkit/check_box_image.cpp
+  src/dialogs/toolkit/check_list_box.cpp
+  src/dialogs/toolkit/combo_box.cpp
+  src/dialogs/toolkit/cstring.cpp
+  src/dialogs/toolkit/dialog.cpp
+  src/dialogs/toolkit/gdi_objects.cpp
+  src/dialogs/toolkit/modal_run.cpp
+  src/dialogs/toolkit/module.cpp
+  src/dialogs/toolkit/property_sheet.cpp
+  src/dialogs/toolkit/wide_text.cpp
+  src/dialogs/toolkit/wnd.cpp
+)
 set(PLATFORM_SOURCES
   src/platform/portable/code_page_932.cpp
   src/platform/windows/fault_guard.cpp
@@ -9,9 +30,14 @@ set(PLATFORM_SOURCES
   src/platform/windows/stack_room.cpp
   src/platform/windows/system_version.cpp
 )
-set(PLATFORM_LIBRARIES gdi32 comdlg32)
+set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)
 
-set(EXPORTS_SOURCES src/driver/hexlume.def)
+# In UTF-8.
+set(CMAKE_RC_FLAGS "-c 65001")
+set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
+  COMPILE_DEFINITIONS "HEXLUME_VERSION=${PROJECT_VERSION};HEXLUME_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0"
+  OBJECT_DEPENDS ${CMAKE_SOURCE_DIR}/src/dialogs/hexlume.manifest)
+set(EXPORTS_SOURCES src/driver/hexlume.def src/dialogs/hexlume.rc)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)
 # The C++ runtime goes into the library: a host needs nothing but Windows.

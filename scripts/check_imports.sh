@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-allowed='ADVAPI32|COMDLG32|GDI32|KERNEL32|OLE32|USER32|WINDOWSCODECS|msvcrt'
+allowed='ADVAPI32|COMCTL32|COMDLG32|GDI32|KERNEL32|OLE32|USER32|WINDOWSCODECS|msvcrt'
 status=0
 for file in Hexlume.dll hexlume.exe; do
   others=$(x86_64-w64-mingw32-objdump -p "build/$1/bin/$file" | sed -n 's/.*DLL Name: //p' |

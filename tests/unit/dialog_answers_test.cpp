@@ -1,5 +1,5 @@
 // The answers that a host gives in place of the dialogs' windows.
-#include "dialogs/dialog_answers.h"
+#include "dialogs/answers/dialog_answers.h"
 
 #include <gtest/gtest.h>
 

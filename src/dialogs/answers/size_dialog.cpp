@@ -1,6 +1,6 @@
 #include "dialogs/size_dialog.h"
 
-#include "dialogs/dialog_answers.h"
+#include "dialogs/answers/dialog_answers.h"
 #include "driver/conv_state.h"
 
 namespace hexlume {

@@ -1,4 +1,4 @@
-#include "dialogs/dialog_answers.h"
+#include "dialogs/answers/dialog_answers.h"
 
 #include <algorithm>
 #include <new>

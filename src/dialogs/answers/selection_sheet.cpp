@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "dialogs/dialog_answers.h"
+#include "dialogs/answers/dialog_answers.h"
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
 

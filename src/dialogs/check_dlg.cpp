@@ -1,0 +1,36 @@
+#include "dialogs/check_dlg.h"
+
+#include "dialogs/layer_page.h"
+#include "dialogs/line_page.h"
+#include "dialogs/menu_font.h"
+#include "dialogs/resource.h"
+#include "dialogs/selection_sheet.h"
+#include "driver/conv_state.h"
+
+namespace hexlume {
+
+void CCheckDlg::OnSize(UINT type, int cx, int cy) {
+  CPropertySheet::OnSize(type, cx, cy);
+  CWnd* tabs = FromHandle(reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL)));
+  if (!tabs) return;
+  tabs->MoveWindow(CRect(7, 7, cx - 7, cy - 35));
+  SetActivePage(GetActivePage());  // it follows the tab control
+  if (state.fontMode == 1 && fontPending != 0) {
+    UseMenuFont(m_hWnd, dlgFont);
+    fontPending = 0;
+  }
+}
+
+bool ShowSelectionSheet() {
+  state.excludedLayerCount = 0;
+  state.excludedLtypeCount = 0;
+  CCheckDlg sheet(IDS_SELECTION);
+  LayerPage layerPage;
+  LinePage linePage;
+  sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
+  sheet.AddPage(&layerPage);
+  sheet.AddPage(&linePage);
+  return sheet.DoModal() != IDCANCEL;
+}
+
+}  // namespace hexlume

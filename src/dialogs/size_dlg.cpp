@@ -1,0 +1,121 @@
+#include "dialogs/size_dlg.h"
+
+#include <cstring>
+
+#include "dialogs/menu_font.h"
+#include "dialogs/resource.h"
+#include "dialogs/size_dialog.h"
+#include "driver/conv_state.h"
+#include "platform/code_page_932.h"
+
+namespace hexlume {
+
+namespace {
+
+constexpr const char* denominators[] = {"400", "300", "200", "100", "50", "30", "20", "10", "5", "3", "1"};
+constexpr int defaultRow = 3;  // "100"
+
+// Where the last character of a text that isn't empty begins.
+int LastCharacter(const CString& text) {
+  const char* bytes = text;
+  size_t start = 0;
+  size_t next = 0;
+  const auto length = static_cast<size_t>(text.GetLength());
+  while (next < length) {
+    start = next;
+    next += CharacterBytes(bytes + start, length - start);
+  }
+  return static_cast<int>(start);
+}
+
+}  // namespace
+
+CSizeDlg::CSizeDlg() : CDialog(IDD_SIZE) {}
+
+void CSizeDlg::DoDataExchange(CDataExchange* exchange) {
+  CDialog::DoDataExchange(exchange);
+  DDX_Control(exchange, IDC_SCALE, m_combo);
+  DDX_Text(exchange, IDC_HEIGHT, heightText);
+  DDX_Text(exchange, IDC_WIDTH, widthText);
+}
+
+BOOL CSizeDlg::OnInitDialog() {
+  CDialog::OnInitDialog();
+  for (const char* denominator : denominators) m_combo.AddString(denominator);
+  m_combo.SetCurSel(defaultRow);
+  scaleText = denominators[defaultRow];
+  ShowSize();
+  if (state.fontMode == 1) UseMenuFont(m_hWnd, dlgFont);
+  return TRUE;
+}
+
+void CSizeDlg::ShowSize() {
+  const double denominator = Atof(scaleText);
+  CString size;
+  size.Format("%.3f", state.sheetWidth / denominator);
+  SetDlgItemText(IDC_WIDTH, size);
+  size.Format("%.3f", state.sheetHeight / denominator);
+  SetDlgItemText(IDC_HEIGHT, size);
+}
+
+BOOL CSizeDlg::OnCommand(WPARAM wParam, LPARAM lParam) {
+  if (LOWORD(wParam) == IDC_SCALE && HIWORD(wParam) == CBN_SELCHANGE) {
+    OnSelchangeScale();
+    return TRUE;
+  }
+  if (LOWORD(wParam) == IDC_SCALE && HIWORD(wParam) == CBN_EDITUPDATE) {
+    OnEditupdateScale();
+    return TRUE;
+  }
+  return CDialog::OnCommand(wParam, lParam);
+}
+
+void CSizeDlg::OnSelchangeScale() {
+  UpdateData(TRUE);
+  const int row = m_combo.GetCurSel();
+  if (row >= 0 && row < static_cast<int>(std::size(denominators))) scaleText = denominators[row];
+  ShowSize();
+}
+
+// What is typed stays a number from 1 to 1000. An empty field thus becomes "1" at once, to go on from, and a
+// point goes as soon as it is typed.
+void CSizeDlg::OnEditupdateScale() {
+  m_combo.GetWindowText(scaleText);
+  if (Atof(scaleText) < 1.0) {
+    scaleText = "1";
+    m_combo.SetWindowText(scaleText);
+  }
+  if (Atof(scaleText) > 1000.0) {
+    scaleText = "1000";
+    m_combo.SetWindowText(scaleText);
+  }
+  // The last character alone is looked at; those in front of it stay what they are.
+  const int last = LastCharacter(scaleText);
+  const char* lastCharacter = scaleText + last;
+  if (Atoi(lastCharacter) < 1 && std::strcmp(lastCharacter, "0") != 0) {
+    scaleText.Truncate(last);
+    m_combo.SetWindowText(scaleText);
+  }
+  m_combo.SetEditSel(scaleText.GetLength(), scaleText.GetLength());
+  ShowSize();
+  UpdateWindow();
+}
+
+void CSizeDlg::OnOK() {
+  state.scaleDenominator = Atoi(scaleText);
+  CDialog::OnOK();
+}
+
+BOOL CSizeDlg::PreTranslateMessage(MSG* message) {
+  if (message->message == WM_CHAR) typed = 1;
+  return CDialog::PreTranslateMessage(message);
+}
+
+bool ShowSizeDialog() {
+  // Taken where no window can be made, as without dialogs.
+  state.scaleDenominator = 100;
+  CSizeDlg dialog;
+  return dialog.DoModal() != IDCANCEL;
+}
+
+}  // namespace hexlume
