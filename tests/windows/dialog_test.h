@@ -1,0 +1,61 @@
+// Conversions with dialogs, through the library as a host loads it, and what they draw.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/loaded_library.h"
+#include "support/text_drawing.h"
+#include "windows/dialog_windows.h"
+
+namespace hexlume {
+
+using Numbers = std::vector<int32_t>;
+
+struct Layer {
+  const char* name;
+  int32_t colour;  // negative: switched off
+};
+
+// A sheet of 300 by 200 mm. Line number i lies on layer i, at 10 + 10 i mm from the sheet's lower edge.
+std::string LayersDrawing(const std::vector<Layer>& layers);
+
+// Line number i is of dash family i.
+std::string FamiliesDrawing();
+
+// A sheet that is beyond A0, with a line as the one above, on one layer.
+std::string LargeDrawing(int32_t width = 2000, int32_t height = 1500);
+
+struct Conversion {
+  int32_t code;
+  bool hasMetafile;     // whether out was written
+  std::string listing;  // "" without a metafile
+
+  Numbers Lines() const;      // the numbers of the lines that are drawn, as the drawings above place them
+  std::string Frame() const;  // the listing's first line
+};
+
+class DialogTest : public testing::Test {
+ protected:
+  using User = std::function<void()>;
+
+  // The conversions; the user acts meanwhile, and a complaint is a failure.
+  Conversion Whole(const std::string& drawing, int32_t showDialogs, const User& user);
+  Conversion Part(const std::string& drawing, int32_t showDialogs, const User& user);
+  Conversion FullSize(const std::string& drawing, int32_t showDialogs, const User& user);
+  Conversion Turned();
+
+  // The whole sheet with the selection sheet, and the size dialog where it is beyond A0.
+  Conversion Select(const std::string& drawing, const User& user) { return Whole(drawing, 1, user); }
+  // With the size dialog alone.
+  Conversion Scale(const std::string& drawing, const User& user) { return Whole(drawing, 2, user); }
+
+  LoadedLibrary library;
+
+ private:
+  Conversion Convert(const User& user, const std::function<int32_t(HENHMETAFILE*)>& call);
+};
+
+}  // namespace hexlume
