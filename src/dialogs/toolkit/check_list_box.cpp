@@ -46,6 +46,7 @@ int CCheckListBox::GetCheck(int row) const {
 
 void CCheckListBox::SetCheck(int row, int check) {
   SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(row), check);
+  if (!IsWindowVisible(m_hWnd)) return;  // drawn as a whole when it appears
   RECT rect;
   if (SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rect)) != LB_ERR)
     InvalidateRect(m_hWnd, &rect, FALSE);
