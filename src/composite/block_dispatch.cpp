@@ -1,6 +1,8 @@
 #include "composite/block_dispatch.h"
 
+#include "composite/hatch.h"
 #include "composite/insert.h"
+#include "composite/tolerance.h"
 #include "driver/group_reader.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
@@ -97,6 +99,10 @@ const ConverterRow<BlockRun> blockConverters[] = {
        return DrawBlockInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
                               run.wholeTextClip, run.wholeSheet, run.halfWidthFont, run.byBlockFlag);
      }},
+    {"TOLERANCE",
+     [](const BlockRun& run) {
+       return DrawBlockTolerance(run.stream, run.canvas, run.originX, run.originY);
+     }},
 };
 
 int32_t StartDimInsertSolid(const BlockRun& run) {
@@ -132,6 +138,10 @@ const ConverterRow<BlockRun> dimInsertConverters[] = {
      [](const BlockRun& run) {
        return DrawDimInsertLwPolyline(run.stream, run.canvas, run.originX, run.originY, run.view,
                                       run.insertColor);
+     }},
+    {"HATCH",
+     [](const BlockRun& run) {
+       return DrawDimInsertHatch(run.stream, run.canvas, run.originX, run.originY);
      }},
     {"INSERT",
      [](const BlockRun& run) {
@@ -200,5 +210,8 @@ int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas can
   });
   return 1;
 }
+
+void DrawDimBlock(int32_t, double, double, const HeaderVars&, const ViewRect&, int32_t, int32_t, int32_t,
+                  int32_t, TextStream&, Canvas) {}
 
 }  // namespace hexlume

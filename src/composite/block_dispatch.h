@@ -31,4 +31,10 @@ int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas can
                               int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
                               int32_t insertColor);
 
+// The same for the block of a dimension, moved by an offset in model units times 100, with the dimension's
+// colour.
+void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const HeaderVars& headerVars,
+                  const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
+                  int32_t color, TextStream& stream, Canvas canvas);
+
 }  // namespace hexlume
