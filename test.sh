@@ -62,6 +62,7 @@ test_build() {
     return
   fi
   run_tests "$preset" hexlume_unit_tests
+  run_tests "$preset" hexlume_text_tests
   run_tests "$preset" hexlume_system_version_tests
   run_tests "$preset" hexlume_out_of_memory_tests
   run_tests "$preset" hexlume_conversion_tests

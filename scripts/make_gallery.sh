@@ -18,6 +18,9 @@ picture part examples/PART.dxf --dpi 65
 picture curves examples/CURVES.dxf --dpi 65
 picture shapes examples/SHAPES.dxf --dpi 65
 picture curves_turned examples/CURVES.dxf --dpi 65 --rotate
+picture text examples/TEXT.dxf --dpi 90
+picture text_half_width examples/TEXT.dxf --dpi 90 --half-width
+picture text_turned examples/TEXT.dxf --dpi 90 --rotate
 for frame in 0 32 64 96; do
   for figure in 0 1 2 3 4; do
     mode=$((frame + figure))

@@ -35,6 +35,14 @@ TEST(Resources, two_thousand_conversions_hold_no_more_than_ten) {
   EXPECT_LE(WorkingSet(), settled + 8 * 1024);
 }
 
+TEST(Resources, twenty_thousand_texts_that_leave_their_fonts_hold_no_more_the_second_time) {
+  const LoadedLibrary library;
+  ConvertTextsThatLeaveTheirFonts(library, 20000);
+  const size_t settled = WorkingSet();
+  ConvertTextsThatLeaveTheirFonts(library, 20000);
+  EXPECT_LE(WorkingSet(), settled + 256 * 1024);
+}
+
 TEST(Resources, the_measure_sees_64_pages_once_they_are_used) {
   const size_t size = 64 * static_cast<size_t>(sysconf(_SC_PAGESIZE));
   const size_t before = WorkingSet();

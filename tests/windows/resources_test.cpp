@@ -22,6 +22,14 @@ TEST(Resources, two_thousand_conversions_hold_no_more_than_ten) {
   EXPECT_LE(WorkingSet(), settled + 8 * 1024);
 }
 
+TEST(Resources, twenty_thousand_texts_that_leave_their_fonts_hold_none) {
+  const LoadedLibrary library;
+  ConvertTextsThatLeaveTheirFonts(library, 1);
+  const size_t objects = CountGdiObjects();
+  ConvertTextsThatLeaveTheirFonts(library, 20000);
+  EXPECT_EQ(objects, CountGdiObjects());
+}
+
 TEST(Resources, the_count_sees_a_single_object) {
   const size_t before = CountGdiObjects();
   const HPEN pen = CreatePen(PS_SOLID, 0, 0x123456);
