@@ -23,7 +23,7 @@ namespace hexlume {
 
 namespace {
 
-// What the converters of both scopes are called with: each row of a table hands on what its converter needs.
+// What the converters of all scopes are called with: each row of a table hands on what its converter needs.
 struct BlockRun {
   TextStream& stream;
   Canvas canvas;
@@ -150,6 +150,45 @@ const ConverterRow<BlockRun> dimInsertConverters[] = {
      }},
 };
 
+int32_t StartDimInsert(const BlockRun& run) {
+  state.insertAngle = 0.0;
+  state.insertScaleX = 1.0;
+  state.insertScaleY = 1.0;
+  return DrawDimInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
+                       run.wholeTextClip, run.wholeSheet, run.halfWidthFont, run.insertColor);
+}
+
+// The origin is the dimension's offset here. Three of the converters are those of the ENTITIES section.
+const ConverterRow<BlockRun> dimConverters[] = {
+    {"TEXT",
+     [](const BlockRun& run) {
+       return DrawDimText(run.canvas, run.stream, run.originX, run.originY, run.view, run.wholeTextClip,
+                          run.halfWidthFont);
+     }},
+    {"MTEXT",
+     [](const BlockRun& run) {
+       return DrawDimMText(run.canvas, run.stream, run.originX, run.originY, run.view, run.wholeTextClip,
+                           run.halfWidthFont);
+     }},
+    {"ARC",
+     [](const BlockRun& run) {
+       return DrawArc(run.stream, run.canvas, run.originX, run.originY, run.view, run.wholeSheet);
+     }},
+    {"CIRCLE",
+     [](const BlockRun& run) {
+       return DrawCircle(run.stream, run.canvas, run.originX, run.originY, run.view);
+     }},
+    {"LINE",
+     [](const BlockRun& run) {
+       return DrawDimLine(run.stream, run.canvas, run.originX, run.originY, run.view);
+     }},
+    {"SOLID",
+     [](const BlockRun& run) {
+       return DrawSolid(run.canvas, run.stream, run.originX, run.originY, run.view);
+     }},
+    {"INSERT", StartDimInsert},
+};
+
 // Blocks that insert the next one twice, one after the other, can be told in a few lines and played back for
 // ever.
 void CountStep() {
@@ -211,7 +250,15 @@ int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas can
   return 1;
 }
 
-void DrawDimBlock(int32_t, double, double, const HeaderVars&, const ViewRect&, int32_t, int32_t, int32_t,
-                  int32_t, TextStream&, Canvas) {}
+// No guard of its own and no question for room: it is the first block of its dimension, and what goes wrong
+// is answered by the walk over the ENTITIES section.
+void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const HeaderVars& headerVars,
+                  const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
+                  int32_t color, TextStream& stream, Canvas canvas) {
+  if (bodyOffset == noBody) return;
+  Seek(stream, bodyOffset);
+  WalkBlock(dimConverters, {stream, canvas, offsetX, offsetY, headerVars, color, view, wholeTextClip,
+                            wholeSheet, halfWidthFont, 0});
+}
 
 }  // namespace hexlume

@@ -274,6 +274,35 @@ void WriteInsert(Writer& writer) {
   WritePlayedBlock(writer, writer.OneOf(blockNames));
 }
 
+// A few of its groups alone count; what is drawn is its block.
+void WriteDimension(Writer& writer) {
+  if (!writer.Chance(3)) writer.Group(2, writer.OneOf(blockNames));
+  WritePlace(writer);
+  if (writer.Chance(60)) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+  if (writer.Chance(60)) WritePoint(writer, 12, writer.Number(-20.0, 60.0), writer.Number(-20.0, 60.0));
+  for (const int32_t code : {13, 14, 15})
+    if (writer.Chance(50)) WritePoint(writer, code, writer.Coordinate(), writer.Coordinate());
+  if (writer.Chance(20)) writer.Group(1, "<> mm");
+  if (writer.Chance(30)) writer.Group(3, "STANDARD");
+  if (writer.Chance(30)) writer.Group(50, writer.Number(0.0, 360.0));
+  if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(200)));
+}
+
+// A hatch as arrows have it. It is read without regard to where it ends, and would lead into other blocks if
+// it missed a group, so it never does.
+void WriteArrowhead(Writer& writer) {
+  const uint32_t corners = 3 + writer.Below(2);
+  writer.Group(2, writer.Chance(90) ? "SOLID" : "ANSI31");
+  writer.Group(91, "1");
+  writer.Group(92, "1");
+  writer.Group(93, std::to_string(corners));
+  for (uint32_t i = 0; i < corners; ++i) {
+    writer.Group(72, "1");
+    for (const int32_t code : {10, 20, 11, 21}) writer.Group(code, writer.Number(-5.0, 5.0));
+  }
+  writer.Group(75, "1");
+}
+
 // Texts are written so that no listing depends on the metrics of a font, which differ from system to system.
 // A TEXT of Latin characters goes down by its font's descent: each has others. MTEXT takes the width of its
 // cells from the font, times the factor of the code "\W", which is 0 here. A fraction measures a font too,
@@ -412,6 +441,8 @@ void WriteBlocks(Writer& writer) {
         writer.Group(0, "INSERT");
         WriteProperties(writer);
         WritePlayedBlock(writer, blockNames[writer.Below(block)]);
+      } else if (writer.Chance(10)) {
+        WriteEntity(writer, {"HATCH", WriteArrowhead});
       } else {
         WriteAnyEntity(writer);
       }
@@ -427,6 +458,8 @@ void WriteEntities(Writer& writer) {
   for (uint32_t count = writer.Below(60); count > 0; --count) {
     if (writer.Chance(15))
       WriteEntity(writer, {"INSERT", WriteInsert});
+    else if (writer.Chance(15))
+      WriteEntity(writer, {"DIMENSION", WriteDimension});
     else if (writer.Chance(10))
       WriteEntity(writer, {"ATTRIB", WriteAttrib});
     else
