@@ -61,7 +61,8 @@ const char* const ltypeNames[] = {
     "CONTINUOUS", "Continuous", "CONTINUOS",      "DOT",     "DASHED",  "DASHED2",    "HIDDEN",
     "hidden",     "DASHDOT",    "CENTER",         "CENTER2", "BORDER2", "DASHDOTDOT", "DIVIDE",
     "PHANTOM",    "PHANTOM2",   "MY_DASHED_LINE", "BYLAYER", "BYBLOCK", "ByBlock",    "HIDDEN2"};
-const char* const blockNames[] = {"BOLT", "NUT", "*D1", "bolt", "\x83\x7B\x83\x8B\x83\x67"};
+const char* const blockNames[] = {"BOLT", "NUT", "*D1", "bolt", "\x83\x7B\x83\x8B\x83\x67", "_TIP"};
+const char* const dimStyleNames[] = {"STANDARD", "ISO-25", "\x90\xA1\x96\x40"};
 const char* const otherEntities[] = {"VIEWPORT", "3DFACE", "WIPEOUT", "line", "LINE ", "IMAGE"};
 
 void WritePoint(Writer& writer, int32_t code, const std::string& x, const std::string& y) {
@@ -143,12 +144,28 @@ void WriteLayers(Writer& writer) {
   writer.Group(0, "ENDTAB");
 }
 
+// A style may have its arrow by name, by the handle of some blocks' owner, or not at all.
+void WriteDimStyles(Writer& writer) {
+  writer.Group(0, "TABLE");
+  writer.Group(2, "DIMSTYLE");
+  for (uint32_t count = writer.Below(4); count > 0; --count) {
+    writer.Group(0, "DIMSTYLE");
+    writer.Group(2, writer.OneOf(dimStyleNames));
+    if (writer.Chance(80)) writer.Group(40, writer.Number(0.2, 2.0));
+    if (writer.Chance(90)) writer.Group(41, writer.Number(0.0, 3.0));
+    if (writer.Chance(30)) writer.Group(6, writer.Chance(80) ? "TIP" : "GONE");
+    if (writer.Chance(30)) writer.Group(341, "1F");
+  }
+  writer.Group(0, "ENDTAB");
+}
+
 void WriteTables(Writer& writer) {
   writer.Group(0, "SECTION");
   writer.Group(2, "TABLES");
   if (!writer.Chance(20)) WriteLtypes(writer);
   if (!writer.Chance(3)) WriteLayers(writer);
   if (writer.Chance(3)) WriteLtypes(writer);
+  if (writer.Chance(80)) WriteDimStyles(writer);
   writer.Group(0, "ENDSEC");
 }
 
@@ -301,6 +318,23 @@ void WriteArrowhead(Writer& writer) {
     for (const int32_t code : {10, 20, 11, 21}) writer.Group(code, writer.Number(-5.0, 5.0));
   }
   writer.Group(75, "1");
+}
+
+void WriteLeader(Writer& writer) {
+  if (writer.Chance(80)) writer.Group(3, writer.OneOf(dimStyleNames));
+  if (writer.Chance(20)) writer.Group(77, std::to_string(writer.Below(9)));
+  if (writer.Chance(50)) writer.Group(41, writer.Number(0.0, 60.0));
+  // Upright and level legs take ways of their own.
+  std::string x = writer.Coordinate();
+  std::string y = writer.Coordinate();
+  for (uint32_t count = writer.Below(6); count > 0; --count) {
+    WritePoint(writer, 10, x, y);
+    if (!writer.Chance(20)) x = writer.Coordinate();
+    if (!writer.Chance(20)) y = writer.Coordinate();
+  }
+  if (!writer.Chance(30)) return;
+  writer.Group(1000, "DSTYLE");
+  writer.Group(1000, writer.OneOf(blockNames));
 }
 
 // Texts are written so that no listing depends on the metrics of a font, which differ from system to system.
@@ -456,6 +490,7 @@ void WriteEntities(Writer& writer) {
   writer.Group(0, "SECTION");
   writer.Group(2, "ENTITIES");
   for (uint32_t count = writer.Below(60); count > 0; --count) {
+    if (writer.Chance(10)) WriteEntity(writer, {"LEADER", WriteLeader});
     if (writer.Chance(15))
       WriteEntity(writer, {"INSERT", WriteInsert});
     else if (writer.Chance(15))
