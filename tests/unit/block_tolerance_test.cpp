@@ -252,9 +252,10 @@ TEST_F(BlockToleranceTest, separators_at_the_start_of_a_row_draw_nothing) {
 
 TEST_F(BlockToleranceTest, a_second_row_lies_a_height_lower_and_starts_at_the_start_again) {
   const std::string secondBox = ToleranceBox(black, 5000, -3500, 6000, -2500);
-  EXPECT_EQ(Character(5000, "A") + Box(5500) + ToleranceCharacter(700, 5000, -3400, "B") +
-                ToleranceCharacter(700, 5500, -3400, "C") + secondBox + secondBox,
-            DrawString("A%%v^JBC%%v"));
+  EXPECT_EQ(Character(5000, "A") + Character(5500, "B") + Box(6000) +
+                ToleranceCharacter(700, 5000, -3400, "C") + ToleranceCharacter(700, 5500, -3400, "D") +
+                secondBox + secondBox,
+            DrawString("AB%%v^JCD%%v"));
 }
 
 TEST_F(BlockToleranceTest, a_row_without_a_separator_before_its_break_has_no_box) {

@@ -158,11 +158,12 @@ TEST_F(ToleranceTest, a_separator_cut_short_by_the_end_counts) {
 // Rows.
 
 TEST_F(ToleranceTest, a_second_row_lies_a_height_lower_and_starts_at_the_start_again) {
-  // B at -2400 - 1000, C half a height further. 500 + 500 + 300.
+  // 1000 + 300. C at -2400 - 1000, D half a height further. 500 + 500 + 300.
   const std::string secondBox = ToleranceBox(black, 5000, -3500, 6300, -2500);
-  EXPECT_EQ(Character(5000, "A") + Box(5800) + ToleranceCharacter(700, 5000, -3400, "B") +
-                ToleranceCharacter(700, 5500, -3400, "C") + secondBox + secondBox,
-            DrawString("A%%v^JBC%%v"));
+  EXPECT_EQ(Character(5000, "A") + Character(5500, "B") + Box(6300) +
+                ToleranceCharacter(700, 5000, -3400, "C") + ToleranceCharacter(700, 5500, -3400, "D") +
+                secondBox + secondBox,
+            DrawString("AB%%v^JCD%%v"));
 }
 
 TEST_F(ToleranceTest, a_third_row_starts_behind_a_gap_of_its_own) {
