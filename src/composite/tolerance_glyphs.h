@@ -1,6 +1,8 @@
 // The 26 symbols of geometric tolerances, as strokes of our own: they look the same whatever fonts there are.
 #pragma once
 
+#include <cstdint>
+
 #include "canvas/canvas.h"
 
 namespace hexlume {
@@ -10,5 +12,9 @@ namespace hexlume {
 // a symbol draws nothing and is 0 wide.
 double DrawToleranceGlyphs(Canvas canvas, char symbol, double height);
 double DrawBlockToleranceGlyphs(Canvas canvas, char symbol, double height);
+
+// The font of a frame's text, and of the letters in a block's symbols: the system's Japanese one with a fixed
+// pitch. The caller deletes it.
+HFONT CreateToleranceFont(int32_t height);
 
 }  // namespace hexlume
