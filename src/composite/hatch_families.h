@@ -1,4 +1,5 @@
-// The two kinds of families of parallel lines that a hatch's pattern consists of.
+// The two kinds of families of parallel lines that a hatch's pattern consists of. Neither looks at the
+// boundary: they sweep over its extent.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +8,11 @@
 
 namespace hexlume {
 
-constexpr int32_t hatchDashLimit = 100;  // dashes of one line of a pattern
+constexpr int32_t hatchDashLimit = 100;  // dashes of one line of a pattern: those beyond aren't drawn
+
+// Lines, dashes, dots and gaps that one hatch may take. A denser one ends there: every stroke is kept in the
+// metafile, and memory would run out.
+constexpr int32_t hatchStrokeLimit = 4'000'000;
 
 // The extent of the boundary in sheet units: top is its largest Y.
 struct HatchExtent {
@@ -26,7 +31,10 @@ struct HatchFamily {
   int32_t dashCount = 0;
 };
 
-void DrawContinuousFamily(Canvas canvas, HatchFamily family, const HatchExtent& extent);
-void DrawDashedFamily(Canvas canvas, HatchFamily family, const HatchExtent& extent);
+// Both count down what is left of the hatch's strokes, and draw no more than that.
+void DrawContinuousFamily(Canvas canvas, const HatchFamily& family, const HatchExtent& extent,
+                          int32_t& strokesLeft);
+void DrawDashedFamily(Canvas canvas, const HatchFamily& family, const HatchExtent& extent,
+                      int32_t& strokesLeft);
 
 }  // namespace hexlume
