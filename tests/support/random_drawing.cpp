@@ -320,23 +320,6 @@ void WriteArrowhead(Writer& writer) {
   writer.Group(75, "1");
 }
 
-void WriteLeader(Writer& writer) {
-  if (writer.Chance(80)) writer.Group(3, writer.OneOf(dimStyleNames));
-  if (writer.Chance(20)) writer.Group(77, std::to_string(writer.Below(9)));
-  if (writer.Chance(50)) writer.Group(41, writer.Number(0.0, 60.0));
-  // Upright and level legs take ways of their own.
-  std::string x = writer.Coordinate();
-  std::string y = writer.Coordinate();
-  for (uint32_t count = writer.Below(6); count > 0; --count) {
-    WritePoint(writer, 10, x, y);
-    if (!writer.Chance(20)) x = writer.Coordinate();
-    if (!writer.Chance(20)) y = writer.Coordinate();
-  }
-  if (!writer.Chance(30)) return;
-  writer.Group(1000, "DSTYLE");
-  writer.Group(1000, writer.OneOf(blockNames));
-}
-
 // Texts are written so that no listing depends on the metrics of a font, which differ from system to system.
 // A TEXT of Latin characters goes down by its font's descent: each has others. MTEXT takes the width of its
 // cells from the font, times the factor of the code "\W", which is 0 here. A fraction measures a font too,
@@ -430,6 +413,23 @@ void WriteAttrib(Writer& writer) {
   if (writer.Chance(40)) writer.Group(71, std::to_string(writer.Below(7)));
   if (writer.Chance(40)) writer.Group(72, std::to_string(writer.Below(6)));
   if (writer.Chance(30)) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+}
+
+void WriteLeader(Writer& writer) {
+  if (writer.Chance(80)) writer.Group(3, writer.OneOf(dimStyleNames));
+  if (writer.Chance(20)) writer.Group(77, std::to_string(writer.Below(9)));
+  if (writer.Chance(50)) writer.Group(41, writer.Number(0.0, 60.0));
+  // Upright and level legs take ways of their own.
+  std::string x = writer.Coordinate();
+  std::string y = writer.Coordinate();
+  for (uint32_t count = writer.Below(6); count > 0; --count) {
+    WritePoint(writer, 10, x, y);
+    if (!writer.Chance(20)) x = writer.Coordinate();
+    if (!writer.Chance(20)) y = writer.Coordinate();
+  }
+  if (!writer.Chance(30)) return;
+  writer.Group(1000, "DSTYLE");
+  writer.Group(1000, writer.OneOf(blockNames));
 }
 
 struct EntityKind {
