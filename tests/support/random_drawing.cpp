@@ -530,6 +530,18 @@ void WriteAnyEntity(Writer& writer) {
   WriteEntity(writer, entityKinds[writer.Below(sizeof entityKinds / sizeof entityKinds[0])]);
 }
 
+// Where both its Y and a group 3 are missing the block would run on into the next ones, and so come to hold
+// itself.
+void WriteBasePoint(Writer& writer, const char* block) {
+  if (writer.Chance(50)) {
+    WritePlace(writer);
+    writer.Group(3, block);
+  } else {
+    writer.Group(10, writer.Coordinate());
+    writer.Group(20, writer.Coordinate());
+  }
+}
+
 // A block holds only blocks that stand in front of it: one within itself would be drawn as deep as the stack
 // goes, and that differs from build to build.
 void WriteBlocks(Writer& writer) {
@@ -542,8 +554,7 @@ void WriteBlocks(Writer& writer) {
     if (writer.Chance(50)) writer.Group(330, "1F");
     writer.Group(8, writer.OneOf(layerNames));
     writer.Group(2, blockNames[block]);
-    WritePlace(writer);
-    if (writer.Chance(50)) writer.Group(3, blockNames[block]);
+    WriteBasePoint(writer, blockNames[block]);
     for (uint32_t count = writer.Below(8); count > 0; --count) {
       if (block > 0 && writer.Chance(20)) {
         writer.Group(0, "INSERT");
