@@ -14,6 +14,7 @@ picture() {
   "$tool" "$@" --png "$pictures/$name.png" "$drawing" "$scratch/$name.emf"
 }
 
+picture workshop examples/WORKSHOP.dxf --dpi 80
 picture part examples/PART.dxf --dpi 65
 picture curves examples/CURVES.dxf --dpi 65
 picture shapes examples/SHAPES.dxf --dpi 65
