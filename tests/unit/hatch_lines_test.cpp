@@ -242,7 +242,9 @@ TEST_F(HatchLinesTest, absurd_scales_and_numbers_end) {
       const std::string family = "53 " + value + "\n43 " + value + "\n44 " + value + "\n45 " + value +
                                  "\n46 " + value + "\n79 1\n49 " + value + "\n79 0\n";
       stream = StreamOf(family);
-      ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0); });
+      const HDC canvas = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+      FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0);
+      DeleteEnhMetaFile(CloseEnhMetaFile(canvas));
     }
   }
 }
