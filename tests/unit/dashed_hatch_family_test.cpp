@@ -468,11 +468,11 @@ void ExpectWholeLattice(const HatchFamily& family, const HatchExtent& within) {
 }
 
 TEST(DashedHatchFamily, an_extent_is_filled_evenly_at_every_degree_with_offsets_of_either_sign) {
-  const HatchExtent within = {2000, -3000, 2900, -3600};
+  const HatchExtent within = {2000, -3000, 2500, -3400};
   for (int32_t degrees = 0; degrees < 360; ++degrees) {
     const double angle = degrees * std::acos(-1.0) / 180.0;
     for (const double across : {61.7, -61.7}) {
-      for (const double along : {0.0, 43.3, -43.3, 150.0}) {
+      for (const double along : {0.0, degrees % 2 == 0 ? 43.3 : -150.0}) {
         const Offset offset = {along * std::cos(angle) - across * std::sin(angle),
                                along * std::sin(angle) + across * std::cos(angle)};
         SCOPED_TRACE(testing::Message()
@@ -490,7 +490,7 @@ TEST(DashedHatchFamily, an_extent_is_filled_evenly_from_any_base_with_any_offset
   const auto number = [&random](int32_t from, int32_t to) {
     return from + static_cast<int32_t>(random() % static_cast<uint32_t>(to - from + 1));
   };
-  for (int32_t run = 0; run < 2000; ++run) {
+  for (int32_t run = 0; run < 800; ++run) {
     const HatchExtent within = {number(-500, 500), -1000 + number(0, 500), number(800, 1500),
                                 -number(1200, 1900)};
     const int32_t degrees = run % 3 == 0 ? number(0, 3) * 90 : number(0, 359);
