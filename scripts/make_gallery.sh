@@ -17,6 +17,7 @@ picture() {
 picture part examples/PART.dxf --dpi 65
 picture curves examples/CURVES.dxf --dpi 65
 picture shapes examples/SHAPES.dxf --dpi 65
+picture hatches examples/HATCHES.dxf --dpi 90
 picture curves_turned examples/CURVES.dxf --dpi 65 --rotate
 for frame in 0 32 64 96; do
   for figure in 0 1 2 3 4; do

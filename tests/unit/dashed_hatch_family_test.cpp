@@ -505,6 +505,17 @@ TEST(DashedHatchFamily, an_extent_is_filled_evenly_from_any_base_with_any_offset
   }
 }
 
+TEST(DashedHatchFamily, dashes_too_short_to_lean_fill_an_extent_evenly) {
+  // 20 units along 1 degree rise by 0.35, which is dropped.
+  for (const int32_t degrees : {1, 89, 91, 179, 181, 269, 271, 359}) {
+    for (const Offset offset :
+         {Offset{60.0, 0.5}, Offset{0.5, 60.0}, Offset{60.0, -70.0}, Offset{60.0, 70.0}}) {
+      SCOPED_TRACE(testing::Message() << degrees << " degrees, " << offset.x << ", " << offset.y);
+      ExpectWholeLattice(Family(degrees, {200, -500}, offset, {20, -20}), extent);
+    }
+  }
+}
+
 // What never ends by itself
 
 TEST(DashedHatchFamily, dashes_that_lead_nowhere_draw_nothing) {
