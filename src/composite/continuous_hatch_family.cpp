@@ -10,6 +10,8 @@
 
 namespace hexlume {
 
+namespace {
+
 // A family being drawn.
 struct LineSweep {
   Canvas canvas;
@@ -21,14 +23,14 @@ struct LineSweep {
   int32_t& strokesLeft;
 };
 
-static void DrawStroke(LineSweep& sweep, int32_t dx, int32_t dy) {
+void DrawStroke(LineSweep& sweep, int32_t dx, int32_t dy) {
   if (sweep.strokesLeft <= 0) return;
   --sweep.strokesLeft;
   MoveToEx(sweep.canvas, sweep.penX, sweep.penY, nullptr);
   LineTo(sweep.canvas, WrapAdd(sweep.penX, dx), WrapAdd(sweep.penY, dy));
 }
 
-static void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
+void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
   int32_t dx = WrapSub(edgeX, sweep.penX);
   // A sum, not a difference: below the sheet's top edge it only bounds the length, and the clip does the
   // rest. Of a boundary that sticks out at the sheet's top the lines end early.
@@ -42,7 +44,7 @@ static void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
 }
 
 // Brings a row to its next place. False if it stays where it is or leaves every coordinate.
-static bool StepTo(double next, double& exact, int32_t& place) {
+bool StepTo(double next, double& exact, int32_t& place) {
   constexpr double pastEveryPlace = 2147483648.0;
   if (next == exact || !(std::abs(next) < pastEveryPlace)) return false;
   exact = next;
@@ -51,7 +53,7 @@ static bool StepTo(double next, double& exact, int32_t& place) {
 }
 
 // Whether the rows, of which each lies above the one before by rise, can't come to the extent any more.
-static bool LeftBehind(const LineSweep& sweep, double rise) {
+bool LeftBehind(const LineSweep& sweep, double rise) {
   const HatchExtent& extent = sweep.extent;
   const double atLeft = sweep.penY + sweep.slope * (static_cast<double>(extent.left) - sweep.penX);
   const double atRight = sweep.penY + sweep.slope * (static_cast<double>(extent.right) - sweep.penX);
@@ -59,32 +61,32 @@ static bool LeftBehind(const LineSweep& sweep, double rise) {
 }
 
 // The next row begins at this X. Rows that move to the left never come past the right edge.
-static bool StepAcross(LineSweep& sweep, double nextX) {
+bool StepAcross(LineSweep& sweep, double nextX) {
   const double step = nextX - sweep.rowX;
   if (!StepTo(nextX, sweep.rowX, sweep.penX) || sweep.penX > sweep.extent.right) return false;
   return step > 0.0 || !LeftBehind(sweep, -step * sweep.slope);
 }
 
 // The next row begins at this Y. Rows that move down never come past the top.
-static bool StepUp(LineSweep& sweep, double nextY) {
+bool StepUp(LineSweep& sweep, double nextY) {
   const double step = nextY - sweep.rowY;
   if (!StepTo(nextY, sweep.rowY, sweep.penY) || sweep.penY > sweep.extent.top) return false;
   return step > 0.0 || !LeftBehind(sweep, step);
 }
 
 // The same for rows that move while they begin above the top.
-static bool StepAboveTop(LineSweep& sweep, double nextY) {
+bool StepAboveTop(LineSweep& sweep, double nextY) {
   const double step = nextY - sweep.rowY;
   if (!StepTo(nextY, sweep.rowY, sweep.penY) || sweep.penY < sweep.extent.top) return false;
   return step < 0.0 || !LeftBehind(sweep, step);
 }
 
-static double NextRowY(const LineSweep& sweep) {
+double NextRowY(const LineSweep& sweep) {
   return sweep.rowY + sweep.offY - sweep.slope * sweep.offX;
 }
 
 // The next of a family of level lines. Whole steps lag behind the exact place and catch up with it.
-static bool StepLevelLine(LineSweep& sweep, double& lineY) {
+bool StepLevelLine(LineSweep& sweep, double& lineY) {
   int32_t exactY = 0;
   if (!StepTo(lineY + sweep.offY, lineY, exactY)) return false;
   sweep.penY = WrapAdd(sweep.penY, Trunc(sweep.offY));
@@ -98,7 +100,7 @@ static bool StepLevelLine(LineSweep& sweep, double& lineY) {
 
 // Lines that lean back, from above 90 to 180 degrees: rows begin along the lower edge, then from the right
 // edge up.
-static void DrawBackwardLines(LineSweep& sweep) {
+void DrawBackwardLines(LineSweep& sweep) {
   const HatchExtent& extent = sweep.extent;
   if (sweep.angle == pi) {
     sweep.penX = std::min(sweep.penX, extent.left);
@@ -124,14 +126,14 @@ static void DrawBackwardLines(LineSweep& sweep) {
 }
 
 // The first pass over lines that rise to the right: away from the first line along one edge.
-static bool StepForward(LineSweep& sweep) {
+bool StepForward(LineSweep& sweep) {
   // Upright lines never meet the left edge, whichever way their offset points.
   if (sweep.offY > 0.0 && sweep.angle != halfPi) return StepUp(sweep, NextRowY(sweep));
   return StepAcross(sweep, sweep.rowX + sweep.offX - sweep.offY / sweep.slope);
 }
 
 // The second pass, with the offsets negated.
-static bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
+bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
   if (sweep.angle == 0.0) return StepLevelLine(sweep, lineY);
   if (sweep.angle == halfPi) {
     int32_t exactX = 0;
@@ -146,7 +148,7 @@ static bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
 }
 
 // Lines that rise to the right, from 0 to 90 degrees.
-static void DrawForwardLines(LineSweep& sweep) {
+void DrawForwardLines(LineSweep& sweep) {
   const HatchExtent& extent = sweep.extent;
   if (sweep.penX > extent.left && sweep.angle != halfPi) {
     sweep.penY = WrapSub(sweep.penY, Trunc(WrapSub(sweep.penX, extent.left) * sweep.slope));
@@ -182,6 +184,8 @@ static void DrawForwardLines(LineSweep& sweep) {
     DrawRowTo(sweep, extent.right);
   } while (sweep.strokesLeft > 0 && StepBackward(sweep, lineX, lineY));
 }
+
+}  // namespace
 
 void DrawContinuousFamily(Canvas canvas, const HatchFamily& family, const HatchExtent& extent,
                           int32_t& strokesLeft) {

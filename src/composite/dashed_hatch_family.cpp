@@ -11,6 +11,8 @@
 
 namespace hexlume {
 
+namespace {
+
 // In 64 bits, so that a step past the last coordinate is past the end.
 struct HatchPlace {
   int64_t x, y;
@@ -31,57 +33,57 @@ struct DashSweep {
 };
 
 // A length in whole units.
-static int64_t Units(double length) {
+int64_t Units(double length) {
   constexpr double pastEveryEnd = 1e10;
   if (std::isnan(length)) return 0;
   return static_cast<int64_t>(std::clamp(length, -pastEveryEnd, pastEveryEnd));
 }
 
-static int32_t SheetPlace(int64_t place, int32_t mirror) {
+int32_t SheetPlace(int64_t place, int32_t mirror) {
   return static_cast<int32_t>(std::clamp<int64_t>(place * mirror, INT32_MIN, INT32_MAX));
 }
 
-static void MoveBy(HatchPlace& pen, const HatchPlace& step, int64_t count) {
+void MoveBy(HatchPlace& pen, const HatchPlace& step, int64_t count) {
   pen.x += Units(static_cast<double>(step.x) * static_cast<double>(count));
   pen.y += Units(static_cast<double>(step.y) * static_cast<double>(count));
 }
 
 // How often a step must be taken to cover a distance; not at all if it leads nowhere.
-static int64_t StepsOver(int64_t distance, int64_t step) {
+int64_t StepsOver(int64_t distance, int64_t step) {
   return distance > 0 && step > 0 ? (distance - 1) / step + 1 : 0;
 }
 
-static void SkipBackToLeft(const DashSweep& sweep, HatchPlace& pen) {
+void SkipBackToLeft(const DashSweep& sweep, HatchPlace& pen) {
   MoveBy(pen, sweep.period, -StepsOver(pen.x - sweep.left, sweep.period.x));
 }
 
-static void SkipBackToBottom(const DashSweep& sweep, HatchPlace& pen) {
+void SkipBackToBottom(const DashSweep& sweep, HatchPlace& pen) {
   MoveBy(pen, sweep.period, -StepsOver(pen.y - sweep.bottom, sweep.period.y));
 }
 
-static void SkipForwardToLeft(const DashSweep& sweep, HatchPlace& pen) {
+void SkipForwardToLeft(const DashSweep& sweep, HatchPlace& pen) {
   const int64_t edge = Units(std::ceil(static_cast<double>(sweep.left) - sweep.stepX));
   MoveBy(pen, sweep.period, StepsOver(edge - pen.x, sweep.period.x));
 }
 
-static void SkipForwardToBottom(const DashSweep& sweep, HatchPlace& pen) {
+void SkipForwardToBottom(const DashSweep& sweep, HatchPlace& pen) {
   const int64_t edge = Units(std::ceil(static_cast<double>(sweep.bottom) - sweep.stepY));
   MoveBy(pen, sweep.period, StepsOver(edge - pen.y, sweep.period.y));
 }
 
-static void DrawDot(const DashSweep& sweep, const HatchPlace& place) {
+void DrawDot(const DashSweep& sweep, const HatchPlace& place) {
   const int32_t x = SheetPlace(place.x, sweep.mirrorX);
   const int32_t y = SheetPlace(place.y, sweep.mirrorY);
   Ellipse(sweep.canvas, WrapSub(x, 20), WrapAdd(y, 20), WrapAdd(x, 20), WrapSub(y, 20));
 }
 
-static void DrawDash(const DashSweep& sweep, const HatchPlace& start, const HatchPlace& end) {
+void DrawDash(const DashSweep& sweep, const HatchPlace& start, const HatchPlace& end) {
   MoveToEx(sweep.canvas, SheetPlace(start.x, sweep.mirrorX), SheetPlace(start.y, sweep.mirrorY), nullptr);
   LineTo(sweep.canvas, SheetPlace(end.x, sweep.mirrorX), SheetPlace(end.y, sweep.mirrorY));
 }
 
 // Plays whole periods from the row's start until the row has left the extent.
-static void PlayRow(DashSweep& sweep, HatchPlace pen) {
+void PlayRow(DashSweep& sweep, HatchPlace pen) {
   do {
     for (int32_t i = 0; i < sweep.family.dashCount; ++i) {
       if (sweep.strokesLeft <= 0) return;
@@ -96,7 +98,7 @@ static void PlayRow(DashSweep& sweep, HatchPlace pen) {
 }
 
 // On which side of a row the next one lies: above 0 on the left, below 0 on the right, 0 on its own line.
-static double SideOfNextRow(const DashSweep& sweep) {
+double SideOfNextRow(const DashSweep& sweep) {
   return static_cast<double>(sweep.period.x) * static_cast<double>(sweep.offset.y) -
          static_cast<double>(sweep.period.y) * static_cast<double>(sweep.offset.x);
 }
@@ -104,7 +106,7 @@ static double SideOfNextRow(const DashSweep& sweep) {
 // Brings the start of a row to that of the next one; false where no further row meets the extent. Rows that
 // move to the right begin at the lower edge, rows that move up at the left edge. Level rows can begin at the
 // left edge only, upright ones at the lower edge.
-static bool BeginNextRow(const DashSweep& sweep, HatchPlace& row) {
+bool BeginNextRow(const DashSweep& sweep, HatchPlace& row) {
   const bool toTheRight = SideOfNextRow(sweep) < 0.0;
   MoveBy(row, sweep.offset, 1);
   if (sweep.period.x == 0 || (toTheRight && sweep.period.y != 0)) {
@@ -118,14 +120,14 @@ static bool BeginNextRow(const DashSweep& sweep, HatchPlace& row) {
   return row.y <= sweep.top && row.x >= sweep.left - sweep.stepX;
 }
 
-static void PlayRows(DashSweep& sweep, HatchPlace row) {
+void PlayRows(DashSweep& sweep, HatchPlace row) {
   do {
     PlayRow(sweep, row);
   } while (sweep.strokesLeft > 0 && SideOfNextRow(sweep) != 0.0 && BeginNextRow(sweep, row));
 }
 
 // The start of the first row, outside the extent.
-static HatchPlace Rewind(const DashSweep& sweep) {
+HatchPlace Rewind(const DashSweep& sweep) {
   HatchPlace row = {int64_t{sweep.family.baseX} * sweep.mirrorX, int64_t{sweep.family.baseY} * sweep.mirrorY};
   if (sweep.family.angle == halfPi) {
     MoveBy(row, sweep.offset, -StepsOver(row.x - sweep.left, sweep.offset.x));
@@ -139,7 +141,7 @@ static HatchPlace Rewind(const DashSweep& sweep) {
   return row;
 }
 
-static void DrawRows(DashSweep& sweep) {
+void DrawRows(DashSweep& sweep) {
   const HatchPlace base = Rewind(sweep);
   const bool falling = sweep.offset.y < 0;
   HatchPlace row = base;
@@ -157,6 +159,8 @@ static void DrawRows(DashSweep& sweep) {
   if (!falling) MoveBy(row, sweep.offset, 1);
   PlayRows(sweep, row);
 }
+
+}  // namespace
 
 void DrawDashedFamily(Canvas canvas, const HatchFamily& family, const HatchExtent& extent,
                       int32_t& strokesLeft) {

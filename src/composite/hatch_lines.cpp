@@ -8,18 +8,22 @@
 
 namespace hexlume {
 
+namespace {
+
 // Whole degrees make angles that are compared exactly. The thousandth lets 44.9999999 be 45.
-static double AngleOf(double degrees) {
+double AngleOf(double degrees) {
   return Trunc(degrees + 0.001) * pi / 180.0;
 }
 
 // dashesRead counts those beyond the limit too, so that the family is drawn once all are told.
-static void AddDash(HatchFamily& family, int32_t& dashesRead, double length) {
+void AddDash(HatchFamily& family, int32_t& dashesRead, double length) {
   if (dashesRead < hatchDashLimit) family.dashes[family.dashCount++] = length;
   ++dashesRead;
   // Never cleared: the period of a family holds the dashes of all those in front of it.
   family.period = WrapAdd(family.period, Trunc(std::abs(length)));
 }
+
+}  // namespace
 
 void FillHatchLines(TextStream& stream, Canvas canvas, int32_t left, int32_t top, int32_t right,
                     int32_t bottom, int32_t /*color*/) {
