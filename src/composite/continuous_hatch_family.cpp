@@ -164,6 +164,9 @@ static void DrawForwardLines(LineSweep& sweep) {
   sweep.offY = -sweep.offY;
   sweep.penX = startX;
   sweep.penY = startY;
+  // Rows are counted from the first line again, so that the one behind it can be drawn twice.
+  sweep.rowX = startX;
+  sweep.rowY = startY;
   // An offset along a level line counts as none, and so does one across an upright line: the tangents there
   // would begin the rows at the end of all coordinates.
   if (sweep.offY > 0.0) {
@@ -175,7 +178,6 @@ static void DrawForwardLines(LineSweep& sweep) {
   }
   double lineX = sweep.penX;
   double lineY = sweep.penY;
-  // Rows are counted from the first line again, so that the row behind it can be drawn twice.
   do {
     DrawRowTo(sweep, extent.right);
   } while (sweep.strokesLeft > 0 && StepBackward(sweep, lineX, lineY));

@@ -541,10 +541,10 @@ TEST_F(LeaderInShiftedViewTest, on_a_turned_sheet_the_record_of_a_rejected_leg_i
 
 TEST_F(LeaderTest, a_vertex_far_beyond_any_sheet_does_no_harm) {
   const std::string start = "41 1E+300\n10 10\n20 90\n";
-  for (const char* far : {"10 1E+300\n20 80\n", "10 -1E+300\n20 80\n", "10 20\n20 1E+300\n",
-                          "10 1E+999\n20 -1E+999\n", "10 0\n20 1E+999\n"}) {
-    EXPECT_EQ(1u, Count(Draw(start + far), "DeleteObject(1)")) << far;
-    EXPECT_EQ(1u, Count(Draw(start + "10 20\n20 80\n" + far), "DeleteObject(1)")) << far;
+  for (const char* vertex : {"10 1E+300\n20 80\n", "10 -1E+300\n20 80\n", "10 20\n20 1E+300\n",
+                             "10 1E+999\n20 -1E+999\n", "10 0\n20 1E+999\n"}) {
+    EXPECT_EQ(1u, Count(Draw(start + vertex), "DeleteObject(1)")) << vertex;
+    EXPECT_EQ(1u, Count(Draw(start + "10 20\n20 80\n" + vertex), "DeleteObject(1)")) << vertex;
   }
 }
 
