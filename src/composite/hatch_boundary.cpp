@@ -239,7 +239,6 @@ void ReadEndY(HatchBoundary& boundary, double y) {
 
 void ReadBulge(HatchBoundary& boundary, double bulge) {
   boundary.bulge = bulge;
-  if (bulge == 0.0) return;
   boundary.prevX = state.entX[0];
   boundary.prevY = state.entY[0];
 }
@@ -289,18 +288,38 @@ void ReadBoundaryGroup(Canvas canvas, HatchBoundary& boundary) {
   }
 }
 
-// What exactly one region covers.
-void CombineCoveredOnce(HRGN result, const std::vector<Region>& regions) {
-  const Region all(CreateRectRgn(0, 0, 0, 0));
-  const Region shared(CreateRectRgn(0, 0, 0, 0));
+// Makes one of all, at the first place, with combine(first, second) for two that follow each other. What it
+// makes grows, so neighbours are joined to pairs, then these, and so on, and not one after the other to the
+// whole.
+template <typename Combine>
+void CombineNeighbours(size_t count, Combine combine) {
+  for (size_t apart = 1; apart < count; apart *= 2)
+    for (size_t i = 0; i + apart < count; i += 2 * apart) combine(i, i + apart);
+}
+
+void CombineByMode(HRGN result, std::vector<Region>& regions, int32_t mode) {
+  CombineNeighbours(regions.size(), [&](size_t first, size_t second) {
+    CombineRgn(regions[first].get(), regions[first].get(), regions[second].get(), mode);
+    regions[second].reset();
+  });
+  CombineRgn(result, result, regions.front().get(), mode);
+}
+
+// What exactly one region covers: all without what any two share.
+void CombineCoveredOnce(HRGN result, std::vector<Region>& regions) {
   const Region common(CreateRectRgn(0, 0, 0, 0));
-  for (const Region& region : regions) {
-    // What it has in common with any of those before it, it has in common with all of them as one.
-    CombineRgn(common.get(), all.get(), region.get(), RGN_AND);
-    CombineRgn(shared.get(), shared.get(), common.get(), RGN_OR);
-    CombineRgn(all.get(), all.get(), region.get(), RGN_OR);
-  }
-  CombineRgn(result, all.get(), shared.get(), RGN_XOR);
+  std::vector<Region> shared;
+  for (size_t i = 0; i < regions.size(); ++i) shared.emplace_back(CreateRectRgn(0, 0, 0, 0));
+  CombineNeighbours(regions.size(), [&](size_t first, size_t second) {
+    const HRGN all = regions[first].get();
+    CombineRgn(common.get(), all, regions[second].get(), RGN_AND);
+    CombineRgn(shared[first].get(), shared[first].get(), shared[second].get(), RGN_OR);
+    CombineRgn(shared[first].get(), shared[first].get(), common.get(), RGN_OR);
+    CombineRgn(all, all, regions[second].get(), RGN_OR);
+    shared[second].reset();
+    regions[second].reset();
+  });
+  CombineRgn(result, regions.front().get(), shared.front().get(), RGN_XOR);
 }
 
 }  // namespace
@@ -316,15 +335,14 @@ int32_t ReadHatchBoundary(TextStream& stream, Canvas canvas, HatchBoundary& boun
   return more;
 }
 
-Region CombineRegions(const HatchBoundary& boundary) {
+Region CombineRegions(HatchBoundary& boundary) {
   Region result(CreateRectRgn(0, 0, 0, 0));
-  if (boundary.combineMode == coveredOnce) {
+  // Without a style nothing is covered.
+  if (boundary.regions.empty() || boundary.combineMode == -1) return result;
+  if (boundary.combineMode == coveredOnce)
     CombineCoveredOnce(result.get(), boundary.regions);
-    return result;
-  }
-  // Without a style the mode is none of CombineRgn's, and nothing is covered.
-  for (const Region& region : boundary.regions)
-    CombineRgn(result.get(), result.get(), region.get(), boundary.combineMode);
+  else
+    CombineByMode(result.get(), boundary.regions, boundary.combineMode);
   return result;
 }
 

@@ -56,7 +56,7 @@ struct HatchBoundary {
 // canvas's device units otherwise. Returns the result of its last ReadGroup.
 int32_t ReadHatchBoundary(TextStream& stream, Canvas canvas, HatchBoundary& boundary);
 
-// What the hatch covers.
-Region CombineRegions(const HatchBoundary& boundary);
+// What the hatch covers. Uses up the boundary's regions.
+Region CombineRegions(HatchBoundary& boundary);
 
 }  // namespace hexlume

@@ -260,13 +260,6 @@ TEST_F(HatchBoundaryTest, an_arc_over_a_billion_degrees_ends_at_the_limit_of_cor
 const char bulge4[] = "42 0.017455064928217585\n";
 const char minus4[] = "42 -0.017455064928217585\n";
 
-struct Bulged {
-  const char* from;
-  const char* bulge;
-  const char* to;
-  const char* expected;  // behind the first vertex
-};
-
 // Vertices at whole degrees and a half, in groups.
 const char at30[] = "10 67.232583209\n20 60.150767259\n";
 const char at34[] = "10 66.482523772\n20 61.328124738\n";
@@ -725,6 +718,17 @@ TEST_F(HatchStyleTest, style_1_covers_what_exactly_one_path_holds) {
 TEST_F(HatchStyleTest, style_2_covers_what_any_path_holds) {
   EXPECT_EQ("111", Covered(two + "75 2\n"));
   EXPECT_EQ("111", Covered(three + "75 2\n"));
+}
+
+TEST_F(HatchStyleTest, wherever_a_path_stands_among_four_others_it_counts) {
+  for (size_t place = 0; place < 5; ++place) {
+    std::string five;
+    for (size_t i = 0; i < 5; ++i) five += i == place ? secondSquare : firstSquare;
+    EXPECT_EQ("011", Covered(five + "75 0\n"));
+    EXPECT_EQ("010", Covered(five + "75 1\n"));
+    EXPECT_EQ("111", Covered(five + "75 2\n"));
+    EXPECT_EQ("000", Covered(five));
+  }
 }
 
 TEST_F(HatchStyleTest, without_a_style_nothing_is_covered) {
