@@ -14,9 +14,12 @@ picture() {
   "$tool" "$@" --png "$pictures/$name.png" "$drawing" "$scratch/$name.emf"
 }
 
+picture workshop examples/WORKSHOP.dxf --dpi 80
 picture part examples/PART.dxf --dpi 65
 picture curves examples/CURVES.dxf --dpi 65
 picture shapes examples/SHAPES.dxf --dpi 65
+picture tolerance examples/TOLERANCE.dxf --dpi 65
+picture hatches examples/HATCHES.dxf --dpi 90
 picture curves_turned examples/CURVES.dxf --dpi 65 --rotate
 picture text examples/TEXT.dxf --dpi 90
 picture text_half_width examples/TEXT.dxf --dpi 90 --half-width

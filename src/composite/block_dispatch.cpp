@@ -1,6 +1,8 @@
 #include "composite/block_dispatch.h"
 
+#include "composite/hatch.h"
 #include "composite/insert.h"
+#include "composite/tolerance.h"
 #include "driver/group_reader.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
@@ -21,7 +23,7 @@ namespace hexlume {
 
 namespace {
 
-// What the converters of both scopes are called with: each row of a table hands on what its converter needs.
+// What the converters of all scopes are called with: each row of a table hands on what its converter needs.
 struct BlockRun {
   TextStream& stream;
   Canvas canvas;
@@ -97,6 +99,10 @@ const ConverterRow<BlockRun> blockConverters[] = {
        return DrawBlockInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
                               run.wholeTextClip, run.wholeSheet, run.halfWidthFont, run.byBlockFlag);
      }},
+    {"TOLERANCE",
+     [](const BlockRun& run) {
+       return DrawBlockTolerance(run.stream, run.canvas, run.originX, run.originY);
+     }},
 };
 
 int32_t StartDimInsertSolid(const BlockRun& run) {
@@ -133,11 +139,54 @@ const ConverterRow<BlockRun> dimInsertConverters[] = {
        return DrawDimInsertLwPolyline(run.stream, run.canvas, run.originX, run.originY, run.view,
                                       run.insertColor);
      }},
+    {"HATCH",
+     [](const BlockRun& run) {
+       return DrawDimInsertHatch(run.stream, run.canvas, run.originX, run.originY);
+     }},
     {"INSERT",
      [](const BlockRun& run) {
        return DrawDimInsertInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
                                   run.wholeTextClip, run.wholeSheet, run.halfWidthFont);
      }},
+};
+
+int32_t StartDimInsert(const BlockRun& run) {
+  state.insertAngle = 0.0;
+  state.insertScaleX = 1.0;
+  state.insertScaleY = 1.0;
+  return DrawDimInsert(run.headerVars, run.stream, run.canvas, run.originX, run.originY, run.view,
+                       run.wholeTextClip, run.wholeSheet, run.halfWidthFont, run.insertColor);
+}
+
+// The origin is the dimension's offset here. Three of the converters are those of the ENTITIES section.
+const ConverterRow<BlockRun> dimConverters[] = {
+    {"TEXT",
+     [](const BlockRun& run) {
+       return DrawDimText(run.canvas, run.stream, run.originX, run.originY, run.view, run.wholeTextClip,
+                          run.halfWidthFont);
+     }},
+    {"MTEXT",
+     [](const BlockRun& run) {
+       return DrawDimMText(run.canvas, run.stream, run.originX, run.originY, run.view, run.wholeTextClip,
+                           run.halfWidthFont);
+     }},
+    {"ARC",
+     [](const BlockRun& run) {
+       return DrawArc(run.stream, run.canvas, run.originX, run.originY, run.view, run.wholeSheet);
+     }},
+    {"CIRCLE",
+     [](const BlockRun& run) {
+       return DrawCircle(run.stream, run.canvas, run.originX, run.originY, run.view);
+     }},
+    {"LINE",
+     [](const BlockRun& run) {
+       return DrawDimLine(run.stream, run.canvas, run.originX, run.originY, run.view);
+     }},
+    {"SOLID",
+     [](const BlockRun& run) {
+       return DrawSolid(run.canvas, run.stream, run.originX, run.originY, run.view);
+     }},
+    {"INSERT", StartDimInsert},
 };
 
 // Blocks that insert the next one twice, one after the other, can be told in a few lines and played back for
@@ -199,6 +248,17 @@ int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas can
                                     wholeTextClip, wholeSheet, halfWidthFont, 0});
   });
   return 1;
+}
+
+// No guard of its own and no question for room: it is the first block of its dimension, and what goes wrong
+// is answered by the walk over the ENTITIES section.
+void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const HeaderVars& headerVars,
+                  const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
+                  int32_t color, TextStream& stream, Canvas canvas) {
+  if (bodyOffset == noBody) return;
+  Seek(stream, bodyOffset);
+  WalkBlock(dimConverters, {stream, canvas, offsetX, offsetY, headerVars, color, view, wholeTextClip,
+                            wholeSheet, halfWidthFont, 0});
 }
 
 }  // namespace hexlume

@@ -1,7 +1,7 @@
-// The walks over a block's body: one for the blocks that an INSERT plays back, one for those that are
-// inserted in a dimension's block. Whatever fails in them comes out as `throw faultCode`; so does a block
-// that contains itself, while there is still room on the stack, and a drawing whose blocks don't come to an
-// end.
+// The walks over a block's body: one for the blocks that an INSERT plays back, one for a dimension's block
+// and one for those that are inserted there. Whatever fails in them comes out as `throw faultCode`; so does a
+// block that contains itself, while there is still room on the stack, and a drawing whose blocks don't come
+// to an end.
 #pragma once
 
 #include <cstdint>
@@ -30,5 +30,11 @@ int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas can
                               double blockOriginY, const HeaderVars& headerVars, const ViewRect& view,
                               int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
                               int32_t insertColor);
+
+// The same for the block of a dimension, moved by an offset in model units times 100. Only the inserts in it
+// are given the dimension's colour. A processor fault is left to the guard around the ENTITIES section.
+void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const HeaderVars& headerVars,
+                  const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
+                  int32_t color, TextStream& stream, Canvas canvas);
 
 }  // namespace hexlume

@@ -1,6 +1,10 @@
 #include "entities/entity_dispatch.h"
 
+#include "composite/dimension.h"
+#include "composite/hatch.h"
 #include "composite/insert.h"
+#include "composite/leader.h"
+#include "composite/tolerance.h"
 #include "driver/group_reader.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
@@ -67,9 +71,21 @@ const ConverterRow<EntityRun> converters[] = {
      [](const EntityRun& run) {
        return DrawMText(run.canvas, run.stream, run.view, run.wholeTextClip, run.halfWidthFont);
      }},
+    {"DIMENSION",
+     [](const EntityRun& run) {
+       return DrawDimension(run.stream, run.canvas, run.headerVars, run.view, run.wholeTextClip,
+                            run.wholeSheet, run.halfWidthFont);
+     }},
+    {"LEADER",
+     [](const EntityRun& run) {
+       return DrawLeader(run.headerVars, run.stream, run.canvas, run.view, run.wholeTextClip, run.wholeSheet,
+                         run.halfWidthFont);
+     }},
     {"INSERT", StartInsert},
     {"ATTRIB",
      [](const EntityRun& run) { return DrawAttrib(run.canvas, run.stream, run.view, run.wholeTextClip); }},
+    {"TOLERANCE", [](const EntityRun& run) { return DrawTolerance(run.stream, run.canvas); }},
+    {"HATCH", [](const EntityRun& run) { return DrawHatch(run.stream, run.canvas); }},
 };
 
 void SetUpCanvas(Canvas canvas) {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "support/gdi_probe_calls.h"
+#include "support/region_area.h"
 
 namespace hexlume {
 
@@ -183,6 +184,76 @@ void FirstClips(HDC dc, ProbeResults& results) {
   DeleteObject(nothing);
 }
 
+// Boundaries of hatches: a path of a few corners or of a hundred, or an ellipse, at random places of a sheet.
+
+HRGN RandomPath(Dice& dice) {
+  constexpr int sheetWidth = 42000;
+  constexpr int sheetHeight = 29700;
+  const int size = dice.Below(2) == 0 ? 300 : 20000;
+  const int left = dice.Below(sheetWidth);
+  const int top = -dice.Below(sheetHeight);
+  const auto point = [&]() -> POINT { return {left + dice.Below(size), top - dice.Below(size)}; };
+  if (dice.Below(4) == 0) {
+    // Not narrow: of a narrow one Wine leaves the rows at the tips as they were in memory.
+    const POINT first = point();
+    const int width = size / 4 + dice.Below(size);
+    const int height = size / 4 + dice.Below(size);
+    return CreateEllipticRgn(first.x, first.y, first.x + width, first.y - height);
+  }
+  std::vector<POINT> points(static_cast<size_t>(dice.Below(5) == 0 ? 100 : 3 + dice.Below(8)));
+  for (POINT& corner : points) corner = point();
+  return PolygonOf(points);
+}
+
+struct Paths {
+  explicit Paths(Dice& dice) : regions(static_cast<size_t>(1 + dice.Below(4))) {
+    for (HRGN& region : regions) region = RandomPath(dice);
+  }
+  Paths(const Paths&) = delete;
+  ~Paths() {
+    for (const HRGN region : regions) DeleteObject(region);
+  }
+
+  std::vector<HRGN> regions;
+};
+
+// What exactly one path covers.
+HRGN CoveredOnce(const std::vector<HRGN>& regions) {
+  const HRGN all = CreateRectRgn(0, 0, 0, 0);
+  const HRGN shared = CreateRectRgn(0, 0, 0, 0);
+  const HRGN common = CreateRectRgn(0, 0, 0, 0);
+  for (size_t j = 0; j < regions.size(); ++j) {
+    CombineRgn(all, all, regions[j], RGN_OR);
+    for (size_t i = 0; i < j; ++i) {
+      CombineRgn(common, regions[i], regions[j], RGN_AND);
+      CombineRgn(shared, shared, common, RGN_OR);
+    }
+  }
+  CombineRgn(all, all, shared, RGN_XOR);
+  DeleteObject(shared);
+  DeleteObject(common);
+  return all;
+}
+
+void AddBoundary(HRGN region, ProbeResults& results) {
+  AddBox(region, results);
+  results.push_back(AreaOf(region));
+  DeleteObject(region);
+}
+
+void Boundaries(HDC, ProbeResults& results) {
+  Dice dice(2024);
+  for (int i = 0; i < 200; ++i) {
+    const Paths paths(dice);
+    for (const int mode : {RGN_XOR, RGN_OR, RGN_DIFF}) {
+      const HRGN region = CreateRectRgn(0, 0, mode == RGN_DIFF ? 42000 : 0, mode == RGN_DIFF ? -29700 : 0);
+      for (const HRGN path : paths.regions) CombineRgn(region, region, path, mode);
+      AddBoundary(region, results);
+    }
+    AddBoundary(CoveredOnce(paths.regions), results);
+  }
+}
+
 // As a hatch does it.
 void FillWithSelectedBrush(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
@@ -214,6 +285,7 @@ constexpr ProbeCalls regionProbes[] = {
     {"combined rectangles", CombinedRectangles},
     {"ellipse with nothing", EllipseWithNothing},
     {"no regions", NoRegions},
+    {"boundaries of hatches", Boundaries},
     {"clips", Clips},
     {"first clips", FirstClips},
     {"fill with a selected brush", FillWithSelectedBrush},

@@ -61,7 +61,8 @@ const char* const ltypeNames[] = {
     "CONTINUOUS", "Continuous", "CONTINUOS",      "DOT",     "DASHED",  "DASHED2",    "HIDDEN",
     "hidden",     "DASHDOT",    "CENTER",         "CENTER2", "BORDER2", "DASHDOTDOT", "DIVIDE",
     "PHANTOM",    "PHANTOM2",   "MY_DASHED_LINE", "BYLAYER", "BYBLOCK", "ByBlock",    "HIDDEN2"};
-const char* const blockNames[] = {"BOLT", "NUT", "*D1", "bolt", "\x83\x7B\x83\x8B\x83\x67"};
+const char* const blockNames[] = {"BOLT", "NUT", "*D1", "bolt", "\x83\x7B\x83\x8B\x83\x67", "_TIP"};
+const char* const dimStyleNames[] = {"STANDARD", "ISO-25", "\x90\xA1\x96\x40"};
 const char* const otherEntities[] = {"VIEWPORT", "3DFACE", "WIPEOUT", "line", "LINE ", "IMAGE"};
 
 void WritePoint(Writer& writer, int32_t code, const std::string& x, const std::string& y) {
@@ -143,12 +144,28 @@ void WriteLayers(Writer& writer) {
   writer.Group(0, "ENDTAB");
 }
 
+// A style may have its arrow by name, by the handle of some blocks' owner, or not at all.
+void WriteDimStyles(Writer& writer) {
+  writer.Group(0, "TABLE");
+  writer.Group(2, "DIMSTYLE");
+  for (uint32_t count = writer.Below(4); count > 0; --count) {
+    writer.Group(0, "DIMSTYLE");
+    writer.Group(2, writer.OneOf(dimStyleNames));
+    if (writer.Chance(80)) writer.Group(40, writer.Number(0.2, 2.0));
+    if (writer.Chance(90)) writer.Group(41, writer.Number(0.0, 3.0));
+    if (writer.Chance(30)) writer.Group(6, writer.Chance(80) ? "TIP" : "GONE");
+    if (writer.Chance(30)) writer.Group(341, "1F");
+  }
+  writer.Group(0, "ENDTAB");
+}
+
 void WriteTables(Writer& writer) {
   writer.Group(0, "SECTION");
   writer.Group(2, "TABLES");
   if (!writer.Chance(20)) WriteLtypes(writer);
   if (!writer.Chance(3)) WriteLayers(writer);
   if (writer.Chance(3)) WriteLtypes(writer);
+  if (writer.Chance(80)) WriteDimStyles(writer);
   writer.Group(0, "ENDSEC");
 }
 
@@ -274,6 +291,35 @@ void WriteInsert(Writer& writer) {
   WritePlayedBlock(writer, writer.OneOf(blockNames));
 }
 
+// A few of its groups alone count; what is drawn is its block.
+void WriteDimension(Writer& writer) {
+  if (!writer.Chance(3)) writer.Group(2, writer.OneOf(blockNames));
+  WritePlace(writer);
+  if (writer.Chance(60)) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
+  if (writer.Chance(60)) WritePoint(writer, 12, writer.Number(-20.0, 60.0), writer.Number(-20.0, 60.0));
+  for (const int32_t code : {13, 14, 15})
+    if (writer.Chance(50)) WritePoint(writer, code, writer.Coordinate(), writer.Coordinate());
+  if (writer.Chance(20)) writer.Group(1, "<> mm");
+  if (writer.Chance(30)) writer.Group(3, "STANDARD");
+  if (writer.Chance(30)) writer.Group(50, writer.Number(0.0, 360.0));
+  if (writer.Chance(80)) writer.Group(70, std::to_string(writer.Below(200)));
+}
+
+// A hatch as arrows have it. It is read without regard to where it ends, and would lead into other blocks if
+// it missed a group, so it never does.
+void WriteArrowhead(Writer& writer) {
+  const uint32_t corners = 3 + writer.Below(2);
+  writer.Group(2, writer.Chance(90) ? "SOLID" : "ANSI31");
+  writer.Group(91, "1");
+  writer.Group(92, "1");
+  writer.Group(93, std::to_string(corners));
+  for (uint32_t i = 0; i < corners; ++i) {
+    writer.Group(72, "1");
+    for (const int32_t code : {10, 20, 11, 21}) writer.Group(code, writer.Number(-5.0, 5.0));
+  }
+  writer.Group(75, "1");
+}
+
 // Texts are written so that no listing depends on the metrics of a font, which differ from system to system.
 // A TEXT of Latin characters goes down by its font's descent: each has others. MTEXT takes the width of its
 // cells from the font, times the factor of the code "\W", which is 0 here. A fraction measures a font too,
@@ -369,6 +415,97 @@ void WriteAttrib(Writer& writer) {
   if (writer.Chance(30)) WritePoint(writer, 11, writer.Coordinate(), writer.Coordinate());
 }
 
+void WriteLeader(Writer& writer) {
+  if (writer.Chance(80)) writer.Group(3, writer.OneOf(dimStyleNames));
+  if (writer.Chance(20)) writer.Group(77, std::to_string(writer.Below(9)));
+  if (writer.Chance(50)) writer.Group(41, writer.Number(0.0, 60.0));
+  // Upright and level legs take ways of their own.
+  std::string x = writer.Coordinate();
+  std::string y = writer.Coordinate();
+  for (uint32_t count = writer.Below(6); count > 0; --count) {
+    WritePoint(writer, 10, x, y);
+    if (!writer.Chance(20)) x = writer.Coordinate();
+    if (!writer.Chance(20)) y = writer.Coordinate();
+  }
+  if (!writer.Chance(30)) return;
+  writer.Group(1000, "DSTYLE");
+  writer.Group(1000, writer.OneOf(blockNames));
+}
+
+// The frame's text has a font of its own, but where it stands depends on none.
+void WriteTolerance(Writer& writer) {
+  static const char* const pieces[] = {"{\\Fgdt;j}", "{\\Fgdt;n}", "{\\Fgdt;m}", "{\\Fgdt;z}", "{\\Fgdt;J}",
+                                       "%%v",        "%%v",        "%%v",        "^J",         "0.05",
+                                       "A",          "\x8A\xEE",   "\"",         "{",          "%"};
+  if (writer.Chance(80)) writer.Group(3, writer.OneOf(dimStyleNames));
+  WritePlace(writer);
+  std::string frame;
+  for (uint32_t count = writer.Below(12); count > 0; --count) frame += writer.OneOf(pieces);
+  writer.Group(1, frame);
+  if (writer.Chance(40)) writer.Group(1040, writer.Number(0.0, 8.0));
+}
+
+// A path of a hatch's boundary about a place. Small, as each of its rows goes to the listing. No ellipses:
+// their rectangles are split otherwise by each system.
+void WriteHatchPath(Writer& writer, double x, double y) {
+  const auto beside = [&](double middle) { return writer.Number(middle - 12.0, middle + 12.0); };
+  const auto point = [&](int32_t code) {
+    writer.Group(code, beside(x));
+    writer.Group(code + 10, beside(y));
+  };
+  writer.Group(92, "1");
+  if (writer.Chance(50)) {
+    writer.Group(72, std::to_string(writer.Below(2)));
+    writer.Group(73, std::to_string(writer.Below(2)));
+    for (uint32_t corners = writer.Below(7); corners > 0; --corners) {
+      point(10);
+      if (writer.Chance(30)) writer.Group(42, writer.Number(-1.5, 1.5));
+    }
+  } else {
+    for (uint32_t edges = writer.Below(6); edges > 0; --edges) {
+      const uint32_t kind = writer.Below(3);
+      writer.Group(72, kind == 0 ? "2" : kind == 1 ? "4" : "1");
+      point(10);
+      if (kind == 2) point(11);
+      if (kind != 0) continue;
+      writer.Group(40, writer.Number(0.0, 8.0));
+      writer.Group(50, writer.Number(-90.0, 360.0));
+      writer.Group(51, writer.Number(-90.0, 450.0));
+      writer.Group(73, std::to_string(writer.Below(2)));
+    }
+  }
+  if (writer.Chance(97)) writer.Group(97, "0");
+}
+
+void WriteHatchFamily(Writer& writer) {
+  static const char* const angles[] = {"0",   "30",    "45.0", "44.9999999", "90", "135",
+                                       "180", "225.5", "270",  "300",        "360"};
+  writer.Group(53, writer.OneOf(angles));
+  writer.Group(43, writer.Number(-5.0, 5.0));
+  writer.Group(44, writer.Number(-5.0, 5.0));
+  writer.Group(45, writer.Chance(20) ? "0.0" : writer.Number(-4.0, 4.0));
+  writer.Group(46, writer.Chance(20) ? "0.0" : writer.Number(-4.0, 4.0));
+  const uint32_t dashes = writer.Below(5);
+  writer.Group(79, std::to_string(dashes));
+  for (uint32_t i = 0; i < dashes; ++i)
+    writer.Group(49,
+                 writer.Chance(15) ? "0.0" : writer.Number(i % 2 == 0 ? 0.5 : -3.0, i % 2 == 0 ? 6.0 : -0.5));
+}
+
+void WriteHatch(Writer& writer) {
+  const bool isSolid = writer.Chance(40);
+  writer.Group(2, isSolid ? "SOLID" : writer.Chance(10) ? "solid" : "ANSI31");
+  const uint32_t paths = writer.Below(4);
+  writer.Group(91, std::to_string(paths));
+  const double x = 20.0 + writer.Below(250);
+  const double y = 20.0 + writer.Below(150);
+  for (uint32_t i = 0; i < paths; ++i) WriteHatchPath(writer, x, y);
+  if (writer.Chance(97)) writer.Group(75, std::to_string(writer.Below(3)));
+  if (isSolid) return;
+  for (uint32_t families = writer.Below(4); families > 0; --families) WriteHatchFamily(writer);
+  if (writer.Chance(97)) writer.Group(98, "0");
+}
+
 struct EntityKind {
   const char* name;
   void (*write)(Writer& writer);
@@ -379,7 +516,7 @@ const EntityKind entityKinds[] = {
     {"ARC", WriteArc},       {"CIRCLE", WriteRound},      {"ELLIPSE", WriteEllipse},
     {"POINT", WritePlace},   {"POLYLINE", WritePolyline}, {"LWPOLYLINE", WriteLwPolyline},
     {"SPLINE", WriteSpline}, {"SOLID", WriteSolid},       {"TRACE", WriteSolid},
-    {"TEXT", WriteText},     {"MTEXT", WriteMText},
+    {"TEXT", WriteText},     {"MTEXT", WriteMText},       {"TOLERANCE", WriteTolerance},
 };
 
 void WriteEntity(Writer& writer, const EntityKind& kind) {
@@ -391,6 +528,18 @@ void WriteEntity(Writer& writer, const EntityKind& kind) {
 
 void WriteAnyEntity(Writer& writer) {
   WriteEntity(writer, entityKinds[writer.Below(sizeof entityKinds / sizeof entityKinds[0])]);
+}
+
+// Where both its Y and a group 3 are missing the block would run on into the next ones, and so come to hold
+// itself.
+void WriteBasePoint(Writer& writer, const char* block) {
+  if (writer.Chance(50)) {
+    WritePlace(writer);
+    writer.Group(3, block);
+  } else {
+    writer.Group(10, writer.Coordinate());
+    writer.Group(20, writer.Coordinate());
+  }
 }
 
 // A block holds only blocks that stand in front of it: one within itself would be drawn as deep as the stack
@@ -405,13 +554,14 @@ void WriteBlocks(Writer& writer) {
     if (writer.Chance(50)) writer.Group(330, "1F");
     writer.Group(8, writer.OneOf(layerNames));
     writer.Group(2, blockNames[block]);
-    WritePlace(writer);
-    if (writer.Chance(50)) writer.Group(3, blockNames[block]);
+    WriteBasePoint(writer, blockNames[block]);
     for (uint32_t count = writer.Below(8); count > 0; --count) {
       if (block > 0 && writer.Chance(20)) {
         writer.Group(0, "INSERT");
         WriteProperties(writer);
         WritePlayedBlock(writer, blockNames[writer.Below(block)]);
+      } else if (writer.Chance(10)) {
+        WriteEntity(writer, {"HATCH", WriteArrowhead});
       } else {
         WriteAnyEntity(writer);
       }
@@ -425,8 +575,13 @@ void WriteEntities(Writer& writer) {
   writer.Group(0, "SECTION");
   writer.Group(2, "ENTITIES");
   for (uint32_t count = writer.Below(60); count > 0; --count) {
+    if (writer.Chance(10)) WriteEntity(writer, {"LEADER", WriteLeader});
     if (writer.Chance(15))
       WriteEntity(writer, {"INSERT", WriteInsert});
+    else if (writer.Chance(15))
+      WriteEntity(writer, {"DIMENSION", WriteDimension});
+    else if (writer.Chance(8))
+      WriteEntity(writer, {"HATCH", WriteHatch});
     else if (writer.Chance(10))
       WriteEntity(writer, {"ATTRIB", WriteAttrib});
     else

@@ -17,9 +17,11 @@
 #include "tables/block_directory.h"
 
 static bool refuse = false;
+static int untilRefusal = -1;  // requests that are still granted; -1: all
 
 void* operator new(std::size_t size) {
-  void* memory = refuse ? nullptr : std::malloc(size);
+  if (untilRefusal > 0) --untilRefusal;
+  void* memory = refuse || untilRefusal == 0 ? nullptr : std::malloc(size);
   if (!memory) throw std::bad_alloc();
   return memory;
 }
@@ -141,6 +143,37 @@ TEST_F(OutOfMemory, the_exception_leaves_a_dimensions_inserted_block_as_11_with_
   });
   EXPECT_EQ(11, thrown);
   EXPECT_EQ(drawnLine + Stroke(black, 1000, -1000, 3000, -2000), listing);
+}
+
+// A hatch's pen and brush, which stand under the numbers 1 and 2. A fill's own brush is never deleted.
+
+bool IsIn(const std::string& listing, const std::string& call) {
+  return listing.find(call) != std::string::npos;
+}
+
+TEST_F(OutOfMemory, a_hatch_deletes_its_pen_and_brush_whenever_the_exception_comes) {
+  const std::string hatch =
+      "0 HATCH\n2 SOLID\n10 10\n20 80\n10 30\n20 80\n10 30\n20 90\n97 0\n75 0\n0 ENDSEC\n";
+  const HeaderVars noHeader;
+  int32_t thrown = faultCode;
+  for (int granted = 0; thrown != 0; ++granted) {
+    ASSERT_LT(granted, 100);
+    thrown = 0;
+    const std::string listing = ListCalls([&](Canvas canvas) {
+      TextStream stream = StreamOf(hatch);
+      HeaderVars headerVars = noHeader;
+      untilRefusal = granted + 1;
+      try {
+        DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
+      } catch (int32_t code) {
+        thrown = code;
+      }
+      untilRefusal = -1;
+    });
+    EXPECT_TRUE(thrown == 0 || thrown == faultCode);
+    EXPECT_EQ(IsIn(listing, "CreatePen(1,"), IsIn(listing, "DeleteObject(1)")) << listing;
+    EXPECT_EQ(IsIn(listing, "CreateBrushIndirect(2,"), IsIn(listing, "DeleteObject(2)")) << listing;
+  }
 }
 
 }  // namespace

@@ -240,6 +240,33 @@ TEST(PortableRegion, a_comb_and_a_ladder_too_large_to_combine_are_refused) {
   EXPECT_EQ(result.Box(), (RECT{1, 2, 3, 4}));
 }
 
+TEST(PortableRegion, one_long_row_does_not_keep_regions_of_many_rows_from_combining) {
+  // 5000 teeth of 2 in one row, and below it a slope whose rows hold 0, 1, 2 and so on up to 29999.
+  std::vector<POINT> comb;
+  for (LONG side = 0; side < 20000; side += 4) {
+    for (const POINT& corner : {POINT{side, 1}, POINT{side, 0}, POINT{side + 2, 0}, POINT{side + 2, 1}})
+      comb.push_back(corner);
+  }
+  const Region teeth(Polygon(comb));
+  const Region slope(Polygon({{0, 10}, {30000, 30010}, {0, 30010}}));
+  ASSERT_EQ(teeth.Boxes().size(), 5000u);
+  const Region result(CreateRectRgn(0, 0, 0, 0));
+  for (const int mode : {RGN_OR, RGN_XOR}) {
+    EXPECT_EQ(CombineRgn(result, teeth, slope, mode), COMPLEXREGION);
+    EXPECT_EQ(result.Area(), 2 * 5000 + 29999 * 30000 / 2);
+    EXPECT_EQ(result.Box(), (RECT{0, 0, 29999, 30010}));
+  }
+}
+
+TEST(PortableRegion, a_region_combines_into_itself_with_nothing) {
+  const Region region(CreateRectRgn(0, 0, 10, 10));
+  const Region nothing(CreateRectRgn(0, 0, 0, 0));
+  for (const int mode : {RGN_OR, RGN_XOR, RGN_DIFF}) {
+    EXPECT_EQ(CombineRgn(region, region, nothing, mode), SIMPLEREGION);
+    EXPECT_EQ(region.Box(), (RECT{0, 0, 10, 10}));
+  }
+}
+
 TEST(PortableRegion, what_is_no_region_gives_an_error) {
   const Region region(CreateRectRgn(0, 0, 10, 10));
   const HBRUSH brush = CreateSolidBrush(0);

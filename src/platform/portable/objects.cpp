@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <new>
 #include <utility>
 
 namespace hexlume {
@@ -65,11 +66,16 @@ HGDIOBJ SelectInto(DeviceContext& dc, HGDIOBJ& selected, HGDIOBJ object) {
   return before;
 }
 
-void AppendDelete(DeviceContext& dc, HGDIOBJ object) {
+// An object can always be deleted: without memory the metafile lacks the record, and the index stays taken.
+void AppendDelete(DeviceContext& dc, HGDIOBJ object) noexcept {
   const uint32_t index = dc.handles.IndexOf(object);
   if (index == 0) return;
-  dc.writer.Append(EmfObjectRecord{emrDeleteObject, sizeof(EmfObjectRecord), index});
-  dc.handles.Free(index);
+  try {
+    dc.writer.Append(EmfObjectRecord{emrDeleteObject, sizeof(EmfObjectRecord), index});
+    dc.handles.Free(index);
+  } catch (const std::bad_alloc&) {
+    dc.handles.Forget(index);
+  }
   --object->recordedIn;
 }
 

@@ -10,30 +10,58 @@ namespace {
 
 constexpr int64_t mostCombinedBoxes = 8 * static_cast<int64_t>(mostRegionBoxes);
 
-struct RowCounts {
-  int64_t count = 0;
-  int64_t longest = 0;  // in rectangles
+// Walks down the rows of a region.
+struct RowWalk {
+  explicit RowWalk(const pixman_region32_t& region) {
+    int count = 0;
+    next = pixman_region32_rectangles(&region, &count);
+    end = next + count;
+    Step();
+  }
+
+  bool IsDone() const { return boxes == 0; }
+
+  void Step() {
+    row = next;
+    while (next != end && next->y1 == row->y1) ++next;
+    boxes = next - row;
+  }
+
+  // Up to y, which is no farther down than the row's end.
+  void MoveTo(int32_t y) {
+    top = y;
+    if (!IsDone() && row->y2 <= y) Step();
+  }
+
+  // Where what the row at top holds changes next.
+  int32_t Bottom() const {
+    if (IsDone()) return INT32_MAX;
+    return top < row->y1 ? row->y1 : row->y2;
+  }
+
+  int64_t BoxesAtTop() const { return IsDone() || top < row->y1 ? 0 : boxes; }
+
+  const pixman_box32_t* row = nullptr;
+  const pixman_box32_t* next = nullptr;
+  const pixman_box32_t* end = nullptr;
+  int64_t boxes = 0;  // in the row
+  int32_t top = INT32_MIN;
 };
 
-RowCounts CountRows(const pixman_region32_t& region) {
-  RowCounts rows;
-  int count = 0;
-  const pixman_box32_t* const boxes = pixman_region32_rectangles(&region, &count);
-  for (int start = 0; start < count;) {
-    int end = start;
-    while (end < count && boxes[end].y1 == boxes[start].y1) ++end;
-    ++rows.count;
-    rows.longest = std::max<int64_t>(rows.longest, end - start);
-    start = end;
-  }
-  return rows;
-}
-
-// Each edge of a row can begin a row of the result, which has at most the rectangles of both and one more.
+// A row of the result lies between two changes in those of the regions, and has at most the rectangles of
+// both.
 bool CanCombine(const pixman_region32_t& first, const pixman_region32_t& second) {
-  const RowCounts a = CountRows(first);
-  const RowCounts b = CountRows(second);
-  return 2 * (a.count + b.count) * (a.longest + b.longest + 1) <= mostCombinedBoxes;
+  RowWalk a(first);
+  RowWalk b(second);
+  int64_t boxes = 0;
+  while (!a.IsDone() || !b.IsDone()) {
+    boxes += a.BoxesAtTop() + b.BoxesAtTop();
+    if (boxes > mostCombinedBoxes) return false;
+    const int32_t bottom = std::min(a.Bottom(), b.Bottom());
+    a.MoveTo(bottom);
+    b.MoveTo(bottom);
+  }
+  return true;
 }
 
 bool DoOverlap(const pixman_box32_t& a, const pixman_box32_t& b) {
@@ -94,7 +122,7 @@ bool RegionData::TakeUnchanged(const RegionData& first, const RegionData& second
   const bool isFirst = (mode != RGN_AND && second.IsEmpty()) ||
                        (mode == RGN_DIFF && !DoOverlap(first.region.extents, second.region.extents));
   const bool isSecond = (mode == RGN_OR || mode == RGN_XOR) && first.IsEmpty();
-  if (isFirst) *this = first;
+  if (isFirst && this != &first) *this = first;
   if (!isFirst && isSecond) *this = second;
   return isFirst || isSecond;
 }

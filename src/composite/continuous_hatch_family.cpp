@@ -1,0 +1,213 @@
+// Families of unbroken lines. Each is swept in two passes, which begin at the family's first line and lead
+// along two edges of the extent. Where they begin isn't mended: a family whose first line starts within the
+// extent can leave the part below or beside it empty.
+
+#include <algorithm>
+#include <cmath>
+
+#include "composite/hatch_families.h"
+#include "driver/numbers.h"
+
+namespace hexlume {
+
+namespace {
+
+// A family being drawn.
+struct LineSweep {
+  Canvas canvas;
+  const HatchExtent& extent;
+  double angle, slope;
+  double offX, offY;
+  int32_t penX, penY;
+  double rowX, rowY;  // unrounded start of the row, so that steps don't lose their fractions
+  int32_t& strokesLeft;
+};
+
+void DrawStroke(LineSweep& sweep, int32_t dx, int32_t dy) {
+  if (sweep.strokesLeft <= 0) return;
+  --sweep.strokesLeft;
+  MoveToEx(sweep.canvas, sweep.penX, sweep.penY, nullptr);
+  LineTo(sweep.canvas, WrapAdd(sweep.penX, dx), WrapAdd(sweep.penY, dy));
+}
+
+void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
+  int32_t dx = WrapSub(edgeX, sweep.penX);
+  // A sum, not a difference: below the sheet's top edge it only bounds the length, and the clip does the
+  // rest. Of a boundary that sticks out at the sheet's top the lines end early.
+  const int32_t dyLimit = WrapNegate(WrapAdd(sweep.extent.top, sweep.penY));
+  if (dyLimit < dx * sweep.slope) {
+    dx = Trunc(dyLimit / sweep.slope);
+    DrawStroke(sweep, dx, dyLimit);
+  } else {
+    DrawStroke(sweep, dx, Trunc(dx * sweep.slope));
+  }
+}
+
+// Brings a row to its next place. False if it stays where it is or leaves every coordinate.
+bool StepTo(double next, double& exact, int32_t& place) {
+  constexpr double pastEveryPlace = 2147483648.0;
+  if (next == exact || !(std::abs(next) < pastEveryPlace)) return false;
+  exact = next;
+  place = Trunc(next);
+  return true;
+}
+
+// Whether the rows, of which each lies above the one before by rise, can't come to the extent any more.
+bool LeftBehind(const LineSweep& sweep, double rise) {
+  const HatchExtent& extent = sweep.extent;
+  const double atLeft = sweep.penY + sweep.slope * (static_cast<double>(extent.left) - sweep.penX);
+  const double atRight = sweep.penY + sweep.slope * (static_cast<double>(extent.right) - sweep.penX);
+  return rise > 0.0 ? std::min(atLeft, atRight) > extent.top : std::max(atLeft, atRight) < extent.bottom;
+}
+
+// The next row begins at this X. Rows that move to the left never come past the right edge.
+bool StepAcross(LineSweep& sweep, double nextX) {
+  const double step = nextX - sweep.rowX;
+  if (!StepTo(nextX, sweep.rowX, sweep.penX) || sweep.penX > sweep.extent.right) return false;
+  return step > 0.0 || !LeftBehind(sweep, -step * sweep.slope);
+}
+
+// The next row begins at this Y. Rows that move down never come past the top.
+bool StepUp(LineSweep& sweep, double nextY) {
+  const double step = nextY - sweep.rowY;
+  if (!StepTo(nextY, sweep.rowY, sweep.penY) || sweep.penY > sweep.extent.top) return false;
+  return step > 0.0 || !LeftBehind(sweep, step);
+}
+
+// The same for rows that move while they begin above the top.
+bool StepAboveTop(LineSweep& sweep, double nextY) {
+  const double step = nextY - sweep.rowY;
+  if (!StepTo(nextY, sweep.rowY, sweep.penY) || sweep.penY < sweep.extent.top) return false;
+  return step < 0.0 || !LeftBehind(sweep, step);
+}
+
+double NextRowY(const LineSweep& sweep) {
+  return sweep.rowY + sweep.offY - sweep.slope * sweep.offX;
+}
+
+// The next of a family of level lines. Whole steps lag behind the exact place and catch up with it.
+bool StepLevelLine(LineSweep& sweep, double& lineY) {
+  int32_t exactY = 0;
+  if (!StepTo(lineY + sweep.offY, lineY, exactY)) return false;
+  sweep.penY = WrapAdd(sweep.penY, Trunc(sweep.offY));
+  if (sweep.offY < 0.0) {
+    sweep.penY = std::min(sweep.penY, exactY);
+    return sweep.penY >= sweep.extent.bottom;
+  }
+  sweep.penY = std::max(sweep.penY, exactY);
+  return sweep.penY <= sweep.extent.top;
+}
+
+// Lines that lean back, from above 90 to 180 degrees: rows begin along the lower edge, then from the right
+// edge up.
+void DrawBackwardLines(LineSweep& sweep) {
+  const HatchExtent& extent = sweep.extent;
+  if (sweep.angle == pi) {
+    sweep.penX = std::min(sweep.penX, extent.left);
+    double lineY = sweep.rowY;
+    // With a falling offset these are the lines below the first one only.
+    do {
+      DrawStroke(sweep, WrapSub(extent.right, extent.left), 0);
+    } while (sweep.strokesLeft > 0 && StepLevelLine(sweep, lineY));
+  } else {
+    double nextX = 0.0;
+    do {
+      DrawRowTo(sweep, extent.left);
+      nextX = sweep.offY > 0.0 ? sweep.rowX + sweep.offX - sweep.offY / sweep.slope
+                               : sweep.rowX + (sweep.offY / std::tan(pi - sweep.angle) + sweep.offX);
+    } while (sweep.strokesLeft > 0 && StepAcross(sweep, nextX));
+  }
+
+  const bool rising = sweep.offY > 0.0;
+  do {
+    DrawRowTo(sweep, extent.left);
+  } while (sweep.strokesLeft > 0 &&
+           (rising ? StepUp(sweep, NextRowY(sweep)) : StepAboveTop(sweep, NextRowY(sweep))));
+}
+
+// The first pass over lines that rise to the right: away from the first line along one edge.
+bool StepForward(LineSweep& sweep) {
+  // Upright lines never meet the left edge, whichever way their offset points.
+  if (sweep.offY > 0.0 && sweep.angle != halfPi) return StepUp(sweep, NextRowY(sweep));
+  return StepAcross(sweep, sweep.rowX + sweep.offX - sweep.offY / sweep.slope);
+}
+
+// The second pass, with the offsets negated.
+bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
+  if (sweep.angle == 0.0) return StepLevelLine(sweep, lineY);
+  if (sweep.angle == halfPi) {
+    int32_t exactX = 0;
+    if (!StepTo(lineX + sweep.offX, lineX, exactX)) return false;
+    sweep.penX = WrapAdd(sweep.penX, Trunc(sweep.offX));
+    return sweep.penX >= sweep.extent.left;
+  }
+  if (sweep.offY > 0.0) return StepUp(sweep, NextRowY(sweep));
+  // The quotient is added, not taken away as in the first pass: a family whose offset leads up and to the
+  // right gets lines of another spacing above the first one and none below it.
+  return StepAcross(sweep, sweep.rowX + (sweep.offY / sweep.slope + sweep.offX));
+}
+
+// Lines that rise to the right, from 0 to 90 degrees.
+void DrawForwardLines(LineSweep& sweep) {
+  const HatchExtent& extent = sweep.extent;
+  if (sweep.penX > extent.left && sweep.angle != halfPi) {
+    sweep.penY = WrapSub(sweep.penY, Trunc(WrapSub(sweep.penX, extent.left) * sweep.slope));
+    sweep.penX = extent.left;
+    sweep.rowX = sweep.penX;
+    sweep.rowY = sweep.penY;
+  }
+  const int32_t startX = sweep.penX;
+  const int32_t startY = sweep.penY;
+  do {
+    DrawRowTo(sweep, extent.right);
+  } while (sweep.strokesLeft > 0 && StepForward(sweep));
+
+  sweep.offX = -sweep.offX;
+  sweep.offY = -sweep.offY;
+  sweep.penX = startX;
+  sweep.penY = startY;
+  // Rows are counted from the first line again, so that the one behind it can be drawn twice.
+  sweep.rowX = startX;
+  sweep.rowY = startY;
+  // An offset along a level line counts as none, and so does one across an upright line: the tangents there
+  // would begin the rows at the end of all coordinates.
+  if (sweep.offY > 0.0) {
+    const int32_t along = sweep.angle == halfPi ? 0 : Trunc(sweep.offX * sweep.slope);
+    sweep.penY = WrapSub(WrapAdd(startY, Trunc(sweep.offY)), along);
+  } else {
+    const int32_t along = sweep.angle == 0.0 ? 0 : Trunc(sweep.offY / sweep.slope);
+    sweep.penX = WrapAdd(WrapAdd(startX, Trunc(sweep.offX)), along);
+  }
+  double lineX = sweep.penX;
+  double lineY = sweep.penY;
+  do {
+    DrawRowTo(sweep, extent.right);
+  } while (sweep.strokesLeft > 0 && StepBackward(sweep, lineX, lineY));
+}
+
+}  // namespace
+
+void DrawContinuousFamily(Canvas canvas, const HatchFamily& family, const HatchExtent& extent,
+                          int32_t& strokesLeft) {
+  // A line has no direction here.
+  const double angle = family.angle > pi ? family.angle - pi : family.angle;
+  const double turn = family.offX < 0.0 ? -1.0 : 1.0;
+  LineSweep sweep = {canvas,
+                     extent,
+                     angle,
+                     std::tan(angle),
+                     family.offX * turn,
+                     family.offY * turn,
+                     family.baseX,
+                     family.baseY,
+                     static_cast<double>(family.baseX),
+                     static_cast<double>(family.baseY),
+                     strokesLeft};
+  if (angle > halfPi) {
+    DrawBackwardLines(sweep);
+  } else {
+    DrawForwardLines(sweep);
+  }
+}
+
+}  // namespace hexlume

@@ -1,0 +1,140 @@
+// HATCH: the pattern's name decides whether the boundary is filled or clips the pattern's lines. There is no
+// table of patterns, as a drawing carries their lines itself. On a turned sheet a hatch stays where it is on
+// the upright one.
+#include "composite/hatch.h"
+
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "composite/hatch_boundary.h"
+#include "composite/hatch_lines.h"
+#include "driver/group_reader.h"
+#include "entities/converter_rules.h"
+
+namespace hexlume {
+
+namespace {
+
+// A pen and a brush of one colour, and those that they have replaced on the canvas.
+struct HatchTools {
+  Owned<HPEN> pen;
+  Owned<HBRUSH> brush;
+  HGDIOBJ previousPen;
+  HGDIOBJ previousBrush;
+};
+
+HatchTools SelectTools(Canvas canvas, COLORREF colour) {
+  Owned<HPEN> pen(CreatePen(PS_SOLID, 0, colour));
+  Owned<HBRUSH> brush(CreateSolidBrush(colour));
+  const HGDIOBJ previousPen = SelectObject(canvas, pen.get());
+  const HGDIOBJ previousBrush = SelectObject(canvas, brush.get());
+  return {std::move(pen), std::move(brush), previousPen, previousBrush};
+}
+
+void RestoreTools(Canvas canvas, HatchTools& tools) {
+  SelectObject(canvas, tools.previousPen);
+  SelectObject(canvas, tools.previousBrush);
+  tools.pen.reset();
+  tools.brush.reset();
+}
+
+bool IsSolid(const char* patternName) {
+  return std::strcmp(patternName, "SOLID") == 0;
+}
+
+// Reads up to the name and the number of corners, in either order. False at the end of the file.
+bool ReadArrowhead(TextStream& stream, bool& isSolid, int32_t& count) {
+  bool isNamed = false;
+  bool isCounted = false;
+  while (!isNamed || !isCounted) {
+    if (!ReadGroup(stream)) return false;
+    switch (state.groupCode) {
+      case 2:
+        isSolid = IsSolid(state.groupValue);
+        isNamed = true;
+        break;
+      case 93:
+        count = Atoi(state.groupValue);
+        isCounted = true;
+        break;
+    }
+  }
+  return true;
+}
+
+// The start of the first edge and the ends of all but the last one; the groups of other edges aren't known.
+// No group 0 stops the reading. False at the end of the file, with corners missing.
+bool ReadCorners(TextStream& stream, double originX, double originY, int32_t count,
+                 std::vector<POINT>& corners) {
+  POINT corner = {};
+  for (int32_t index = 0; index < count;) {
+    if (!ReadGroup(stream)) return false;
+    const int32_t groupOfX = index == 0 ? 10 : 11;
+    const double coordinate = Atof(state.groupValue) * 100.0;
+    // Neither scaled nor turned with the block.
+    if (state.groupCode == groupOfX) corner.x = ModelToSheet(coordinate + originX, 0.0).x;
+    if (state.groupCode != groupOfX + 10) continue;
+    corner.y = ModelToSheet(0.0, coordinate + originY).y;
+    if (corners.size() < hatchCornerLimit) corners.push_back(corner);
+    ++index;
+  }
+  return true;
+}
+
+}  // namespace
+
+int32_t DrawHatch(TextStream& stream, Canvas canvas) {
+  HatchBoundary boundary;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  // No group 0 stops the search for the pattern's name.
+  for (; more && state.groupCode != 2; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 8:
+        if (IsLayerExcluded(value)) return more;
+        if (const LayerEntry* layer = FindLayer(value)) state.entColor = layer->color;
+        break;
+      case 62: state.entColor = ResolveColor(Atoi(value)); break;
+    }
+  }
+  if (!more) return more;
+  boundary.solidFill = IsSolid(state.groupValue);
+  more = ReadHatchBoundary(stream, canvas, boundary);
+  MonochromeRule(state.entColor);
+
+  const Region region = CombineRegions(boundary);
+  HatchTools tools = SelectTools(canvas, ColorAt(state.entColor));
+  if (boundary.solidFill) {
+    FillRgn(canvas, region.get(), tools.brush.get());
+  } else {
+    const HatchExtent& extent = boundary.extent;
+    ExtSelectClipRgn(canvas, region.get(), RGN_AND);
+    FillHatchLines(stream, canvas, extent.left, extent.top, extent.right, extent.bottom, state.entColor);
+    ExtSelectClipRgn(canvas, nullptr, RGN_COPY);
+    SetMapMode(canvas, MM_HIMETRIC);
+    // The lines end with their group 98. Behind any other group stands nothing more.
+    if (state.groupCode != 98) more = 0;
+  }
+  RestoreTools(canvas, tools);
+  return more;
+}
+
+int32_t DrawDimInsertHatch(TextStream& stream, Canvas canvas, double originX, double originY) {
+  bool isSolid = false;
+  int32_t count = 0;
+  std::vector<POINT> corners;
+  if (!ReadArrowhead(stream, isSolid, count)) return 0;
+  if (!isSolid || count < 1) return 1;
+  if (!ReadCorners(stream, originX, originY, count, corners)) return 0;
+  MonochromeRule(state.dimColor);
+
+  HatchTools tools = SelectTools(canvas, ColorAt(state.dimColor));
+  SetPolyFillMode(canvas, ALTERNATE);
+  Polygon(canvas, corners.data(), static_cast<int>(corners.size()));
+  RestoreTools(canvas, tools);
+  return 1;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,224 @@
+// The string is scanned once. What it draws moves a pen to the right along the row; a separator draws the box
+// of all that the row holds so far, so that the boxes' right edges divide the cells. The frame lies level
+// whatever its direction, and doesn't turn on a turned sheet.
+#include "composite/tolerance.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "canvas/primitive_steps.h"
+#include "composite/tolerance_glyphs.h"
+#include "driver/bounded_copy.h"
+#include "driver/group_reader.h"
+#include "entities/converter_rules.h"
+#include "platform/code_page_932.h"
+
+namespace hexlume {
+
+namespace {
+
+// Bytes that a code takes up in the string, and where a symbol's code, "{\Fgdt;x}", has its letter.
+constexpr size_t separatorLength = 3;
+constexpr size_t lineBreakLength = 2;
+constexpr size_t symbolLength = 9;
+constexpr size_t symbolLetter = 7;
+
+// Lengths in model units times 100.
+struct FrameRow {
+  double frameHeight;
+  double frameLeft;
+  double frameWidth = 0.0;   // so far
+  double cellAdvance = 0.0;  // of what was drawn last
+};
+
+// Behind the string's end, where a code may be cut short, all bytes are 0.
+char ByteAt(std::string_view text, size_t index) {
+  return index < text.size() ? text[index] : '\0';
+}
+
+bool StandsBehindV(std::string_view text, size_t index) {
+  return index > 0 && text[index - 1] == 'v';
+}
+
+// Group 3: the first style of this name. Its text height holds the style's scale already.
+void TakeDimStyle(const char* name, double& dimScale, double& frameHeight) {
+  const auto style =
+      std::find_if(state.dimStyles.begin(), state.dimStyles.end(),
+                   [name](const DimStyleEntry& entry) { return std::string_view(entry.name) == name; });
+  if (style == state.dimStyles.end()) return;
+  dimScale = style->dimScale;
+  frameHeight = 2.0 * style->textHeight;
+}
+
+// The box of what the row holds so far, if it is anything.
+void DrawBox(Canvas canvas, const FrameRow& row, double bottom, int32_t color) {
+  if (row.frameWidth == 0.0) return;
+  const POINT leftBottom = ModelToSheet(row.frameLeft, bottom);
+  const POINT rightTop = ModelToSheet(row.frameLeft + row.frameWidth, bottom + row.frameHeight);
+  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, ColorAt(color));
+  MoveToEx(canvas, leftBottom.x, rightTop.y, nullptr);
+  LineTo(canvas, leftBottom.x, leftBottom.y);
+  LineTo(canvas, rightTop.x, leftBottom.y);
+  LineTo(canvas, rightTop.x, rightTop.y);
+  LineTo(canvas, leftBottom.x, rightTop.y);
+  RestorePen(canvas, pen);
+}
+
+// Draws the character at an index, in the colour that texts before it have left. Returns its length.
+size_t DrawCharacter(Canvas canvas, std::string_view text, size_t index, FrameRow& row) {
+  const double height = row.frameHeight;
+  const HFONT font = CreateToleranceFont(Trunc(height * 0.7 / state.drawScale));
+  state.entX[0] += row.cellAdvance;
+  const HGDIOBJ previousFont = SelectObject(canvas, font);
+  SetTextAlign(canvas, TA_BOTTOM);
+  // A lead byte at the very end takes the string's closing 0 along.
+  const int32_t length = IsLeadByte(static_cast<uint8_t>(text[index])) ? 2 : 1;
+  if (StandsBehindV(text, index)) state.entX[0] += length * 0.1 * height;
+  const POINT place = ModelToSheet(state.entX[0], state.entY[0] + height * 0.1);
+  TextOutA(canvas, place.x, place.y, text.data() + index, length);
+  // A length on the sheet counts as one of the model here, and has to: in another scale than 1 text gets
+  // narrower or wider beside the symbols.
+  row.cellAdvance = 0.5 * height / state.drawScale;
+  if (length == 2) row.cellAdvance += height * 0.2;
+  row.frameWidth += row.cellAdvance;
+  const size_t end = index + static_cast<size_t>(length);
+  if (ByteAt(text, end) == '%') row.frameWidth += height * 0.3;
+  SelectObject(canvas, previousFont);
+  DeleteObject(font);
+  return end - index;
+}
+
+// Draws entText with the middle of its first row's left edge at (entX[0], entY[0]), and moves that point.
+void DrawFrame(Canvas canvas, double frameHeight) {
+  state.entY[0] -= 0.5 * frameHeight;
+  const double startX = state.entX[0];
+  FrameRow row = {frameHeight, startX};
+  const std::string_view text = state.entText;
+  // A double quote ends the frame.
+  for (size_t index = 0; index < text.size() && text[index] != '"';) {
+    switch (text[index]) {
+      case '%':
+        DrawBox(canvas, row, state.entY[0], state.entColor);
+        index += separatorLength;
+        break;
+      case '^':
+        state.entY[0] -= frameHeight;
+        state.entX[0] = startX;
+        row = {frameHeight, startX};
+        index += lineBreakLength;
+        break;
+      case '{':
+        state.entX[0] += row.cellAdvance;
+        row.cellAdvance = DrawToleranceGlyphs(canvas, ByteAt(text, index + symbolLetter), frameHeight);
+        row.frameWidth += row.cellAdvance;
+        index += symbolLength;
+        break;
+      default: index += DrawCharacter(canvas, text, index, row); break;
+    }
+  }
+  DrawBox(canvas, row, state.entY[0], state.entColor);
+}
+
+// The twins in a block: all characters are single bytes there, of one width in all scales, with no room
+// beside a separator.
+
+void DrawBlockCharacter(Canvas canvas, const char* character, FrameRow& row) {
+  const double height = row.frameHeight;
+  const HFONT font = CreateToleranceFont(Trunc(height * 0.7));
+  state.blockX[0] += row.cellAdvance;
+  const HGDIOBJ previousFont = SelectObject(canvas, font);
+  SetTextAlign(canvas, TA_BOTTOM);
+  const POINT place = ModelToSheet(state.blockX[0], state.blockY[0] + height * 0.1);
+  TextOutA(canvas, place.x, place.y, character, 1);
+  row.cellAdvance = 0.5 * height;
+  row.frameWidth += row.cellAdvance;
+  SelectObject(canvas, previousFont);
+  DeleteObject(font);
+}
+
+void DrawBlockFrame(Canvas canvas, double frameHeight) {
+  state.blockY[0] -= 0.5 * frameHeight;
+  const double startX = state.blockX[0];
+  FrameRow row = {frameHeight, startX};
+  const std::string_view text = state.blockText;
+  for (size_t index = 0; index < text.size() && text[index] != '"';) {
+    switch (text[index]) {
+      case '%':
+        DrawBox(canvas, row, state.blockY[0], state.blockColor);
+        index += separatorLength;
+        break;
+      case '^':
+        state.blockY[0] -= frameHeight;
+        state.blockX[0] = startX;
+        row = {frameHeight, startX};
+        index += lineBreakLength;
+        break;
+      case '{':
+        state.blockX[0] += row.cellAdvance;
+        row.cellAdvance = DrawBlockToleranceGlyphs(canvas, ByteAt(text, index + symbolLetter), frameHeight);
+        row.frameWidth += row.cellAdvance;
+        index += symbolLength;
+        break;
+      default:
+        DrawBlockCharacter(canvas, &text[index], row);
+        ++index;
+        break;
+    }
+  }
+  DrawBox(canvas, row, state.blockY[0], state.blockColor);
+}
+
+}  // namespace
+
+int32_t DrawTolerance(TextStream& stream, Canvas canvas) {
+  LineStyle unusedStyle;
+  double dimScale = 0.0;
+  double frameHeight = 0.0;
+  state.entColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.entText, value); break;
+      case 3: TakeDimStyle(value, dimScale, frameHeight); break;
+      case 8:
+        if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
+        break;
+      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      // In front of the style its scale is still 0.
+      case 1040: frameHeight = 2.0 * Atof(value) * 100.0 * dimScale; break;
+    }
+  }
+  MonochromeRule(state.entColor);
+  DrawFrame(canvas, frameHeight);
+  return more;
+}
+
+// Neither the insert's scale nor its angle counts, nor the style's scale for a height of the entity's own.
+int32_t DrawBlockTolerance(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY) {
+  LineStyle unusedStyle;
+  double unusedScale = 0.0;
+  double frameHeight = 0.0;
+  state.blockColor = 0;
+  int32_t more = ReadGroup(stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+    const char* value = state.groupValue;
+    switch (state.groupCode) {
+      case 1: BoundedCopy(state.blockText, value); break;
+      case 3: TakeDimStyle(value, unusedScale, frameHeight); break;
+      case 8:
+        if (!ResolveLayer(value, unusedStyle, state.blockColor)) return more;
+        break;
+      case 10: state.blockX[0] = Atof(value) * 100.0 + blockOriginX; break;
+      case 20: state.blockY[0] = Atof(value) * 100.0 + blockOriginY; break;
+      case 1040: frameHeight = 2.0 * Atof(value) * 100.0; break;
+    }
+  }
+  MonochromeRule(state.blockColor);
+  DrawBlockFrame(canvas, frameHeight);
+  return more;
+}
+
+}  // namespace hexlume
