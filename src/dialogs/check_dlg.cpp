@@ -13,6 +13,7 @@ void CCheckDlg::OnSize(UINT type, int cx, int cy) {
   CPropertySheet::OnSize(type, cx, cy);
   CWnd* tabs = FromHandle(reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL)));
   if (!tabs) return;
+  // In the sheet's own points. As points of the screen they would take the tabs out of the user's reach.
   tabs->MoveWindow(CRect(7, 7, cx - 7, cy - 35));
   SetActivePage(GetActivePage());  // it follows the tab control
   if (state.fontMode == 1 && fontPending != 0) {
