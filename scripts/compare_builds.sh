@@ -23,15 +23,18 @@ while IFS= read -r -d '' drawing; do
 done < <(find "$@" "$scratch/random" -iname '*.dxf' -print0 | sort -z)
 [ "$count" -gt "$random_drawings" ] || { echo "no drawings found in $*" >&2; exit 1; }
 
-# The drawings are named from within their folder, so that all builds say the same of them.
+# The drawings are named from within their folder, so that all builds say the same of them; some hundreds a time, as a
+# command of Windows has 32767 characters at most.
 list() {
-  local build=$1 way=$2
+  local build=$1 way=$2 tool
+  case "$build" in
+    linux) tool=("$root/build/linux/bin/hexlume") ;;
+    *) tool=(wine "$root/build/$build/bin/hexlume.exe") ;;
+  esac
   cd "$scratch/drawings"
   # shellcheck disable=SC2086 # a way is several words
-  case "$build" in
-    linux) "$root/build/linux/bin/hexlume" $way --list -d ../out ./*.dxf ;;
-    *) wine "$root/build/$build/bin/hexlume.exe" $way --list -d ../out ./*.dxf ;;
-  esac </dev/null 2>&1 | tr -d '\r' >"$scratch/$build.txt" || true # standard error has the system's line ends
+  printf '%s\0' ./*.dxf | xargs -0 -n 400 "${tool[@]}" $way --list -d ../out \
+    2>&1 | tr -d '\r' >"$scratch/$build.txt" || true # standard error has the system's line ends
 }
 
 status=0

@@ -75,7 +75,8 @@ TEST(ForeignReaders, read_every_drawing) {
     if (entry.path().extension() != ".dxf") continue;
     SCOPED_TRACE(entry.path().string());
     HENHMETAFILE metafile = nullptr;
-    if (vzMetaMake(entry.path().c_str(), &metafile, 0, 0) != HEXLUME_OK) continue;
+    vzMetaMake(entry.path().c_str(), &metafile, 0, 0);
+    if (!metafile) continue;  // a drawing that a fault ended has one all the same
     ExpectReadable(TakeBytes(metafile));
     ++drawings;
   }

@@ -154,6 +154,18 @@ void EmptyTexts(HDC dc, ProbeResults& results) {
   results.push_back(TextOutA(nullptr, 1, 2, "x", 1));
 }
 
+void TextsAtTheEndsOfThePlane(HDC dc, ProbeResults&) {
+  SetMapMode(dc, MM_HIMETRIC);
+  WithFont(dc, Font(500, 0, gothic), [&] {
+    for (const UINT align : {TA_TOP, TA_BOTTOM, TA_BASELINE, TA_CENTER, TA_RIGHT}) {
+      SetTextAlign(dc, align);
+      for (const int x : {INT32_MIN, 0, INT32_MAX}) {
+        for (const int y : {INT32_MIN, 0, INT32_MAX}) Write(dc, x, y, mixedText);
+      }
+    }
+  });
+}
+
 void OddBytes(HDC dc, ProbeResults&) {
   SetMapMode(dc, MM_HIMETRIC);
   WithFont(dc, Font(500, 0, gothic), [&] {
@@ -187,6 +199,7 @@ constexpr ProbeCalls textProbes[] = {
     {"alignments in text", AlignmentsInText},
     {"turned text", TurnedText},
     {"empty texts", EmptyTexts},
+    {"texts at the ends of the plane", TextsAtTheEndsOfThePlane},
     {"odd bytes", OddBytes},
     {"fixed pitch font", FixedPitchFont},
 };

@@ -130,15 +130,24 @@ TEST_F(PortableText, a_text_of_negative_length_is_not_recorded) {
   EXPECT_TRUE(Records(textType).empty());
 }
 
-TEST_F(PortableText, texts_at_the_ends_of_the_plane_have_limited_bounds) {
-  SetTextCharacterExtra(dc, INT32_MAX);
-  TextOutA(dc, INT32_MAX, INT32_MAX, "ABC", 3);
-  SetTextCharacterExtra(dc, INT32_MIN);
-  SetTextAlign(dc, TA_CENTER | TA_BASELINE);
-  TextOutA(dc, INT32_MIN, INT32_MIN, "ABC", 3);
+TEST_F(PortableText, the_box_of_a_text_at_the_ends_of_the_plane_wraps_around) {
+  // An empty text is 1 wide and high: above its point where it stands on it, else below.
+  TextOutA(dc, INT32_MAX, INT32_MAX, "", 0);
+  SetTextAlign(dc, TA_BOTTOM);
+  TextOutA(dc, INT32_MIN, INT32_MIN, "", 0);
   const std::vector<Bytes> records = Records(textType);
   ASSERT_EQ(records.size(), 2u);
-  EXPECT_EQ(NumberAt(records[0], 16), INT32_MAX);
+  EXPECT_EQ(Numbers(records[0], 8, 4), (Row{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}));
+  EXPECT_EQ(Numbers(records[1], 8, 4), (Row{INT32_MIN, INT32_MAX, INT32_MIN + 1, INT32_MIN}));
+}
+
+TEST_F(PortableText, a_text_whose_characters_are_billions_wide_is_recorded) {
+  SetTextCharacterExtra(dc, INT32_MAX);
+  TextOutA(dc, 0, 0, "ABC", 3);
+  SetTextCharacterExtra(dc, INT32_MIN);
+  SetTextAlign(dc, TA_CENTER | TA_BASELINE);
+  TextOutA(dc, 0, 0, "ABC", 3);
+  EXPECT_EQ(Records(textType).size(), 2u);
 }
 
 TEST_F(PortableText, a_font_is_recorded_as_it_was_made) {

@@ -67,6 +67,11 @@ int32_t Limited(int64_t value) {
   return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
+// At the ends of the plane boxes wrap around, as Windows' do.
+int32_t Wrapped(int64_t value) {
+  return static_cast<int32_t>(static_cast<uint32_t>(value));
+}
+
 struct TextSize {
   int64_t width;
   int64_t height;
@@ -94,7 +99,7 @@ RECT TextBounds(const DeviceContext& dc, int64_t x, int64_t y, const TextSize& s
     top = y - size.height - 1;
     bottom = y;
   }
-  return {Limited(left), Limited(top), Limited(right), Limited(bottom)};
+  return {Wrapped(left), Wrapped(top), Wrapped(right), Wrapped(bottom)};
 }
 
 std::vector<int32_t> Advances(const DeviceContext& dc, const FontMeasure& font, const std::u16string& text) {
