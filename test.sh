@@ -23,13 +23,17 @@ count_results() {
 
 run_tests() {
   local preset=$1 program=$2 log status=0
+  local bin=build/$preset/bin
+  local command=("$bin/$program")
   shift 2
+  case "$preset $program" in
+    win-*_drawing_tests) command=(scripts/with_screen.sh wine "$bin/hexlume_press_ok.exe" "$bin/$program.exe") ;;
+    win-*_dialog_tests) command=(scripts/with_screen.sh wine "$bin/$program.exe") ;; # presses for itself
+    win-*) command=(wine "$bin/$program.exe") ;;
+  esac
   log=$(mktemp)
   echo "== $preset $program"
-  case "$preset" in
-    win-*) timeout 900 wine "build/$preset/bin/$program.exe" "$@" --gtest_brief=1 ;;
-    *) timeout 900 "build/$preset/bin/$program" "$@" --gtest_brief=1 ;;
-  esac </dev/null >"$log" 2>&1 || status=$?
+  timeout -k 60 900 "${command[@]}" "$@" --gtest_brief=1 </dev/null >"$log" 2>&1 || status=$?
   cat "$log"
   count_results "$log" "$status" "$preset $program"
   rm -f "$log"
@@ -74,6 +78,7 @@ test_build() {
       run_tests "$preset" hexlume_player_tests
       run_tests "$preset" hexlume_foreign_reader_tests
       ;;
+    *) run_tests "$preset" hexlume_dialog_tests ;;
   esac
 }
 

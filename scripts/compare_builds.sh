@@ -2,7 +2,8 @@
 # Whether all builds draw the same, stroke for stroke: scripts/compare_builds.sh FOLDER...
 #
 # The drawings are those below the folders and 500 made by chance. Each is converted in several ways by each build, and
-# the listings must be equal to the letter, what is said of failed conversions too.
+# the listings must be equal to the letter, what is said of failed conversions too. Where dialogs are shown, a user presses
+# OK.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 . "$root/scripts/wine_environment.sh"
@@ -26,14 +27,19 @@ done < <(find "$@" "$scratch/random" -iname '*.dxf' -print0 | sort -z)
 # The drawings are named from within their folder, so that all builds say the same of them; some hundreds a time, as a
 # command of Windows has 32767 characters at most.
 list() {
-  local build=$1 way=$2 tool
-  case "$build" in
-    linux) tool=("$root/build/linux/bin/hexlume") ;;
-    *) tool=(wine "$root/build/$build/bin/hexlume.exe") ;;
+  local build=$1 way=$2 screen=() tool
+  local folder=$root/build/$build/bin
+  case "$build $way" in
+    linux*) tool=("$folder/hexlume") ;;
+    *--dialogs*)
+      screen=("$root/scripts/with_screen.sh")
+      tool=(wine "$folder/hexlume_press_ok.exe" "$(windows_path "$folder/hexlume.exe")")
+      ;;
+    *) tool=(wine "$folder/hexlume.exe") ;;
   esac
   cd "$scratch/drawings"
   # shellcheck disable=SC2086 # a way is several words
-  printf '%s\0' ./*.dxf | xargs -0 -n 400 "${tool[@]}" $way --list -d ../out \
+  printf '%s\0' ./*.dxf | "${screen[@]}" xargs -0 -n 400 "${tool[@]}" $way --list -d ../out \
     2>&1 | tr -d '\r' >"$scratch/$build.txt" || true # standard error has the system's line ends
 }
 

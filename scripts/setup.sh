@@ -19,7 +19,7 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
-test_packages=(clang-format googletest libbenchmark-dev libemf2svg-dev libuemf-dev)
+test_packages=(clang-format googletest libbenchmark-dev libemf2svg-dev libuemf-dev xvfb)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
