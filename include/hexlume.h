@@ -11,8 +11,8 @@
  *                  repeats must have a path of at most 259 bytes.
  *   out            receives the metafile. The host owns it and gives it back with DeleteEnhMetaFile.
  *   showDialogs    0: no dialog. 1: the user chooses layers and line types and, for a drawing beyond A0, the scale.
- *                  Any other value: only the scale is asked for. Where there are no windows the answers are those of
- *                  hexlume_answers.h.
+ *                  Any other value: only the scale is asked for. On Linux, where there are no windows, the answers are
+ *                  those of hexlume_answers.h. A process of Windows that can't show windows goes on as without dialogs.
  *   halfWidthFont  0: text is drawn in "MS Gothic" with full-width cells; otherwise in the system's own face with
  *                  half-width cells.
  *
@@ -34,7 +34,8 @@
  * ends, and so calls vzMetaMake.
  *
  * Threads. The library keeps one record for the whole process and no lock: calls must not overlap. They may come from
- * different threads one after the other. Dialogs run modal on the thread of the call.
+ * different threads one after the other. Dialogs run modal on the thread of the call; its active window owns them and is
+ * disabled meanwhile. A quit message that comes meanwhile cancels them and is posted again for the host's own loop.
  *
  * Locale. On Windows a drawing with text makes the C locale of the process Japanese in all its categories, and leaves it
  * so: a host that needs another sets it again behind the call. On Linux the process's locale is left alone. What is drawn
