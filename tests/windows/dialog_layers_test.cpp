@@ -6,9 +6,25 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
+// What the short way makes, and what a run makes that draws nothing.
+const char onlyFrame[] = "Frame(0, 0, 30000, 20000)\n";
+const char emptySheet[] = "Frame(0, 0, 30000, 20000)\nSetMapMode(MM_HIMETRIC)\n";
+
 class LayerPage : public DialogTest {
  protected:
   static void OkAtOnce() { SheetWindow().Ok(); }
+
+  // A user who clicks on the boxes of these rows one after the other.
+  static User Untick(const std::vector<int>& rows) {
+    return [rows] {
+      const SheetWindow sheet;
+      for (const int row : rows) {
+        sheet.ClickBox(row);
+        WaitFor("row without a tick", [&] { return !sheet.IsTicked(row); });
+      }
+      sheet.Ok();
+    };
+  }
 
   const std::string three = LayersDrawing({{"A", 7}, {"B", 7}, {"C", 7}});
 };
@@ -20,24 +36,583 @@ TEST_F(LayerPage, with_all_ticked_nothing_is_left_out) {
 }
 
 TEST_F(LayerPage, one_layer_unticked_of_three_is_left_out) {
+  const Conversion drawn = Select(three, Untick({1}));
+  EXPECT_EQ(0, drawn.code);
+  EXPECT_EQ((Numbers{0, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, each_layer_can_be_left_out_alone) {
+  EXPECT_EQ((Numbers{1, 2}), Select(three, Untick({0})).Lines());
+  EXPECT_EQ((Numbers{0, 1}), Select(three, Untick({2})).Lines());
+}
+
+TEST_F(LayerPage, every_row_has_a_tick_at_first) {
+  Select(three, [] {
+    const SheetWindow sheet;
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+}
+
+TEST_F(LayerPage, the_next_conversion_starts_with_all_ticks_again) {
+  EXPECT_EQ((Numbers{2}), Select(three, Untick({0, 1})).Lines());
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
+}
+
+// Rows and names
+
+TEST_F(LayerPage, rows_stand_in_the_order_of_the_file) {
+  Select(LayersDrawing({{"C", 7}, {"a", 7}, {"B", 7}, {"0", 7}}), [] {
+    const SheetWindow sheet;
+    EXPECT_EQ((Texts{L"C", L"a", L"B", L"0"}), sheet.Rows());
+    sheet.Ok();
+  });
+}
+
+// What a line of the file holds at most beside its end.
+constexpr int longestName = 254;
+
+// In code page 932. The second byte of the first name is a backslash, the last name has half-width letters.
+constexpr char table[] = "\x95\x5C", dimension[] = "\x90\xA1\x96\x40",
+               centreLine[] = "\x92\x86\x90\x53\x90\xFC", layer[] = "\xDA\xB2\xD4-1";
+
+TEST_F(LayerPage, japanese_names_are_shown) {
+  Select(LayersDrawing({{table, 7}, {dimension, 7}, {centreLine, 7}, {layer, 7}}), [] {
+    const SheetWindow sheet;
+    EXPECT_EQ((Texts{L"表", L"寸法", L"中心線", L"ﾚｲﾔ-1"}), sheet.Rows());
+    sheet.Ok();
+  });
+}
+
+TEST_F(LayerPage, layers_with_japanese_names_are_left_out) {
+  const std::string drawing = LayersDrawing({{table, 7}, {dimension, 7}, {centreLine, 7}, {layer, 7}});
+  EXPECT_EQ((Numbers{1, 2, 3}), Select(drawing, Untick({0})).Lines());
+  EXPECT_EQ((Numbers{0, 2}), Select(drawing, Untick({1, 3})).Lines());
+}
+
+TEST_F(LayerPage, names_of_the_longest_that_differ_in_the_last_byte_are_told_apart) {
+  const std::string alike(longestName - 1, 'n');
+  const std::string first = alike + 'a', second = alike + 'b';
+  const Conversion drawn = Select(LayersDrawing({{first.c_str(), 7}, {second.c_str(), 7}}), [&] {
+    const SheetWindow sheet;
+    EXPECT_EQ((Texts{{first.begin(), first.end()}, {second.begin(), second.end()}}), sheet.Rows());
+    sheet.ClickBox(1);
+    sheet.ExpectTicks("x-");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0}), drawn.Lines());
+}
+
+TEST_F(LayerPage, a_japanese_name_of_the_longest_is_shown_and_left_out) {
+  constexpr int letters = longestName / 2;
+  std::string bytes;
+  for (int i = 0; i < letters; ++i) bytes += table;
+  const Conversion drawn = Select(LayersDrawing({{"A", 7}, {bytes.c_str(), 7}}), [] {
+    const SheetWindow sheet;
+    EXPECT_EQ((Texts{L"A", std::wstring(letters, L'表')}), sheet.Rows());
+    sheet.ClickBox(1);
+    sheet.ExpectTicks("x-");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0}), drawn.Lines());
+}
+
+TEST_F(LayerPage, names_that_are_no_text_of_code_page_932_are_left_out_each_by_itself) {
+  // A first byte without a second one, a second byte that can't be one, and bytes that mean nothing.
+  const std::string drawing = LayersDrawing({{"A\x81", 7}, {"A\x82", 7}, {"\x81 B", 7}, {"\xFF\xFE", 7}});
+  EXPECT_EQ((Numbers{0, 1, 2, 3}), Select(drawing, OkAtOnce).Lines());
+  EXPECT_EQ((Numbers{1, 2, 3}), Select(drawing, Untick({0})).Lines());
+  EXPECT_EQ((Numbers{0, 2, 3}), Select(drawing, Untick({1})).Lines());
+  EXPECT_EQ((Numbers{0, 1, 3}), Select(drawing, Untick({2})).Lines());
+  EXPECT_EQ((Numbers{0, 1, 2}), Select(drawing, Untick({3})).Lines());
+}
+
+TEST_F(LayerPage, a_name_in_two_records_has_two_rows_of_which_one_without_a_tick_leaves_it_out) {
+  const std::string drawing = LayersDrawing({{"A", 7}, {"B", 7}, {"A", 7}}, {"A", "B"});
+  const Conversion drawn = Select(drawing, [] {
+    const SheetWindow sheet;
+    EXPECT_EQ((Texts{L"A", L"B", L"A"}), sheet.Rows());
+    sheet.ClickBox(2);
+    sheet.ExpectTicks("xx-");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{1}), drawn.Lines());
+}
+
+TEST_F(LayerPage, names_that_differ_in_case_are_two_layers) {
+  EXPECT_EQ((Numbers{0}), Select(LayersDrawing({{"wall", 7}, {"WALL", 7}}), Untick({1})).Lines());
+}
+
+// The mouse
+
+TEST_F(LayerPage, a_click_on_a_box_flips_it_and_selects_its_row) {
   const Conversion drawn = Select(three, [] {
     const SheetWindow sheet;
     sheet.ClickBox(1);
+    sheet.ExpectTicks("x-x");
+    sheet.ExpectSelected(1);
     sheet.Ok();
   });
-  EXPECT_EQ(0, drawn.code);
   EXPECT_EQ((Numbers{0, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, a_second_click_on_a_box_flips_it_back) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    sheet.ClickBox(1);
+    sheet.ExpectTicks("x-x");
+    sheet.ClickBox(1);
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, a_click_on_a_text_selects_its_row_and_flips_nothing) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    EXPECT_EQ(-1, sheet.Selected());
+    sheet.ClickText(1);
+    sheet.ExpectSelected(1);
+    sheet.ExpectTicks("xxx");
+    sheet.ClickText(2);
+    sheet.ExpectSelected(2);
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
 }
 
 TEST_F(LayerPage, a_double_click_on_a_row_flips_it) {
   const Conversion drawn = Select(three, [] {
     const SheetWindow sheet;
-    EXPECT_TRUE(sheet.IsTicked(2));
+    sheet.ExpectTicks("xxx");
     sheet.DoubleClickText(2);
-    WaitFor("row without a tick", [&] { return !sheet.IsTicked(2); });
+    sheet.ExpectTicks("xx-");
     sheet.Ok();
   });
   EXPECT_EQ((Numbers{0, 1}), drawn.Lines());
+}
+
+TEST_F(LayerPage, a_second_double_click_on_a_row_flips_it_back) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    sheet.DoubleClickText(2);
+    sheet.ExpectTicks("xx-");
+    sheet.DoubleClickText(2);
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, a_double_click_on_a_box_is_two_clicks_on_it) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    sheet.ClickBox(0);
+    sheet.ExpectTicks("-xx");
+    sheet.DoubleClickBox(1);
+    sheet.ExpectSelected(1);
+    sheet.ClickText(2);  // comes behind both clicks
+    sheet.ExpectSelected(2);
+    sheet.ExpectTicks("-xx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{1, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, clicks_below_the_last_row_flip_nothing) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    const RECT list = PlaceOf(sheet.List());
+    Click({list.left + 10, list.bottom - 10});
+    DoubleClick({list.left + 50, list.bottom - 10});
+    sheet.ClickText(0);
+    sheet.ExpectSelected(0);
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
+}
+
+// The keyboard
+
+TEST_F(LayerPage, space_flips_the_first_row_right_away) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    Press(VK_SPACE);
+    sheet.ExpectTicks("-xx");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{1, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, arrows_go_to_a_row_and_space_flips_it) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    sheet.ClickText(0);
+    sheet.ExpectSelected(0);
+    Press(VK_DOWN);
+    Press(VK_DOWN);
+    sheet.ExpectSelected(2);
+    sheet.ExpectTicks("xxx");
+    Press(VK_SPACE);
+    sheet.ExpectTicks("xx-");
+    Press(VK_UP);
+    sheet.ExpectSelected(1);
+    Press(VK_SPACE);
+    sheet.ExpectTicks("x--");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0}), drawn.Lines());
+}
+
+TEST_F(LayerPage, space_twice_leaves_the_row_as_it_was) {
+  const Conversion drawn = Select(three, [] {
+    const SheetWindow sheet;
+    sheet.ClickText(1);
+    sheet.ExpectSelected(1);
+    Press(VK_SPACE);
+    sheet.ExpectTicks("x-x");
+    Press(VK_SPACE);
+    sheet.ExpectTicks("xxx");
+    EXPECT_EQ(1, sheet.Selected());
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
+}
+
+TEST_F(LayerPage, a_letter_goes_to_the_row_that_begins_with_it_and_flips_nothing) {
+  Select(three, [] {
+    const SheetWindow sheet;
+    Press('C');
+    sheet.ExpectSelected(2);
+    Press('B');
+    sheet.ExpectSelected(1);
+    sheet.ExpectTicks("xxx");
+    sheet.Ok();
+  });
+}
+
+TEST_F(LayerPage, space_does_not_go_to_a_row_that_begins_with_one) {
+  const Conversion drawn = Select(LayersDrawing({{"A", 7}, {" B", 7}}, {"A"}), [] {
+    const SheetWindow sheet;
+    sheet.ClickText(0);
+    sheet.ExpectSelected(0);
+    Press(VK_SPACE);
+    sheet.ExpectTicks("-x");
+    EXPECT_EQ(0, sheet.Selected());
+    sheet.Ok();
+  });
+  EXPECT_EQ(emptySheet, drawn.listing);
+}
+
+// Many layers
+
+class ManyLayers : public LayerPage {
+ protected:
+  // Layers with the numbers 1000, 1001 and so on as names.
+  static std::string Drawing(int count, const std::vector<std::string>& lineLayers) {
+    std::vector<std::string> names;
+    for (int i = 0; i < count; ++i) names.push_back(std::to_string(1000 + i));
+    std::vector<Layer> layers;
+    for (const std::string& name : names) layers.push_back({name.c_str(), 7});
+    return LayersDrawing(layers, lineLayers);
+  }
+
+  static void GoToEnd(const SheetWindow& sheet, int lastRow) {
+    sheet.ClickText(0);  // from no row at all a key may go to the first one
+    sheet.ExpectSelected(0);
+    Press(VK_END);
+    sheet.ExpectSelected(lastRow);
+  }
+};
+
+TEST_F(ManyLayers, the_last_of_a_hundred_is_unticked_after_the_end_key) {
+  const Conversion drawn = Select(Drawing(100, {"1000", "1098", "1099"}), [] {
+    const SheetWindow sheet;
+    GoToEnd(sheet, 99);
+    EXPECT_TRUE(sheet.IsTicked(99));
+    Press(VK_SPACE);
+    WaitFor("last row without a tick", [&] { return !sheet.IsTicked(99); });
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1}), drawn.Lines());
+}
+
+TEST_F(ManyLayers, a_click_on_a_box_means_the_row_that_is_there_after_scrolling) {
+  const Conversion drawn = Select(Drawing(100, {"1000", "1096", "1097", "1099"}), [] {
+    const SheetWindow sheet;
+    GoToEnd(sheet, 99);
+    sheet.ClickBox(97);
+    sheet.ExpectSelected(97);
+    WaitFor("row without a tick", [&] { return !sheet.IsTicked(97); });
+    EXPECT_TRUE(sheet.IsTicked(96));
+    EXPECT_TRUE(sheet.IsTicked(98));
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1, 3}), drawn.Lines());
+}
+
+TEST_F(ManyLayers, a_tick_that_scrolls_out_of_sight_and_back_stays) {
+  const Conversion drawn = Select(Drawing(100, {"1000", "1001", "1099"}), [] {
+    const SheetWindow sheet;
+    sheet.ClickBox(1);
+    sheet.ExpectTicks("x-x");
+    GoToEnd(sheet, 99);
+    Press(VK_HOME);
+    sheet.ExpectSelected(0);
+    sheet.ExpectTicks("x-x");
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 2}), drawn.Lines());
+}
+
+TEST_F(ManyLayers, five_thousand_are_all_offered_and_the_last_is_unticked) {
+  const Conversion drawn = Select(Drawing(5000, {"1000", "5998", "5999"}), [] {
+    const SheetWindow sheet;
+    const Texts rows = sheet.Rows();
+    EXPECT_EQ(5000u, rows.size());
+    for (size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(std::to_wstring(1000 + i), rows[i]);
+    GoToEnd(sheet, 4999);
+    sheet.ClickBox(4999);
+    WaitFor("last row without a tick", [&] { return !sheet.IsTicked(4999); });
+    sheet.Ok();
+  });
+  EXPECT_EQ((Numbers{0, 1}), drawn.Lines());
+}
+
+// Layers that are off, and what counts
+
+TEST_F(LayerPage, a_layer_that_is_off_and_one_that_is_frozen_are_not_offered) {
+  // Frozen is the flag 1 alone: locked layers, with 4, and locked and frozen ones, with 5, are offered.
+  const Conversion drawn = Select(
+      LayersDrawing({{"A", 7}, {"OFF", -7}, {"LOCKED", 7, 4}, {"FROZEN", 7, 1}, {"BOTH", 7, 5}, {"B", 7}}),
+      [] {
+        const SheetWindow sheet;
+        EXPECT_EQ((Texts{L"A", L"LOCKED", L"BOTH", L"B"}), sheet.Rows());
+        sheet.ExpectTicks("xxxx");
+        sheet.Ok();
+      });
+  // 2 * 2 of 6 layers: not one more than there are.
+  EXPECT_EQ((Numbers{0, 2, 4, 5}), drawn.Lines());
+}
+
+TEST_F(LayerPage, beside_a_frozen_layer_the_unticked_rows_are_left_out) {
+  const std::string drawing = LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", 7}, {"D", 7}, {"E", 7}});
+  // The rows are A, C, D, E.
+  EXPECT_EQ((Numbers{0, 3, 4}), Select(drawing, Untick({1})).Lines());
+  EXPECT_EQ((Numbers{0, 2, 3}), Select(drawing, Untick({3})).Lines());
+}
+
+TEST_F(LayerPage, of_four_with_one_frozen_the_three_others_are_drawn) {
+  const Conversion drawn = Select(LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", 7}, {"D", 7}}), OkAtOnce);
+  EXPECT_EQ((Numbers{0, 2, 3}), drawn.Lines());
+}
+
+// The whole sheet goes the short way when the count is one more than the layers. A layer that isn't offered
+// counts two, a row without a tick one.
+class WholeSheetCount : public LayerPage {};
+
+TEST_F(WholeSheetCount, with_every_layer_unticked_it_goes_the_long_way) {
+  // 3 of 3.
+  EXPECT_EQ(emptySheet, Select(three, Untick({0, 1, 2})).listing);
+}
+
+TEST_F(WholeSheetCount, with_its_only_layer_unticked_it_goes_the_long_way) {
+  // 1 of 1.
+  EXPECT_EQ(emptySheet, Select(LayersDrawing({{"A", 7}}), Untick({0})).listing);
+}
+
+TEST_F(WholeSheetCount, with_its_only_layer_frozen_it_goes_the_short_way) {
+  // 2 of 1.
+  EXPECT_EQ(onlyFrame, Select(LayersDrawing({{"A", 7, 1}}), OkAtOnce).listing);
+}
+
+TEST_F(WholeSheetCount, with_two_of_three_frozen_it_goes_the_short_way_though_the_third_has_its_tick) {
+  // 2 + 2 of 3.
+  const Conversion drawn = Select(LayersDrawing({{"A", 7, 1}, {"B", 7}, {"C", -7}}), OkAtOnce);
+  EXPECT_EQ(0, drawn.code);
+  EXPECT_EQ(onlyFrame, drawn.listing);
+}
+
+TEST_F(WholeSheetCount, with_two_of_four_frozen_one_row_unticked_makes_it_short) {
+  const std::string drawing = LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", 7, 1}, {"D", 7}});
+  // 4 of 4, and 5 of 4, and 6 of 4.
+  EXPECT_EQ((Numbers{0, 3}), Select(drawing, OkAtOnce).Lines());
+  EXPECT_EQ(onlyFrame, Select(drawing, Untick({0})).listing);
+  EXPECT_EQ(emptySheet, Select(drawing, Untick({0, 1})).listing);
+}
+
+TEST_F(WholeSheetCount, with_one_of_three_frozen_it_takes_all_rows_unticked_to_make_it_short) {
+  const std::string drawing = LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", 7}});
+  // 2 of 3, 3 of 3 and 4 of 3.
+  EXPECT_EQ((Numbers{0, 2}), Select(drawing, OkAtOnce).Lines());
+  EXPECT_EQ((Numbers{2}), Select(drawing, Untick({0})).Lines());
+  EXPECT_EQ(onlyFrame, Select(drawing, Untick({0, 1})).listing);
+}
+
+TEST_F(WholeSheetCount, with_two_of_two_frozen_the_list_is_empty_and_it_goes_the_long_way) {
+  // 4 of 2.
+  const Conversion drawn = Select(LayersDrawing({{"A", 7, 1}, {"B", 7, 1}}), [] {
+    const SheetWindow sheet;
+    EXPECT_EQ(Texts{}, sheet.Rows());
+    sheet.Ok();
+  });
+  EXPECT_EQ(emptySheet, drawn.listing);
+}
+
+TEST_F(WholeSheetCount, at_full_size_it_is_the_same) {
+  // 4 of 3, then 3 of 3.
+  EXPECT_EQ(onlyFrame, FullSize(LayersDrawing({{"A", 7, 1}, {"B", 7}, {"C", 7, 1}}), 1, OkAtOnce).listing);
+  EXPECT_EQ(emptySheet, FullSize(three, 1, Untick({0, 1, 2})).listing);
+}
+
+TEST_F(WholeSheetCount, at_full_size_an_unticked_layer_is_left_out) {
+  EXPECT_EQ((Numbers{1, 2}), FullSize(three, 1, Untick({0})).Lines());
+}
+
+// A part of the sheet goes the short way when the count is that of the layers.
+class PartOfSheetCount : public LayerPage {
+ protected:
+  Conversion SelectPart(const std::string& drawing, const User& user) { return Part(drawing, 1, user); }
+};
+
+TEST_F(PartOfSheetCount, with_every_layer_unticked_it_goes_the_short_way) {
+  // 3 of 3.
+  const Conversion drawn = SelectPart(three, Untick({0, 1, 2}));
+  EXPECT_EQ(0, drawn.code);
+  EXPECT_EQ(onlyFrame, drawn.listing);
+}
+
+TEST_F(PartOfSheetCount, with_one_layer_unticked_the_others_are_drawn) {
+  EXPECT_EQ((Numbers{0, 2}), SelectPart(three, Untick({1})).Lines());
+}
+
+TEST_F(PartOfSheetCount, with_its_only_layer_frozen_it_goes_the_long_way) {
+  // 2 of 1.
+  EXPECT_EQ(emptySheet, SelectPart(LayersDrawing({{"A", 7, 1}}), OkAtOnce).listing);
+}
+
+TEST_F(PartOfSheetCount, with_one_of_two_frozen_it_goes_the_short_way_though_the_other_has_its_tick) {
+  // 2 of 2; the whole sheet, which would take 3, draws.
+  const std::string drawing = LayersDrawing({{"A", 7}, {"B", 7, 1}});
+  EXPECT_EQ(onlyFrame, SelectPart(drawing, OkAtOnce).listing);
+  EXPECT_EQ((Numbers{0}), Select(drawing, OkAtOnce).Lines());
+}
+
+TEST_F(PartOfSheetCount, a_frozen_layer_of_four_counts_two) {
+  const std::string drawing = LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", 7}, {"D", 7}});
+  // 2, 3, 4 and 5 of 4.
+  EXPECT_EQ((Numbers{0, 2, 3}), SelectPart(drawing, OkAtOnce).Lines());
+  EXPECT_EQ((Numbers{2, 3}), SelectPart(drawing, Untick({0})).Lines());
+  EXPECT_EQ(onlyFrame, SelectPart(drawing, Untick({0, 1})).listing);
+  EXPECT_EQ(emptySheet, SelectPart(drawing, Untick({0, 1, 2})).listing);
+}
+
+TEST_F(PartOfSheetCount, two_frozen_layers_of_four_make_it_short) {
+  // 4 of 4.
+  EXPECT_EQ(onlyFrame,
+            SelectPart(LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", -7}, {"D", 7}}), OkAtOnce).listing);
+}
+
+// Drawings without layers
+
+class WithoutLayers : public LayerPage {
+ protected:
+  // A table of layers without a record, and a line that names a layer all the same.
+  const std::string drawing = LayersDrawing({}, {"A"});
+};
+
+TEST_F(WithoutLayers, the_list_is_empty_and_the_whole_sheet_is_drawn) {
+  const Conversion drawn = Select(drawing, [] {
+    const SheetWindow sheet;
+    EXPECT_EQ(Texts{}, sheet.Rows());
+    sheet.Ok();
+  });
+  // 0 of 0.
+  EXPECT_EQ((Numbers{0}), drawn.Lines());
+}
+
+TEST_F(WithoutLayers, a_part_of_the_sheet_goes_the_short_way) {
+  // 0 of 0.
+  EXPECT_EQ(onlyFrame, Part(drawing, 1, OkAtOnce).listing);
+}
+
+TEST_F(WithoutLayers, keys_and_clicks_on_the_empty_list_do_nothing) {
+  const Conversion drawn = Select(drawing, [] {
+    const SheetWindow sheet;
+    Press(VK_SPACE);
+    Press(VK_DOWN);
+    Press(VK_SPACE);
+    Press(VK_END);
+    Press('A');
+    const RECT list = PlaceOf(sheet.List());
+    Click({list.left + 10, list.top + 10});
+    DoubleClick({list.left + 50, list.top + 10});
+    sheet.Ok();
+  });
+  EXPECT_EQ(0, drawn.code);
+  EXPECT_EQ((Numbers{0}), drawn.Lines());
+}
+
+TEST_F(WithoutLayers, a_drawing_without_tables_that_is_measured_by_its_entities_offers_layer_0) {
+  const std::string entities =
+      "0 SECTION\n2 ENTITIES\n0 LINE\n8 0\n10 0\n20 20\n11 100\n21 20\n0 ENDSEC\n0 EOF\n";
+  const Conversion drawn = Select(entities, [] {
+    const SheetWindow sheet;
+    EXPECT_EQ(Texts{L"0"}, sheet.Rows());
+    sheet.ExpectTicks("x");
+    sheet.ClickBox(0);
+    sheet.ExpectTicks("-");
+    sheet.Ok();
+  });
+  // From the origin to the line's right end. 1 of 1: the long way.
+  EXPECT_EQ("Frame(0, 0, 10000, 2000)\nSetMapMode(MM_HIMETRIC)\n", drawn.listing);
+}
+
+// The turn afterwards
+
+TEST_F(LayerPage, a_turn_leaves_out_the_same_layers) {
+  EXPECT_EQ((Numbers{0, 2}), Select(three, Untick({1})).Lines());
+  const Conversion turned = Turned();
+  EXPECT_EQ(0, turned.code);
+  EXPECT_EQ((Numbers{0, 2}), turned.TurnedLines());
+}
+
+TEST_F(LayerPage, a_turn_leaves_out_the_layers_that_were_not_offered) {
+  // 2 of 4 names are asked for, and one is there.
+  EXPECT_EQ((Numbers{0, 2, 3}),
+            Select(LayersDrawing({{"A", 7}, {"B", 7, 1}, {"C", 7}, {"D", 7}}), OkAtOnce).Lines());
+  EXPECT_EQ((Numbers{0, 2, 3}), Turned().TurnedLines());
+}
+
+TEST_F(LayerPage, a_turn_after_full_size_leaves_out_the_same_layers) {
+  EXPECT_EQ((Numbers{2}), FullSize(three, 1, Untick({0, 1})).Lines());
+  EXPECT_EQ((Numbers{2}), Turned().TurnedLines());
+}
+
+TEST_F(LayerPage, a_turn_after_a_second_conversion_with_all_ticks_leaves_out_nothing) {
+  Select(three, Untick({1}));
+  Select(three, OkAtOnce);
+  EXPECT_EQ((Numbers{0, 1, 2}), Turned().TurnedLines());
+}
+
+TEST_F(LayerPage, a_turn_after_a_part_of_the_sheet_repeats_the_whole_sheet_before_it) {
+  Select(three, Untick({1}));
+  EXPECT_EQ((Numbers{0, 1}), Part(three, 1, Untick({2})).Lines());
+  EXPECT_EQ((Numbers{0, 2}), Turned().TurnedLines());
+}
+
+TEST_F(LayerPage, a_turn_after_the_short_way_repeats_the_conversion_before_it) {
+  Select(three, Untick({0}));
+  EXPECT_EQ(onlyFrame, Select(LayersDrawing({{"A", 7, 1}}), OkAtOnce).listing);
+  EXPECT_EQ((Numbers{1, 2}), Turned().TurnedLines());
 }
 
 }  // namespace
