@@ -33,6 +33,10 @@ std::string FamiliesDrawing();
 // A sheet that is beyond A0, with a line as the one above, on one layer.
 std::string LargeDrawing(int32_t width = 2000, int32_t height = 1500);
 
+// What a sheet of 300 by 200 mm is when the conversion goes the short way, and when it draws nothing.
+constexpr char onlyFrame[] = "Frame(0, 0, 30000, 20000)\n";
+constexpr char emptySheet[] = "Frame(0, 0, 30000, 20000)\nSetMapMode(MM_HIMETRIC)\n";
+
 struct Conversion {
   int32_t code;
   bool hasMetafile;     // whether out was written

@@ -198,6 +198,18 @@ void SizeWindow::Cancel() const {
   Push(window, IDCANCEL);
 }
 
+std::function<void()> Untick(const std::vector<int>& rows, int page) {
+  return [rows, page] {
+    SheetWindow sheet;
+    if (page != SheetWindow::layers) sheet.OpenPage(page);
+    for (const int row : rows) {
+      sheet.ClickBox(row);
+      WaitFor("row without a tick", [&] { return !sheet.IsTicked(row); });
+    }
+    sheet.Ok();
+  };
+}
+
 void PressOkOnSheet() {
   SheetWindow().Ok();
 }

@@ -69,6 +69,9 @@ class SizeWindow {
   HWND window;
 };
 
+// Users who take the ticks off these rows by clicks on their boxes and press OK.
+std::function<void()> Untick(const std::vector<int>& rows, int page = SheetWindow::layers);
+
 // Answers OK to what is shown.
 void PressOkOnSheet();
 void PressOkOnSizeDialog();
