@@ -74,7 +74,8 @@ DWORD WINAPI UserThread(void* parameter) {
   auto& session = *static_cast<Session*>(parameter);
   try {
     session.user();
-    if (WaitForSingleObject(callEnded, patience) != WAIT_OBJECT_0) session.complaint = "a dialog is left open";
+    if (WaitForSingleObject(callEnded, patience) != WAIT_OBJECT_0)
+      session.complaint = "a dialog is left open";
   } catch (const std::exception& error) {
     session.complaint = error.what();
     // Nobody will answer any more.
@@ -204,6 +205,28 @@ HWND ControlOf(HWND dialog, int id) {
   return control;
 }
 
+RECT PlaceIn(HWND parent, HWND child) {
+  RECT place = PlaceOf(child);
+  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+RECT DialogUnits(HWND dialog, RECT placeInUnits) {
+  MapDialogRect(dialog, &placeInUnits);
+  return placeInUnits;
+}
+
+HWND FocusBeside(HWND window) {
+  GUITHREADINFO info = {};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  return info.hwndFocus;
+}
+
+void WaitForFocus(HWND dialog) {
+  WaitFor("focus on a dialog", [&] { return IsChild(dialog, FocusBeside(dialog)); });
+}
+
 void Click(POINT place) {
   LetTheLastClickPass(place);
   PressAndRelease(place);
@@ -229,6 +252,16 @@ void PressTogether(WORD held, WORD key) {
   Send(KeyEvent(held, 0));
   Press(key);
   Send(KeyEvent(held, KEYEVENTF_KEYUP));
+}
+
+void ClickClose(HWND window) {
+  const RECT place = PlaceOf(window);
+  // From the right end of the caption, where the button is on every system.
+  for (POINT at = {place.right - 1, place.top + 12}; at.x > place.left; --at.x) {
+    if (Ask(window, WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y)) != HTCLOSE) continue;
+    return Click({at.x - 3, at.y});
+  }
+  throw std::runtime_error("a dialog has no button to close it");
 }
 
 void Type(const std::string& text) {

@@ -9,9 +9,9 @@
 
 namespace hexlume {
 
-// Runs the call while the user acts; returns when both have ended. Nothing can hang: what doesn't come about in
-// time ends the user's actions, dialogs that are left are closed, and a call that goes on even then ends the
-// process. Returns what went wrong, "" if nothing did.
+// Runs the call while the user acts; returns when both have ended. Nothing can hang: what doesn't come about
+// in time ends the user's actions, dialogs that are left are closed, and a call that goes on even then ends
+// the process. Returns what went wrong, "" if nothing did.
 std::string RunWithUser(const std::function<void()>& call, const std::function<void()>& user);
 
 // The rest is for the user's thread. What can't be done throws std::runtime_error.
@@ -31,6 +31,12 @@ LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 std::wstring TextOf(HWND window);
 RECT PlaceOf(HWND window);  // on the screen
 HWND ControlOf(HWND dialog, int id);
+RECT PlaceIn(HWND parent, HWND child);             // in the parent's points
+RECT DialogUnits(HWND dialog, RECT placeInUnits);  // the same place in points
+HWND FocusBeside(HWND window);                     // of the thread that the window belongs to
+
+// Waits until a window of the dialog has the focus.
+void WaitForFocus(HWND dialog);
 
 // Real input, as from the devices: places are on the screen, keys go to the window with the focus.
 void Click(POINT place);
@@ -38,6 +44,7 @@ void DoubleClick(POINT place);
 void ClickMiddle(HWND window);
 void Press(WORD key);
 void PressTogether(WORD held, WORD key);
+void ClickClose(HWND window);        // in its caption
 void Type(const std::string& text);  // letters without accents, digits, '.' and '-'
 
 }  // namespace hexlume

@@ -10,12 +10,13 @@ namespace {
 
 std::string Header(int32_t width, int32_t height) {
   const std::string size = "10 " + std::to_string(width) + "\n20 " + std::to_string(height) + '\n';
-  return "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n" + size + "9 $EXTMIN\n10 0\n20 0\n9 $EXTMAX\n" +
-         size + "0 ENDSEC\n";
+  return "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n" + size +
+         "9 $EXTMIN\n10 0\n20 0\n9 $EXTMAX\n" + size + "0 ENDSEC\n";
 }
 
 std::string LayerRecord(const Layer& layer) {
-  return std::string("0 LAYER\n2 ") + layer.name + "\n62 " + std::to_string(layer.colour) + '\n';
+  return std::string("0 LAYER\n2 ") + layer.name + "\n70 " + std::to_string(layer.flags) + "\n62 " +
+         std::to_string(layer.colour) + '\n';
 }
 
 std::string Tables(const std::string& lineTypes, const std::string& layers) {
@@ -35,14 +36,32 @@ std::string LineTypeRecord(const std::string& name, const std::string& elements)
   return "0 LTYPE\n2 " + name + "\n70 0\n3 x\n72 65\n" + elements;
 }
 
+// The numbers of lines in the order of drawing, by the Y of their beginnings.
+template <typename NumberAt>
+Numbers NumbersOf(const std::string& listing, NumberAt numberAt) {
+  Numbers numbers;
+  std::istringstream lines(listing);
+  for (std::string line; std::getline(lines, line);) {
+    int x = 0, y = 0;
+    if (std::sscanf(line.c_str(), "MoveToEx(%d, %d)", &x, &y) != 2) continue;
+    const int32_t number = numberAt(y);
+    if (numbers.empty() || numbers.back() != number) numbers.push_back(number);
+  }
+  return numbers;
+}
+
 }  // namespace
 
 std::string LayersDrawing(const std::vector<Layer>& layers) {
+  std::vector<std::string> names;
+  for (const Layer& layer : layers) names.push_back(layer.name);
+  return LayersDrawing(layers, names);
+}
+
+std::string LayersDrawing(const std::vector<Layer>& layers, const std::vector<std::string>& lineLayers) {
   std::string records, lines;
-  for (size_t i = 0; i < layers.size(); ++i) {
-    records += LayerRecord(layers[i]);
-    lines += Line(layers[i].name, "CONTINUOUS", i);
-  }
+  for (const Layer& layer : layers) records += LayerRecord(layer);
+  for (size_t i = 0; i < lineLayers.size(); ++i) lines += Line(lineLayers[i], "CONTINUOUS", i);
   return Header(300, 200) + Tables("", records) + Entities(lines);
 }
 
@@ -62,16 +81,13 @@ std::string LargeDrawing(int32_t width, int32_t height) {
 }
 
 Numbers Conversion::Lines() const {
-  Numbers numbers;
-  std::istringstream lines(listing);
-  for (std::string line; std::getline(lines, line);) {
-    int x = 0, y = 0;
-    if (std::sscanf(line.c_str(), "MoveToEx(%d, %d)", &x, &y) != 2) continue;
-    // 200 mm below the sheet's top is its lower edge, at -20000.
-    const int32_t number = (y + 20000) / 1000 - 1;
-    if (numbers.empty() || numbers.back() != number) numbers.push_back(number);
-  }
-  return numbers;
+  // 200 mm below the sheet's top is its lower edge, at -20000.
+  return NumbersOf(listing, [](int y) { return (y + 20000) / 1000 - 1; });
+}
+
+Numbers Conversion::TurnedLines() const {
+  // What was the lower edge is the upper one, at 0.
+  return NumbersOf(listing, [](int y) { return -y / 1000 - 1; });
 }
 
 std::string Conversion::Frame() const {
@@ -89,22 +105,21 @@ Conversion DialogTest::Convert(const User& user, const std::function<int32_t(HEN
 }
 
 Conversion DialogTest::Whole(const std::string& drawing, int32_t showDialogs, const User& user) {
-  const TemporaryDrawing file(drawing);
-  return Convert(user, [&](HENHMETAFILE* out) { return library.metaMake(file.Path(), out, showDialogs, 0); });
+  const char* path = Keep(drawing);
+  return Convert(user, [&](HENHMETAFILE* out) { return library.metaMake(path, out, showDialogs, 0); });
 }
 
-Conversion DialogTest::Part(const std::string& drawing, int32_t showDialogs, const User& user) {
-  const TemporaryDrawing file(drawing);
-  const RECT wholeSheet = {0, 0, 30000, 20000};
-  return Convert(user, [&](HENHMETAFILE* out) {
-    return library.reMetaMake(file.Path(), out, 0, wholeSheet, 0, showDialogs);
-  });
+Conversion DialogTest::Part(const std::string& drawing, int32_t showDialogs, const User& user,
+                            const RECT& view) {
+  const char* path = Keep(drawing);
+  return Convert(user,
+                 [&](HENHMETAFILE* out) { return library.reMetaMake(path, out, 0, view, 0, showDialogs); });
 }
 
 Conversion DialogTest::FullSize(const std::string& drawing, int32_t showDialogs, const User& user) {
-  const TemporaryDrawing file(drawing);
+  const char* path = Keep(drawing);
   return Convert(user,
-                 [&](HENHMETAFILE* out) { return library.fullSizeMetaMake(file.Path(), out, showDialogs, 0); });
+                 [&](HENHMETAFILE* out) { return library.fullSizeMetaMake(path, out, showDialogs, 0); });
 }
 
 Conversion DialogTest::Turned() {

@@ -32,7 +32,9 @@ int CountMarks(const RECT& place) {
 
 }  // namespace
 
-SheetWindow::SheetWindow() : window(WaitForDialog(L"レイヤ/線種選択")) {}
+SheetWindow::SheetWindow() : window(WaitForDialog(L"レイヤ/線種選択")) {
+  WaitForFocus(window);
+}
 
 HWND SheetWindow::Tabs() const {
   return reinterpret_cast<HWND>(Ask(window, PSM_GETTABCONTROL));
@@ -51,9 +53,8 @@ void SheetWindow::OpenPage(int page) {
   Ask(Tabs(), TCM_GETITEMRECT, static_cast<WPARAM>(page), reinterpret_cast<LPARAM>(&tab));
   MapWindowPoints(Tabs(), nullptr, reinterpret_cast<POINT*>(&tab), 2);
   Click({(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2});
-  WaitFor("page behind the tab", [&] {
-    return Ask(Tabs(), TCM_GETCURSEL) == page && Page() && IsWindowVisible(Page());
-  });
+  WaitFor("page behind the tab",
+          [&] { return Ask(Tabs(), TCM_GETCURSEL) == page && Page() && IsWindowVisible(Page()); });
   Ask(window, WM_NULL);
 }
 
@@ -96,6 +97,23 @@ bool SheetWindow::IsTicked(int row) const {
   UpdateWindow(List());
   const POINT middle = BoxPlace(row);
   return CountMarks({middle.x - 3, middle.y - 3, middle.x + 4, middle.y + 4}) > 5;
+}
+
+void SheetWindow::ExpectTicks(const std::string& ticks) const {
+  std::string seen;
+  try {
+    WaitFor("such ticks", [&] {
+      seen.clear();
+      for (size_t row = 0; row < ticks.size(); ++row) seen += IsTicked(static_cast<int>(row)) ? 'x' : '-';
+      return seen == ticks;
+    });
+  } catch (const std::runtime_error&) {
+    throw std::runtime_error("the ticks are \"" + seen + "\" and not \"" + ticks + '"');
+  }
+}
+
+void SheetWindow::ExpectSelected(int row) const {
+  WaitFor("selection of row " + std::to_string(row), [&] { return Selected() == row; });
 }
 
 void SheetWindow::ClickBox(int row) const {
@@ -178,6 +196,18 @@ void SizeWindow::Ok() const {
 
 void SizeWindow::Cancel() const {
   Push(window, IDCANCEL);
+}
+
+std::function<void()> Untick(const std::vector<int>& rows, int page) {
+  return [rows, page] {
+    SheetWindow sheet;
+    if (page != SheetWindow::layers) sheet.OpenPage(page);
+    for (const int row : rows) {
+      sheet.ClickBox(row);
+      WaitFor("row without a tick", [&] { return !sheet.IsTicked(row); });
+    }
+    sheet.Ok();
+  };
 }
 
 void PressOkOnSheet() {

@@ -11,7 +11,7 @@ namespace hexlume {
 // The sheet of layers and line types.
 class SheetWindow {
  public:
-  SheetWindow();  // waits for it
+  SheetWindow();  // waits for it, with the focus on it
 
   static constexpr int layers = 0, lines = 1;  // the pages
 
@@ -23,6 +23,10 @@ class SheetWindow {
   std::vector<std::wstring> Rows() const;
   bool IsTicked(int row) const;  // by what is drawn
   int Selected() const;
+
+  // Wait for it. Ticks: of the first rows, 'x' for each with a tick and '-' for each without one.
+  void ExpectTicks(const std::string& ticks) const;
+  void ExpectSelected(int row) const;
 
   void ClickBox(int row) const;
   void ClickText(int row) const;
@@ -64,6 +68,9 @@ class SizeWindow {
 
   HWND window;
 };
+
+// Users who take the ticks off these rows by clicks on their boxes and press OK.
+std::function<void()> Untick(const std::vector<int>& rows, int page = SheetWindow::layers);
 
 // Answers OK to what is shown.
 void PressOkOnSheet();

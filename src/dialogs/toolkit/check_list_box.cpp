@@ -45,6 +45,7 @@ int CCheckListBox::GetCheck(int row) const {
 }
 
 void CCheckListBox::SetCheck(int row, int check) {
+  if (row < 0) return;  // to the system it would mean all rows
   SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(row), check);
   if (!IsWindowVisible(m_hWnd)) return;  // drawn as a whole when it appears
   RECT rect;

@@ -9,8 +9,6 @@ namespace hexlume {
 class CListBox : public CWnd {
  public:
   int AddString(const char* text);
-  // Room for rows that are about to be added, with the bytes of their texts.
-  void InitStorage(int rows, UINT bytes) { SendMessage(LB_INITSTORAGE, static_cast<WPARAM>(rows), bytes); }
   int GetCount() const { return static_cast<int>(SendMessage(LB_GETCOUNT)); }
   int GetCurSel() const { return static_cast<int>(SendMessage(LB_GETCURSEL)); }
   int SetCurSel(int row) { return static_cast<int>(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(row))); }
