@@ -501,7 +501,7 @@ TEST_F(SizeDialog, a_pasted_fraction_below_1_becomes_1) {
 }
 
 TEST_F(SizeDialog, of_a_pasted_text_one_last_character_goes) {
-  SeeAfter([](const SizeWindow& dialog) { PasteAnew(dialog, L"50mm"); }, "50m: 40.000 x 30.000");
+  SeeAfter([](const SizeWindow& dialog) { PasteAnew(dialog, L"5ab"); }, "5a: 400.000 x 300.000");
 }
 
 TEST_F(SizeDialog, pasted_words_become_1) {
