@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <stdexcept>
 
 namespace hexlume {
@@ -266,6 +267,29 @@ void ClickClose(HWND window) {
 
 void Type(const std::string& text) {
   for (const char letter : text) Press(KeyOf(letter));
+}
+
+void TypeCharacter(wchar_t character) {
+  INPUT input = {};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wScan = character;
+  input.ki.dwFlags = KEYEVENTF_UNICODE;
+  Send(input);
+  input.ki.dwFlags |= KEYEVENTF_KEYUP;
+  Send(input);
+}
+
+void CopyToClipboard(const std::wstring& text) {
+  const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  std::memcpy(GlobalLock(memory), text.c_str(), bytes);
+  GlobalUnlock(memory);
+  // It belongs to a window, and is the system's from then on.
+  const HWND owner = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  const bool isCopied = OpenClipboard(owner) && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory);
+  CloseClipboard();
+  DestroyWindow(owner);
+  if (!isCopied) throw std::runtime_error("the clipboard takes no text");
 }
 
 }  // namespace hexlume

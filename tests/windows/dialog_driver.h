@@ -44,7 +44,10 @@ void DoubleClick(POINT place);
 void ClickMiddle(HWND window);
 void Press(WORD key);
 void PressTogether(WORD held, WORD key);
-void ClickClose(HWND window);        // in its caption
-void Type(const std::string& text);  // letters without accents, digits, '.' and '-'
+void ClickClose(HWND window);           // in its caption
+void Type(const std::string& text);     // letters without accents, digits, '.' and '-'
+void TypeCharacter(wchar_t character);  // any, as from an input method
+
+void CopyToClipboard(const std::wstring& text);
 
 }  // namespace hexlume

@@ -140,7 +140,9 @@ void SheetWindow::Cancel() const {
   Push(window, IDCANCEL);
 }
 
-SizeWindow::SizeWindow() : window(WaitForDialog(L"図面サイズ")) {}
+SizeWindow::SizeWindow() : window(WaitForDialog(L"図面サイズ")) {
+  WaitForFocus(window);
+}
 
 HWND SizeWindow::Combo() const {
   return ControlOf(window, scaleId);
@@ -168,6 +170,21 @@ void SizeWindow::SelectText() const {
   Click({place.left + 8, (place.top + place.bottom) / 2});
   Press(VK_HOME);
   PressTogether(VK_SHIFT, VK_END);
+}
+
+void SizeWindow::ClickRow(int row) const {
+  COMBOBOXINFO parts = {};
+  parts.cbSize = sizeof parts;
+  Ask(Combo(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&parts));
+  RECT button = parts.rcButton;
+  MapWindowPoints(Combo(), nullptr, reinterpret_cast<POINT*>(&button), 2);
+  Click({(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+  WaitFor("open list", [&] { return IsWindowVisible(parts.hwndList) != 0; });
+  RECT place = {};
+  Ask(parts.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+  MapWindowPoints(parts.hwndList, nullptr, reinterpret_cast<POINT*>(&place), 2);
+  Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+  WaitFor("closed list", [&] { return !IsWindowVisible(parts.hwndList); });
 }
 
 void SizeWindow::ExpectScale(const std::wstring& shown) const {

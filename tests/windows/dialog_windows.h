@@ -47,7 +47,7 @@ class SheetWindow {
 // The dialog of the scale.
 class SizeWindow {
  public:
-  SizeWindow();
+  SizeWindow();  // waits for it, with the focus on it
 
   std::wstring Scale() const;
   std::wstring Width() const;
@@ -57,6 +57,9 @@ class SizeWindow {
   // Puts the caret into the field, behind its text or with all of it selected.
   void GoBehindText() const;
   void SelectText() const;
+
+  // Opens the list and chooses a row that is in sight.
+  void ClickRow(int row) const;
 
   // Types, and waits until the field shows the text.
   void TypeAndSee(const std::string& typed, const std::wstring& shown) const;

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Makes the pictures of the dialogs in docs/gallery.md: scripts/make_dialog_pictures.sh, after a build of the preset win-x64.
+# The tests do without the fonts that it sets up, so it has a Wine of its own.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+export HEXLUME_WINEPREFIX="$scratch/wine"
+. scripts/wine_environment.sh
+prepare_wine
+
+# The sign on the close button is a letter of this font.
+chmod 755 "$scratch" # apt fetches as its own user
+mkdir -m 777 "$scratch/fonts"
+(cd "$scratch/fonts" && apt-get download -qq fonts-wine && dpkg -x fonts-wine_*.deb .)
+cp "$scratch/fonts/usr/share/wine/fonts/marlett.ttf" "$WINEPREFIX/drive_c/windows/Fonts"
+
+# The fonts of a Japanese Windows, by their free likeness.
+for face in 'ＭＳ Ｐゴシック' 'MS UI Gothic' 'MS PGothic'; do
+  wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$face" /d IPAPGothic /f >/dev/null
+done
+# Its windows draw their own frames and need no window manager.
+program=hexlume_dialog_pictures
+wine reg add "HKCU\\Software\\Wine\\AppDefaults\\$program.exe\\X11 Driver" /v Managed /d N /f >/dev/null
+wineserver --wait
+
+scripts/with_screen.sh wine "build/win-x64/bin/$program.exe" \
+  "$(windows_path examples/WORKSHOP.dxf)" "$(windows_path docs/pictures)"
