@@ -117,6 +117,15 @@ void PressAndRelease(POINT place) {
   Send(MouseEvent(place, MOUSEEVENTF_LEFTUP));
 }
 
+// Keys go to the foreground. After a window has gone it can take a moment until that is ours again.
+void WaitForKeyboard() {
+  WaitFor("window in the foreground", [] {
+    DWORD process = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &process);
+    return process == GetCurrentProcessId();
+  });
+}
+
 // Two clicks that follow each other fast in one place would be a double click.
 void LetTheLastClickPass(POINT place) {
   static DWORD lastTime = 0;
@@ -245,11 +254,13 @@ void ClickMiddle(HWND window) {
 }
 
 void Press(WORD key) {
+  WaitForKeyboard();
   Send(KeyEvent(key, 0));
   Send(KeyEvent(key, KEYEVENTF_KEYUP));
 }
 
 void PressTogether(WORD held, WORD key) {
+  WaitForKeyboard();
   Send(KeyEvent(held, 0));
   Press(key);
   Send(KeyEvent(held, KEYEVENTF_KEYUP));

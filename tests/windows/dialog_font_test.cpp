@@ -280,10 +280,10 @@ TEST_F(FontMode, boxes_of_high_rows_are_drawn_and_clicked_in_their_middle) {
   library.dxfSetFontMode(1);
   const Conversion drawn = Select(layers, [] {
     const SheetWindow sheet;
-    EXPECT_TRUE(sheet.IsTicked(1));
+    sheet.ExpectTick(1, true);
     sheet.ClickBox(1);
-    WaitFor("row without a tick", [&] { return !sheet.IsTicked(1); });
-    EXPECT_TRUE(sheet.IsTicked(0));
+    sheet.ExpectTick(1, false);
+    sheet.ExpectTick(0, true);
     sheet.Ok();
   });
   EXPECT_EQ((Numbers{0}), drawn.Lines());

@@ -319,9 +319,9 @@ TEST_F(ManyLayers, the_last_of_a_hundred_is_unticked_after_the_end_key) {
   const Conversion drawn = Select(Drawing(100, {"1000", "1098", "1099"}), [] {
     const SheetWindow sheet;
     GoToEnd(sheet, 99);
-    EXPECT_TRUE(sheet.IsTicked(99));
+    sheet.ExpectTick(99, true);
     Press(VK_SPACE);
-    WaitFor("last row without a tick", [&] { return !sheet.IsTicked(99); });
+    sheet.ExpectTick(99, false);
     sheet.Ok();
   });
   EXPECT_EQ((Numbers{0, 1}), drawn.Lines());
@@ -333,9 +333,9 @@ TEST_F(ManyLayers, a_click_on_a_box_means_the_row_that_is_there_after_scrolling)
     GoToEnd(sheet, 99);
     sheet.ClickBox(97);
     sheet.ExpectSelected(97);
-    WaitFor("row without a tick", [&] { return !sheet.IsTicked(97); });
-    EXPECT_TRUE(sheet.IsTicked(96));
-    EXPECT_TRUE(sheet.IsTicked(98));
+    sheet.ExpectTick(97, false);
+    sheet.ExpectTick(96, true);
+    sheet.ExpectTick(98, true);
     sheet.Ok();
   });
   EXPECT_EQ((Numbers{0, 1, 3}), drawn.Lines());
@@ -363,7 +363,7 @@ TEST_F(ManyLayers, five_thousand_are_all_offered_and_the_last_is_unticked) {
     for (size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(std::to_wstring(1000 + i), rows[i]);
     GoToEnd(sheet, 4999);
     sheet.ClickBox(4999);
-    WaitFor("last row without a tick", [&] { return !sheet.IsTicked(4999); });
+    sheet.ExpectTick(4999, false);
     sheet.Ok();
   });
   EXPECT_EQ((Numbers{0, 1}), drawn.Lines());

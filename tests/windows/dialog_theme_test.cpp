@@ -204,14 +204,14 @@ class ThemedPages : public DialogTest {
       SheetWindow sheet;
       pages.push_back(sheet.Page());
       EXPECT_EQ((std::vector<std::wstring>{L"A", L"B"}), sheet.Rows());
-      EXPECT_TRUE(sheet.IsTicked(0));
+      sheet.ExpectTick(0, true);
       sheet.ClickBox(0);
-      WaitFor("row without a tick", [&] { return !sheet.IsTicked(0); });
-      EXPECT_TRUE(sheet.IsTicked(1));
+      sheet.ExpectTick(0, false);
+      sheet.ExpectTick(1, true);
       sheet.OpenPage(SheetWindow::lines);
       pages.push_back(sheet.Page());
       EXPECT_EQ(5u, sheet.Rows().size());
-      EXPECT_TRUE(sheet.IsTicked(4));
+      sheet.ExpectTick(4, true);
       sheet.Ok();
     });
     EXPECT_EQ(0, drawn.code);

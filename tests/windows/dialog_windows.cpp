@@ -112,6 +112,11 @@ void SheetWindow::ExpectTicks(const std::string& ticks) const {
   }
 }
 
+void SheetWindow::ExpectTick(int row, bool ticked) const {
+  WaitFor((ticked ? "tick in row " : "row without a tick, number ") + std::to_string(row),
+          [&] { return IsTicked(row) == ticked; });
+}
+
 void SheetWindow::ExpectSelected(int row) const {
   WaitFor("selection of row " + std::to_string(row), [&] { return Selected() == row; });
 }
@@ -221,7 +226,7 @@ std::function<void()> Untick(const std::vector<int>& rows, int page) {
     if (page != SheetWindow::layers) sheet.OpenPage(page);
     for (const int row : rows) {
       sheet.ClickBox(row);
-      WaitFor("row without a tick", [&] { return !sheet.IsTicked(row); });
+      sheet.ExpectTick(row, false);
     }
     sheet.Ok();
   };

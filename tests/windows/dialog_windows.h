@@ -26,6 +26,7 @@ class SheetWindow {
 
   // Wait for it. Ticks: of the first rows, 'x' for each with a tick and '-' for each without one.
   void ExpectTicks(const std::string& ticks) const;
+  void ExpectTick(int row, bool ticked) const;
   void ExpectSelected(int row) const;
 
   void ClickBox(int row) const;
