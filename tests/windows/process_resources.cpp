@@ -4,7 +4,9 @@
 // Behind <windows.h>, which it needs.
 #include <psapi.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace hexlume {
 
@@ -43,6 +45,24 @@ size_t CountGdiObjects() {
   size_t count = 0;
   for (size_t i = 0; i < gdiTableSize; ++i) count += table[i].type != 0;
   return count;
+}
+
+size_t CountUserObjects() {
+  if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)) return counted;
+  // Wine numbers them in one row and takes gaps first. When a new one gets a higher number than all before
+  // it, there are no gaps left, and the number tells how many there are.
+  constexpr size_t moreThanGaps = 2000;  // while nobody has looked yet
+  constexpr size_t firstNumber = 0x20, step = 2;
+  static size_t highest = 0;
+  std::vector<HMENU> menus;
+  size_t number;
+  do {
+    menus.push_back(CreateMenu());
+    number = (reinterpret_cast<size_t>(menus.back()) & 0xFFFF) - firstNumber;
+  } while (menus.size() < moreThanGaps || number < highest);
+  highest = std::max(highest, number);
+  for (const HMENU menu : menus) DestroyMenu(menu);
+  return number / step + 1 - menus.size();
 }
 
 size_t WorkingSet() {
