@@ -248,14 +248,28 @@ std::string LibraryOf(HWND window) {
   return file;
 }
 
+// In a folder beside the system's own, which is named after the version.
+void ExpectVersion6(HWND control) {
+  const std::string library = LibraryOf(control);
+  EXPECT_NE(std::string::npos, library.find("microsoft.windows.common-controls_6595b64144ccf1df_6.0."))
+      << library;
+}
+
 TEST_F(Resources, the_sheets_controls_are_those_of_version_6) {
   Select(LayersDrawing({{"A", 7}}), [] {
     const SheetWindow sheet;
-    // In a folder beside the system's, named after the version.
-    EXPECT_NE(std::string::npos,
-              LibraryOf(sheet.Tabs()).find("microsoft.windows.common-controls_6595b64144ccf1df_6.0."))
-        << LibraryOf(sheet.Tabs());
+    ExpectVersion6(sheet.Tabs());
+    ExpectVersion6(ControlOf(sheet.window, IDOK));
     sheet.Ok();
+  });
+}
+
+TEST_F(Resources, the_size_dialogs_controls_are_those_of_version_6) {
+  Scale(LargeDrawing(), [] {
+    const SizeWindow dialog;
+    ExpectVersion6(ControlOf(dialog.window, IDOK));
+    ExpectVersion6(ControlOf(dialog.window, 1010));
+    dialog.Cancel();
   });
 }
 
