@@ -20,10 +20,7 @@ cp "$scratch/fonts/usr/share/wine/fonts/marlett.ttf" "$WINEPREFIX/drive_c/window
 for face in 'ＭＳ Ｐゴシック' 'MS UI Gothic' 'MS PGothic'; do
   wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$face" /d IPAPGothic /f >/dev/null
 done
-# Its windows draw their own frames and need no window manager.
-program=hexlume_dialog_pictures
-wine reg add "HKCU\\Software\\Wine\\AppDefaults\\$program.exe\\X11 Driver" /v Managed /d N /f >/dev/null
 wineserver --wait
 
-scripts/with_screen.sh wine "build/win-x64/bin/$program.exe" \
+scripts/with_screen.sh wine build/win-x64/bin/hexlume_dialog_pictures.exe \
   "$(windows_path examples/WORKSHOP.dxf)" "$(windows_path docs/pictures)"
