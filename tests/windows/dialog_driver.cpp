@@ -15,6 +15,12 @@ constexpr DWORD step = 5;          // ms, between two looks
 // One user at a time.
 HANDLE callEnded;
 
+// The user's last click; none yet on the dialogs of a new session.
+struct LastClick {
+  DWORD time = 0;
+  LONG x = -100, y = -100;
+} lastClick;
+
 struct Session {
   const std::function<void()>& user;
   std::string complaint;
@@ -119,14 +125,11 @@ void PressAndRelease(POINT place) {
 
 // Two clicks that follow each other fast in one place would be a double click.
 void LetTheLastClickPass(POINT place) {
-  static DWORD lastTime = 0;
-  static POINT lastPlace = {-100, -100};
-  const DWORD since = GetTickCount() - lastTime;
+  const DWORD since = GetTickCount() - lastClick.time;
   const DWORD pause = GetDoubleClickTime() + 50;
-  const bool isNear = std::abs(place.x - lastPlace.x) < 10 && std::abs(place.y - lastPlace.y) < 10;
+  const bool isNear = std::abs(place.x - lastClick.x) < 10 && std::abs(place.y - lastClick.y) < 10;
   if (isNear && since < pause) Sleep(pause - since);
-  lastTime = GetTickCount();
-  lastPlace = place;
+  lastClick = {GetTickCount(), place.x, place.y};
 }
 
 WORD KeyOf(char letter) {
@@ -140,6 +143,7 @@ WORD KeyOf(char letter) {
 
 std::string RunWithUser(const std::function<void()>& call, const std::function<void()>& user) {
   Session session = {user, ""};
+  lastClick = {};
   callEnded = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   const HANDLE thread = CreateThread(nullptr, 0, UserThread, &session, 0, nullptr);
   try {

@@ -26,12 +26,15 @@ class HostWindow {
 
   // What came to it. One window at a time.
   static inline int clicks, messages;
+  static inline bool enabledWhenActivated;  // the last time
 
   HWND window;
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDOWN) ++clicks;
+    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
+      enabledWhenActivated = IsWindowEnabled(window);
     if (message == countMessage) ++messages;
     if (message == destroyMessage) DestroyWindow(reinterpret_cast<HWND>(wParam));
     return DefWindowProcW(window, message, wParam, lParam);
@@ -79,6 +82,15 @@ TEST_F(Host, its_window_owns_the_size_dialog_and_is_disabled_while_it_is_up) {
 TEST_F(Host, after_ok_its_window_is_enabled_and_active) {
   Select(three, PressOkOnSheet);
   ExpectBack();
+}
+
+TEST_F(Host, its_window_is_enabled_already_when_it_becomes_active) {
+  HostWindow::enabledWhenActivated = false;
+  Select(three, PressOkOnSheet);
+  EXPECT_TRUE(HostWindow::enabledWhenActivated);
+  HostWindow::enabledWhenActivated = false;
+  Select(three, Cancel);
+  EXPECT_TRUE(HostWindow::enabledWhenActivated);
 }
 
 TEST_F(Host, after_cancel_its_window_is_enabled_and_active) {

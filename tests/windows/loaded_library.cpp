@@ -46,7 +46,8 @@ LoadedLibrary::LoadedLibrary(const std::string& besideName) : module(std::make_u
   std::filesystem::remove_all(module->folder);
   std::filesystem::create_directories(module->folder);
   const std::filesystem::path file = module->folder / "Hexlume.dll";
-  std::filesystem::copy_file(LibraryFile(), file);
+  // Over one that a program with the same number has left behind when it was ended.
+  std::filesystem::copy_file(LibraryFile(), file, std::filesystem::copy_options::overwrite_existing);
   if (!besideName.empty()) std::ofstream(module->folder / besideName) << "something";
 
   module->library = LoadLibraryA(file.string().c_str());
