@@ -42,8 +42,6 @@ std::filesystem::path LibraryFile() {
 
 LoadedLibrary::LoadedLibrary(const std::string& besideName) : module(std::make_unique<Module>()) {
   module->folder = OwnFolder();
-  // A program that was ended left its folder, and its number comes again.
-  std::filesystem::remove_all(module->folder);
   std::filesystem::create_directories(module->folder);
   const std::filesystem::path file = module->folder / "Hexlume.dll";
   // Over one that a program with the same number has left behind when it was ended.
