@@ -65,7 +65,7 @@ void ConversionRounds::ConvertOnce(const LoadedLibrary& library, int32_t round) 
     case 0: library.metaMake(path, &metafile, 0, 0); break;
     case 1: library.reMetaMake(path, &metafile, 0, {0, 0, 500, 29700}, 0, 0); break;
     case 2: library.rotMetaMake(&metafile); break;
-    case 3: library.fullSizeMetaMake(path, &metafile, 1, 0); break;
+    case 3: library.fullSizeMetaMake(path, &metafile, 2, 0); break;  // of each sheet Wine keeps some bytes
     case 4: library.metaMake("no such file.dxf", &metafile, 0, 0); break;
     case 5: library.metaMake(garbage.Path(), &metafile, 0, 0); break;
     case 6: FaultLeaving([&] { library.fullSizeMetaMake(longPath.c_str(), &metafile, 0, 0); }); break;
