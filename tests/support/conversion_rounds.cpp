@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "support/leaving_fault.h"
 
 namespace hexlume {
@@ -37,21 +35,13 @@ std::string TextThatOutgrowsItsPlace() {
          "%%d\n0 ENDSEC\n0 EOF\n";
 }
 
-// A file's path too long to be saved, so that a fault leaves the conversion.
-std::string LongPath(const std::string& path) {
-  const std::filesystem::path file(path);
-  std::string longPath = file.parent_path().string();
-  while (longPath.size() < 260) longPath += "/.";
-  return longPath + "/" + file.filename().string();
-}
-
 }  // namespace
 
 ConversionRounds::ConversionRounds()
     : drawing(drawingText),
       garbage(std::string(100000, '\x81')),
       outgrowing(TextThatOutgrowsItsPlace()),
-      longPath(LongPath(drawing.Path())) {}
+      longPath(drawing.LongPath()) {}
 
 void ConversionRounds::Run(const LoadedLibrary& library, int32_t first, int32_t end) const {
   for (int32_t round = first; round < end; ++round) ConvertOnce(library, round);

@@ -43,6 +43,13 @@ TemporaryFile::~TemporaryFile() {
   std::remove(path.c_str());
 }
 
+std::string TemporaryFile::LongPath() const {
+  const std::filesystem::path file(path);
+  std::string longPath = file.parent_path().string();
+  while (longPath.size() < 260) longPath += "/.";
+  return longPath + "/" + file.filename().string();
+}
+
 std::string TemporaryFolder() {
   return std::filesystem::temp_directory_path().string();
 }

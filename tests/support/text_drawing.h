@@ -19,6 +19,8 @@ class TemporaryFile {
   ~TemporaryFile();
 
   const char* Path() const { return path.c_str(); }
+  // The same file by a path of at least 260 bytes, too long to be saved.
+  std::string LongPath() const;
 
  private:
   std::string path;

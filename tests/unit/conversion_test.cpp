@@ -442,13 +442,8 @@ TEST_F(ConversionTest, a_fault_in_a_dialog_gives_30_at_the_whole_sheet_and_no_me
 
 TEST_F(ConversionTest,
        a_path_too_long_to_be_saved_gives_30_at_the_whole_sheet_and_leaves_as_minus_1_at_full_size) {
-  // Not the drawing's path but the copy of it has the bound, so a path that exists serves: folders as long as
-  // it takes.
   const TemporaryDrawing drawing(small);
-  const std::filesystem::path file(drawing.Path());
-  std::string longPath = file.parent_path().string();
-  while (longPath.size() < 260) longPath += "/.";
-  longPath += "/" + file.filename().string();
+  const std::string longPath = drawing.LongPath();
   EXPECT_EQ(HEXLUME_NOT_A_DRAWING, Run(Export::whole, longPath));
   EXPECT_EQ(untouched, out);
   Run(Export::fullSize, longPath);

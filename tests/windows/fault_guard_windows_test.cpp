@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <intrin.h>
 
 #include "platform/fault_guard.h"
 #include "platform/host_exception.h"
@@ -119,18 +118,6 @@ TEST(FaultGuardOnWindows, each_thread_has_guards_of_its_own) {
             }));
   EXPECT_EQ(55, there);
 }
-
-#ifdef __i386__
-TEST(FaultGuardOnWindows, the_chain_of_handlers_is_afterwards_as_it_was) {
-  const DWORD before = __readfsdword(0);
-  EXPECT_EQ(11, Thrown(WriteNowhere));
-  EXPECT_EQ(before, __readfsdword(0));
-  EXPECT_EQ(11, Thrown([] { throw int32_t{-1}; }));
-  EXPECT_EQ(before, __readfsdword(0));
-  EXPECT_EQ(0, Thrown([] {}));
-  EXPECT_EQ(before, __readfsdword(0));
-}
-#endif
 
 }  // namespace
 }  // namespace hexlume

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "windows/processor.h"
+
 namespace hexlume {
 
 namespace {
@@ -26,13 +28,7 @@ struct GdiTableEntry {
 constexpr size_t gdiTableSize = 16384;
 
 const GdiTableEntry* GdiTable() {
-#ifdef _WIN64
-  const auto environment = static_cast<uintptr_t>(__readgsqword(0x60));
-#else
-  // A 32-bit thread block's field at 0xF70 points to its 64-bit twin.
-  const uintptr_t threadBlock = __readfsdword(0xF70);
-  const auto environment = static_cast<uintptr_t>(*reinterpret_cast<const uint64_t*>(threadBlock + 0x60));
-#endif
+  const uintptr_t environment = test::ProcessEnvironment();
   return reinterpret_cast<const GdiTableEntry*>(
       static_cast<uintptr_t>(*reinterpret_cast<const uint64_t*>(environment + 0xF8)));
 }
