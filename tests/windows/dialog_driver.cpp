@@ -132,6 +132,18 @@ void WaitForKeyboard() {
   });
 }
 
+// What the screen tells of windows and of the pointer it tells with the keys that are down, and knows nothing
+// of ours: a held one would count as let go. So all that it has to tell comes first.
+void LetTheScreenTellAll() {
+  const HWND window = GetForegroundWindow();
+  for (int round = 0; round < 2; ++round) {
+    const HDC screen = GetDC(nullptr);
+    GetPixel(screen, 0, 0);  // an answer to it comes behind all else
+    ReleaseDC(nullptr, screen);
+    Ask(window, WM_NULL);
+  }
+}
+
 // Two clicks that follow each other fast in one place would be a double click.
 void LetTheLastClickPass(POINT place) {
   const DWORD since = GetTickCount() - lastClick.time;
@@ -265,6 +277,7 @@ void Press(WORD key) {
 
 void PressTogether(WORD held, WORD key) {
   WaitForKeyboard();
+  LetTheScreenTellAll();
   Send(KeyEvent(held, 0));
   Press(key);
   Send(KeyEvent(held, KEYEVENTF_KEYUP));
