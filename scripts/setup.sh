@@ -5,6 +5,7 @@
 #   scripts/setup.sh native     what the native library and tool need
 #   scripts/setup.sh windows    the cross compilers and Wine for the Windows ones
 #   scripts/setup.sh test       both, and what the tests need besides
+#   scripts/setup.sh fuzz       what the native library and the fuzzer need
 set -euo pipefail
 
 native_packages=(
@@ -20,12 +21,14 @@ windows_packages=(
   wine wine64 wine32:i386
 )
 test_packages=(clang-format googletest libbenchmark-dev libemf2svg-dev libuemf-dev xvfb)
+fuzz_packages=(clang googletest libclang-rt-14-dev)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
   windows) packages=("${windows_packages[@]}") ;;
   test) packages=("${native_packages[@]}" "${windows_packages[@]}" "${test_packages[@]}") ;;
-  *) echo "usage: scripts/setup.sh native|windows|test" >&2; exit 64 ;;
+  fuzz) packages=("${native_packages[@]}" "${fuzz_packages[@]}") ;;
+  *) echo "usage: scripts/setup.sh native|windows|test|fuzz" >&2; exit 64 ;;
 esac
 
 as_root() {

@@ -1,5 +1,7 @@
 #include "composite/block_dispatch.h"
 
+#include <algorithm>
+
 #include "composite/hatch.h"
 #include "composite/insert.h"
 #include "composite/tolerance.h"
@@ -195,6 +197,13 @@ void CountStep() {
   if (++state.blockSteps > blockStepLimit) throw faultCode;
 }
 
+// What a converter has read since its entity's name. It counts for steps too, as an entity can hold any
+// number of groups that mean nothing.
+void CountLength(int64_t bytes) {
+  constexpr int64_t bytesOfAStep = 160;
+  state.blockSteps += std::max<int64_t>(bytes, 0) / bytesOfAStep;
+}
+
 // The base point stands in the block's header, behind its name. A header that has neither its group 20 nor a
 // group 3 lets the search run on through the block's entities, which are lost then.
 void SubtractBasePoint(TextStream& stream, double& originX, double& originY) {
@@ -213,9 +222,11 @@ void WalkBlock(const ConverterRow<BlockRun> (&converters)[count], const BlockRun
   int32_t more = ReadGroup(run.stream);
   while (more && !AtGroup(0, "ENDBLK")) {
     CountStep();
+    const int64_t start = Tell(run.stream);
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
     more = converter ? converter->draw(run) : ReadGroup(run.stream);
+    CountLength(Tell(run.stream) - start);
   }
 }
 

@@ -12,9 +12,9 @@
 
 namespace hexlume {
 
-// How many groups the walks of one conversion look at before they give up. A stroke takes nearly 100 bytes of
-// a metafile, which holds less than 4 GB, so a drawing that can be shown doesn't get there; one whose blocks
-// double from level to level does, within half a minute.
+// How many groups the walks of one conversion look at before they give up; a long entity counts for several.
+// A stroke takes nearly 100 bytes of a metafile, which holds less than 4 GB, so a drawing that can be shown
+// doesn't get there; one whose blocks double from level to level does, within a minute or two.
 constexpr int64_t blockStepLimit = 100'000'000;
 
 // Draws each entity of the block that has a converter in this scope, up to the block's end. bodyOffset is

@@ -322,6 +322,17 @@ TEST_F(EndlessBlockTest, the_search_for_the_base_point_counts_too) {
   EXPECT_EQ(blockStepLimit + 1, state.blockSteps);
 }
 
+TEST_F(EndlessBlockTest, an_entity_counts_a_step_more_for_each_160_bytes) {
+  // 200 groups of 4 + 4 bytes are 1600 bytes; the line's own are fewer than 160.
+  std::string idleGroups;
+  for (int i = 0; i < 200; ++i) idleGroups += "999 xyz\n";
+  AddBlock("A", slanted + idleGroups);
+  state.blockSteps = 0;
+  EXPECT_EQ(SlantedStroke(), DrawToThrow());
+  // Seven, of the header, of what is behind it and of the line, and ten of its length.
+  EXPECT_EQ(17, state.blockSteps);
+}
+
 TEST_F(EndlessBlockTest, blocks_that_insert_the_next_one_twice_each_come_to_an_end) {
   // 2 to the 60th blocks B60.
   for (int depth = 60; depth > 0; --depth) {

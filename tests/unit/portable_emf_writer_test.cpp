@@ -62,6 +62,27 @@ TEST(EmfWriter, a_record_beyond_two_gigabytes_leaves_the_metafile_as_it_was) {
   EXPECT_EQ(copy.size(), sizeof(EmfHeaderRecord) + 2 * sizeof head + sizeof(EmfEofRecord));
 }
 
+// The records of 12 bytes that fit between a header of 108 bytes and EOF of 20: of a metafile of 100,000
+// bytes at most (100000 - 108 - 20) / 12 = 8322.67.
+TEST(EmfWriter, small_records_end_at_the_largest_metafile) {
+  EmfWriter writer(100000);
+  writer.Append(Header());
+  const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
+  for (int i = 0; i < 8322; ++i) ASSERT_NO_THROW(writer.Append(head)) << i;
+  for (int i = 0; i < 10; ++i) EXPECT_THROW(writer.Append(head), std::bad_alloc);
+  const std::vector<uint8_t> copy = Copied(writer.Finish(Header()));
+  EXPECT_EQ(copy.size(), 108u + 8322 * 12 + 20);
+}
+
+TEST(EmfWriter, a_metafile_is_filled_to_its_last_byte) {
+  EmfWriter writer(108 + 8322 * 12 + 20);
+  writer.Append(Header());
+  const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
+  for (int i = 0; i < 8322; ++i) ASSERT_NO_THROW(writer.Append(head)) << i;
+  EXPECT_THROW(writer.Append(head), std::bad_alloc);
+  EXPECT_EQ(writer.Finish(Header()).size, 108u + 8322 * 12 + 20);
+}
+
 TEST(EmfHandleTable, the_lowest_free_index_is_the_next) {
   GdiObject objects[3];
   EmfHandleTable table;

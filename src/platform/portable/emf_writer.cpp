@@ -7,7 +7,6 @@ namespace hexlume {
 
 namespace {
 
-constexpr size_t largestMetafile = INT32_MAX;
 constexpr size_t smallestPiece = 4096;
 constexpr size_t largestPiece = 1 << 20;
 constexpr size_t growthDivisor = 8;
@@ -21,7 +20,7 @@ void EmfBytes::CopyTo(uint8_t* buffer) const {
   }
 }
 
-EmfWriter::EmfWriter() {
+EmfWriter::EmfWriter(size_t largestMetafile) : mostBytes(largestMetafile - sizeof(EmfEofRecord)) {
   AddPiece(smallestPiece);
   BeginLastPiece(smallestPiece);
 }
@@ -45,10 +44,12 @@ void EmfWriter::EndPiece(EmfBytes::Piece& piece) {
 void EmfWriter::AppendAcross(const void* head, size_t headSize, const void* tail, size_t tailSize) {
   const size_t wanted = headSize + tailSize;
   const size_t written = bytes.size + static_cast<size_t>(next - pieceStart);
-  if (wanted > largestMetafile - sizeof(EmfEofRecord) - written) throw std::bad_alloc();
-  // A multiple of 4, so that records lie aligned in the next piece too.
-  const size_t growth = std::clamp(written / growthDivisor, smallestPiece, largestPiece) & ~size_t{3};
-  const size_t pieceRoom = std::max(wanted, growth);
+  const size_t left = mostBytes - written;
+  if (wanted > left) throw std::bad_alloc();
+  const size_t growth = std::clamp(written / growthDivisor, smallestPiece, largestPiece);
+  // No piece has room beyond the largest metafile, as what fits a piece isn't looked at any more. A multiple
+  // of 4, so that records lie aligned in the next piece too.
+  const size_t pieceRoom = std::min(std::max(wanted, growth), left - Room()) & ~size_t{3};
   AddPiece(pieceRoom);
   const size_t headHere = std::min(headSize, Room());
   const size_t tailHere = std::min(tailSize, Room() - headHere);

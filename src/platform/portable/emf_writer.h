@@ -30,11 +30,11 @@ struct EmfBytes {
 };
 
 // Records appended one after the other, from the header to EOF. Without memory, or when the metafile's size
-// would no longer fit an int32, appending throws std::bad_alloc and leaves the metafile as it was; it can
-// always be finished.
+// would exceed the largest, that of an int32, appending throws std::bad_alloc and leaves the metafile as it
+// was; it can always be finished.
 class EmfWriter {
  public:
-  EmfWriter();
+  explicit EmfWriter(size_t largestMetafile = INT32_MAX);
 
   // Appends one record, and owns size, count and growth for all: its head, a struct of emf_records.h, and a
   // tail of variable length. The head's size field tells the sum of both, a multiple of 4.
@@ -79,6 +79,7 @@ class EmfWriter {
     next += count;
   }
 
+  size_t mostBytes;  // before EOF
   EmfBytes bytes;
   uint8_t* pieceStart = nullptr;  // of the last piece
   uint8_t* next = nullptr;        // behind what is written in it
