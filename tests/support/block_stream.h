@@ -8,6 +8,7 @@
 
 #include "driver/group_reader.h"
 #include "driver/text_stream.h"
+#include "entities/entity_dispatch.h"
 #include "platform/stack_room.h"
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
@@ -45,6 +46,20 @@ class BlockStreamTest : public ConverterTest {
     stream = StreamOf(blocks + "0 ENDSEC\n" + text);
     ReadBlocks(stream);
     ReadGroup(stream);
+  }
+
+  // The listing of an ENTITIES section, drawn by `draw`.
+  std::string ListSection(const std::string& entities, const std::function<void(Canvas)>& draw) {
+    OpenAt("2 ENTITIES\n" + entities + "0 ENDSEC\n0 EOF\n");
+    const std::string calls = ListCalls(draw);
+    const std::string setUp = "SetMapMode(MM_HIMETRIC)\n";
+    EXPECT_EQ(0u, calls.find(setUp));
+    return calls.substr(setUp.size());
+  }
+
+  std::string DrawSection(const std::string& entities) {
+    return ListSection(entities,
+                       [this](Canvas canvas) { DrawEntities(stream, canvas, headerVars, view, 0, 0, 0); });
   }
 
   // The place of a block's body, and of none.

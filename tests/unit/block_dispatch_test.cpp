@@ -10,51 +10,16 @@
 
 #include "platform/fault_guard.h"
 #include "support/arc_strokes.h"
-#include "support/block_stream.h"
+#include "support/block_walk.h"
 
 namespace hexlume {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
 
-// With the block's origin at (1000, 2000): from (1000, -1000) to (3000, -2000).
-const std::string slanted = LineOf(Ends(0, 70, 20, 60));
-const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(0, 70, 20, 60));
-
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
-}
-
-class BlockDispatchTest : public BlockStreamTest {
+class BlockDispatchTest : public BlockWalkTest {
  protected:
-  BlockDispatchTest() {
-    AddLayer("0", {}, 3);
-    AddLayer("WALLS", {}, 1);
-    AddLayer("DOORS", {0, 0, 3}, 5);
-    SetInsertLayer("WALLS");
-  }
-
-  // The listing of a block of these entities.
-  std::string Draw(const std::string& entities, const std::string& header = baseAtZero) {
-    blocks.clear();
-    AddBlock("A", entities, header);
-    return DrawFirst();
-  }
-
-  // The listing of a block whose text behind the name is this, and of what stands behind it in the file.
-  std::string DrawText(const std::string& body) {
-    blocks = "0 BLOCK\n2 A\n" + body;
-    return DrawFirst();
-  }
-
-  std::string DrawFirst() {
-    OpenAt("0 CIRCLE\n");
-    return ListCalls([this](Canvas canvas) { Walk(canvas); });
-  }
-
-  void Walk(Canvas canvas) { WalkFrom(BodyOf("A"), canvas); }
-
-  void WalkFrom(int32_t bodyOffset, Canvas canvas) {
+  void Walk(int32_t bodyOffset, Canvas canvas) override {
     result = DrawBlockEntities(stream, bodyOffset, canvas, blockOriginX, blockOriginY, headerVars,
                                insertColor, view, 0, 0, 0, 0);
   }
@@ -149,7 +114,7 @@ TEST_F(BlockDispatchTest, without_a_body_nothing_is_read) {
   AddBlock("A", slanted);
   OpenAt("0 CIRCLE\n");
   const int32_t place = Tell(stream);
-  EXPECT_EQ("", ListCalls([this](Canvas canvas) { WalkFrom(noBody, canvas); }));
+  EXPECT_EQ("", ListCalls([this](Canvas canvas) { Walk(noBody, canvas); }));
   EXPECT_EQ(1, result);
   EXPECT_EQ(place, Tell(stream));
   EXPECT_TRUE(AtGroup(0, "CIRCLE"));
@@ -248,7 +213,7 @@ TEST_F(BlockDispatchTest, at_the_end_of_the_file_an_entity_is_drawn_with_what_it
   blocks = "0 BLOCK\n2 A\n" + baseAtZero + slanted;
   stream = StreamOf(blocks);
   ReadBlocks(stream);
-  EXPECT_EQ(SlantedStroke(), ListCalls([this](Canvas canvas) { Walk(canvas); }));
+  EXPECT_EQ(SlantedStroke(), ListCalls([this](Canvas canvas) { Walk(BodyOf("A"), canvas); }));
   EXPECT_EQ(1, result);
 }
 
@@ -265,31 +230,14 @@ TEST_F(BlockDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
     stream.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end));
     ReadBlocks(stream);
     result = -1;
-    ListCalls([this](Canvas canvas) { Walk(canvas); });
+    ListCalls([this](Canvas canvas) { Walk(BodyOf("A"), canvas); });
     EXPECT_EQ(1, result) << end;
   }
 }
 
 // Walks without an end.
 
-class EndlessBlockTest : public BlockDispatchTest {
- protected:
-  // The listing of block A up to the throw that ends it.
-  std::string DrawToThrow() {
-    OpenAt("0 CIRCLE\n");
-    return ListCalls([this](Canvas canvas) { WalkToThrow(canvas); });
-  }
-
-  void WalkToThrow(Canvas canvas) {
-    try {
-      Walk(canvas);
-    } catch (int32_t code) {
-      thrown = code;
-    }
-  }
-
-  int32_t thrown = 0;
-};
+using EndlessBlockTest = BlockDispatchTest;
 
 size_t CountLines(const std::string& listing) {
   size_t count = 0;

@@ -9,7 +9,7 @@
 #include "composite/block_dispatch.h"
 #include "platform/fault_guard.h"
 #include "support/arc_strokes.h"
-#include "support/block_stream.h"
+#include "support/block_walk.h"
 #include "support/mtext_calls.h"
 #include "support/shape_text.h"
 
@@ -18,50 +18,9 @@ namespace {
 
 constexpr int32_t dimensionColor = 6;  // magenta
 
-// With an offset of (1000, 2000): from (1000, -1000) to (3000, -2000).
-const std::string slanted = LineOf(Ends(0, 70, 20, 60));
-
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
-}
-
-class DimBlockDispatchTest : public BlockStreamTest {
+class DimBlockDispatchTest : public BlockWalkTest {
  protected:
-  DimBlockDispatchTest() {
-    AddLayer("0", {}, 3);
-    AddLayer("WALLS", {}, 1);
-    AddLayer("DOORS", {0, 0, 3}, 5);
-    SetInsertLayer("WALLS");
-  }
-
-  // The listing of a block of these entities.
-  std::string Draw(const std::string& entities, const std::string& header = baseAtZero) {
-    blocks.clear();
-    AddBlock("A", entities, header);
-    return DrawFirst();
-  }
-
-  // The listing of a block whose text behind the name is this, and of what stands behind it in the file.
-  std::string DrawText(const std::string& body) {
-    blocks = "0 BLOCK\n2 A\n" + body;
-    return DrawFirst();
-  }
-
-  // That of block A, up to a throw if there is one.
-  std::string DrawFirst() {
-    OpenAt("0 CIRCLE\n");
-    return ListCalls([this](Canvas canvas) { WalkToThrow(canvas); });
-  }
-
-  void WalkToThrow(Canvas canvas) {
-    try {
-      Walk(BodyOf("A"), canvas);
-    } catch (int32_t code) {
-      thrown = code;
-    }
-  }
-
-  void Walk(int32_t bodyOffset, Canvas canvas) {
+  void Walk(int32_t bodyOffset, Canvas canvas) override {
     DrawDimBlock(bodyOffset, 1000.0, 2000.0, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont,
                  dimensionColor, stream, canvas);
   }
@@ -69,7 +28,6 @@ class DimBlockDispatchTest : public BlockStreamTest {
   int32_t wholeTextClip = 0;
   int32_t wholeSheet = 1;
   int32_t halfWidthFont = 0;
-  int32_t thrown = 0;
 };
 
 // The header.
@@ -336,14 +294,16 @@ TEST_F(DimBlockDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
 
 TEST_F(DimBlockDispatchTest, a_block_ends_with_the_steps_that_are_left) {
   // Eight: 70, 10, 20, 30, 3 and 1 of the header, and the two lines.
+  AddBlock("A", slanted + slanted);
   state.blockSteps = blockStepLimit - 8;
-  EXPECT_EQ(SlantedStroke() + SlantedStroke(), Draw(slanted + slanted));
+  EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(0, thrown);
 }
 
 TEST_F(DimBlockDispatchTest, one_step_more_ends_it_as_a_fault_behind_what_was_drawn) {
+  AddBlock("A", slanted + slanted);
   state.blockSteps = blockStepLimit - 7;
-  EXPECT_EQ(SlantedStroke(), Draw(slanted + slanted));
+  EXPECT_EQ(SlantedStroke(), DrawToThrow());
   EXPECT_EQ(faultCode, thrown);
 }
 
@@ -351,7 +311,7 @@ TEST_F(DimBlockDispatchTest, a_block_that_inserts_itself_ends_once_it_has_no_sco
   // Played back three times: as the dimension's block, as one inserted there, and as one inserted there in
   // turn, from where on it is inside itself.
   AddBlock("A", slanted + "0 INSERT\n2 A\n10 0\n20 -10\n");
-  const std::string strokes = DrawFirst();
+  const std::string strokes = DrawToThrow();
   EXPECT_EQ(faultCode, thrown);
   EXPECT_EQ(0u, strokes.find(SlantedStroke() + Stroke(black, 1000, -2000, 3000, -3000) +
                              Stroke(black, 1000, -3000, 3000, -4000)));

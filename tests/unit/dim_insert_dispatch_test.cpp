@@ -9,58 +9,16 @@
 #include "composite/block_dispatch.h"
 #include "platform/fault_guard.h"
 #include "support/arc_strokes.h"
-#include "support/block_stream.h"
+#include "support/block_walk.h"
 
 namespace hexlume {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
 
-// With the block's origin at (1000, 2000): from (1000, -1000) to (3000, -2000).
-const std::string slanted = LineOf(Ends(0, 70, 20, 60));
-const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(0, 70, 20, 60));
-
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
-}
-
-class DimInsertDispatchTest : public BlockStreamTest {
+class DimInsertDispatchTest : public BlockWalkTest {
  protected:
-  DimInsertDispatchTest() {
-    AddLayer("0", {}, 3);
-    AddLayer("WALLS", {}, 1);
-    AddLayer("DOORS", {0, 0, 3}, 5);
-    SetInsertLayer("WALLS");
-  }
-
-  // The listing of a block of these entities.
-  std::string Draw(const std::string& entities, const std::string& header = baseAtZero) {
-    blocks.clear();
-    AddBlock("A", entities, header);
-    return DrawFirst();
-  }
-
-  // The listing of a block whose text behind the name is this, and of what stands behind it in the file.
-  std::string DrawText(const std::string& body) {
-    blocks = "0 BLOCK\n2 A\n" + body;
-    return DrawFirst();
-  }
-
-  // That of block A, up to a throw if there is one.
-  std::string DrawFirst() {
-    OpenAt("0 CIRCLE\n");
-    return ListCalls([this](Canvas canvas) { WalkToThrow(canvas); });
-  }
-
-  void WalkToThrow(Canvas canvas) {
-    try {
-      Walk(BodyOf("A"), canvas);
-    } catch (int32_t code) {
-      thrown = code;
-    }
-  }
-
-  void Walk(int32_t bodyOffset, Canvas canvas) {
+  void Walk(int32_t bodyOffset, Canvas canvas) override {
     result = DrawDimInsertEntities(stream, bodyOffset, canvas, blockOriginX, blockOriginY, headerVars, view,
                                    0, wholeSheet, 0, insertColor);
   }
@@ -68,7 +26,6 @@ class DimInsertDispatchTest : public BlockStreamTest {
   double blockOriginX = 1000.0;
   double blockOriginY = 2000.0;
   int32_t wholeSheet = 1;
-  int32_t thrown = 0;
 };
 
 // The header.
@@ -233,14 +190,16 @@ TEST_F(DimInsertDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
 
 TEST_F(DimInsertDispatchTest, a_block_ends_with_the_steps_that_are_left) {
   // Eight: 70, 10, 20, 30, 3 and 1 of the header, and the two lines.
+  AddBlock("A", slanted + slanted);
   state.blockSteps = blockStepLimit - 8;
-  EXPECT_EQ(SlantedStroke() + SlantedStroke(), Draw(slanted + slanted));
+  EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(0, thrown);
 }
 
 TEST_F(DimInsertDispatchTest, one_step_more_ends_it_as_a_fault_behind_what_was_drawn) {
+  AddBlock("A", slanted + slanted);
   state.blockSteps = blockStepLimit - 7;
-  EXPECT_EQ(SlantedStroke(), Draw(slanted + slanted));
+  EXPECT_EQ(SlantedStroke(), DrawToThrow());
   EXPECT_EQ(faultCode, thrown);
 }
 
@@ -252,7 +211,8 @@ TEST_F(DimInsertDispatchTest, without_room_on_the_stack_a_block_is_a_fault_and_n
 }
 
 TEST_F(DimInsertDispatchTest, a_block_inside_itself_ends_as_a_fault_with_what_was_drawn) {
-  const std::string strokes = Draw(slanted + "0 INSERT\n2 A\n10 0\n20 -10\n");
+  AddBlock("A", slanted + "0 INSERT\n2 A\n10 0\n20 -10\n");
+  const std::string strokes = DrawToThrow();
   EXPECT_EQ(faultCode, thrown);
   // The insert's own origin is the block's: (1000, 2000) + (0, -1000).
   EXPECT_EQ(0u, strokes.find(SlantedStroke() + Stroke(black, 1000, -2000, 3000, -3000)));

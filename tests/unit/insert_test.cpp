@@ -43,16 +43,6 @@ class InsertTest : public BlockStreamTest {
   }
 
   void Insert(Canvas canvas) { result = DrawInsert(headerVars, stream, canvas, view, 0, 0, 0); }
-
-  // The listing of an ENTITIES section.
-  std::string DrawSection(const std::string& entities) {
-    OpenAt("2 ENTITIES\n" + entities + "0 ENDSEC\n0 EOF\n");
-    const std::string calls =
-        ListCalls([this](Canvas canvas) { DrawEntities(stream, canvas, headerVars, view, 0, 0, 0); });
-    const std::string setUp = "SetMapMode(MM_HIMETRIC)\n";
-    EXPECT_EQ(0u, calls.find(setUp));
-    return calls.substr(setUp.size());
-  }
 };
 
 // Group 2.

@@ -72,17 +72,13 @@ class LeaderArrowTest : public BlockStreamTest {
 
   // The listing of an ENTITIES section, up to a throw if there is one.
   std::string DrawSection(const std::string& entities) {
-    OpenAt("2 ENTITIES\n" + entities + "0 ENDSEC\n0 EOF\n");
-    const std::string calls = ListCalls([this](Canvas canvas) {
+    return ListSection(entities, [this](Canvas canvas) {
       try {
         DrawEntities(stream, canvas, headerVars, view, 0, 0, 0);
       } catch (int32_t code) {
         thrown = code;
       }
     });
-    const std::string setUp = "SetMapMode(MM_HIMETRIC)\n";
-    EXPECT_EQ(0u, calls.find(setUp));
-    return calls.substr(setUp.size());
   }
 
   // The angle of the arrow of a leader from (50, 50) to a second vertex.

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "entities/entity_dispatch.h"
 #include "support/block_stream.h"
 
 namespace hexlume {
@@ -57,16 +56,6 @@ class LeaderTest : public BlockStreamTest {
   }
 
   void Run(Canvas canvas) { result = DrawLeader(headerVars, stream, canvas, view, 0, 0, 0); }
-
-  // The listing of an ENTITIES section.
-  std::string DrawSection(const std::string& entities) {
-    OpenAt("2 ENTITIES\n" + entities + "0 ENDSEC\n0 EOF\n");
-    const std::string calls =
-        ListCalls([this](Canvas canvas) { DrawEntities(stream, canvas, headerVars, view, 0, 0, 0); });
-    const std::string setUp = "SetMapMode(MM_HIMETRIC)\n";
-    EXPECT_EQ(0u, calls.find(setUp));
-    return calls.substr(setUp.size());
-  }
 
   // The next entity stands in the buffer, and its first group behind that.
   void ExpectNextEntity() {

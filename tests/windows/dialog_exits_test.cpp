@@ -14,11 +14,6 @@ void Cancel() {
 
 class Exits : public DialogTest {
  protected:
-  static void ExpectCancelled(const Conversion& conversion) {
-    EXPECT_EQ(16, conversion.code);
-    EXPECT_FALSE(conversion.hasMetafile);
-  }
-
   static void NoUser() {}
 
   const std::string three = LayersDrawing({{"A", 7}, {"B", 7}, {"C", 7}});

@@ -667,10 +667,6 @@ TEST_F(SizeDialog, can_be_answered_by_the_keyboard_alone) {
 class CancelledSizeDialog : public SizeDialog {
  protected:
   static void Cancel() { SizeWindow().Cancel(); }
-  static void ExpectCancelled(const Conversion& left) {
-    EXPECT_EQ(16, left.code);
-    EXPECT_FALSE(left.hasMetafile);
-  }
 };
 
 TEST_F(CancelledSizeDialog, gives_16_and_leaves_out_as_it_was) {

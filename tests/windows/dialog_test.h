@@ -63,6 +63,11 @@ class DialogTest : public testing::Test {
   // With the size dialog alone.
   Conversion Scale(const std::string& drawing, const User& user) { return Whole(drawing, 2, user); }
 
+  static void ExpectCancelled(const Conversion& conversion) {
+    EXPECT_EQ(16, conversion.code);
+    EXPECT_FALSE(conversion.hasMetafile);
+  }
+
   Conversion Convert(const User& user, const std::function<int32_t(HENHMETAFILE*)>& call);
 
   // The path of a drawing, which stays for a turn afterwards.
