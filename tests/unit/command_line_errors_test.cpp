@@ -144,6 +144,17 @@ TEST_F(CommandLineErrors, views_that_are_no_four_numbers) {
   }
 }
 
+TEST_F(CommandLineErrors, views_that_are_inverted) {
+  ExpectWrongUsage("--view 10,10,5,20 plan.dxf", "--view needs a left edge that isn't right of the right one");
+  ExpectWrongUsage("--view 10,10,20,5 plan.dxf", "--view needs a top edge that isn't below the bottom one");
+}
+
+TEST_F(CommandLineErrors, options_given_more_than_once) {
+  ExpectWrongUsage("--png a.png --png b.png plan.dxf", "--png is given more than once");
+  ExpectWrongUsage("-d . -d .. plan.dxf", "-d is given more than once");
+  ExpectWrongUsage("--view 0,0,1,1 --view 0,0,2,2 plan.dxf", "--view is given more than once");
+}
+
 TEST_F(CommandLineErrors, options_that_exclude_or_need_each_other) {
   ExpectWrongUsage("--view 0,0,1,1 --full-size plan.dxf", "--view and --full-size exclude each other");
   ExpectWrongUsage("--view 0,0,1,1 --rotate plan.dxf", "--view and --rotate exclude each other");
