@@ -42,7 +42,10 @@
  * doesn't depend on it.
  *
  * What stays between calls: the monochrome switch, the dialog font, and for vzRotMetaMake the last conversion's path,
- * selection, scale and font.
+ * selection, scale and font. Also what an entity takes over that lacks a group of its own, and so a drawing can depend on
+ * the one before it: the coordinates, radii, colours and texts of the entities before; the layer and the scales of the last
+ * INSERT or LEADER (the scales are 1 in a fresh process); the face that a text named last. Such a drawing is the same each
+ * time only if each conversion has a process of its own.
  *
  * All functions are exported under the undecorated names below, on Windows with the C calling convention (cdecl).
  */

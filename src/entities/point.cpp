@@ -19,7 +19,8 @@ int32_t FrameOf(const HeaderVars& headerVars) {
   return headerVars.pdMode / figureCount;
 }
 
-// The pens of all marks have the family of the drawing's first layer, whichever layer the point is on.
+// The pens of all marks have the family of the drawing's first layer, whichever layer the point is on. A
+// second table without layers doesn't take it away.
 int32_t MarkPenStyle() {
   return state.layers.empty() ? 0 : state.layers[0].family;
 }

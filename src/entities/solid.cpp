@@ -104,7 +104,9 @@ int32_t DrawDimInsertSolid(Canvas canvas, TextStream& stream, double blockOrigin
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 6: ResolveDimInsertLinetype(value, style, inherit); break;
+      // As in the drawing itself, unlike in the other entities of this scope: with a record alone, and by
+      // block counts for nothing.
+      case 6: ResolveWholeLinetype(value, style); break;
       case 8:
         if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
         break;

@@ -29,12 +29,13 @@ class TableSectionTest : public ConverterTest {
   static std::string Counts() {
     int32_t defined = 0;
     for (const LtypeEntry& ltype : state.ltypes) defined += ltype.defined;
-    return std::to_string(defined) + " " + std::to_string(state.layers.size()) + " " +
+    return std::to_string(defined) + " " + std::to_string(state.layerCount) + " " +
            std::to_string(state.dimStyles.size());
   }
   std::string CountsOf(const std::string& tables) {
     state.ltypes = {};
     state.layers = {};
+    state.layerCount = 0;
     state.dimStyles = {};
     Read(tables);
     return Counts();
