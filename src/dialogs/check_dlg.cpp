@@ -3,6 +3,7 @@
 #include "dialogs/layer_page.h"
 #include "dialogs/line_page.h"
 #include "dialogs/menu_font.h"
+#include "dialogs/modal_result.h"
 #include "dialogs/resource.h"
 #include "dialogs/selection_sheet.h"
 #include "driver/conv_state.h"
@@ -22,7 +23,7 @@ void CCheckDlg::OnSize(UINT type, int cx, int cy) {
   }
 }
 
-bool ShowSelectionSheet() {
+DialogResult ShowSelectionSheet() {
   state.excludedLayerCount = 0;
   state.excludedLtypeCount = 0;
   CCheckDlg sheet(IDS_SELECTION);
@@ -31,7 +32,7 @@ bool ShowSelectionSheet() {
   sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
   sheet.AddPage(&layerPage);
   sheet.AddPage(&linePage);
-  return sheet.DoModal() != IDCANCEL;
+  return ResultOf(sheet.DoModal());
 }
 
 }  // namespace hexlume

@@ -52,10 +52,10 @@ void AnswerFamilies() {
 
 }  // namespace
 
-bool ShowSelectionSheet() {
+DialogResult ShowSelectionSheet() {
   AnswerLayers();
   AnswerFamilies();
-  return true;
+  return DialogResult::ok;
 }
 
 }  // namespace hexlume
