@@ -13,6 +13,21 @@ void Cancel() {
   SheetWindow().Cancel();
 }
 
+// The sheet's own result, as a test wants it: systems differ in what it says where no page declares a change.
+WNDPROC sheetProcedure;
+LRESULT sheetResult;
+
+LRESULT CALLBACK TellResult(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == PSM_GETRESULT) return sheetResult;
+  return CallWindowProcW(sheetProcedure, window, message, wParam, lParam);
+}
+
+void LetTellResult(HWND sheet, LRESULT result) {
+  sheetResult = result;
+  sheetProcedure = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(sheet, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TellResult)));
+}
+
 class Exits : public DialogTest {
  protected:
   static void NoUser() {}
@@ -74,6 +89,36 @@ TEST_F(Exits, a_message_that_closes_the_window_is_cancel) {
     const SheetWindow sheet;
     PostMessageW(sheet.window, WM_CLOSE, 0, 0);
     WaitUntilGone(sheet.window);
+  }));
+}
+
+TEST_F(Exits, ok_is_ok_whatever_the_sheets_own_result_is) {
+  for (const LRESULT result : {0, -1}) {
+    const Conversion drawn = Select(three, [&] {
+      const SheetWindow sheet;
+      LetTellResult(sheet.window, result);
+      sheet.ClickBox(1);
+      sheet.ExpectTicks("x-x");
+      sheet.Ok();
+    });
+    EXPECT_EQ(0, drawn.code);
+    EXPECT_EQ((Numbers{0, 2}), drawn.Lines());
+  }
+}
+
+TEST_F(Exits, cancel_is_cancel_whatever_the_sheets_own_result_is) {
+  ExpectCancelled(Select(three, [] {
+    const SheetWindow sheet;
+    LetTellResult(sheet.window, 1);
+    sheet.Cancel();
+  }));
+}
+
+TEST_F(Exits, cancel_after_an_apply_is_cancel) {
+  ExpectCancelled(Select(three, [] {
+    const SheetWindow sheet;
+    Ask(sheet.window, PSM_APPLY);
+    sheet.Cancel();
   }));
 }
 
