@@ -97,6 +97,9 @@ const std::string entities =
 TEST_F(CommandLineErrors, an_empty_file) {
   Write("a.dxf", "");
   ExpectFailure(RunReal("a.dxf"), 30, "hexlume: a.dxf: the file is empty\n");
+  const std::string japanese = JapaneseName() + ".dxf";
+  Write(japanese, "");
+  ExpectFailure(RunReal(japanese), 30, "hexlume: " + japanese + ": the file is empty\n");
 }
 
 TEST_F(CommandLineErrors, a_binary_dxf) {
