@@ -2,6 +2,7 @@ enable_language(RC)
 
 set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/check_dlg.cpp
+  src/dialogs/font_scale.cpp
   src/dialogs/layer_page.cpp
   src/dialogs/line_page.cpp
   src/dialogs/menu_font.cpp
@@ -16,6 +17,7 @@ set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/toolkit/modal_run.cpp
   src/dialogs/toolkit/module.cpp
   src/dialogs/toolkit/property_sheet.cpp
+  src/dialogs/toolkit/row_tip.cpp
   src/dialogs/toolkit/wide_text.cpp
   src/dialogs/toolkit/wnd.cpp
 )

@@ -18,14 +18,17 @@
 namespace hexlume {
 namespace {
 
+const std::string oneLine = "0 SECTION\n2 ENTITIES\n0 LINE\n8 A\n10 0\n20 0\n11 10\n21 10\n0 ENDSEC\n0 EOF\n";
+
 // A drawing of width by height with the layers A, B and C (C frozen) and one line on A.
 std::string Drawing(int width, int height) {
   return "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 " + std::to_string(width) + "\n20 " +
          std::to_string(height) +
          "\n0 ENDSEC\n"
          "0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n"
-         "0 LAYER\n2 A\n70 0\n62 7\n0 LAYER\n2 B\n70 0\n62 7\n0 LAYER\n2 C\n70 1\n62 7\n0 ENDTAB\n0 ENDSEC\n"
-         "0 SECTION\n2 ENTITIES\n0 LINE\n8 A\n10 0\n20 0\n11 10\n21 10\n0 ENDSEC\n0 EOF\n";
+         "0 LAYER\n2 A\n70 0\n62 7\n0 LAYER\n2 B\n70 0\n62 7\n0 LAYER\n2 C\n70 1\n62 7\n0 ENDTAB\n0 "
+         "ENDSEC\n" +
+         oneLine;
 }
 
 const std::string small = Drawing(420, 297);
@@ -162,6 +165,28 @@ TEST_F(ConversionTest, a_cancelled_sheet_ends_with_16) {
     EXPECT_EQ(HEXLUME_CANCELLED, Run(which, drawing.Path(), 1));
     EXPECT_EQ(untouched, out);
     EXPECT_TRUE(NothingIsKept());
+  }
+}
+
+// Where no window can be made
+
+TEST_F(ConversionTest, dialogs_that_cannot_be_shown_are_as_none) {
+  // A drawing beyond A0 with a fraction that whole millimetres would lose, and one without layers, of whose
+  // none as many are left out as there are.
+  const std::string fraction =
+      "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 2000.95\n20 1500.95\n0 ENDSEC\n" + oneLine;
+  const std::string withoutLayers =
+      "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 420\n20 297\n0 ENDSEC\n" + oneLine;
+  seams.makesWindows = false;
+  for (const std::string& bytes : {small, fraction, withoutLayers}) {
+    const TemporaryDrawing drawing(bytes);
+    for (const Export which : {Export::whole, Export::part, Export::fullSize}) {
+      EXPECT_EQ(HEXLUME_OK, Run(which, drawing.Path(), 0));
+      const std::string without = Listing();
+      EXPECT_NE(std::string::npos, without.find("\nSetMapMode("));
+      EXPECT_EQ(HEXLUME_OK, Run(which, drawing.Path(), 1));
+      EXPECT_EQ(without, Listing());
+    }
   }
 }
 

@@ -1,6 +1,8 @@
 #include "tools/hexlume/convert.h"
 
+#include "tools/hexlume/emf_record.h"
 #include "tools/hexlume/host_guard.h"
+#include "tools/hexlume/metafile_bytes.h"
 
 namespace hexlume {
 namespace {
@@ -63,6 +65,16 @@ std::string FailureInWords(const Conversion& conversion) {
                                  : "the file can't be read or is no drawing, or a fault ended it";
     default: return "the library returned " + std::to_string(conversion.code);
   }
+}
+
+bool GaveNoDrawing(const Conversion& conversion) {
+  if (conversion.fault) return false;
+  if (!conversion.metafile) return conversion.code == HEXLUME_NOT_A_DRAWING;
+  // The first call of any drawing sets the mapping mode: without one there are a header and an end.
+  constexpr size_t headerSize = 88, recordCount = 52, largestEmpty = 1024;
+  if (GetEnhMetaFileBits(conversion.metafile.get(), 0, nullptr) > largestEmpty) return false;
+  const std::vector<uint8_t> bytes = MetafileBytes(conversion.metafile.get());
+  return bytes.size() >= headerSize && EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
 }
 
 int ExitStatusOf(const Conversion& conversion) {

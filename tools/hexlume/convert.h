@@ -28,6 +28,9 @@ Conversion Convert(const std::string& drawing, const Options& options);
 // What happened, for the user; only for a conversion that failed.
 std::string FailureInWords(const Conversion& conversion);
 
+// Whether the library found nothing that could be drawn: no drawing, or one without entities.
+bool GaveNoDrawing(const Conversion& conversion);
+
 // The exit status that tells of it; 0 if all is well.
 int ExitStatusOf(const Conversion& conversion);
 

@@ -2,9 +2,11 @@
 
 #include <iostream>
 #include <new>
+#include <optional>
 
 #include "tools/hexlume/convert.h"
 #include "tools/hexlume/dialog_answers.h"
+#include "tools/hexlume/file_trouble.h"
 #include "tools/hexlume/options.h"
 #include "tools/hexlume/output.h"
 #include "tools/hexlume/system.h"
@@ -18,11 +20,25 @@ void Report(const std::string& words) {
   std::cerr << "hexlume: " << words << std::endl;
 }
 
+// Why a conversion failed, or why it drew less than was to be expected.
+void ReportConversion(const Job& job, const Conversion& conversion, const Options& options) {
+  const int status = ExitStatusOf(conversion);
+  std::optional<std::string> trouble;
+  if (status == HEXLUME_OK || status == HEXLUME_NOT_A_DRAWING)
+    trouble = TroubleWith(job.drawing, GaveNoDrawing(conversion));
+  if (trouble) Report(job.drawing + ": " + *trouble);
+  const bool isExplained = trouble && !conversion.metafile;
+  if (status != 0 && !isExplained) Report(job.drawing + ": " + FailureInWords(conversion));
+  if (status != 0) return;
+  for (const std::string& name : UnknownHiddenLayers(options.dialogAnswers))
+    Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
+}
+
 // 0, or the exit status that tells what went wrong; of two troubles the later one.
 int RunJob(const Job& job, const Options& options) {
   const Conversion conversion = Convert(job.drawing, options);
   const int status = ExitStatusOf(conversion);
-  if (status != 0) Report(job.drawing + ": " + FailureInWords(conversion));
+  ReportConversion(job, conversion, options);
   if (!conversion.metafile) return status;
   try {
     WriteOutputs(conversion.metafile.get(), job, options);

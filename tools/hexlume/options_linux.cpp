@@ -90,7 +90,7 @@ void ReadSystemOptions(const cxxopts::ParseResult& parsed, Options& options) {
   }
   for (const std::string& text : TextsOf(parsed, "hide-layer")) {
     if (!choosesLines) throw UsageError("--hide-layer needs --dialogs");
-    options.dialogAnswers.hiddenLayers.push_back(LayerName(text));
+    options.dialogAnswers.hiddenLayers.push_back({text, LayerName(text)});
   }
   for (const std::string& text : TextsOf(parsed, "hide-line-type")) {
     if (!choosesLines) throw UsageError("--hide-line-type needs --dialogs");
@@ -100,9 +100,17 @@ void ReadSystemOptions(const cxxopts::ParseResult& parsed, Options& options) {
 
 void GiveDialogAnswers(const DialogAnswers& answers) {
   std::vector<const char*> layers;
-  for (const std::string& name : answers.hiddenLayers) layers.push_back(name.c_str());
+  for (const HiddenLayer& layer : answers.hiddenLayers) layers.push_back(layer.name.c_str());
   vzSetDialogAnswers(answers.scale, layers.data(), static_cast<int32_t>(layers.size()),
                      answers.hiddenFamilies.data(), static_cast<int32_t>(answers.hiddenFamilies.size()));
+}
+
+std::vector<std::string> UnknownHiddenLayers(const DialogAnswers& answers) {
+  std::vector<std::string> unknown;
+  for (const HiddenLayer& layer : answers.hiddenLayers) {
+    if (!vzHiddenLayerExists(layer.name.c_str())) unknown.push_back(layer.text);
+  }
+  return unknown;
 }
 
 }  // namespace hexlume

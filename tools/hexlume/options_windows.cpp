@@ -12,4 +12,8 @@ void ReadSystemOptions(const cxxopts::ParseResult&, Options&) {}
 
 void GiveDialogAnswers(const DialogAnswers&) {}
 
+std::vector<std::string> UnknownHiddenLayers(const DialogAnswers&) {
+  return {};
+}
+
 }  // namespace hexlume

@@ -1,12 +1,17 @@
 // What the tool needs to know of the system's files and streams.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace hexlume {
 
 // Lets a line on standard output end in \n alone, so that a listing is the same on every system.
 void UsePlainLineEnds();
+
+// In bytes; none if there is no such file, or if it is a folder or a device.
+std::optional<uint64_t> FileSize(const std::string& path);
 
 // Where the file's name begins in a path.
 size_t FileNameStart(const std::string& path);
