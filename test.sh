@@ -36,10 +36,16 @@ failed=0
 count_results() {
   local ok bad
   read -r ok bad < <(awk '
-    /<testcase / { run = /status="run"/; ok = bad = 0 }
-    match($0, /\[  PASSED  \] [0-9]+ test/) { ok = substr($0, RSTART + 13) + 0 }
-    match($0, /\[  FAILED  \] [0-9]+ tests?,/) { bad = substr($0, RSTART + 13) + 0 }
-    /<\/testcase>/ { passed += ok; failed += bad; if (!bad && !(run && ok)) ++failed }
+    function number_after(sign) { return substr($0, index($0, sign) + length(sign)) + 0 }
+    /<testcase / { run = /status="run"/; all = ok = skipped = 0 }
+    /\[==========\] [0-9]+ tests? from .* ran\./ { all = number_after("[==========] ") }
+    /\[  PASSED  \] [0-9]+ test/ { ok = number_after("[  PASSED  ] ") }
+    /\[  SKIPPED \] [0-9]+ test/ { skipped = number_after("[  SKIPPED ] ") }
+    /<\/testcase>/ {
+      bad = all > ok + skipped ? all - ok - skipped : 0
+      passed += ok
+      failed += bad || (run && ok) ? bad : 1
+    }
     END { print passed + 0, failed + 0 }' "$1")
   passed=$((passed + ok))
   failed=$((failed + bad))
