@@ -6,9 +6,8 @@
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
@@ -18,23 +17,15 @@ namespace hexlume {
 constexpr int64_t blockStepLimit = 100'000'000;
 
 // Draws each entity of the block that has a converter in this scope, up to the block's end. bodyOffset is
-// that of a BlockEntry; with noBody nothing is drawn. The origin is the insertion point in model units times
-// 100, from which the block's scaled base point is subtracted here. Always 1.
-int32_t DrawBlockEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas, double blockOriginX,
-                          double blockOriginY, const HeaderVars& headerVars, int32_t insertColor,
-                          const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet,
-                          int32_t halfWidthFont, int32_t byBlockFlag);
+// that of a BlockEntry; with noBody nothing is drawn. The run's origin is the insertion point, from which the
+// block's scaled base point is subtracted here. Always 1.
+int32_t DrawBlockEntities(BlockRun run, int32_t bodyOffset);
 
 // The same in the scope of a dimension's inserted block. No base point is subtracted here. Always 1.
-int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas, double blockOriginX,
-                              double blockOriginY, const HeaderVars& headerVars, const ViewRect& view,
-                              int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
-                              int32_t insertColor);
+int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset);
 
-// The same for the block of a dimension, moved by an offset in model units times 100. Only the inserts in it
-// are given the dimension's colour. A processor fault is left to the guard around the ENTITIES section.
-void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const HeaderVars& headerVars,
-                  const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
-                  int32_t color, TextStream& stream, Canvas canvas);
+// The same for the block of a dimension, whose offset and colour the run has. Only the inserts in it are
+// given the colour. A processor fault is left to the guard around the ENTITIES section.
+void DrawDimBlock(const EntityRun& run, int32_t bodyOffset);
 
 }  // namespace hexlume

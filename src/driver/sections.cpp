@@ -31,7 +31,7 @@ void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
       ReadBlocks(stream);
     } else if (AtGroup(2, "ENTITIES")) {
       AddDefaultLayer();
-      DrawEntities(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
+      DrawEntities({{stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont}});
     }
   }
 }

@@ -217,13 +217,13 @@ void DrawWhole(Canvas canvas, const SheetEllipse& e, const ArcEnds& cut, const D
 
 }  // namespace
 
-int32_t DrawEllipse(Canvas canvas, TextStream& stream, const ViewRect& view) {
+int32_t DrawEllipse(const EntityRun& run) {
   LineStyle style;
   double startAngle = 0.0;
   double endAngle = 0.0;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
@@ -246,66 +246,65 @@ int32_t DrawEllipse(Canvas canvas, TextStream& stream, const ViewRect& view) {
   const ModelEllipse model = {state.entX[0],   state.entY[0], state.entX[1], state.entY[1],
                               state.entRadius, startAngle,    endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
-  if (!ShowsACorner(view, ellipse)) return more;
-  const ArcEnds cut = CutToView(view, ellipse);
+  if (!ShowsACorner(run.view, ellipse)) return more;
+  const ArcEnds cut = CutToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
-    DrawWhole(canvas, ellipse, cut, dashes, state.entColor);
+    DrawWhole(run.canvas, ellipse, cut, dashes, state.entColor);
     return more;
   }
-  for (const ArcEnds& piece : PiecesInView(view, ellipse.centre, RadialsOf(model), cut))
-    DrawPiece(canvas, ellipse, piece, dashes, state.entColor);
+  for (const ArcEnds& piece : PiecesInView(run.view, ellipse.centre, RadialsOf(model), cut))
+    DrawPiece(run.canvas, ellipse, piece, dashes, state.entColor);
   return more;
 }
 
-int32_t DrawBlockEllipse(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                         int32_t insertColor, const ViewRect& view, int32_t /*byBlockFlag*/) {
+int32_t DrawBlockEllipse(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   double startAngle = 0.0;
   double endAngle = 0.0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 11: state.blockX[1] = Atof(value) * 100.0 * state.insertScaleX; break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 21: state.blockY[1] = Atof(value) * 100.0 * state.insertScaleY; break;
       case 40: state.blockRadius = Atof(value); break;
       case 41: startAngle = Atof(value); break;
       case 42: endAngle = Atof(value); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
   // The axis and the angles aren't turned with the centre.
-  TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
   const ModelEllipse model = {state.blockX[0],   state.blockY[0], state.blockX[1], state.blockY[1],
                               state.blockRadius, startAngle,      endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
-  if (!ShowsACorner(view, ellipse)) return more;
-  const ArcEnds cut = CutToView(view, ellipse);
+  if (!ShowsACorner(run.view, ellipse)) return more;
+  const ArcEnds cut = CutToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
-    DrawWhole(canvas, ellipse, cut, dashes, state.blockColor);
+    DrawWhole(run.canvas, ellipse, cut, dashes, state.blockColor);
     return more;
   }
-  for (const ArcEnds& piece : PiecesInView(view, ellipse.centre, RadialsOf(model), cut)) {
+  for (const ArcEnds& piece : PiecesInView(run.view, ellipse.centre, RadialsOf(model), cut)) {
     // Where arcs had to be told their direction, a part of any line type is drawn with the pen that the
     // canvas holds, and isn't turned with the sheet.
     if (state.arcClockwise == 1)
-      Arc(canvas, ellipse.left, ellipse.top, WrapAdd(ellipse.right, 1), WrapSub(ellipse.bottom, 1),
+      Arc(run.canvas, ellipse.left, ellipse.top, WrapAdd(ellipse.right, 1), WrapSub(ellipse.bottom, 1),
           piece.start.x, piece.start.y, piece.end.x, piece.end.y);
     else
-      DrawPiece(canvas, ellipse, piece, dashes, state.blockColor);
+      DrawPiece(run.canvas, ellipse, piece, dashes, state.blockColor);
   }
   return more;
 }

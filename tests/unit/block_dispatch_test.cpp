@@ -20,8 +20,7 @@ constexpr int32_t insertColor = 6;  // magenta
 class BlockDispatchTest : public BlockWalkTest {
  protected:
   void Walk(int32_t bodyOffset, Canvas canvas) override {
-    result = DrawBlockEntities(stream, bodyOffset, canvas, blockOriginX, blockOriginY, headerVars,
-                               insertColor, view, 0, 0, 0, 0);
+    result = DrawBlockEntities({RunOn(canvas), blockOriginX, blockOriginY, insertColor}, bodyOffset);
   }
 
   double blockOriginX = 1000.0;

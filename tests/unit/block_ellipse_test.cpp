@@ -57,15 +57,13 @@ class BlockEllipseTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockEllipse(canvas, stream, blockOriginX, blockOriginY, insertColor, view, byBlockFlag);
+      result = DrawBlockEllipse({RunOn(canvas), blockOriginX, blockOriginY, insertColor, byBlockFlag});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
   int32_t byBlockFlag = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // Coordinates.

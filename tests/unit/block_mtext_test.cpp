@@ -40,8 +40,7 @@ class BlockMTextTest : public ConverterTest {
     return ListCalls([this](Canvas canvas) {
       SetTextCharacterExtra(canvas, 7);
       try {
-        result =
-            DrawBlockMText(canvas, stream, blockOriginX, blockOriginY, view, wholeTextClip, halfWidthFont);
+        result = DrawBlockMText({RunOn(canvas), blockOriginX, blockOriginY});
       } catch (int32_t code) {
         thrown = code;
       }
@@ -80,12 +79,8 @@ class BlockMTextTest : public ConverterTest {
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
   int32_t characterExtra = 0;
   int32_t thrown = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // Groups.

@@ -20,14 +20,11 @@ constexpr int32_t dimensionColor = 6;  // magenta
 
 class DimBlockDispatchTest : public BlockWalkTest {
  protected:
-  void Walk(int32_t bodyOffset, Canvas canvas) override {
-    DrawDimBlock(bodyOffset, 1000.0, 2000.0, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont,
-                 dimensionColor, stream, canvas);
-  }
+  DimBlockDispatchTest() { wholeSheet = 1; }
 
-  int32_t wholeTextClip = 0;
-  int32_t wholeSheet = 1;
-  int32_t halfWidthFont = 0;
+  void Walk(int32_t bodyOffset, Canvas canvas) override {
+    DrawDimBlock({RunOn(canvas), 1000.0, 2000.0, dimensionColor}, bodyOffset);
+  }
 };
 
 // The header.

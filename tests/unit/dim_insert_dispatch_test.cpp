@@ -18,14 +18,14 @@ constexpr int32_t insertColor = 6;  // magenta
 
 class DimInsertDispatchTest : public BlockWalkTest {
  protected:
+  DimInsertDispatchTest() { wholeSheet = 1; }
+
   void Walk(int32_t bodyOffset, Canvas canvas) override {
-    result = DrawDimInsertEntities(stream, bodyOffset, canvas, blockOriginX, blockOriginY, headerVars, view,
-                                   0, wholeSheet, 0, insertColor);
+    result = DrawDimInsertEntities({RunOn(canvas), blockOriginX, blockOriginY, insertColor}, bodyOffset);
   }
 
   double blockOriginX = 1000.0;
   double blockOriginY = 2000.0;
-  int32_t wholeSheet = 1;
 };
 
 // The header.

@@ -46,9 +46,7 @@ class DimInsertTextTest : public ConverterTest {
     return ListCalls([this](Canvas canvas) { DrawOn(canvas); });
   }
 
-  void DrawOn(Canvas canvas) {
-    result = DrawDimInsertText(canvas, stream, baseX, baseY, view, wholeTextClip);
-  }
+  void DrawOn(Canvas canvas) { result = DrawDimInsertText({RunOn(canvas), blockOriginX, blockOriginY}); }
 
   // The distance of characters that a text sets on a canvas where it was 7.
   int32_t ExtraBehind(const std::string& groups) {
@@ -63,11 +61,8 @@ class DimInsertTextTest : public ConverterTest {
     return extra;
   }
 
-  double baseX = 0.0;
-  double baseY = 0.0;
-  int32_t wholeTextClip = 0;
-  TextStream stream;
-  int32_t result = -1;
+  double blockOriginX = 0.0;
+  double blockOriginY = 0.0;
   TextCall drawn;  // what plain leaves
 };
 
@@ -162,8 +157,8 @@ TEST_F(DimInsertTextTest, group_62_is_a_colour_of_the_drawing) {
 // Coordinates.
 
 TEST_F(DimInsertTextTest, its_points_are_moved_and_neither_scaled_nor_turned) {
-  baseX = 500.0;
-  baseY = -300.0;
+  blockOriginX = 500.0;
+  blockOriginY = -300.0;
   state.insertScaleX = 2.0;
   state.insertScaleY = 3.0;
   state.insertAngle = 1.0;

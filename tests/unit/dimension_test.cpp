@@ -44,19 +44,13 @@ class DimensionTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Dimension(canvas); });
   }
 
-  void Dimension(Canvas canvas) {
-    result = DrawDimension(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
-  }
+  void Dimension(Canvas canvas) { result = DrawDimension({RunOn(canvas)}); }
 
   // The colour that a dimension with these groups has: no entity of its block changes it.
   int32_t ColorOf(const std::string& groups) {
     EXPECT_EQ("", Draw("2 EMPTY\n" + groups));
     return state.entColor;
   }
-
-  int32_t wholeTextClip = 0;
-  int32_t wholeSheet = 0;
-  int32_t halfWidthFont = 0;
 };
 
 // Group 2.

@@ -60,14 +60,12 @@ class EllipseCutTest : public ConverterTest {
   std::string Draw(const std::string& groups) {
     stream = StreamOf("0 ELLIPSE\n" + groups + "0 CIRCLE\n");
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { DrawEllipse(canvas, stream, view); });
+    return ListCalls([this](Canvas canvas) { DrawEllipse({RunOn(canvas)}); });
   }
   std::string DrawWhole() { return Draw(plainShape + allRound); }
   std::string DrawPart(double startDegrees, double endDegrees) {
     return Draw(plainShape + FromTo(startDegrees, endDegrees));
   }
-
-  TextStream stream;
 };
 
 // Whole ellipses, each edge by itself.

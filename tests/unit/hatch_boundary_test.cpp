@@ -63,9 +63,7 @@ class HatchBoundaryTest : public ConverterTest {
   }
 
   HatchBoundary boundary;
-  TextStream stream;
   std::string calls;
-  int32_t result = -1;
 };
 
 // Sheet X = 100 x, sheet Y = 100 y - 10000.

@@ -22,8 +22,6 @@ class HatchLinesTest : public ConverterTest {
     stream = StreamOf(groups);
     return ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 5); });
   }
-
-  TextStream stream;
 };
 
 std::string Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {

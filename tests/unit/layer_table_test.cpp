@@ -59,9 +59,6 @@ class LayerTableTest : public ConverterTest {
     return StyleText(style.family, style.pattern);
   }
   static void DefineAllLtypes() { DefineLtypes({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}); }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 using Strings = std::vector<std::string>;

@@ -66,15 +66,13 @@ class LeaderArrowTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Run(canvas); });
   }
 
-  void Run(Canvas canvas) {
-    result = DrawLeader(headerVars, stream, canvas, view, wholeTextClip, 0, halfWidthFont);
-  }
+  void Run(Canvas canvas) { result = DrawLeader({RunOn(canvas)}); }
 
   // The listing of an ENTITIES section, up to a throw if there is one.
   std::string DrawSection(const std::string& entities) {
     return ListSection(entities, [this](Canvas canvas) {
       try {
-        DrawEntities(stream, canvas, headerVars, view, 0, 0, 0);
+        DrawEntities({RunOn(canvas)});
       } catch (int32_t code) {
         thrown = code;
       }
@@ -87,8 +85,6 @@ class LeaderArrowTest : public BlockStreamTest {
     return state.insertAngle;
   }
 
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
   int32_t thrown = 0;
 };
 

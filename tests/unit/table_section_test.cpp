@@ -40,9 +40,6 @@ class TableSectionTest : public ConverterTest {
     Read(tables);
     return Counts();
   }
-
-  HeaderVars headerVars;
-  TextStream stream;
 };
 
 const std::string ltypes = "0 TABLE\n2 LTYPE\n70 1\n0 LTYPE\n2 DASHED\n73 2\n49 5\n49 -2.5\n0 ENDTAB\n";
