@@ -193,6 +193,8 @@ TEST_F(PortableFont, a_name_that_fills_its_field_needs_no_zero) {
   LOGFONTA font = Font(500);
   std::memset(font.lfFaceName, 'A', sizeof font.lfFaceName);
   EXPECT_EQ(Metrics(font).tmHeight, Metrics(Font(500)).tmHeight);
+  font.lfFaceName[0] = '@';
+  EXPECT_EQ(Metrics(font).tmHeight, Metrics(Font(500, 0, "@")).tmHeight);
 }
 
 TEST_F(PortableFont, without_a_font_of_its_own_a_context_has_one_of_16_pixels) {

@@ -227,8 +227,8 @@ std::string FirstJapaneseFamily(FcConfig* config) {
   return first;
 }
 
-bool IsVertical(const std::string& name) {
-  return !name.empty() && name[0] == '@';
+bool IsVertical(const LOGFONTA& font) {
+  return font.lfFaceName[0] == '@';
 }
 
 // What has no family of its own takes the first one, whatever its pitch.
@@ -240,7 +240,7 @@ Pattern PatternOfVertical(FcConfig* config, const std::string& family) {
 
 Pattern PatternFor(FcConfig* config, const LOGFONTA& font) {
   const std::string name = Utf8Name(font);
-  if (IsVertical(name)) return PatternOfVertical(config, name.substr(1));
+  if (IsVertical(font)) return PatternOfVertical(config, name.substr(1));
   const bool inJapanese = font.lfCharSet == SHIFTJIS_CHARSET;
   const bool isNamed = !name.empty() && IsInstalled(config, name, inJapanese);
   return isNamed ? PatternOfFamily(name) : PatternOfGothic(config);
@@ -264,7 +264,7 @@ std::unique_ptr<FontFace> MakeFace(FcConfig* config, FT_Library library, const L
   const Pattern pattern = PatternFor(config, font);
   OpenFace opened = pattern ? OpenBestMatch(config, library, pattern.get()) : nullptr;
   if (!opened) return std::make_unique<PlainFace>();
-  auto face = std::make_unique<FileFace>(std::move(opened), IsVertical(font.lfFaceName));
+  auto face = std::make_unique<FileFace>(std::move(opened), IsVertical(font));
   if (!face->IsUsable()) return std::make_unique<PlainFace>();
   return face;
 }
