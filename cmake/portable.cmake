@@ -36,6 +36,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/strokes.cpp
   src/platform/portable/system_version.cpp
   src/platform/portable/text_out.cpp
+  src/platform/portable/vertical_glyphs.cpp
 )
 set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 

@@ -71,8 +71,9 @@ enum {
 int32_t vzMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);
 
 /* Converts a part of the sheet: view, in sheet hundredths, is what is drawn and the frame of the metafile. A view
- * outside the sheet gives an empty metafile of that frame. wholeTextClip other than 0 drops every text that doesn't lie
- * wholly inside the view. vzRotMetaMake takes no notice of this conversion. */
+ * outside the sheet gives an empty metafile of that frame. wholeTextClip other than 0 drops every text that reaches beyond
+ * the view's top (an MTEXT also its bottom, by its alignment). Only 1 drops as well those that reach beyond its right edge (an
+ * MTEXT also its left one), by the average width of their characters. vzRotMetaMake takes no notice of this conversion. */
 int32_t vzReMetaMake(const char *path, HENHMETAFILE *out, int32_t halfWidthFont, RECT view, int32_t wholeTextClip,
                      int32_t showDialogs);
 

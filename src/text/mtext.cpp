@@ -71,24 +71,19 @@ char16_t UnicodeUnit(const char* digits) {
   return static_cast<char16_t>(std::strtoul(number, nullptr, 16));
 }
 
-// A unit as bytes of the code page, "?" where it has no such character. Substitutes that only look alike
-// aren't known. The unit 0 has none.
+// A unit as bytes of the code page, but for the symbols that have a double-byte sign of their own in a text.
+// The unit 0 has none.
 std::string BytesOf(char16_t unit) {
-  std::string bytes;
-  const uint16_t character = CodePage932Bytes(unit);
-  if (character > 0xFF) bytes += static_cast<char>(character >> 8);
-  if (character != 0) bytes += static_cast<char>(character & 0xFF);
-  return bytes;
-}
-
-// The same, but for the symbols that stand in a text as double-byte signs of their own.
-std::string SymbolOrBytesOf(char16_t unit) {
   switch (unit) {
     case 0x2205: return diameterSign;
     case 0x00B0: return degreeSign;
     case 0x25CF: return middleDot;
   }
-  return BytesOf(unit);
+  std::string bytes;
+  const uint16_t character = CodePage932Bytes(unit);
+  if (character > 0xFF) bytes += static_cast<char>(character >> 8);
+  if (character != 0) bytes += static_cast<char>(character & 0xFF);
+  return bytes;
 }
 
 const char* FindUnicodeCode(const char* text) {
@@ -126,7 +121,7 @@ void ReadBlockText(MText& mtext) {
   while (const char* const code = FindUnicodeCode(rest)) {
     const char* const digits = DigitsOf(code);
     mtext.pending.append(rest, static_cast<size_t>(code - rest));
-    mtext.pending += SymbolOrBytesOf(UnicodeUnit(digits));
+    mtext.pending += BytesOf(UnicodeUnit(digits));
     rest = digits + std::min<size_t>(std::strlen(digits), 4);
   }
   mtext.pending += rest;

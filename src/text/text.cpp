@@ -109,14 +109,12 @@ void FitDimText(LOGFONTA& font) {
   RaiseCell(font);
 }
 
-// The distance of the characters follows where arcs had to be told their direction; there a text that isn't
-// all full-width counts as one that isn't fitted, with the fitted width all the same.
-void FitDimInsertText(Canvas canvas, LOGFONTA& font) {
+// A text that isn't all full-width counts as not justified, with the fitted width all the same.
+void FitDimInsertText(LOGFONTA& font, int32_t& justify) {
+  if (std::strlen(state.dimText) != 2 * CharacterCount(state.dimText)) justify = 0;
   const int32_t count = TextLength(state.dimText);
-  const bool isFullWidth = std::strlen(state.dimText) == 2 * CharacterCount(state.dimText);
   font.lfWidth = Trunc((state.dimX[1] - state.dimX[0]) / count);
   if (font.lfWidth == 0) font.lfWidth = Trunc((state.dimY[1] - state.dimY[0]) / count);
-  if (state.arcClockwise == 1) SetTextCharacterExtra(canvas, isFullWidth ? 0 : font.lfWidth / 2);
 }
 
 }  // namespace
@@ -331,7 +329,8 @@ int32_t DrawDimInsertText(const BlockRun& run) {
   TurnFont(font);
 
   ExpandDimInsertPercentCodes();
-  if (justify == fitJustify) FitDimInsertText(run.canvas, font);
+  if (justify == fitJustify) FitDimInsertText(font, justify);
+  if (state.arcClockwise == 1) SetTextCharacterExtra(run.canvas, justify == 0 ? font.lfWidth / 2 : 0);
   if (HasNoSize(font)) return more;
 
   SettleFont(font, defaultFace);

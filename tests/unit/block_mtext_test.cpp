@@ -174,6 +174,12 @@ TEST_F(BlockMTextTest, all_characters_told_by_their_number_are_drawn) {
   EXPECT_EQ(Drawn("?B"), Draw("1 \\U+0E01B\n"));
 }
 
+TEST_F(BlockMTextTest, a_character_that_the_code_page_lacks_becomes_one_that_looks_alike) {
+  EXPECT_EQ(Drawn("m2"), Draw("1 m\\U+00B2\n"));         // superscript 2
+  EXPECT_EQ(Drawn("\u03BCm"), Draw("1 \\U+00B5m\n"));    // the micro sign: the Greek mu, 83 CA
+  EXPECT_EQ(Drawn("??"), Draw("1 \\U+D83D\\U+DE00\n"));  // nothing is like half a pair of surrogates
+}
+
 TEST_F(BlockMTextTest, the_three_known_characters_become_symbols) {
   EXPECT_EQ(Drawn("\u03C65"), Draw("1 \\U+22055\n"));
   EXPECT_EQ(Drawn("90\u00B0"), Draw("1 90\\U+00B0\n"));

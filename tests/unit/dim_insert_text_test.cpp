@@ -285,7 +285,24 @@ TEST_F(DimInsertTextTest, where_arcs_run_clockwise_any_other_fitted_text_has_hal
   // (4000 - 3000) / 2 = 500, / 2; (1998 - 3000) / 2 = -501, / 2 = -250.
   EXPECT_EQ(250, ExtraBehind(plain + "72 5\n11 40\n"));
   EXPECT_EQ(-250, ExtraBehind(plain + "72 5\n11 19.98\n"));
-  EXPECT_EQ(7, ExtraBehind(plain));
+}
+
+TEST_F(DimInsertTextTest, where_arcs_run_clockwise_a_text_that_is_not_justified_has_half_its_width) {
+  state.arcClockwise = 1;
+  EXPECT_EQ(55, ExtraBehind(plain));                                       // 110 / 2
+  EXPECT_EQ(82, ExtraBehind(plain + "41 1.5\n"));                          // 165 / 2
+  EXPECT_EQ(55, ExtraBehind("1 " + kanjiPair + "\n" + sized + "72 0\n"));  // full width makes no difference
+}
+
+TEST_F(DimInsertTextTest, where_arcs_run_clockwise_a_text_of_any_other_justification_has_none) {
+  state.arcClockwise = 1;
+  for (const char* justify : {"1", "2", "3", "4", "6", "-1"})
+    EXPECT_EQ(0, ExtraBehind(plain + "72 " + justify + "\n")) << justify;
+}
+
+TEST_F(DimInsertTextTest, where_arcs_run_clockwise_a_text_without_size_sets_the_distance_too) {
+  state.arcClockwise = 1;
+  EXPECT_EQ(0, ExtraBehind("1 AB\n" + place));
 }
 
 // Size and width.

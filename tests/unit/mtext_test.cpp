@@ -338,8 +338,14 @@ TEST_F(MTextTest, a_character_is_drawn_through_another_group_1_without_what_foll
   EXPECT_EQ(Drawn("\u3042\u3044C"), Draw("1 \\U+3042\n1 \\U+3044\n1 C\n"));
 }
 
-TEST_F(MTextTest, a_gathered_character_has_its_own_bytes_even_where_there_is_a_symbol) {
-  EXPECT_EQ(Drawn("\u25CFC"), Draw("1 \\U+25CF\n1 C\n"));
+TEST_F(MTextTest, a_gathered_character_that_is_known_is_its_symbol) {
+  EXPECT_EQ(Drawn("\u03C6C"), Draw("1 \\U+2205\n1 C\n"));
+  EXPECT_EQ(Drawn("90\u00B0C"), Draw("1 90\\U+00B0\n1 C\n"));
+  EXPECT_EQ(Drawn("\u30FBC"), Draw("1 \\U+25CF\n1 C\n"));
+}
+
+TEST_F(MTextTest, a_gathered_character_that_the_code_page_lacks_becomes_one_that_looks_alike) {
+  EXPECT_EQ(Drawn("m2C"), Draw("1 m\\U+00B2\n1 C\n"));
 }
 
 TEST_F(MTextTest, a_character_cut_off_by_the_texts_end_has_the_digits_that_are_there) {
