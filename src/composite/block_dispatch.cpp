@@ -1,7 +1,5 @@
 #include "composite/block_dispatch.h"
 
-#include <algorithm>
-
 #include "composite/hatch.h"
 #include "composite/insert.h"
 #include "composite/tolerance.h"
@@ -191,24 +189,24 @@ const ConverterRow<BlockRun> dimConverters[] = {
     {"INSERT", StartDimInsert},
 };
 
-// Blocks that insert the next one twice, one after the other, can be told in a few lines and played back for
-// ever.
-void CountStep() {
-  if (++state.blockSteps > blockStepLimit) throw faultCode;
+struct BlockLevel {
+  BlockLevel() { ++state.blockLevel; }
+  ~BlockLevel() { --state.blockLevel; }
+};
+
+// Each level of blocks within blocks can multiply what is read. Blocks that the ENTITIES section names are
+// read no more often than it names them, and aren't counted.
+void CountNested(int64_t bytes) {
+  constexpr int64_t bytesOfAnEntity = 50;  // what it costs apart from its groups
+  if (state.blockLevel < 2) return;
+  state.nestedBytes += bytes + bytesOfAnEntity;
+  if (state.nestedBytes > nestedByteLimit) throw faultCode;
 }
 
-// What a converter has read since its entity's name. It counts for steps too, as an entity can hold any
-// number of groups that mean nothing.
-void CountLength(int64_t bytes) {
-  constexpr int64_t bytesOfAStep = 160;
-  state.blockSteps += std::max<int64_t>(bytes, 0) / bytesOfAStep;
-}
-
-// The base point stands in the block's header, behind its name. A header that has neither its group 20 nor a
-// group 3 lets the search run on through the block's entities, which are lost then.
+// The base point is in the block's header, after its name. A header that has neither its group 20 nor a group
+// 3 lets the search run on through the block's entities, which are lost then.
 void SubtractBasePoint(TextStream& stream, double& originX, double& originY) {
   while (ReadGroup(stream)) {
-    CountStep();
     switch (state.groupCode) {
       case 3: return;
       case 10: originX -= Atof(state.groupValue) * 100.0 * state.insertScaleX; break;
@@ -218,15 +216,17 @@ void SubtractBasePoint(TextStream& stream, double& originX, double& originY) {
 }
 
 template <size_t count>
-void WalkBlock(const ConverterRow<BlockRun> (&converters)[count], const BlockRun& run) {
-  int32_t more = ReadGroup(run.stream);
-  while (more && !AtGroup(0, "ENDBLK")) {
-    CountStep();
-    const int64_t start = Tell(run.stream);
+void WalkBlock(const ConverterRow<BlockRun> (&converters)[count], int32_t bodyOffset, const BlockRun& run) {
+  const BlockLevel level;
+  int32_t counted = bodyOffset;
+  int32_t more = PassToEntity(run.stream);
+  for (;;) {
+    CountNested(Tell(run.stream) - counted);
+    counted = Tell(run.stream);
+    if (!more || AtGroup(0, "ENDBLK")) return;
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
-    more = converter ? converter->draw(run) : ReadGroup(run.stream);
-    CountLength(Tell(run.stream) - start);
+    more = converter ? converter->draw(run) : PassToEntity(run.stream);
   }
 }
 
@@ -241,8 +241,9 @@ int32_t DrawBlockEntities(TextStream& stream, int32_t bodyOffset, Canvas canvas,
   GuardFaults([&] {
     Seek(stream, bodyOffset);
     SubtractBasePoint(stream, blockOriginX, blockOriginY);
-    WalkBlock(blockConverters, {stream, canvas, blockOriginX, blockOriginY, headerVars, insertColor, view,
-                                wholeTextClip, wholeSheet, halfWidthFont, byBlockFlag});
+    WalkBlock(blockConverters, bodyOffset,
+              {stream, canvas, blockOriginX, blockOriginY, headerVars, insertColor, view, wholeTextClip,
+               wholeSheet, halfWidthFont, byBlockFlag});
   });
   return 1;
 }
@@ -255,8 +256,9 @@ int32_t DrawDimInsertEntities(TextStream& stream, int32_t bodyOffset, Canvas can
   if (!HasStackRoom()) throw faultCode;
   GuardFaults([&] {
     Seek(stream, bodyOffset);
-    WalkBlock(dimInsertConverters, {stream, canvas, blockOriginX, blockOriginY, headerVars, insertColor, view,
-                                    wholeTextClip, wholeSheet, halfWidthFont, 0});
+    WalkBlock(dimInsertConverters, bodyOffset,
+              {stream, canvas, blockOriginX, blockOriginY, headerVars, insertColor, view, wholeTextClip,
+               wholeSheet, halfWidthFont, 0});
   });
   return 1;
 }
@@ -268,8 +270,9 @@ void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const Head
                   int32_t color, TextStream& stream, Canvas canvas) {
   if (bodyOffset == noBody) return;
   Seek(stream, bodyOffset);
-  WalkBlock(dimConverters, {stream, canvas, offsetX, offsetY, headerVars, color, view, wholeTextClip,
-                            wholeSheet, halfWidthFont, 0});
+  WalkBlock(dimConverters, bodyOffset,
+            {stream, canvas, offsetX, offsetY, headerVars, color, view, wholeTextClip, wholeSheet,
+             halfWidthFont, 0});
 }
 
 }  // namespace hexlume
