@@ -1,7 +1,5 @@
 #include "composite/block_dispatch.h"
 
-#include <algorithm>
-
 #include "composite/hatch.h"
 #include "composite/insert.h"
 #include "composite/tolerance.h"
@@ -72,24 +70,24 @@ const ConverterRow<EntityRun> dimConverters[] = {
     {"INSERT", StartDimInsert},  //
 };
 
-// Blocks that insert the next one twice, one after the other, can be told in a few lines and played back for
-// ever.
-void CountStep() {
-  if (++state.blockSteps > blockStepLimit) throw faultCode;
+struct BlockLevel {
+  BlockLevel() { ++state.blockLevel; }
+  ~BlockLevel() { --state.blockLevel; }
+};
+
+// Each level of blocks within blocks can multiply what is read. Blocks that the ENTITIES section names are
+// read no more often than it names them, and aren't counted.
+void CountNested(int64_t bytes) {
+  constexpr int64_t bytesOfAnEntity = 50;  // what it costs apart from its groups
+  if (state.blockLevel < 2) return;
+  state.nestedBytes += bytes + bytesOfAnEntity;
+  if (state.nestedBytes > nestedByteLimit) throw faultCode;
 }
 
-// What a converter has read since its entity's name. It counts for steps too, as an entity can hold any
-// number of groups that mean nothing.
-void CountLength(int64_t bytes) {
-  constexpr int64_t bytesOfAStep = 160;
-  state.blockSteps += std::max<int64_t>(bytes, 0) / bytesOfAStep;
-}
-
-// The base point stands in the block's header, behind its name. A header that has neither its group 20 nor a
-// group 3 lets the search run on through the block's entities, which are lost then.
+// The base point is in the block's header, after its name. A header that has neither its group 20 nor a group
+// 3 lets the search run on through the block's entities, which are lost then.
 void SubtractBasePoint(BlockRun& run) {
   while (ReadGroup(run.stream)) {
-    CountStep();
     switch (state.groupCode) {
       case 3: return;
       case 10: run.blockOriginX -= Atof(state.groupValue) * 100.0 * state.insertScaleX; break;
@@ -99,15 +97,17 @@ void SubtractBasePoint(BlockRun& run) {
 }
 
 template <typename Run, size_t count>
-void WalkBlock(const ConverterRow<Run> (&converters)[count], const Run& run) {
-  int32_t more = ReadGroup(run.stream);
-  while (more && !AtGroup(0, "ENDBLK")) {
-    CountStep();
-    const int64_t start = Tell(run.stream);
+void WalkBlock(const ConverterRow<Run> (&converters)[count], int32_t bodyOffset, const Run& run) {
+  const BlockLevel level;
+  int32_t counted = bodyOffset;
+  int32_t more = PassToEntity(run.stream);
+  for (;;) {
+    CountNested(Tell(run.stream) - counted);
+    counted = Tell(run.stream);
+    if (!more || AtGroup(0, "ENDBLK")) return;
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
-    more = converter ? converter->draw(run) : ReadGroup(run.stream);
-    CountLength(Tell(run.stream) - start);
+    more = converter ? converter->draw(run) : PassToEntity(run.stream);
   }
 }
 
@@ -119,7 +119,7 @@ int32_t DrawBlockEntities(BlockRun run, int32_t bodyOffset) {
   GuardFaults([&run, bodyOffset] {
     Seek(run.stream, bodyOffset);
     SubtractBasePoint(run);
-    WalkBlock(blockConverters, run);
+    WalkBlock(blockConverters, bodyOffset, run);
   });
   return 1;
 }
@@ -129,7 +129,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
   if (!HasStackRoom()) throw faultCode;
   GuardFaults([&run, bodyOffset] {
     Seek(run.stream, bodyOffset);
-    WalkBlock(dimInsertConverters, run);
+    WalkBlock(dimInsertConverters, bodyOffset, run);
   });
   return 1;
 }
@@ -139,7 +139,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
 void DrawDimBlock(const EntityRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return;
   Seek(run.stream, bodyOffset);
-  WalkBlock(dimConverters, run);
+  WalkBlock(dimConverters, bodyOffset, run);
 }
 
 }  // namespace hexlume

@@ -1,7 +1,7 @@
 // The walks over a block's body: one for the blocks that an INSERT plays back, one for a dimension's block
 // and one for those that are inserted there. Whatever fails in them comes out as `throw faultCode`; so does a
-// block that contains itself, while there is still room on the stack, and a drawing whose blocks don't come
-// to an end.
+// block that contains itself, while there is still room on the stack, and a drawing whose blocks within
+// blocks don't come to an end.
 #pragma once
 
 #include <cstdint>
@@ -11,10 +11,11 @@
 
 namespace hexlume {
 
-// How many groups the walks of one conversion look at before they give up; a long entity counts for several.
-// A stroke takes nearly 100 bytes of a metafile, which holds less than 4 GB, so a drawing that can be shown
-// doesn't get there; one whose blocks double from level to level does, within a minute or two.
-constexpr int64_t blockStepLimit = 100'000'000;
+// How many bytes of the drawing the blocks within blocks of one conversion may read. Each of their entities
+// and the end of each block count for 50 more. A line's stroke takes nearly 100 bytes of a metafile, which
+// holds 2 GB: the lines of a drawing that can be shown don't get there. One whose blocks double from level to
+// level does, within ten seconds or so.
+constexpr int64_t nestedByteLimit = 3'000'000'000;
 
 // Draws each entity of the block that has a converter in this scope, up to the block's end. bodyOffset is
 // that of a BlockEntry; with noBody nothing is drawn. The run's origin is the insertion point, from which the

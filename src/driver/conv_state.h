@@ -122,7 +122,8 @@ struct ConvState {
   double insertScaleX = 1.0, insertScaleY = 1.0;
   double insertAngle;          // radians
   char insertLayer[textSize];  // replaces layer "0" within the block
-  int64_t blockSteps;          // groups that the walks over blocks have looked at in this conversion
+  int32_t blockLevel;          // how many walks over blocks are under way, one within the other
+  int64_t nestedBytes;         // what blocks within blocks have read in this conversion: see nestedByteLimit
 
   std::deque<HGDIOBJ> leftPens, leftFonts;  // what converters have left on the canvas: see LeaveSelected
 };

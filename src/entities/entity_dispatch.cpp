@@ -67,7 +67,7 @@ void WalkEntities(const EntityRun& run) {
   while (more && !AtGroup(0, "ENDSEC")) {
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
-    more = converter ? converter->draw(run) : ReadGroup(run.stream);
+    more = converter ? converter->draw(run) : PassToEntity(run.stream);
   }
 }
 

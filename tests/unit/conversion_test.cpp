@@ -298,6 +298,28 @@ TEST_F(ConversionTest, what_was_excluded_is_excluded_turned_too) {
   EXPECT_EQ("Frame(0, 0, 42000, 29700)\nSetMapMode(MM_HIMETRIC)\n", Listing());
 }
 
+// 11 million lines are walked over, and 8 groups of each are never looked at.
+TEST_F(ConversionTest, a_long_block_on_an_excluded_layer_may_be_inserted_often) {
+  std::string lines;
+  for (int i = 0; i < 10'000; ++i) lines += "0 LINE\n8 A\n62 1\n39 0\n10 0\n20 0\n30 0\n11 1\n21 1\n31 0\n";
+  std::string inserts;
+  for (int i = 0; i < 1100; ++i) inserts += "0 INSERT\n8 B\n2 X\n10 0\n20 0\n";
+  std::string drawing = small;
+  const size_t entities = drawing.find("0 SECTION\n2 ENTITIES\n");
+  const size_t end = drawing.rfind("0 ENDSEC\n");
+  drawing.insert(end, inserts + "0 LINE\n8 B\n10 0\n20 0\n11 10\n21 10\n");
+  drawing.insert(entities,
+                 "0 SECTION\n2 BLOCKS\n0 BLOCK\n2 X\n10 0\n20 0\n3 X\n" + lines + "0 ENDBLK\n0 ENDSEC\n");
+  seams.selectionSheet = [] {
+    Exclude(1, {"A"});
+    return true;
+  };
+  const TemporaryDrawing file(drawing);
+  EXPECT_EQ(HEXLUME_OK, Run(Export::whole, file.Path(), 1));
+  // (0, 0) and (10, 10), from the left end.
+  EXPECT_NE(std::string::npos, Listing().find("MoveToEx(0, -29700)\nLineTo(1000, -28700)\n"));
+}
+
 TEST_F(ConversionTest, an_excluded_family_is_excluded_turned_too) {
   const TemporaryDrawing drawing(small);
   seams.selectionSheet = [] {
