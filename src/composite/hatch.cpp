@@ -104,7 +104,7 @@ int32_t DrawHatch(TextStream& stream, Canvas canvas) {
   more = ReadHatchBoundary(stream, canvas, boundary);
   MonochromeRule(state.entColor);
 
-  const Region region = CombineRegions(boundary);
+  const Region region = CombineRegions(boundary.regions, boundary.combineMode);
   HatchTools tools = SelectTools(canvas, ColorAt(state.entColor));
   if (boundary.solidFill) {
     FillRgn(canvas, region.get(), tools.brush.get());
