@@ -26,6 +26,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/japanese_locale.cpp
   src/platform/portable/module_file.cpp
   src/platform/portable/objects.cpp
+  src/platform/portable/path_region.cpp
   src/platform/portable/polygon_scan.cpp
   src/platform/portable/reference_dc.cpp
   src/platform/portable/region_data.cpp

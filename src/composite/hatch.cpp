@@ -104,7 +104,7 @@ int32_t DrawHatch(const EntityRun& run) {
   more = ReadHatchBoundary(run.stream, run.canvas, boundary);
   MonochromeRule(state.entColor);
 
-  const Region region = CombineRegions(boundary);
+  const Region region = CombineRegions(boundary.regions, boundary.combineMode);
   HatchTools tools = SelectTools(run.canvas, ColorAt(state.entColor));
   if (boundary.solidFill) {
     FillRgn(run.canvas, region.get(), tools.brush.get());

@@ -1,9 +1,10 @@
+#include "platform/portable/ellipse_scan.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/portable/polygon_scan.h"
-#include "platform/portable/region_data.h"
+#include "platform/polygon_scan.h"
 
 namespace hexlume {
 
@@ -65,7 +66,7 @@ class EllipseWalk {
 
 }  // namespace
 
-bool ScanEllipse(const RECT& box, std::vector<pixman_box32_t>& boxes) {
+bool ScanEllipse(const RECT& box, std::vector<RECT>& boxes) {
   const int64_t width = static_cast<int64_t>(box.right) - box.left;
   const int64_t height = static_cast<int64_t>(box.bottom) - box.top;
   if (width > widestEllipse || height > static_cast<int64_t>(mostRegionBoxes)) return false;

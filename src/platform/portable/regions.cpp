@@ -2,8 +2,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/polygon_scan.h"
+#include "platform/portable/ellipse_scan.h"
 #include "platform/portable/gdi_object.h"
-#include "platform/portable/polygon_scan.h"
 
 namespace hexlume {
 
@@ -28,13 +29,13 @@ using namespace hexlume;
 
 HRGN CreatePolygonRgn(const POINT* points, int count, int fillMode) {
   if (!points || count < 0) return nullptr;
-  std::vector<pixman_box32_t> boxes;
+  std::vector<RECT> boxes;
   return ScanPolygon(points, count, fillMode, boxes) ? NewObject(RegionData(boxes)) : nullptr;
 }
 
 HRGN CreateEllipticRgn(int left, int top, int right, int bottom) {
   RECT box = Ordered(left, top, right, bottom);
-  std::vector<pixman_box32_t> boxes;
+  std::vector<RECT> boxes;
   if (!WithoutLastPixels(box) || !ScanEllipse(box, boxes)) return nullptr;
   return NewObject(RegionData(boxes, RegionData::Rows::apart));
 }
@@ -47,17 +48,17 @@ int CombineRgn(HRGN destination, HRGN first, HRGN second, int mode) {
   RegionData* const result = DataOf<RegionData>(destination);
   const RegionData* const a = DataOf<RegionData>(first);
   const RegionData* const b = DataOf<RegionData>(second);
-  if (!result || !a) return ERROR_REGION;
+  if (!result || !a) return RGN_ERROR;
   if (mode == RGN_COPY) {
     *result = *a;
     return result->Complexity();
   }
-  return b && result->Combine(*a, *b, mode) ? result->Complexity() : ERROR_REGION;
+  return b && result->Combine(*a, *b, mode) ? result->Complexity() : RGN_ERROR;
 }
 
 int GetRgnBox(HRGN region, RECT* box) {
   const RegionData* const data = DataOf<RegionData>(region);
-  if (!data || !box) return ERROR_REGION;
+  if (!data || !box) return RGN_ERROR;
   *box = data->Box();
   return data->Complexity();
 }
