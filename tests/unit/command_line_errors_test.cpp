@@ -256,7 +256,8 @@ TEST_F(CommandLineErrors, views_that_are_no_four_numbers) {
 }
 
 TEST_F(CommandLineErrors, views_that_are_inverted) {
-  ExpectWrongUsage("--view 10,10,5,20 plan.dxf", "--view needs a left edge that isn't right of the right one");
+  ExpectWrongUsage("--view 10,10,5,20 plan.dxf",
+                   "--view needs a left edge that isn't right of the right one");
   ExpectWrongUsage("--view 10,10,20,5 plan.dxf", "--view needs a top edge that isn't below the bottom one");
 }
 

@@ -200,7 +200,8 @@ TEST(ContinuousHatchFamily, the_second_row_of_a_line_that_slid_counts_from_the_b
   const std::string lines = List(Family(45, -212.13, 212.13, 1500, -19000), {1000, -15000, 6000, -19000});
   const std::string first = Line(1000, -19499, 6000, -14500) + Line(1924, -19499, 6000, -15424);
   EXPECT_EQ(lines.substr(0, first.size()), first);
-  EXPECT_NE(lines.find(Line(1000, -19075, 6000, -14076) + Line(1000, -18575, 6000, -13576)), std::string::npos);
+  EXPECT_NE(lines.find(Line(1000, -19075, 6000, -14076) + Line(1000, -18575, 6000, -13576)),
+            std::string::npos);
   EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 2 * (11 + 10));
 }
 
