@@ -10,6 +10,7 @@ set(SYSTEM_DIALOGS_SOURCES
 )
 set(PLATFORM_SOURCES
   src/platform/portable/arc_bounds.cpp
+  src/platform/portable/box_region.cpp
   src/platform/portable/code_page_932.cpp
   src/platform/portable/device_context.cpp
   src/platform/portable/ellipse_scan.cpp

@@ -23,13 +23,15 @@ set(SYSTEM_DIALOGS_SOURCES
 )
 set(PLATFORM_SOURCES
   src/platform/portable/code_page_932.cpp
+  src/platform/portable/ellipse_scan.cpp
+  src/platform/portable/path_region.cpp
   src/platform/portable/polygon_scan.cpp
+  src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
   src/platform/windows/japanese_locale.cpp
   src/platform/windows/module_file.cpp
-  src/platform/windows/path_region.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/stack_room.cpp
   src/platform/windows/system_version.cpp

@@ -84,7 +84,7 @@ size_t CountFitting(const std::vector<HatchPath>& paths) {
 HRGN CreateRegion(const HatchPath& path) {
   const std::vector<POINT>& corners = path.corners;
   if (!path.isEllipse) return CreatePathRegion(corners.data(), static_cast<int>(corners.size()));
-  return CreateEllipticRgn(corners[0].x, corners[0].y, corners[1].x, corners[1].y);
+  return CreateEllipseRegion(corners[0], corners[1]);
 }
 
 // Combining.

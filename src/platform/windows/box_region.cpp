@@ -1,30 +1,14 @@
-// The system walks over every row of every edge. An upright wall of some metres, drawn in its full size,
-// would take it minutes and more memory than a process has, for a few rectangles. So a tall path is scanned
-// here.
-#include "platform/path_region.h"
-
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
+#include <cstddef>
 #include <vector>
 
-#include "platform/polygon_scan.h"
+#include "platform/path_region.h"
 
 namespace hexlume {
 
 namespace {
 
-constexpr int64_t mostSystemRows = int64_t{1} << 24;  // of all edges: seconds
-constexpr size_t mostBoxesAtOnce = 256;               // ExtCreateRegion adds them one by one
-
-int64_t RowsOf(const POINT* points, int count) {
-  int64_t rows = 0;
-  for (int i = 0; i < count; ++i) {
-    const POINT& before = points[i == 0 ? count - 1 : i - 1];
-    rows += std::abs(static_cast<int64_t>(points[i].y) - before.y);
-  }
-  return rows;
-}
+constexpr size_t mostBoxesAtOnce = 32;  // the system adds them one by one, each to a copy of those before
 
 HRGN RegionOfFew(const RECT* boxes, size_t count) {
   std::vector<char> bytes(sizeof(RGNDATAHEADER) + count * sizeof(RECT));
@@ -59,10 +43,7 @@ HRGN RegionOf(const RECT* boxes, size_t count) {
 
 }  // namespace
 
-HRGN CreatePathRegion(const POINT* points, int count) {
-  if (RowsOf(points, count) <= mostSystemRows) return CreatePolygonRgn(points, count, ALTERNATE);
-  std::vector<RECT> boxes;
-  if (!ScanPolygon(points, count, ALTERNATE, boxes)) return nullptr;
+HRGN CreateBoxRegion(const std::vector<RECT>& boxes) {
   return boxes.empty() ? CreateRectRgn(0, 0, 0, 0) : RegionOf(boxes.data(), boxes.size());
 }
 
