@@ -41,21 +41,14 @@ void RaiseCell(LOGFONTA& font) {
   font.lfHeight = std::max<LONG>(font.lfHeight, Trunc(font.lfWidth * 1.8));
 }
 
-int32_t ClassifyEntText() {
-  char saved[textSize];
-  BoundedCopy(saved, state.entText);
-  StripSpaceAndParens();
-  const int32_t kanjiText = ClassifyText(state.entText);
-  BoundedCopy(state.entText, saved);
-  return kanjiText;
-}
-
-int32_t ClassifyBlockText() {
-  char saved[textSize];
-  BoundedCopy(saved, state.blockText);
-  StripBlockSpaceAndParens();
-  const int32_t kanjiText = ClassifyText(state.blockText);
-  BoundedCopy(state.blockText, saved);
+// Classifies a scope's text as strip leaves it, then restores the text.
+template <size_t size>
+int32_t ClassifyStripped(char (&text)[size], void (*strip)()) {
+  char saved[size];
+  BoundedCopy(saved, text);
+  strip();
+  const int32_t kanjiText = ClassifyText(text);
+  BoundedCopy(text, saved);
   return kanjiText;
 }
 
@@ -153,7 +146,7 @@ int32_t DrawText(const EntityRun& run) {
   ExpandPercentCodes();
   if (std::strstr(state.entText, "\\S")) return more;
   StripBraceCodes();
-  const int32_t kanjiText = ClassifyEntText();
+  const int32_t kanjiText = ClassifyStripped(state.entText, StripSpaceAndParens);
   if (kanjiText == 1 && run.halfWidthFont != 0) ShrinkCell(font);
   if (run.halfWidthFont != 0) WidenEmptyBrackets();
   if (justify == fitJustify) FitText(font, run.halfWidthFont);
@@ -214,7 +207,7 @@ int32_t DrawBlockText(const BlockRun& run) {
   TurnFont(font);
 
   ExpandBlockPercentCodes();  // codes in braces stay, a fraction's too
-  const int32_t kanjiText = ClassifyBlockText();
+  const int32_t kanjiText = ClassifyStripped(state.blockText, StripBlockSpaceAndParens);
   if (kanjiText == 1 && run.halfWidthFont != 0) ShrinkCell(font);
   if (justify == fitJustify) FitBlockText(font, run.halfWidthFont);
   if (kanjiText == 0 && run.halfWidthFont != 0) {

@@ -166,6 +166,11 @@ void ParseScaleAndLeaveStump(std::string& text, const char* code, double& scale)
   text = text.substr(0, number.length()) + text.substr(value.end);
 }
 
+void ExtractFace(const std::string& text, char (&faceName)[textSize]) {
+  const CodeValue face = FindValue(text, "\\f", '|');
+  if (face.IsThere()) BoundedCopy(faceName, TextOf(text, face).c_str());
+}
+
 }  // namespace
 
 void ExpandPercentCodes() {
@@ -270,15 +275,11 @@ void ParseBlockFontScales(double& width, double& tracking, double& oblique) {
 }
 
 void ExtractFontName() {
-  const std::string text = state.entText;
-  const CodeValue face = FindValue(text, "\\f", '|');
-  if (face.IsThere()) BoundedCopy(state.entFaceName, TextOf(text, face).c_str());
+  ExtractFace(state.entText, state.entFaceName);
 }
 
 void ExtractBlockFontName() {
-  const std::string text = state.blockText;
-  const CodeValue face = FindValue(text, "\\f", '|');
-  if (face.IsThere()) BoundedCopy(state.blockFaceName, TextOf(text, face).c_str());
+  ExtractFace(state.blockText, state.blockFaceName);
 }
 
 }  // namespace hexlume
