@@ -1,5 +1,5 @@
-// MTEXT in the ENTITIES section. Each paragraph is one line of any length: the reference width (group 41) isn't
-// read. Nor is group 3, so that only the last chunk of a long text is drawn.
+// MTEXT in the ENTITIES section. Each paragraph is one line of any length: the reference width (group 41)
+// isn't read. Nor is group 3, so that only the last chunk of a long text is drawn.
 #include "text/mtext.h"
 
 #include <cstring>

@@ -33,8 +33,8 @@ char16_t UnicodeUnit(const char* digits) {
   return static_cast<char16_t>(std::strtoul(number, nullptr, 16));
 }
 
-// Returns a unit as bytes of code page 932, or the fixed double-byte sign of one of three symbols. Unit 0 gives
-// an empty string.
+// Returns a unit as bytes of code page 932, or the fixed double-byte sign of one of three symbols. Unit 0
+// gives an empty string.
 std::string BytesOf(char16_t unit) {
   switch (unit) {
     case 0x2205: return diameterSign;

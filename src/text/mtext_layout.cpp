@@ -193,8 +193,8 @@ void AnchorDimParagraph(const MText& mtext, const MTextLines& lines, double& x, 
   }
 }
 
-// Attachments 4 to 6 are aligned at the bottom, as 7 to 9 are. The first call is made even where the second sets
-// the same alignment.
+// Attachments 4 to 6 are aligned at the bottom, as 7 to 9 are. The first call is made even where the second
+// sets the same alignment.
 void AlignText(Canvas canvas, int32_t attach) {
   constexpr UINT bottomCenter = TA_BOTTOM | TA_CENTER, bottomRight = TA_BOTTOM | TA_RIGHT;
   constexpr UINT alignments[] = {TA_TOP,    TA_CENTER,    TA_RIGHT,      // 1 to 3

@@ -40,16 +40,16 @@ void SetOblique(MText& mtext);
 MTextLines CountedLines(const MText& mtext, double x0, double y0);
 
 // Set (x, y), the previous paragraph's anchor, to the current one's. Lines step along Y at any angle, except
-// attachments 4 to 6 with an odd number of lines, which step perpendicular to the text. Where y is added to, the
-// steps accumulate from paragraph to paragraph.
+// attachments 4 to 6 with an odd number of lines, which step perpendicular to the text. Where y is added to,
+// the steps accumulate from paragraph to paragraph.
 void AnchorEntParagraph(const MText& mtext, const MTextLines& lines, double& x, double& y);
 void AnchorBlockParagraph(const MText& mtext, const MTextLines& lines, double& x, double& y);
 void AnchorDimParagraph(const MText& mtext, const MTextLines& lines, double& x, double& y);
 
 void AlignText(Canvas canvas, int32_t attach);
 
-// Draws a paragraph at a point of the model. The font is created twice, to measure and to draw. Returns false if
-// the paragraph isn't in the view: then those after it aren't drawn either.
+// Draws a paragraph at a point of the model. The font is created twice, to measure and to draw. Returns false
+// if the paragraph isn't in the view: then those after it aren't drawn either.
 bool DrawParagraph(Canvas canvas, const char* text, double x, double y, int32_t color, MText& mtext,
                    const ViewRect& view, int32_t wholeTextClip);
 
