@@ -15,7 +15,7 @@ namespace hexlume {
 
 namespace {
 
-constexpr int32_t upsideDown = 4;  // of group 71
+constexpr int32_t upsideDown = 4;  // group 71
 
 // Skips four bytes for each code at the start of the text. The rest of a longer code is drawn.
 const char* SkipLeadingCodes(const char* text) {

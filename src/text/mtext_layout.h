@@ -40,8 +40,8 @@ void SetOblique(MText& mtext);
 MTextLines CountedLines(const MText& mtext, double x0, double y0);
 
 // Set (x, y), the previous paragraph's anchor, to the current one's. Lines step along Y at any angle, except
-// attachments 4 to 6 with an odd number of lines, which step perpendicular to the text. Where y is added to,
-// the steps accumulate from paragraph to paragraph.
+// attachments 4 to 6 with an odd number of lines, which step perpendicular to the text. Formulas that start
+// from y, not from y0, accumulate the steps.
 void AnchorEntParagraph(const MText& mtext, const MTextLines& lines, double& x, double& y);
 void AnchorBlockParagraph(const MText& mtext, const MTextLines& lines, double& x, double& y);
 void AnchorDimParagraph(const MText& mtext, const MTextLines& lines, double& x, double& y);

@@ -10,7 +10,7 @@ namespace hexlume {
 
 // MS Gothic, in full-width letters and katakana.
 constexpr char gothicFace[] = "\x82\x6C\x82\x72 \x83\x53\x83\x56\x83\x62\x83\x4E";
-constexpr char defaultFace[] = "";  // the mapper picks one of the Japanese character set
+constexpr char defaultFace[] = "";  // the font mapper chooses one with the Japanese character set
 
 // Returns the face that the option for half-width cells selects.
 const char* FaceFor(int32_t halfWidthFont);
