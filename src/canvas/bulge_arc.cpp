@@ -9,9 +9,9 @@ namespace hexlume {
 
 namespace {
 
-struct BulgeArc {
-  double radius, centreX, centreY;
-  double startAngle, sweep;  // degrees
+// The fields of the record that hold one scope's circle.
+struct ScopeCircle {
+  double &radius, &centreX, &centreY;
 };
 
 }  // namespace
@@ -33,7 +33,8 @@ static double Midway(double a, double b) {
   return a < b ? a + (b - a) * 0.5 : b + (a - b) * 0.5;
 }
 
-static BulgeArc SolveBulgeArc(double bulge, double startX, double startY, double x, double y) {
+static void SolveBulgeArc(double bulge, double startX, double startY, double x, double y,
+                          const ScopeCircle& circle, double* startAngle, double* sweep) {
   const double angle = 4.0 * std::atan(std::fabs(bulge));
   const double halfAngle = angle * 0.5;
 
@@ -54,42 +55,28 @@ static BulgeArc SolveBulgeArc(double bulge, double startX, double startY, double
   const double centreDirection =
       centreLeftOfChord ? chordDirection + chordToCentre : chordDirection - chordToCentre;
 
-  BulgeArc arc;
-  arc.radius = halfChord / std::sin(halfAngle);
-  arc.centreX = std::cos(centreDirection) * arc.radius + lowerX;
-  arc.centreY = std::sin(centreDirection) * arc.radius + lowerY;
-  arc.startAngle = NegatedAngle(arc.centreX, arc.centreY, x, y);
-  arc.sweep = Degrees(angle);
-  // Doesn't come out negative, and must not.
-  arc.radius = std::fabs(arc.radius);
-  return arc;
+  const double radius = halfChord / std::sin(halfAngle);
+  circle.centreX = std::cos(centreDirection) * radius + lowerX;
+  circle.centreY = std::sin(centreDirection) * radius + lowerY;
+  // Is never negative, and must not be.
+  circle.radius = std::fabs(radius);
+  *startAngle = NegatedAngle(circle.centreX, circle.centreY, x, y);
+  *sweep = Degrees(angle);
 }
 
 void BulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
-  const BulgeArc arc = SolveBulgeArc(bulge, state.entX[0], state.entY[0], x, y);
-  state.entRadius = arc.radius;
-  state.entCentreX = arc.centreX;
-  state.entCentreY = arc.centreY;
-  *startAngle = arc.startAngle;
-  *sweep = arc.sweep;
+  SolveBulgeArc(bulge, state.entX[0], state.entY[0], x, y,
+                {state.entRadius, state.entCentreX, state.entCentreY}, startAngle, sweep);
 }
 
 void BlockBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
-  const BulgeArc arc = SolveBulgeArc(bulge, state.blockX[0], state.blockY[0], x, y);
-  state.blockRadius = arc.radius;
-  state.blockCentreX = arc.centreX;
-  state.blockCentreY = arc.centreY;
-  *startAngle = arc.startAngle;
-  *sweep = arc.sweep;
+  SolveBulgeArc(bulge, state.blockX[0], state.blockY[0], x, y,
+                {state.blockRadius, state.blockCentreX, state.blockCentreY}, startAngle, sweep);
 }
 
 void DimBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
-  const BulgeArc arc = SolveBulgeArc(bulge, state.dimX[0], state.dimY[0], x, y);
-  state.dimRadius = arc.radius;
-  state.dimCentreX = arc.centreX;
-  state.dimCentreY = arc.centreY;
-  *startAngle = arc.startAngle;
-  *sweep = arc.sweep;
+  SolveBulgeArc(bulge, state.dimX[0], state.dimY[0], x, y,
+                {state.dimRadius, state.dimCentreX, state.dimCentreY}, startAngle, sweep);
 }
 
 }  // namespace hexlume

@@ -83,7 +83,7 @@ void DrawDashes(Canvas canvas, const POINT& centre, int32_t radius, ArcWalk walk
 }  // namespace
 
 void DashArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, double startAngle, double sweep,
-             int32_t centreX, int32_t centreY, COLORREF colour, const double* pattern, int32_t count,
+             int32_t centreX, int32_t centreY, COLORREF color, const double* pattern, int32_t count,
              int32_t mirror) {
   const POINT centre = PlacePoint(x, y, centreX, centreY, mirror);
   if (mirror) startAngle += 180.0;
@@ -91,7 +91,7 @@ void DashArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, double startAn
   const ArcWalk walk = {static_cast<double>(radius), startAngle + sweep, -(pi * startAngle / 180.0), 0.0,
                         false};
 
-  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, colour);
+  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, color);
   const POINT start = PointOnArc(centre, walk);
   MoveToEx(canvas, start.x, start.y, nullptr);
   if (ReachesEnd(walk, pattern, count)) {

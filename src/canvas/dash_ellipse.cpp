@@ -124,7 +124,7 @@ void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, co
 
 void DashEllipse(Canvas canvas, int32_t x, int32_t y, int32_t left, int32_t top, int32_t right,
                  int32_t bottom, int32_t xStart, int32_t yStart, int32_t xEnd, int32_t yEnd, int32_t rx,
-                 int32_t ry, int32_t centreX, int32_t centreY, COLORREF colour, const double* pattern,
+                 int32_t ry, int32_t centreX, int32_t centreY, COLORREF color, const double* pattern,
                  int32_t count, int32_t mirror) {
   const EllipseShape ellipse = {PlacePoint(x, y, centreX, centreY, mirror),
                                 PlacePoint(left, top, centreX, centreY, mirror),
@@ -135,7 +135,7 @@ void DashEllipse(Canvas canvas, int32_t x, int32_t y, int32_t left, int32_t top,
   const POINT end = PlacePoint(xEnd, yEnd, centreX, centreY, mirror);
   const EllipseWalk walk = WalkBetween(ellipse, start, end);
 
-  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, colour);
+  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, color);
   const HGDIOBJ brush = GetStockObject(NULL_BRUSH);
   const HGDIOBJ previousBrush = SelectObject(canvas, brush);
   if (ReachesEnd(walk, pattern, count)) {

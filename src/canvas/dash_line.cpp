@@ -133,13 +133,13 @@ static void WalkSloped(Canvas canvas, const LineEnds& line, const double* patter
 }
 
 void DashLine(Canvas canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t centreX, int32_t centreY,
-              int32_t penWidth, COLORREF colour, const double* pattern, int32_t count, int32_t mirror) {
+              int32_t penWidth, COLORREF color, const double* pattern, int32_t count, int32_t mirror) {
   LineEnds line = PlaceLine(x1, y1, x2, y2, centreX, centreY, mirror);
   const bool vertical = line.start.x == line.end.x;
   // A vertical line is walked downward whatever the order of its ends.
   if (vertical && line.start.y < line.end.y) std::swap(line.start, line.end);
 
-  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, penWidth, colour);
+  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, penWidth, color);
   if (!Advances(pattern, count)) {
     MoveTo(canvas, line.start.x, line.start.y);
     DashTo(canvas, line.end.x, line.end.y);

@@ -37,8 +37,8 @@ struct SelectedPen {
   HGDIOBJ previous;
 };
 
-inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF colour) {
-  const HPEN pen = CreatePen(style, width, colour);
+inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF color) {
+  const HPEN pen = CreatePen(style, width, color);
   return {pen, SelectObject(canvas, pen)};
 }
 

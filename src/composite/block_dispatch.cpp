@@ -90,8 +90,8 @@ void SubtractBasePoint(BlockRun& run) {
   while (ReadGroup(run.stream)) {
     switch (state.groupCode) {
       case 3: return;
-      case 10: run.blockOriginX -= Atof(state.groupValue) * 100.0 * state.insertScaleX; break;
-      case 20: run.blockOriginY -= Atof(state.groupValue) * 100.0 * state.insertScaleY; return;
+      case 10: run.blockOriginX -= Hundredths(state.groupValue) * state.insertScaleX; break;
+      case 20: run.blockOriginY -= Hundredths(state.groupValue) * state.insertScaleY; return;
     }
   }
 }

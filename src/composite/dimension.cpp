@@ -34,18 +34,18 @@ int32_t DrawDimension(const EntityRun& run) {
         if (const BlockEntry* block = state.blocks.FindFirst(value)) bodyOffset = block->bodyOffset;
         break;
       case 8: TakeDimensionLayer(value); break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 11: state.entX[1] = Atof(value) * 100.0; break;
-      case 12: offsetX = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 11: state.entX[1] = Hundredths(value); break;
+      case 12: offsetX = Hundredths(value); break;
       case 13:
-      case 15: state.entX[2] = Atof(value) * 100.0; break;
-      case 14: state.entX[3] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 21: state.entY[1] = Atof(value) * 100.0; break;
-      case 22: offsetY = Atof(value) * 100.0; break;
+      case 15: state.entX[2] = Hundredths(value); break;
+      case 14: state.entX[3] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 21: state.entY[1] = Hundredths(value); break;
+      case 22: offsetY = Hundredths(value); break;
       case 23:
-      case 25: state.entY[2] = Atof(value) * 100.0; break;
-      case 24: state.entY[3] = Atof(value) * 100.0; break;
+      case 25: state.entY[2] = Hundredths(value); break;
+      case 24: state.entY[3] = Hundredths(value); break;
     }
   }
   // Its own group 62 doesn't count. On a layer that the table doesn't have, the colour is that of the entity

@@ -24,9 +24,9 @@ struct HatchTools {
   HGDIOBJ previousBrush;
 };
 
-HatchTools SelectTools(Canvas canvas, COLORREF colour) {
-  Owned<HPEN> pen(CreatePen(PS_SOLID, 0, colour));
-  Owned<HBRUSH> brush(CreateSolidBrush(colour));
+HatchTools SelectTools(Canvas canvas, COLORREF color) {
+  Owned<HPEN> pen(CreatePen(PS_SOLID, 0, color));
+  Owned<HBRUSH> brush(CreateSolidBrush(color));
   const HGDIOBJ previousPen = SelectObject(canvas, pen.get());
   const HGDIOBJ previousBrush = SelectObject(canvas, brush.get());
   return {std::move(pen), std::move(brush), previousPen, previousBrush};
@@ -71,7 +71,7 @@ bool ReadCorners(TextStream& stream, double originX, double originY, int32_t cou
   for (int32_t index = 0; index < count;) {
     if (!ReadGroup(stream)) return false;
     const int32_t groupOfX = index == 0 ? 10 : 11;
-    const double coordinate = Atof(state.groupValue) * 100.0;
+    const double coordinate = Hundredths(state.groupValue);
     // Neither scaled nor turned with the block.
     if (state.groupCode == groupOfX) corner.x = ModelToSheet(coordinate + originX, 0.0).x;
     if (state.groupCode != groupOfX + 10) continue;
@@ -109,10 +109,8 @@ int32_t DrawHatch(const EntityRun& run) {
   if (boundary.solidFill) {
     FillRgn(run.canvas, region.get(), tools.brush.get());
   } else {
-    const HatchExtent& extent = boundary.extent;
     ExtSelectClipRgn(run.canvas, region.get(), RGN_AND);
-    FillHatchLines(run.stream, run.canvas, extent.left, extent.top, extent.right, extent.bottom,
-                   state.entColor);
+    FillHatchLines(run.stream, run.canvas, {boundary.extent, state.entColor});
     ExtSelectClipRgn(run.canvas, nullptr, RGN_COPY);
     SetMapMode(run.canvas, MM_HIMETRIC);
     // The lines end with their group 98. Behind any other group stands nothing more.

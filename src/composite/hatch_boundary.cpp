@@ -248,10 +248,10 @@ bool ReadStyle(HatchBoundary& boundary, int32_t style) {
 void ReadBoundaryGroup(Canvas canvas, HatchBoundary& boundary) {
   const char* value = state.groupValue;
   switch (state.groupCode) {
-    case 10: ReadX(boundary, Atof(value) * 100.0); break;
-    case 11: ReadEndX(boundary, Atof(value) * 100.0); break;
-    case 20: ReadY(boundary, Atof(value) * 100.0); break;
-    case 21: ReadEndY(boundary, Atof(value) * 100.0); break;
+    case 10: ReadX(boundary, Hundredths(value)); break;
+    case 11: ReadEndX(boundary, Hundredths(value)); break;
+    case 20: ReadY(boundary, Hundredths(value)); break;
+    case 21: ReadEndY(boundary, Hundredths(value)); break;
     case 40: state.entRadius = Atof(value) * (boundary.edgeType == arcEdge ? 100.0 : 1.0); break;
     case 42: ReadBulge(boundary, Atof(value)); break;
     case 50: ReadStartAngle(boundary, Atof(value)); break;

@@ -25,9 +25,8 @@ void AddDash(HatchFamily& family, int32_t& dashesRead, double length) {
 
 }  // namespace
 
-void FillHatchLines(TextStream& stream, Canvas canvas, int32_t left, int32_t top, int32_t right,
-                    int32_t bottom, int32_t /*color*/) {
-  const HatchExtent extent = {left, top, right, bottom};
+void FillHatchLines(TextStream& stream, Canvas canvas, const HatchFill& fill) {
+  const HatchExtent& extent = fill.extent;
   const double scale = 1.0 / state.drawScale;
   HatchFamily family;
   int32_t dashesRead = 0;
@@ -37,8 +36,8 @@ void FillHatchLines(TextStream& stream, Canvas canvas, int32_t left, int32_t top
     const double number = Atof(state.groupValue);
     switch (state.groupCode) {
       // The pattern starts at the boundary's lower left corner, not at the drawing's origin.
-      case 43: family.baseX = Trunc(number * 100.0 * scale + left); break;
-      case 44: family.baseY = Trunc(number * 100.0 * scale + bottom); break;
+      case 43: family.baseX = Trunc(number * 100.0 * scale + extent.left); break;
+      case 44: family.baseY = Trunc(number * 100.0 * scale + extent.bottom); break;
       case 45: family.offX = number * 100.0 * scale; break;
       case 46: family.offY = number * 100.0 * scale; break;
       case 49:

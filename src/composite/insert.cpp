@@ -73,8 +73,8 @@ int32_t DrawInsert(const EntityRun& run) {
         if (std::strcmp(value, "ByBlock") == 0) byBlockFlag = 1;  // this spelling alone
         break;
       case 8: TakeInsertLayer(value, byBlockFlag); break;
-      case 10: x = Atof(value) * 100.0; break;
-      case 20: y = Atof(value) * 100.0; break;
+      case 10: x = Hundredths(value); break;
+      case 20: y = Hundredths(value); break;
       case 41: state.insertScaleX = PositiveScale(value); break;
       case 42: state.insertScaleY = PositiveScale(value); break;
       case 50: state.insertAngle = Radians(value); break;
@@ -145,8 +145,8 @@ int32_t DrawDimInsert(const EntityRun& run) {
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
       case 8: TakeDimInsertLayer(run.dimensionColor); break;
-      case 10: x = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: y = Atof(value) * 100.0 + run.offsetY; break;
+      case 10: x = Hundredths(value) + run.offsetX; break;
+      case 20: y = Hundredths(value) + run.offsetY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;
       case 42: state.insertScaleY = ScaleButZero(value); break;
       case 50: state.insertAngle = Radians(value); break;
@@ -173,8 +173,8 @@ int32_t DrawDimInsertInsert(const BlockRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // of blocks of one name the last
-      case 10: x = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 20: y = Atof(value) * 100.0 + run.blockOriginY; break;
+      case 10: x = Hundredths(value) + run.blockOriginX; break;
+      case 20: y = Hundredths(value) + run.blockOriginY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;  // Y keeps the scale of the block around it
       case 50: state.insertAngle = Radians(value); break;
       case 62: color = ResolveColor(Atoi(value)); break;

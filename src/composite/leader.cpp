@@ -34,7 +34,7 @@ struct Leader {
 
 // Group 3. A style that the table doesn't have leaves arrow and scales as they were, the scales with what the
 // INSERT or LEADER before has set.
-void TakeDimStyle(const char* name, Leader& leader) {
+void TakeArrowStyle(const char* name, Leader& leader) {
   for (const DimStyleEntry& style : state.dimStyles) {
     if (std::strcmp(style.name, name) != 0) continue;
     BoundedCopy(leader.arrowBlockName, style.arrowBlock);
@@ -64,7 +64,7 @@ void TakeArrowName(const char* text, Leader& leader) {
 
 // Group 10 of each vertex behind the first.
 void TakeX(Leader& leader) {
-  state.entX[1] = Atof(state.groupValue) * 100.0;
+  state.entX[1] = Hundredths(state.groupValue);
   leader.lastDeltaX = state.entX[1] - leader.previousX;
   leader.previousX = state.entX[1];
 }
@@ -76,18 +76,18 @@ int32_t ReadToFirstVertex(TextStream& stream, Leader& leader) {
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 3: TakeDimStyle(value, leader); break;
+      case 3: TakeArrowStyle(value, leader); break;
       case 8:
         if (!TakeLayer(value, leader)) return more;
         break;
-      case 10: state.entX[0] = leader.firstX = leader.previousX = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = leader.firstX = leader.previousX = Hundredths(value); break;
       case 20:
-        state.entY[0] = leader.firstY = Atof(value) * 100.0;
+        state.entY[0] = leader.firstY = Hundredths(value);
         leader.vertexCount = 1;
         // To the caller of a leader that ends here, the number just read is the name of an entity.
         state.groupCode = 0;
         return more;
-      case 41: leader.hookLength = Atof(value) * 100.0; break;
+      case 41: leader.hookLength = Hundredths(value); break;
       case 62:
       case 77: leader.leaderColor = ResolveColor(Atoi(value)); break;
     }
@@ -104,7 +104,7 @@ int32_t ReadToSecondVertex(TextStream& stream, Leader& leader) {
         leader.secondX = state.entX[1];
         break;
       case 20:
-        state.entY[1] = leader.secondY = Atof(state.groupValue) * 100.0;
+        state.entY[1] = leader.secondY = Hundredths(state.groupValue);
         leader.vertexCount = 2;
         state.groupCode = 0;  // as behind the first
         return more;
@@ -159,7 +159,7 @@ int32_t DrawFurtherLegs(TextStream& stream, Canvas canvas, const ViewRect& view,
     switch (state.groupCode) {
       case 10: TakeX(leader); break;
       case 20: {
-        state.entY[1] = Atof(state.groupValue) * 100.0;
+        state.entY[1] = Hundredths(state.groupValue);
         POINT end = ModelToSheet(state.entX[1], state.entY[1]);
         const bool last = !LiesInView(view, end);
         ClampToView(view, end);

@@ -42,7 +42,7 @@ bool StandsBehindV(std::string_view text, size_t index) {
 }
 
 // Group 3: the first style of this name. Its text height holds the style's scale already.
-void TakeDimStyle(const char* name, double& dimScale, double& frameHeight) {
+void TakeFrameStyle(const char* name, double& dimScale, double& frameHeight) {
   const auto style =
       std::find_if(state.dimStyles.begin(), state.dimStyles.end(),
                    [name](const DimStyleEntry& entry) { return std::string_view(entry.name) == name; });
@@ -181,14 +181,14 @@ int32_t DrawTolerance(const EntityRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, value); break;
-      case 3: TakeDimStyle(value, dimScale, frameHeight); break;
+      case 3: TakeFrameStyle(value, dimScale, frameHeight); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
       // In front of the style its scale is still 0.
-      case 1040: frameHeight = 2.0 * Atof(value) * 100.0 * dimScale; break;
+      case 1040: frameHeight = 2.0 * Hundredths(value) * dimScale; break;
     }
   }
   MonochromeRule(state.entColor);
@@ -207,13 +207,13 @@ int32_t DrawBlockTolerance(const BlockRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.blockText, value); break;
-      case 3: TakeDimStyle(value, unusedScale, frameHeight); break;
+      case 3: TakeFrameStyle(value, unusedScale, frameHeight); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 20: state.blockY[0] = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 1040: frameHeight = 2.0 * Atof(value) * 100.0; break;
+      case 10: state.blockX[0] = Hundredths(value) + run.blockOriginX; break;
+      case 20: state.blockY[0] = Hundredths(value) + run.blockOriginY; break;
+      case 1040: frameHeight = 2.0 * Hundredths(value); break;
     }
   }
   MonochromeRule(state.blockColor);

@@ -72,7 +72,7 @@ AngleRange MergeCut(const AngleRange& arc, const AngleRange& cut) {
 
 AngleRange CutArc(const AngleRange& arc, const SheetCircle& circle, double radius, const ViewRect& view) {
   constexpr AngleRange noCut = {0.0, 0.0};
-  return MergeCut(arc, CutToView(view, circle, radius, noCut));
+  return MergeCut(arc, CutCircleToView(view, circle, radius, noCut));
 }
 
 // GDI draws the arc itself, in the pen that stands selected: it does the dashes, and a turned sheet doesn't
@@ -97,9 +97,9 @@ int32_t DrawArc(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
-      case 40: state.entRadius = Atof(value) * 100.0 + 0.0001; break;
+      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
+      case 40: state.entRadius = Hundredths(value) + 0.0001; break;
       case 50: start = ReadAngle(Atof(value)); break;
       case 51: end = ReadAngle(Atof(value)); break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
@@ -138,7 +138,7 @@ int32_t DrawBlockArc(const BlockRun& run) {
         break;
       case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 40: state.blockRadius = Hundredths(value) * state.insertScaleX; break;
       case 50: start = ReadBlockAngle(Atof(value)); break;
       case 51: end = ReadBlockAngle(Atof(value)); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
@@ -183,8 +183,8 @@ int32_t DrawDimInsertArc(const BlockRun& run) {
         break;
       case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 40: state.dimRadius = Atof(value) * 100.0; break;  // the centre is scaled, the radius isn't
-      case 50: start = ReadAngle(Atof(value)); break;         // nor are the angles turned with the centre
+      case 40: state.dimRadius = Hundredths(value); break;  // the centre is scaled, the radius isn't
+      case 50: start = ReadAngle(Atof(value)); break;       // nor are the angles turned with the centre
       case 51: end = ReadAngle(Atof(value)); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }

@@ -10,10 +10,10 @@ namespace hexlume {
 void ResolveWholeLinetype(const char* value, LineStyle& style) {
   // Any other name keeps the layer's family here. The misspelt name counts too.
   if (EqualsIgnoringCase(value, "CONTINUOUS") || EqualsIgnoringCase(value, "CONTINUOS")) style.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!EqualsIgnoringCase(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
-    style.family = keyword.family;
-    style.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!EqualsIgnoringCase(value, known.keyword) || !IsLtypeDefined(known.pattern)) continue;
+    style.family = known.family;
+    style.pattern = known.pattern;
   }
 }
 
@@ -47,8 +47,8 @@ AngleRange CapAlone(double direction, int32_t depth, double radius) {
 
 }  // namespace
 
-AngleRange CutToView(const ViewRect& view, const SheetCircle& circle, double radius,
-                     const AngleRange& uncut) {
+AngleRange CutCircleToView(const ViewRect& view, const SheetCircle& circle, double radius,
+                           const AngleRange& uncut) {
   const int32_t left = circle.leftTop.x;
   const int32_t right = circle.rightBottom.x;
   const int32_t top = WrapNegate(circle.leftTop.y);

@@ -39,7 +39,8 @@ SheetCircle PlaceCircle(double x, double y, double radius);
 
 // What the view leaves of a circle; uncut where no edge cuts it, or where the cut is no number. The radius is
 // the model's.
-AngleRange CutToView(const ViewRect& view, const SheetCircle& circle, double radius, const AngleRange& uncut);
+AngleRange CutCircleToView(const ViewRect& view, const SheetCircle& circle, double radius,
+                           const AngleRange& uncut);
 
 // The strokes of a range of the circle, solid or dashed as the style has it.
 void DrawAngleRange(Canvas canvas, const SheetCircle& circle, const AngleRange& range, const LineStyle& style,

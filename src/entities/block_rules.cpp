@@ -33,10 +33,10 @@ bool EqualsIgnoringCase(const char* a, const char* b) {
 
 void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit) {
   if (!EqualsIgnoringCase(value, "CONTINUOUS")) style.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!EqualsIgnoringCase(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
-    style.family = keyword.family;
-    style.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!EqualsIgnoringCase(value, known.keyword) || !IsLtypeDefined(known.pattern)) continue;
+    style.family = known.family;
+    style.pattern = known.pattern;
   }
   // These two spellings alone.
   if (std::strcmp(value, "BYBLOCK") == 0 || std::strcmp(value, "ByBlock") == 0) inherit = 1;
@@ -45,11 +45,11 @@ void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit)
 void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inherit) {
   // Any other name keeps the layer's family here. The misspelt name counts too.
   if (EqualsIgnoringCase(value, "CONTINUOUS") || EqualsIgnoringCase(value, "CONTINUOS")) style.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!EqualsIgnoringCase(value, keyword.name)) continue;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!EqualsIgnoringCase(value, known.keyword)) continue;
     // Two names were left out of this twin's list: they keep the layer's family as well.
-    if (std::strcmp(keyword.name, "CENTER2") == 0 || std::strcmp(keyword.name, "PHANTOM2") == 0) continue;
-    style.family = keyword.family;
+    if (std::strcmp(known.keyword, "CENTER2") == 0 || std::strcmp(known.keyword, "PHANTOM2") == 0) continue;
+    style.family = known.family;
   }
   if (EqualsIgnoringCase(value, "BYBLOCK")) inherit = 1;
 }

@@ -37,9 +37,9 @@ int32_t DrawCircle(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
-      case 40: state.entRadius = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
+      case 40: state.entRadius = Hundredths(value); break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
     }
   }
@@ -53,7 +53,7 @@ int32_t DrawCircle(const EntityRun& run) {
     DrawEllipseOf(run.canvas, circle);
     return more;
   }
-  const AngleRange range = CutToView(run.view, circle, state.entRadius, wholeCircle);
+  const AngleRange range = CutCircleToView(run.view, circle, state.entRadius, wholeCircle);
   DrawAngleRange(run.canvas, circle, range, style, state.entColor);
   return more;
 }
@@ -73,7 +73,7 @@ int32_t DrawBlockCircle(const BlockRun& run) {
       case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
-      case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 40: state.blockRadius = Hundredths(value) * state.insertScaleX; break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
@@ -88,7 +88,7 @@ int32_t DrawBlockCircle(const BlockRun& run) {
   if (state.arcClockwise == 1) {
     DrawEllipseOf(run.canvas, circle);
   } else {
-    const AngleRange range = CutToView(run.view, circle, state.blockRadius, wholeCircle);
+    const AngleRange range = CutCircleToView(run.view, circle, state.blockRadius, wholeCircle);
     DrawAngleRange(run.canvas, circle, range, style, state.blockColor);
   }
   RestorePenAndBrush(run.canvas, selected);
@@ -111,7 +111,7 @@ int32_t DrawDimInsertCircle(const BlockRun& run) {
       case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       // The Y scale alone, unlike in a block, where it is the X scale.
-      case 40: state.dimRadius = Atof(value) * 100.0 * state.insertScaleY; break;
+      case 40: state.dimRadius = Hundredths(value) * state.insertScaleY; break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }
@@ -126,7 +126,7 @@ int32_t DrawDimInsertCircle(const BlockRun& run) {
   if (state.arcClockwise == 1) {
     DrawEllipseOf(run.canvas, circle);
   } else {
-    const AngleRange range = CutToView(run.view, circle, state.dimRadius, wholeCircle);
+    const AngleRange range = CutCircleToView(run.view, circle, state.dimRadius, wholeCircle);
     DrawAngleRange(run.canvas, circle, range, style, state.dimColor);
   }
   RestorePenAndBrush(run.canvas, selected);

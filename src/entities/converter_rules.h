@@ -23,15 +23,17 @@ struct Dashes {
   int32_t count;           // 2, 4 or 6; 0 where the stroke is solid
 };
 
-// A keyword of line type names with the family and the slot of ltypes that it stands for.
-struct LtypeKeyword {
-  const char* name;
-  int32_t family;
-  int32_t pattern;
+// A line type that the library knows.
+struct KnownLtype {
+  const char* keyword;   // by which layers and entities name it
+  const char* record;    // name of the record that defines it, or empty if none does
+  int32_t family;        // dash family 1..4
+  int32_t elementCount;  // elements of its record: 2, 4 or 6, the same for all of a family
+  int32_t pattern;       // its slot of ltypes: its own place in the table
 };
 
-// In the order of the tests: where several apply, the last one wins.
-extern const LtypeKeyword ltypeKeywords[ltypeCount];
+// In the order of the tests: if a name contains several keywords, the last of them counts.
+extern const KnownLtype knownLtypes[ltypeCount];
 
 // Whether the drawing defines the line type of a slot of ltypes; the last keyword's never is.
 bool IsLtypeDefined(int32_t pattern);

@@ -100,7 +100,7 @@ ArcEnds Above(int32_t yDown, int32_t depth, const SheetEllipse& ellipse) {
 
 // What the view leaves of the whole ellipse; all 0 where it leaves all. In a box whose left is the greater X
 // and whose top is the lower side, an edge counts only when the centre lies beyond it.
-ArcEnds CutToView(const ViewRect& view, const SheetEllipse& e) {
+ArcEnds CutEllipseToView(const ViewRect& view, const SheetEllipse& e) {
   const int32_t centreDown = WrapNegate(e.centre.y);
   ArcEnds cut = {};
   if (e.centre.x < view.right && view.right < e.right)
@@ -230,10 +230,10 @@ int32_t DrawEllipse(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 11: state.entX[1] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 21: state.entY[1] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 11: state.entX[1] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 21: state.entY[1] = Hundredths(value); break;
       case 40: state.entRadius = Atof(value); break;
       case 41: startAngle = Atof(value); break;
       case 42: endAngle = Atof(value); break;
@@ -247,7 +247,7 @@ int32_t DrawEllipse(const EntityRun& run) {
                               state.entRadius, startAngle,    endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
   if (!ShowsACorner(run.view, ellipse)) return more;
-  const ArcEnds cut = CutToView(run.view, ellipse);
+  const ArcEnds cut = CutEllipseToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
     DrawWhole(run.canvas, ellipse, cut, dashes, state.entColor);
@@ -273,9 +273,9 @@ int32_t DrawBlockEllipse(const BlockRun& run) {
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
       case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 11: state.blockX[1] = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 11: state.blockX[1] = Hundredths(value) * state.insertScaleX; break;
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 21: state.blockY[1] = Atof(value) * 100.0 * state.insertScaleY; break;
+      case 21: state.blockY[1] = Hundredths(value) * state.insertScaleY; break;
       case 40: state.blockRadius = Atof(value); break;
       case 41: startAngle = Atof(value); break;
       case 42: endAngle = Atof(value); break;
@@ -291,7 +291,7 @@ int32_t DrawBlockEllipse(const BlockRun& run) {
                               state.blockRadius, startAngle,      endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
   if (!ShowsACorner(run.view, ellipse)) return more;
-  const ArcEnds cut = CutToView(run.view, ellipse);
+  const ArcEnds cut = CutEllipseToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
     DrawWhole(run.canvas, ellipse, cut, dashes, state.blockColor);

@@ -86,44 +86,12 @@ void DrawDimInsertSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& w
     MoveToEx(canvas, vertex.x, vertex.y, nullptr);
 }
 
-// The arc to the vertex in entX[0], entY[0].
-void DrawArcToVertex(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, const LineStyle& style) {
-  const POINT vertex = ModelToSheet(state.entX[0], state.entY[0]);
-  double startAngle;
-  double sweep;
-  BulgeArcCentre(walk.bulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.bulge, startAngle, sweep, state.entCentreX, state.entCentreY, state.entRadius},
-               ModelToSheet(walk.prevX, walk.prevY), vertex, style, state.entColor);
+// The arc from the walk's last vertex to the scope's.
+void DrawArcToVertex(Canvas canvas, const ViewRect& view, const ArcScope& scope, LwPolylineWalk& walk,
+                     const LineStyle& style) {
+  DrawArcSegment(canvas, view, scope, {walk.bulge, walk.prevX, walk.prevY}, style);
   walk.bulge = 0.0;
-  walk.lastSheet = vertex;
-}
-
-// To the one in blockX[0], blockY[0].
-void DrawArcToBlockVertex(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, const LineStyle& style) {
-  const POINT vertex = ModelToSheet(state.blockX[0], state.blockY[0]);
-  double startAngle;
-  double sweep;
-  BlockBulgeArcCentre(walk.bulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.bulge, startAngle, sweep, state.blockCentreX, state.blockCentreY, state.blockRadius},
-               ModelToSheet(walk.prevX, walk.prevY), vertex, style, state.blockColor);
-  walk.bulge = 0.0;
-  walk.lastSheet = vertex;
-}
-
-// To the one in dimX[0], dimY[0].
-void DrawArcToDimInsertVertex(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk,
-                              const LineStyle& style) {
-  const POINT vertex = ModelToSheet(state.dimX[0], state.dimY[0]);
-  double startAngle;
-  double sweep;
-  DimBulgeArcCentre(walk.bulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.bulge, startAngle, sweep, state.dimCentreX, state.dimCentreY, state.dimRadius},
-               ModelToSheet(walk.prevX, walk.prevY), vertex, style, state.dimColor);
-  walk.bulge = 0.0;
-  walk.lastSheet = vertex;
+  walk.lastSheet = ModelToSheet(scope.x, scope.y);
 }
 
 }  // namespace
@@ -145,14 +113,14 @@ int32_t DrawLwPolyline(const EntityRun& run) {
       case 70: flags = Atoi(value); break;
     }
   }
-  if (more && state.groupCode == 10) state.entX[0] = Atof(state.groupValue) * 100.0;
+  if (more && state.groupCode == 10) state.entX[0] = Hundredths(state.groupValue);
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.entColor);
   style = WithoutWidth(style);
 
   while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(run.stream);
   if (more && state.groupCode == 20) {
-    state.entY[0] = Atof(state.groupValue) * 100.0;
+    state.entY[0] = Hundredths(state.groupValue);
     more = ReadGroup(run.stream);
   }
   LwPolylineWalk walk;
@@ -160,14 +128,14 @@ int32_t DrawLwPolyline(const EntityRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
       case 20:
-        state.entY[0] = Atof(value) * 100.0;
+        state.entY[0] = Hundredths(value);
         if (walk.bulge == 0.0)
           DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.entX[0], state.entY[0]), style,
                       state.entColor);
         else
-          DrawArcToVertex(run.canvas, run.view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, entArcs, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.entX[0], state.entY[0]); break;
     }
@@ -179,7 +147,7 @@ int32_t DrawLwPolyline(const EntityRun& run) {
   } else {
     state.entX[0] = walk.firstX;
     state.entY[0] = walk.firstY;
-    DrawArcToVertex(run.canvas, run.view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, entArcs, walk, style);
   }
   return more;
 }
@@ -225,7 +193,7 @@ int32_t DrawBlockLwPolyline(const BlockRun& run) {
           DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.blockX[0], state.blockY[0]), style,
                       state.blockColor);
         else
-          DrawArcToBlockVertex(run.canvas, run.view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, blockArcs, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.blockX[0], state.blockY[0]); break;
     }
@@ -237,7 +205,7 @@ int32_t DrawBlockLwPolyline(const BlockRun& run) {
   } else {
     state.blockX[0] = walk.firstX;
     state.blockY[0] = walk.firstY;
-    DrawArcToBlockVertex(run.canvas, run.view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, blockArcs, walk, style);
   }
   return more;
 }
@@ -282,7 +250,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
           DrawDimInsertSegment(run.canvas, run.view, walk, ModelToSheet(state.dimX[0], state.dimY[0]), style,
                                state.dimColor);
         else
-          DrawArcToDimInsertVertex(run.canvas, run.view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, dimArcs, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.dimX[0], state.dimY[0]); break;
     }
@@ -295,7 +263,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   } else {
     state.dimX[0] = walk.firstX;
     state.dimY[0] = walk.firstY;
-    DrawArcToDimInsertVertex(run.canvas, run.view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, dimArcs, walk, style);
   }
   return more;
 }

@@ -25,28 +25,28 @@ int32_t MarkPenStyle() {
   return state.layers.empty() ? 0 : state.layers[0].family;
 }
 
-void DrawFigure(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t color) {
-  const COLORREF colour = ColorAt(color);
+void DrawFigure(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t colorIndex) {
+  const COLORREF color = ColorAt(colorIndex);
   const int32_t penStyle = MarkPenStyle();
   switch (FigureOf(headerVars)) {
-    case 0: PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, colour, state.rotated); break;
+    case 0: PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, color, state.rotated); break;
     case 2:
-      MarkPlus(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+      MarkPlus(canvas, at.x, at.y, state.centreX, state.centreY, color, penStyle, headerVars.pdSize,
                state.rotated);
       break;
     case 3:
-      MarkCross(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+      MarkCross(canvas, at.x, at.y, state.centreX, state.centreY, color, penStyle, headerVars.pdSize,
                 state.rotated);
       break;
     case 4:
-      MarkTick(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+      MarkTick(canvas, at.x, at.y, state.centreX, state.centreY, color, penStyle, headerVars.pdSize,
                state.rotated);
       break;
   }
 }
 
-void DrawSquare(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t color) {
-  MarkSquare(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(color), MarkPenStyle(),
+void DrawSquare(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t colorIndex) {
+  MarkSquare(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(colorIndex), MarkPenStyle(),
              headerVars.pdSize, state.rotated);
 }
 
@@ -62,8 +62,8 @@ int32_t DrawPoint(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }

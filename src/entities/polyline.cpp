@@ -63,27 +63,8 @@ bool DrawSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, 
   return true;
 }
 
-// The arc to the vertex in entX[0], entY[0].
-void DrawArcSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, const LineStyle& style) {
-  double startAngle;
-  double sweep;
-  BulgeArcCentre(walk.prevBulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.prevBulge, startAngle, sweep, state.entCentreX, state.entCentreY, state.entRadius},
-               ModelToSheet(walk.prevX, walk.prevY), ModelToSheet(state.entX[0], state.entY[0]), style,
-               state.entColor);
-}
-
-// The same in a block, to the vertex in blockX[0], blockY[0].
-void DrawBlockArcSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk,
-                         const LineStyle& style) {
-  double startAngle;
-  double sweep;
-  BlockBulgeArcCentre(walk.prevBulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.prevBulge, startAngle, sweep, state.blockCentreX, state.blockCentreY, state.blockRadius},
-               ModelToSheet(walk.prevX, walk.prevY), ModelToSheet(state.blockX[0], state.blockY[0]), style,
-               state.blockColor);
+ArcSegment PendingArc(const PolylineWalk& walk) {
+  return {walk.prevBulge, walk.prevX, walk.prevY};
 }
 
 // A VERTEX has neither line type nor layer of its own. One that tells no bulge leaves bulge as it is.
@@ -92,8 +73,8 @@ int32_t ReadVertex(TextStream& stream, double& bulge) {
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
       case 42: bulge = Atof(value); break;
     }
   }
@@ -149,7 +130,7 @@ int32_t DrawPolyline(const EntityRun& run) {
     const double x = state.entX[0];
     const double y = state.entY[0];
     if (walk.pendingArc == 1) {
-      DrawArcSegment(run.canvas, run.view, walk, style);
+      DrawArcSegment(run.canvas, run.view, entArcs, PendingArc(walk), style);
       MoveOnFromArc(walk, x, y);
     } else if (DrawSegment(run.canvas, run.view, walk, ModelToSheet(x, y), style, state.entColor)) {
       MoveOn(walk, x, y);
@@ -162,7 +143,7 @@ int32_t DrawPolyline(const EntityRun& run) {
   } else {
     state.entX[0] = walk.firstX;
     state.entY[0] = walk.firstY;
-    DrawArcSegment(run.canvas, run.view, walk, style);
+    DrawArcSegment(run.canvas, run.view, entArcs, PendingArc(walk), style);
   }
   return more;
 }
@@ -200,7 +181,7 @@ int32_t DrawBlockPolyline(const BlockRun& run) {
     const double x = state.blockX[0];
     const double y = state.blockY[0];
     if (walk.pendingArc == 1) {
-      DrawBlockArcSegment(run.canvas, run.view, walk, style);
+      DrawArcSegment(run.canvas, run.view, blockArcs, PendingArc(walk), style);
       MoveOnFromArc(walk, x, y);
     } else if (DrawSegment(run.canvas, run.view, walk, ModelToSheet(x, y), style, state.blockColor)) {
       MoveOn(walk, x, y);
@@ -213,7 +194,7 @@ int32_t DrawBlockPolyline(const BlockRun& run) {
   } else {
     state.blockX[0] = walk.firstX;
     state.blockY[0] = walk.firstY;
-    DrawBlockArcSegment(run.canvas, run.view, walk, style);
+    DrawArcSegment(run.canvas, run.view, blockArcs, PendingArc(walk), style);
   }
   return more;
 }

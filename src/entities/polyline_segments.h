@@ -21,16 +21,25 @@ bool ClampSegment(const ViewRect& view, POINT& last, POINT& next);
 ClippedSegment CutSegment(const ViewRect& view, const POINT& last, const POINT& next);
 ClippedSegment DimCutSegment(const ViewRect& view, const POINT& last, const POINT& next);
 
-// An arc segment as its scope's bulge solver has told it, in model units times 100 and degrees.
-struct BulgeArc {
-  double bulge;
-  double startAngle, sweep;
-  double centreX, centreY, radius;
+// The bulge solver of a scope and the fields of the record that it reads and sets.
+struct ArcScope {
+  void (*solve)(double bulge, double x, double y, double* startAngle, double* sweep);
+  const double &x, &y;  // the vertex at which the arc ends
+  const double &centreX, &centreY, &radius;
+  const int32_t& color;
 };
 
-// The arc between two vertices on the sheet. It is drawn whole, or not at all where its whole circle isn't in
+extern const ArcScope entArcs, blockArcs, dimArcs;
+
+// An arc segment: its bulge and the vertex where it starts, model units times 100.
+struct ArcSegment {
+  double bulge;
+  double startX, startY;
+};
+
+// Draws an arc segment to the scope's vertex. It is drawn whole, or not at all if its whole circle isn't in
 // the view.
-void DrawBulgeArc(Canvas canvas, const ViewRect& view, const BulgeArc& arc, const POINT& from,
-                  const POINT& to, const LineStyle& style, int32_t color);
+void DrawArcSegment(Canvas canvas, const ViewRect& view, const ArcScope& scope, const ArcSegment& segment,
+                    const LineStyle& style);
 
 }  // namespace hexlume

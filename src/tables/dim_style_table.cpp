@@ -26,7 +26,7 @@ int32_t ReadDimStyleRecord(TextStream& stream, DimStyleEntry& style) {
       case 40: style.dimScale = Atof(value); break;
       case 41: style.arrowSize = Atof(value); break;
       // A scale behind it comes too late.
-      case 140: style.textHeight = Atof(value) * 100.0 * style.dimScale; break;
+      case 140: style.textHeight = Hundredths(value) * style.dimScale; break;
       case 341:
         BoundedCopy(style.arrowHandle, value);
         style.arrowBlock[0] = '\0';

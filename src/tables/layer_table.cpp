@@ -15,11 +15,11 @@ namespace {
 // is solid always, by the last keyword, where an entity of that line type has its dashes.
 void ResolveLayerLinetype(const char* value, LayerEntry& layer) {
   if (std::strstr(value, "CONTINUOUS") || std::strstr(value, "CONTINUOS")) layer.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!std::strstr(value, keyword.name)) continue;
-    if (IsLtypeDefined(keyword.pattern)) {
-      layer.family = keyword.family;
-      layer.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!std::strstr(value, known.keyword)) continue;
+    if (IsLtypeDefined(known.pattern)) {
+      layer.family = known.family;
+      layer.pattern = known.pattern;
     } else {
       layer.family = 0;
     }

@@ -5,38 +5,18 @@
 
 #include "driver/bounded_copy.h"
 #include "driver/group_reader.h"
+#include "entities/converter_rules.h"
 
 namespace hexlume {
 
 namespace {
 
-struct LtypeSlot {
-  const char* name;  // of the record that defines it
-  int32_t elementCount;
-};
-
-const LtypeSlot ltypeSlots[ltypeCount] = {
-    // name, elements
-    {"DOT", 2},         //
-    {"DASH", 2},        //
-    {"DASHED", 2},      //
-    {"DASHED2", 2},     //
-    {"HIDDEN", 2},      //
-    {"DASHDOT", 4},     //
-    {"CENTER", 4},      //
-    {"CENTER2", 4},     //
-    {"BORDER2", 4},     //
-    {"DASHDOTDOT", 6},  //
-    {"DIVIDE", 6},      //
-    {"PHANTOM2", 6},    // in the place of PHANTOM: a record of that name isn't taken in
-    {"", 6},            // and so no record can define this one
-};
-
 void StartLtypes() {
   state.ltypes = std::vector<LtypeEntry>(ltypeCount);
-  for (size_t slot = 0; slot < state.ltypes.size(); ++slot) {
-    BoundedCopy(state.ltypes[slot].name, ltypeSlots[slot].name);
-    state.ltypes[slot].elementCount = ltypeSlots[slot].elementCount;
+  for (const KnownLtype& known : knownLtypes) {
+    LtypeEntry& ltype = state.ltypes[static_cast<size_t>(known.pattern)];
+    BoundedCopy(ltype.name, known.record);
+    ltype.elementCount = known.elementCount;
   }
 }
 
@@ -59,7 +39,7 @@ int32_t ReadLtypeRecord(TextStream& stream, LtypeEntry& ltype, double ltScale, b
         if (skipFirst)
           skipFirst = false;
         else if (element < std::size(ltype.dashes))
-          ltype.dashes[element++] = Atof(value) * 100.0 * ltScale / state.drawScale;
+          ltype.dashes[element++] = Hundredths(value) * ltScale / state.drawScale;
         break;
       case 73: {
         const int32_t count = Atoi(value);
