@@ -1,4 +1,4 @@
-// The circle of a bulge, the tangent of a quarter of the arc's angle, between two vertices.
+// The circle of a bulge between two vertices. The bulge is the tangent of a quarter of the arc's angle.
 
 #include <cmath>
 
@@ -20,7 +20,7 @@ static double Degrees(double radians) {
   return radians * 180.0 / pi;
 }
 
-// The angle under which the centre sees (x, y), negated as AngleArc needs it.
+// The angle of (x, y) as seen from the centre in degrees, negated as AngleArc needs it.
 static double NegatedAngle(double centreX, double centreY, double x, double y) {
   const double dx = x - centreX;
   const double dy = centreY - y;
@@ -38,7 +38,7 @@ static void SolveBulgeArc(double bulge, double startX, double startY, double x, 
   const double angle = 4.0 * std::atan(std::fabs(bulge));
   const double halfAngle = angle * 0.5;
 
-  // The centre is found from the lower of the two vertices, from the start if they are level.
+  // The centre is computed from the lower vertex, or from the start if both have the same Y.
   const bool endIsLower = y < startY;
   const double lowerX = endIsLower ? x : startX;
   const double lowerY = endIsLower ? y : startY;
@@ -46,8 +46,7 @@ static void SolveBulgeArc(double bulge, double startX, double startY, double x, 
   const double chordY = Midway(startY, y) - lowerY;
   const double halfChord = std::sqrt(chordX * chordX + chordY * chordY);
 
-  // Between equal vertices a chord of 1 keeps the division whole: the radius comes out 0, the centre at the
-  // vertex.
+  // For equal vertices a chord of 1 avoids a division by 0: the radius is 0 and the centre is the vertex.
   const bool equalVertices = !endIsLower && x >= startX && halfChord == 0;
   const double chordDirection = std::acos(chordX / (equalVertices ? 1.0 : halfChord));
   const double chordToCentre = halfPi - halfAngle;
@@ -58,7 +57,7 @@ static void SolveBulgeArc(double bulge, double startX, double startY, double x, 
   const double radius = halfChord / std::sin(halfAngle);
   circle.centreX = std::cos(centreDirection) * radius + lowerX;
   circle.centreY = std::sin(centreDirection) * radius + lowerY;
-  // Is never negative, and must not be.
+  // The radius isn't negative in practice, and must not be.
   circle.radius = std::fabs(radius);
   *startAngle = NegatedAngle(circle.centreX, circle.centreY, x, y);
   *sweep = Degrees(angle);

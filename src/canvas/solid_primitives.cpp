@@ -26,7 +26,7 @@ void PenPixel(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t cent
   SetPixel(canvas, point.x, point.y, color);
   RestorePen(canvas, pen);
   SelectObject(canvas, previousBrush);
-  // To delete a stock object does nothing; it's a fixed step of the sequence.
+  // Deleting a stock object has no effect. The call is part of the fixed sequence.
   DeleteObject(brush);
 }
 
@@ -44,7 +44,7 @@ void MarkPlus(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t cent
 void MarkCross(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t centreY, COLORREF color,
                int32_t penStyle, double size, int32_t mirror) {
   const POINT point = PlacePoint(x, y, centreX, centreY, mirror);
-  // Unlike the other marks' size, the half diagonal is truncated before it meets the point.
+  // Unlike the size of the other marks, the half diagonal is truncated before it is added.
   const int32_t halfDiagonal = Trunc((1.0 / std::sqrt(2.0)) * size);
   const int32_t left = WrapSub(point.x, halfDiagonal);
   const int32_t right = WrapAdd(point.x, halfDiagonal);
@@ -62,7 +62,7 @@ void MarkTick(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t cent
               int32_t penStyle, double size, int32_t mirror) {
   const POINT point = PlacePoint(x, y, centreX, centreY, mirror);
   const SelectedPen pen = SelectNewPen(canvas, penStyle, 0, color);
-  // Only the point is turned: the tick goes up on a turned sheet too.
+  // Only the point is turned: the tick points up on a turned sheet too.
   MoveToEx(canvas, point.x, point.y, nullptr);
   LineTo(canvas, point.x, Trunc(point.y + size));
   RestorePen(canvas, pen);
@@ -74,7 +74,7 @@ void MarkCircle(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t ce
   const SelectedPen pen = SelectNewPen(canvas, penStyle, 0, color);
   const int32_t right = Trunc(point.x + size);
   if (arcClockwise == 1) {
-    // An arc that ends where it starts is the whole circle.
+    // An arc whose end is its start is the whole circle.
     Arc(canvas, Trunc(point.x - size), Trunc(point.y - size), right, Trunc(point.y + size), right, point.y,
         right, point.y);
   } else {
@@ -105,8 +105,8 @@ void PenArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, float startAngl
   const POINT centre = PlacePoint(x, y, centreX, centreY, mirror);
   if (mirror) startAngle = static_cast<float>(startAngle + 180.0);
   const SelectedPen pen = SelectNewPen(canvas, penStyle, 0, color);
-  // AngleArc connects the current position to its start, which it counts clockwise on this canvas: standing
-  // there beforehand keeps the connection within a unit.
+  // AngleArc draws a line from the current position to its start, which it counts clockwise on this canvas.
+  // Moving there first keeps that line within a unit.
   const double angle = -startAngle * pi / 180.0;
   MoveToEx(canvas, WrapAdd(centre.x, Trunc(std::cos(angle) * radius)),
            WrapAdd(centre.y, Trunc(std::sin(angle) * radius)), nullptr);
@@ -116,7 +116,7 @@ void PenArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, float startAngl
 
 void PenEllipse(Canvas canvas, int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t centreX,
                 int32_t centreY, COLORREF color, int32_t mirror) {
-  // The corners are turned as points, not sorted again: GDI takes them in either order.
+  // The corners are turned but not sorted: GDI accepts them in either order.
   const POINT leftTop = PlacePoint(left, top, centreX, centreY, mirror);
   const POINT rightBottom = PlacePoint(right, bottom, centreX, centreY, mirror);
   const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, color);
@@ -125,7 +125,7 @@ void PenEllipse(Canvas canvas, int32_t left, int32_t top, int32_t right, int32_t
   Ellipse(canvas, leftTop.x, leftTop.y, rightBottom.x, rightBottom.y);
   RestorePen(canvas, pen);
   SelectObject(canvas, previousBrush);
-  // To delete a stock object does nothing; it's a fixed step of the sequence.
+  // Deleting a stock object has no effect. The call is part of the fixed sequence.
   DeleteObject(brush);
 }
 
@@ -161,7 +161,7 @@ void FillQuad(Canvas canvas, POINT* points, int32_t centreX, int32_t centreY, CO
   const SelectedPen pen = SelectNewPen(canvas, penStyle, 0, color);
   const HBRUSH brush = CreateSolidBrush(color);
   const HGDIOBJ previousBrush = SelectObject(canvas, brush);
-  // The fill mode stays set on the canvas.
+  // The fill mode isn't restored.
   SetPolyFillMode(canvas, ALTERNATE);
   Polygon(canvas, points, 4);
   SelectObject(canvas, previousBrush);

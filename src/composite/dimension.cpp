@@ -1,5 +1,5 @@
-// DIMENSION: nothing is measured and no style of the drawing is asked. The lines, arrows and text are those
-// of the block that the drawing's own program made for this dimension.
+// DIMENSION: the drawing's dimension styles aren't used and nothing is measured. Lines, arrows and text are
+// those of the block that the CAD program has stored for the dimension.
 #include "composite/dimension.h"
 
 #include "composite/block_dispatch.h"
@@ -12,8 +12,8 @@ namespace hexlume {
 
 namespace {
 
-// Group 8. A dimension on a layer that the user left out is played back all the same: the block's entities
-// are asked one by one.
+// Group 8. A dimension on an excluded layer is drawn all the same: each entity of the block is tested by
+// itself.
 void TakeDimensionLayer(const char* name) {
   BoundedCopy(state.insertLayer, name);
   if (const LayerEntry* layer = FindLayer(name)) state.entColor = layer->color;
@@ -26,7 +26,8 @@ int32_t DrawDimension(const EntityRun& run) {
   double offsetX = 0.0;
   double offsetY = 0.0;
   int32_t more = ReadGroup(run.stream);
-  // The measuring points go to the places of an entity's, which the block's entities may lack.
+  // The measuring points are stored in an entity's fields. Entities of the block use them if they lack such a
+  // group.
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -48,8 +49,8 @@ int32_t DrawDimension(const EntityRun& run) {
       case 24: state.entY[3] = Hundredths(value); break;
     }
   }
-  // Its own group 62 doesn't count. On a layer that the table doesn't have, the colour is that of the entity
-  // before it.
+  // The dimension's own group 62 is ignored. If the table doesn't have its layer, it has the colour of the
+  // entity before it.
   MonochromeRule(state.entColor);
 
   Bookmark next;

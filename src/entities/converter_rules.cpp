@@ -30,9 +30,8 @@ bool IsLtypeDefined(int32_t pattern) {
 }
 
 void ResolveLinetype(const char* value, LineStyle& style) {
-  // The correctly spelled name keeps the layer's family: what would clear it is asked for under a misspelt
-  // name that the value, being exactly this one, can't hold. Any other name clears it first, those of no line
-  // type of ours included.
+  // "CONTINUOUS" keeps the layer's family: the test that would clear it compares with a misspelt name, which
+  // this value can't be equal to. Any other name clears the family first, an unknown one too.
   if (std::strcmp(value, "CONTINUOUS") != 0) style.family = 0;
 
   for (const KnownLtype& known : knownLtypes) {
@@ -85,8 +84,8 @@ const double* StoredDashes(int32_t pattern) {
   return ltype.dashes;
 }
 
-// The family decides, as the pattern can belong to a line type of another family: see
-// ResolveDimInsertLinetype.
+// The family decides, not the pattern: ResolveDimInsertLinetype sets the family alone, so the pattern can be
+// of another one.
 int32_t ElementsOfFamily(int32_t family) {
   const auto known = std::find_if(std::begin(knownLtypes), std::end(knownLtypes),
                                   [family](const KnownLtype& ltype) { return ltype.family == family; });
@@ -125,8 +124,8 @@ double BlockY(double value, double blockOriginY) {
 
 void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY) {
   if (state.insertAngle == 0.0) return;
-  // The pivot is the block's origin and not the insertion point: a turned block with a base point other than
-  // (0, 0) lies away from where its INSERT says.
+  // The pivot is the block's origin and not the insertion point, so a turned block with a base point other
+  // than (0, 0) is displaced.
   const double cosine = std::cos(state.insertAngle);
   const double sine = std::sin(state.insertAngle);
   const double dx = x - blockOriginX;

@@ -1,5 +1,5 @@
-// LWPOLYLINE: all vertices stand in the one entity. A segment is drawn the moment the Y of its end is read,
-// with the X that was read last.
+// LWPOLYLINE: all vertices are groups of one entity. A segment is drawn as soon as the Y of its end is read,
+// with the X read last.
 #include "entities/lwpolyline.h"
 
 #include "driver/group_reader.h"
@@ -14,26 +14,26 @@ namespace {
 
 constexpr int32_t closedFlag = 1;
 
-// How far the walk over the vertices has come.
+// The state of the loop over the vertices.
 struct LwPolylineWalk {
-  double bulge = 0.0;  // of the segment to the next vertex
-  double prevX = 0.0;  // the vertex where that arc starts
+  double bulge = 0.0;  // bulge of the segment to the next vertex
+  double prevX = 0.0;  // vertex where that arc starts
   double prevY = 0.0;
   double firstX = 0.0;
   double firstY = 0.0;
-  POINT lastSheet = {};  // where the next line starts
+  POINT lastSheet = {};  // start of the next line
 };
 
-// The first vertex.
+// Starts at the first vertex.
 void StartWalk(Canvas canvas, LwPolylineWalk& walk, double x, double y) {
   walk.firstX = x;
   walk.firstY = y;
   walk.lastSheet = ModelToSheet(x, y);
-  // Not turned with the sheet: each segment sets a position of its own.
+  // Not turned with the sheet: each segment sets its own position.
   MoveToEx(canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
 }
 
-// Group 42 stands behind the vertex that its arc starts at.
+// Group 42 comes after the vertex where its arc starts.
 void StartArc(LwPolylineWalk& walk, double bulge, double x, double y) {
   walk.bulge = bulge;
   walk.prevX = x;
@@ -41,8 +41,7 @@ void StartArc(LwPolylineWalk& walk, double bulge, double x, double y) {
   walk.lastSheet = ModelToSheet(x, y);
 }
 
-// The line from the walk's last point to the next. One that the view doesn't show breaks the chain: the next
-// line starts at its end.
+// Draws the line from the last point to vertex. If the view rejects it, the next line starts at its end.
 void DrawSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, const POINT& vertex,
                  const LineStyle& style, int32_t color) {
   POINT last = walk.lastSheet;
@@ -56,7 +55,7 @@ void DrawSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, cons
     DrawStyledLine(canvas, last, next, style, color);
     return;
   }
-  // A single coordinate of -1 drops the line, although it can be a true one.
+  // A single coordinate of -1 drops the line, although -1 can be a valid coordinate.
   const ClippedSegment cut = CutSegment(view, last, next);
   if (cut.startX != -1 && cut.startY != -1 && cut.endX != -1 && cut.endY != -1)
     DrawStyledLine(canvas, {cut.startX, cut.startY}, {cut.endX, cut.endY}, style, color);
@@ -78,7 +77,7 @@ void DrawDimInsertSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& w
     DrawStyledLine(canvas, last, next, style, color);
     return;
   }
-  // A coordinate of 0 drops the line here: one that ends at the sheet's upper or left edge can vanish.
+  // A single coordinate of 0 drops the line: one that ends at the sheet's top or left edge can be lost.
   const ClippedSegment cut = DimCutSegment(view, last, next);
   if (cut.startX != 0 && cut.startY != 0 && cut.endX != 0 && cut.endY != 0)
     DrawStyledLine(canvas, {cut.startX, cut.startY}, {cut.endX, cut.endY}, style, color);
@@ -86,7 +85,7 @@ void DrawDimInsertSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& w
     MoveToEx(canvas, vertex.x, vertex.y, nullptr);
 }
 
-// The arc from the walk's last vertex to the scope's.
+// Draws the arc from the last vertex to the scope's vertex.
 void DrawArcToVertex(Canvas canvas, const ViewRect& view, const ArcScope& scope, LwPolylineWalk& walk,
                      const LineStyle& style) {
   DrawArcSegment(canvas, view, scope, {walk.bulge, walk.prevX, walk.prevY}, style);
@@ -101,7 +100,7 @@ int32_t DrawLwPolyline(const EntityRun& run) {
   int32_t flags = 0;
   state.entColor = 0;
   int32_t more = ReadGroup(run.stream);
-  // The first vertex ends the header: what stands behind it tells nothing any more.
+  // The first vertex ends the header. The groups after it have no effect on style and flags.
   for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -216,7 +215,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   int32_t flags = 0;
   state.dimColor = 0;
   int32_t more = ReadGroup(run.stream);
-  // It's the first vertex's Y that ends the header here.
+  // In this scope the first vertex's Y ends the header.
   for (; more && state.groupCode != 0 && state.groupCode != 20; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -237,7 +236,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   MonochromeRule(state.dimColor);
   style = WithoutWidth(style);
 
-  // The insert's angle isn't used at all here.
+  // The insert's angle isn't used in this scope.
   LwPolylineWalk walk;
   StartWalk(run.canvas, walk, state.dimX[0], state.dimY[0]);
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {

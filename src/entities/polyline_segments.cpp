@@ -29,8 +29,8 @@ ClippedSegment DimCutSegment(const ViewRect& view, const POINT& last, const POIN
 
 namespace {
 
-// The one system whose arcs run the other way round draws them by itself: with the family as the pen's style,
-// and upright on a turned sheet too.
+// Used where the arc direction had to be set. GDI draws the arc and dashes it by the pen's style; the arc
+// isn't turned with the sheet.
 void DrawClockwiseArc(Canvas canvas, const POINT& leftTop, const POINT& rightBottom, double bulge,
                       const POINT& from, const POINT& to, int32_t family, int32_t color) {
   const POINT& start = bulge > 0.0 ? from : to;

@@ -20,15 +20,15 @@ void StartLtypes() {
   }
 }
 
-// Null for a name that the library doesn't know. No name at all isn't that of the slot without one.
+// Returns null for an unknown name. An empty name doesn't match the slot without a name.
 LtypeEntry* FindLtype(const char* name) {
   for (LtypeEntry& ltype : state.ltypes)
     if (ltype.name[0] != '\0' && std::strcmp(ltype.name, name) == 0) return &ltype;
   return nullptr;
 }
 
-// Entered with the record's name in the buffer; leaves the next record or the table's end there. An element
-// that is to be skipped and isn't there is skipped in the next record.
+// Called with the record's name in the buffer. Leaves the next record or the end of the table there. If
+// skipFirst is set and the record has no element to skip, the first element of the next record is skipped.
 int32_t ReadLtypeRecord(TextStream& stream, LtypeEntry& ltype, double ltScale, bool& skipFirst) {
   size_t element = 0;
   int32_t more = ReadGroup(stream);
@@ -43,7 +43,7 @@ int32_t ReadLtypeRecord(TextStream& stream, LtypeEntry& ltype, double ltScale, b
         break;
       case 73: {
         const int32_t count = Atoi(value);
-        // One more than there should be, and the first one is taken to be too many.
+        // If there is one element too many, the first is skipped.
         if (count == ltype.elementCount + 1) skipFirst = true;
         if (count == ltype.elementCount || count == ltype.elementCount + 1) ltype.defined = 1;
         break;
