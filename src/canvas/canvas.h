@@ -1,7 +1,7 @@
-// The drawing operations. Each creates its pen, draws, restores the previous pen and deletes its own, so that
-// no stroke of the metafile depends on another. Coordinates are sheet hundredths; Y is negative on the sheet.
-// If mirror isn't 0, an operation turns its own input by 180 degrees about the sheet's centre. Callers never
-// turn anything.
+// The drawing operations. Each creates its pen, draws, restores the previous pen and deletes its own, so
+// that no stroke of the metafile depends on another. Coordinates are sheet hundredths; Y is negative on the
+// sheet. If mirror isn't 0, an operation turns its own input by 180 degrees about the sheet's centre.
+// Callers never turn anything.
 #pragma once
 
 #include <cstdint>

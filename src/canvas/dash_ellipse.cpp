@@ -1,5 +1,5 @@
-// The dashed ellipse, drawn by the angle of its parameter, so dashes are longer near the ends of the short
-// axis.
+// The dashed ellipse, drawn by the angle of its parameter, so dashes are longer near the ends of
+// the short axis.
 
 #include <cmath>
 
@@ -60,14 +60,14 @@ bool ReachesEnd(EllipseWalk walk, const double* pattern, int32_t count) {
 }
 
 double MeanRadius(int32_t rx, int32_t ry) {
-  // The squares wrap around for a large ellipse. If the sum becomes negative, the mean is NaN and the walk
-  // never ends.
+  // The squares wrap around for a large ellipse. If the sum becomes negative, the mean is NaN and the
+  // walk never ends.
   return std::sqrt(static_cast<double>(WrapAdd(WrapMul(rx, rx), WrapMul(ry, ry)) / 2));
 }
 
-// The angle at which a walk starts, and that at which it ends, for a point dx to the right of the centre and
-// dy below it. The quotients are inverted, and the two functions differ at the lower left. Dashes depend on
-// both.
+// The angle at which a walk starts, and that at which it ends, for a point dx to the right of the centre
+// and dy below it. The quotients are inverted, and the two functions differ at the lower left. Dashes
+// depend on both.
 double AngleElsewhere(int32_t dx, int32_t dy) {
   if (dx > 0) return dy == 0 ? 0.0 : std::atan(static_cast<double>(dx) / dy);
   if (dx == 0) return dy > 0 ? threeHalvesPi : halfPi;
@@ -131,8 +131,8 @@ void DashEllipse(Canvas canvas, int32_t x, int32_t y, int32_t left, int32_t top,
   const EllipseShape ellipse = {PlacePoint(x, y, centreX, centreY, mirror),
                                 PlacePoint(left, top, centreX, centreY, mirror),
                                 PlacePoint(right, bottom, centreX, centreY, mirror), rx, ry};
-  // On a turned sheet the two points of a whole ellipse aren't 0 any more, but equal: the first dash is the
-  // whole ellipse.
+  // On a turned sheet the two points of a whole ellipse aren't 0 any more, but equal: the first dash is
+  // the whole ellipse.
   const POINT start = PlacePoint(xStart, yStart, centreX, centreY, mirror);
   const POINT end = PlacePoint(xEnd, yEnd, centreX, centreY, mirror);
   const EllipseWalk walk = WalkBetween(ellipse, start, end);

@@ -29,8 +29,8 @@ static bool Advances(const double* pattern, int32_t count) {
                      [](double element) { return IsDash(element) || IsGap(element); });
 }
 
-// A length in whole units. Positions have 64 bits, so that a step beyond the last coordinate doesn't wrap
-// around.
+// A length in whole units. Positions have 64 bits, so that a step beyond the last coordinate
+// doesn't wrap around.
 static int64_t Units(double length) {
   constexpr double pastEveryEnd = 1e10;
   return static_cast<int64_t>(std::clamp(length, -pastEveryEnd, pastEveryEnd));

@@ -8,8 +8,8 @@
 
 namespace hexlume {
 
-// The most elements of a walk. Each one is stored in the metafile, so an extremely long walk would use up the
-// memory.
+// The most elements of a walk. Each one is stored in the metafile, so an extremely long walk would use
+// up the memory.
 constexpr int32_t maxWalkElements = 10000000;
 
 // Doesn't change the current position.

@@ -8,8 +8,8 @@
 
 namespace hexlume {
 
-// Turns a point by 180 degrees about the centre of the sheet. The Y of the centre is positive, the sheet's is
-// negative.
+// Turns a point by 180 degrees about the centre of the sheet. The Y of the centre is positive, the
+// sheet's is negative.
 inline POINT TurnPoint(int32_t x, int32_t y, int32_t centreX, int32_t centreY) {
   return {WrapSub(WrapMul(2, centreX), x), WrapSub(WrapMul(-2, centreY), y)};
 }

@@ -75,8 +75,8 @@ struct BlockLevel {
   ~BlockLevel() { --state.blockLevel; }
 };
 
-// Each level of nested blocks can multiply what is read. Blocks that the ENTITIES section inserts aren't
-// counted: each INSERT reads one of them once.
+// Each level of nested blocks can multiply what is read. Blocks that the ENTITIES section names aren't
+// counted: each is read once for each entity that names it.
 void CountNested(int64_t bytes) {
   constexpr int64_t bytesOfAnEntity = 50;  // cost of an entity in addition to its groups
   if (state.blockLevel < 2) return;
@@ -134,8 +134,8 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
   return 1;
 }
 
-// Needs no guard and no test of the stack: it is the outermost block, and the loop over the ENTITIES section
-// handles failures.
+// Needs no guard and no test of the stack: it is the outermost block, and the loop over the ENTITIES
+// section handles failures.
 void DrawDimBlock(const EntityRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return;
   Seek(run.stream, bodyOffset);

@@ -12,8 +12,8 @@ namespace hexlume {
 
 namespace {
 
-// Group 8. A dimension on an excluded layer is drawn all the same: each entity of the block is tested by
-// itself.
+// Group 8. A dimension on an excluded layer is drawn all the same: each entity of the block is
+// tested by itself.
 void TakeDimensionLayer(const char* name) {
   BoundedCopy(state.insertLayer, name);
   if (const LayerEntry* layer = FindLayer(name)) state.entColor = layer->color;
@@ -26,8 +26,8 @@ int32_t DrawDimension(const EntityRun& run) {
   double offsetX = 0.0;
   double offsetY = 0.0;
   int32_t more = ReadGroup(run.stream);
-  // The measuring points are stored in an entity's fields. Entities of the block use them if they lack such a
-  // group.
+  // The measuring points are stored in an entity's fields. Entities of the block use them if they lack
+  // such a group.
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {

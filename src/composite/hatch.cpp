@@ -1,6 +1,5 @@
-// HATCH: the pattern's name decides whether the boundary is filled or clips the pattern's lines. There is no
-// table of patterns, as a drawing carries their lines itself. On a turned sheet a hatch stays where it is on
-// the upright one.
+// HATCH: the pattern's name decides whether the boundary is filled or clips the pattern's lines. No table of
+// patterns is needed, as the drawing contains their lines. A hatch isn't turned with the sheet.
 #include "composite/hatch.h"
 
 #include <cstring>
@@ -43,7 +42,8 @@ bool IsSolid(const char* patternName) {
   return std::strcmp(patternName, "SOLID") == 0;
 }
 
-// Reads up to the name and the number of corners, in either order. False at the end of the file.
+// Reads up to the pattern's name and the number of corners, in either order. Returns false at the end
+// of the file.
 bool ReadArrowhead(TextStream& stream, bool& isSolid, int32_t& count) {
   bool isNamed = false;
   bool isCounted = false;
@@ -63,8 +63,8 @@ bool ReadArrowhead(TextStream& stream, bool& isSolid, int32_t& count) {
   return true;
 }
 
-// The start of the first edge and the ends of all but the last one; the groups of other edges aren't known.
-// No group 0 stops the reading. False at the end of the file, with corners missing.
+// Reads the start of the first edge and the ends of the others except the last. Only the groups of straight
+// edges are read. A group 0 doesn't stop the reading. Returns false if the file ends before the last corner.
 bool ReadCorners(TextStream& stream, double originX, double originY, int32_t count,
                  std::vector<POINT>& corners) {
   POINT corner = {};
@@ -88,7 +88,7 @@ int32_t DrawHatch(const EntityRun& run) {
   HatchBoundary boundary;
   state.entColor = 0;
   int32_t more = ReadGroup(run.stream);
-  // No group 0 stops the search for the pattern's name.
+  // A group 0 doesn't stop the search for the pattern's name.
   for (; more && state.groupCode != 2; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -113,7 +113,7 @@ int32_t DrawHatch(const EntityRun& run) {
     FillHatchLines(run.stream, run.canvas, {boundary.extent, state.entColor});
     ExtSelectClipRgn(run.canvas, nullptr, RGN_COPY);
     SetMapMode(run.canvas, MM_HIMETRIC);
-    // The lines end with their group 98. Behind any other group stands nothing more.
+    // The lines end with their group 98. Without it the file has ended.
     if (state.groupCode != 98) more = 0;
   }
   RestoreTools(run.canvas, tools);

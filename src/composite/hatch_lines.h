@@ -1,5 +1,4 @@
-// The lines of a hatch's pattern. They are swept over the extent of its boundary; the canvas's clip region
-// cuts them.
+// The lines of a hatch's pattern. They cover the extent of its boundary; the canvas's clip region cuts them.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +9,14 @@
 
 namespace hexlume {
 
-// What the lines of a pattern are to fill.
+// What the lines of a pattern fill.
 struct HatchFill {
   HatchExtent extent;
-  int32_t color;  // colour index of the hatch. It changes no stroke: the selected pen and brush draw.
+  int32_t color;  // colour index. It isn't used: the selected pen and brush draw
 };
 
-// Reads the pattern's definition from the group behind the hatch's style on, up to its group 98, and draws
-// each family of lines as soon as it is told. The extent is that of the boundary in sheet units: top is its
-// largest Y. The pen and brush that stand selected do the drawing, so the colour isn't used.
+// Reads the pattern's definition, from the group after the hatch's style up to group 98, and draws each
+// family of lines when its last group has been read. The currently selected pen and brush are used.
 void FillHatchLines(TextStream& stream, Canvas canvas, const HatchFill& fill);
 
 }  // namespace hexlume

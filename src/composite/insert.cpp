@@ -1,6 +1,6 @@
-// INSERT: a block at a place, with a scale and an angle. Nested blocks are combined without a matrix: scales
-// are multiplied and angles added, and a block inside a turned block turns about its own origin, whose place
-// isn't turned.
+// INSERT: a block at a place, with a scale and an angle. Nested blocks are combined without a matrix:
+// scales are multiplied and angles added, and a block inside a turned block turns about its own origin,
+// whose place isn't turned.
 #include "composite/insert.h"
 
 #include <cstring>
@@ -24,7 +24,7 @@ double Radians(const char* degrees) {
   return Atof(degrees) * pi / 180.0;
 }
 
-// A negative scale, that of a mirrored insert, is replaced by 1.
+// A scale that isn't positive, such as that of a mirrored insert, is replaced by 1.
 double PositiveScale(const char* value) {
   const double scale = Atof(value);
   return scale > 0.0 ? scale : 1.0;
@@ -171,10 +171,10 @@ int32_t DrawDimInsertInsert(const BlockRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // if several blocks have the name, the last one
+      case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // the last block with this name
       case 10: x = Hundredths(value) + run.blockOriginX; break;
       case 20: y = Hundredths(value) + run.blockOriginY; break;
-      case 41: state.insertScaleX = ScaleButZero(value); break;  // the Y scale remains that of the enclosing block
+      case 41: state.insertScaleX = ScaleButZero(value); break;  // the Y scale isn't changed
       case 50: state.insertAngle = Radians(value); break;
       case 62: color = ResolveColor(Atoi(value)); break;
     }

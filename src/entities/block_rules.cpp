@@ -12,8 +12,8 @@ char ToLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// The colour for a group 62 of the drawing. 0 (by block) keeps color if the entity inherits, else gives
-// black.
+// The colour for a group 62 of the drawing. 0 (by block) keeps color if the entity inherits,
+// else gives black.
 void InheritColor(int32_t number, int32_t& color, int32_t inherit) {
   if (number != 0)
     color = number;

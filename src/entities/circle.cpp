@@ -49,8 +49,8 @@ int32_t DrawCircle(const EntityRun& run) {
   const SheetCircle circle = PlaceCircle(state.entX[0], state.entY[0], state.entRadius);
   if (!CornerLiesInView(run.view, circle)) return more;
   if (state.arcClockwise == 1) {
-    // No pen or brush is selected: colour and line type have no effect, and the canvas's brush fills the
-    // circle.
+    // No pen or brush is selected: colour and line type have no effect, and the canvas's brush
+    // fills the circle.
     DrawEllipseOf(run.canvas, circle);
     return more;
   }

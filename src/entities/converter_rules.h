@@ -10,8 +10,8 @@
 
 namespace hexlume {
 
-// How an entity's strokes are drawn, apart from their colour, according to the groups 6, 8 and 39 read so
-// far.
+// How an entity's strokes are drawn, apart from their colour, according to the groups 6, 8 and 39
+// read so far.
 struct LineStyle {
   int32_t family = 0;              // dash family: 0 solid, 1 dash, 2 dot, 3 dash-dot, 4 dash-dot-dot
   int32_t pattern = unnamedLtype;  // index into ltypes, for a family other than 0
@@ -60,8 +60,8 @@ bool ResolveLayer(const char* name, LineStyle& style, int32_t& color);
 // Group 39: the thickness divided by 100 is used as the pen width, so a thickness below 100 gives 0.
 int32_t ResolveWidth(const char* value);
 
-// Group 62: returns the index into colorTable for a colour number of the drawing. Yellow and white become
-// black.
+// Group 62: returns the index into colorTable for a colour number of the drawing. Yellow and
+// white become black.
 int32_t ResolveColor(int32_t number);
 
 // Whether the user has excluded the line types of this dash family.
@@ -70,8 +70,8 @@ bool LinetypeFilter(int32_t family);
 // Makes the colour black in monochrome.
 void MonochromeRule(int32_t& color);
 
-// Converts a point in model units times 100 to the sheet. Y is 0 at the sheet's top edge and negative below
-// it.
+// Converts a point in model units times 100 to the sheet. Y is 0 at the sheet's top edge and
+// negative below it.
 POINT ModelToSheet(double x, double y);
 
 // Converts a coordinate read in a block to model units times 100, with the insert's current scales.
@@ -81,8 +81,8 @@ double BlockY(double value, double blockOriginY);
 // Turns a point about the block's origin by the insert's angle. The point is a result of BlockX and BlockY.
 void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY);
 
-// Turns a point by the insert's angle and converts it to the sheet. The point is a result of BlockX and
-// BlockY.
+// Turns a point by the insert's angle and converts it to the sheet. The point is a result of
+// BlockX and BlockY.
 POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY);
 
 // Whether a point is in the view or on its edges.

@@ -29,8 +29,8 @@ struct SheetEllipse {
   POINT centre;
 };
 
-// Two points whose directions from the centre bound an arc, counter-clockwise from start to end. All 0: no
-// bounds.
+// Two points whose directions from the centre bound an arc, counter-clockwise from start to end. All
+// 0: no bounds.
 struct ArcEnds {
   POINT start, end;
 };
@@ -67,8 +67,8 @@ int32_t HalfChordAtX(const SheetEllipse& ellipse, int32_t depth) {
                          distance * distance * (halfHeight * halfHeight) / squaredHalfWidth));
 }
 
-// The same for a horizontal edge. It uses the half height as well, which is right for circles only. It must
-// stay so.
+// The same for a horizontal edge. It uses the half height as well, which is right for circles only. It
+// must stay so.
 int32_t HalfChordAtY(const SheetEllipse& ellipse, int32_t depth) {
   const double halfHeight = WrapSub(ellipse.top, ellipse.bottom) / 2;
   const double distance = 0.5 * WrapSub(ellipse.top, ellipse.bottom) - depth;
@@ -123,8 +123,8 @@ bool HasBounds(const ArcEnds& ends) {
 }
 
 // Two points in the directions of the part's start and end. The angles are counted from the left or from
-// below, whatever the direction of the axis, and a negative length turns the part by 180 degrees. It must
-// stay so.
+// below, whatever the direction of the axis, and a negative length turns the part by 180 degrees. It
+// must stay so.
 ArcEnds RadialsOf(const ModelEllipse& model) {
   const bool alongX = LiesAlongX(model);
   const double base = alongX ? pi : halfPi;
@@ -161,8 +161,8 @@ std::vector<ArcEnds> PiecesAroundCut(const POINT& centre, const ArcEnds& part, c
   return pieces;
 }
 
-// Whether a point is on the side of the edge that is cut off: on the left of the line from the cut's start to
-// its end.
+// Whether a point is on the side of the edge that is cut off: on the left of the line from the cut's start
+// to its end.
 bool LiesBeyondCut(const ArcEnds& cut, const POINT& point) {
   const double cutX = static_cast<double>(cut.end.x) - cut.start.x;
   const double cutY = static_cast<double>(cut.end.y) - cut.start.y;

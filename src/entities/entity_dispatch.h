@@ -5,9 +5,9 @@
 
 namespace hexlume {
 
-// Called when the section's name has been read. Sets up the canvas and draws each entity that has a
-// converter, up to the end of the section. Unknown entities are skipped. Any failure is reported as `throw
-// faultCode`.
+// Called when the section's name has been read. Sets up the canvas and draws each entity that has
+// a converter, up to the end of the section. Unknown entities are skipped. Any failure is reported
+// as `throw faultCode`.
 void DrawEntities(const EntityRun& run);
 
 }  // namespace hexlume

@@ -1,7 +1,7 @@
-// Knots are processed from the first to the last, and an insertion changes nothing before its place except
-// three points. So points and knots are kept in two parts: the finished part, which grows, and the rest as in
-// the file, shifted by one with each insertion. The time for a knot doesn't depend on the length of the
-// spline.
+// Knots are processed from the first to the last, and an insertion changes nothing before its place
+// except three points. So points and knots are kept in two parts: the finished part, which grows, and the
+// rest as in the file, shifted by one with each insertion. The time for a knot doesn't depend on the
+// length of the spline.
 #include "entities/knot_insertion.h"
 
 #include <algorithm>
@@ -62,8 +62,8 @@ POINT Blend(const POINT& point, const POINT& before, double alpha) {
           Trunc(point.y * alpha + before.y * (1.0 - alpha))};
 }
 
-// Adds a point for the knot just inserted at place m: blends the three points before m and shifts those from
-// m on.
+// Adds a point for the knot just inserted at place m: blends the three points before m and shifts those
+// from m on.
 void InsertPoint(Points& points, const Knots& knots, int32_t m, double inserted) {
   if (m <= points.count) {
     points.Duplicate(std::max(m - 1, 0));

@@ -15,8 +15,8 @@ LineStyle WithoutWidth(const LineStyle& style);
 // nothing if it is slanted.
 bool ClampSegment(const ViewRect& view, POINT& last, POINT& next);
 
-// Cuts a slanted segment to the view, from its left end to its right one. The caller tests whether anything
-// is left.
+// Cuts a slanted segment to the view, from its left end to its right one. The caller tests whether
+// anything is left.
 ClippedSegment CutSegment(const ViewRect& view, const POINT& last, const POINT& next);
 ClippedSegment DimCutSegment(const ViewRect& view, const POINT& last, const POINT& next);
 

@@ -1,5 +1,5 @@
-// SPLINE in the ENTITIES section and in a block. A dimension's blocks don't draw it. A spline isn't cut to
-// the view.
+// SPLINE in the ENTITIES section and in a block. A dimension's blocks don't draw it. A spline isn't cut
+// to the view.
 #pragma once
 
 #include <cstdint>
