@@ -90,4 +90,8 @@ double Atof(const char* text) {
   return negative ? -value : value;
 }
 
+double Hundredths(const char* value) {
+  return Atof(value) * 100.0;
+}
+
 }  // namespace hexlume

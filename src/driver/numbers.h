@@ -33,4 +33,7 @@ int32_t Atoi(const char* text);
 // hexadecimal count as none. Too large a number is infinite, too small a one 0.
 double Atof(const char* text);
 
+// The value of a group in model units, times 100: the unit of all coordinates and lengths of the model.
+double Hundredths(const char* value);
+
 }  // namespace hexlume
