@@ -22,8 +22,8 @@ set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/toolkit/wnd.cpp
 )
 set(PLATFORM_SOURCES
-  src/platform/portable/code_page_932.cpp
-  src/platform/portable/polygon_scan.cpp
+  src/platform/code_page_932.cpp
+  src/platform/polygon_scan.cpp
   src/platform/windows/fault_guard.cpp
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
