@@ -5,8 +5,8 @@
 
 namespace hexlume {
 
-// Scales a distance in pixels at 96 dpi to the resolution of the page, in proportion to the font
-// of the page's template.
+// Scales a distance in pixels at 96 dpi to the resolution of the page, in proportion to the font of
+// the page's template.
 int AtFontScale(const CPropertyPage& page, int distance);
 
 }  // namespace hexlume

@@ -8,8 +8,8 @@ namespace hexlume {
 
 namespace {
 
-// The size of the record without its last field, iPaddedBorderWidth, which Windows
-// before Vista doesn't accept.
+// The size of the record without its last field, iPaddedBorderWidth, which Windows before
+// Vista doesn't accept.
 constexpr UINT metricsSize = offsetof(NONCLIENTMETRICSA, iPaddedBorderWidth);
 static_assert(metricsSize == 340);
 

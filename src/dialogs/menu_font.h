@@ -5,8 +5,8 @@
 
 namespace hexlume {
 
-// Creates the menu font in font, which must outlive the window, and sets it for the window
-// and all its children.
+// Creates the menu font in font, which must outlive the window, and sets it for the window and
+// all its children.
 void UseMenuFont(HWND window, CFont& font);
 
 }  // namespace hexlume

@@ -10,8 +10,8 @@ namespace hexlume {
 // The preselected N of the scale 1:N, and the one used when the dialog isn't shown.
 constexpr int32_t defaultDenominator = 100;
 
-// Sets scaleDenominator if the user presses OK. Expects the size of the drawing, in whole millimetres,
-// in sheetWidth and sheetHeight.
+// Sets scaleDenominator if the user presses OK. Expects the size of the drawing, in whole millimetres, in
+// sheetWidth and sheetHeight.
 DialogResult ShowSizeDialog();
 
 }  // namespace hexlume

@@ -149,8 +149,8 @@ struct HeaderVars {
   double drawingScale = 1.0;  // model units per sheet unit
 };
 
-// The part of the sheet that is drawn, in hundredths. Y grows downward from the top edge: it is the negated
-// Y of the canvas.
+// The part of the sheet that is drawn, in hundredths. Y grows downward from the top edge: it is the negated Y
+// of the canvas.
 using ViewRect = RECT;
 
 // Resets what isn't kept between calls. Kept are the monochrome switch, the dialog font, the entity fields,

@@ -9,8 +9,8 @@ namespace hexlume {
 
 namespace {
 
-// Longer lines aren't an error: the rest is read as the next line, so codes and values are out of
-// step from there on.
+// Longer lines aren't an error: the rest is read as the next line, so codes and values are out of step
+// from there on.
 constexpr int32_t lineLimit = 256;
 
 int32_t EndOfFetched(const TextStream& stream) {
@@ -46,8 +46,8 @@ bool FindPlainGroup(const TextStream& stream, PlainGroup& group) {
   return group.end != notFetched;
 }
 
-// Returns the length of the value in a value line: it ends at a 0 byte, and excludes the line end and
-// one CR before it.
+// Returns the length of the value in a value line: it ends at a 0 byte, and excludes the line end and one
+// CR before it.
 size_t LengthOfValue(const char* line, size_t length) {
   if (const void* zero = std::memchr(line, '\0', length)) length = static_cast<const char*>(zero) - line;
   if (length > 0 && line[length - 1] == '\n') {

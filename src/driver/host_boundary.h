@@ -9,8 +9,8 @@
 
 namespace hexlume {
 
-// Runs a conversion that doesn't catch faults itself. Whatever it throws is passed to the host after
-// the tables are released.
+// Runs a conversion that doesn't catch faults itself. Whatever it throws is passed to the host after the
+// tables are released.
 template <typename Conversion>
 int32_t LetFaultsLeave(Conversion&& convert) {
   int32_t code = faultCode;

@@ -23,8 +23,8 @@ int32_t ConvertWholeSheet(MetaFile& metaFile, const char* path, HENHMETAFILE* ou
   if (showDialogs == 1) {
     const DialogResult selection = ShowSelectionSheet();
     if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
-    // Not true if the user only unticks all layers: it needs one layer that counts twice,
-    // because it isn't listed.
+    // Not true if the user only unticks all layers: it needs one layer that counts twice, because
+    // it isn't listed.
     if (selection == DialogResult::ok && state.excludedLayerCount == state.layerCount + 1) {
       BeginMetaFile(metaFile, state.sheetRect);
       *out = EndMetaFile(metaFile);

@@ -23,8 +23,8 @@ constexpr int32_t WrapNegate(int32_t a) {
 }
 
 // Parses the number at the start of a text, after white space. Returns 0 if there is none, and the
-// nearest int32 if it doesn't fit. Used for long values too, which have 32 bits on the system that
-// the drawings come from.
+// nearest int32 if it doesn't fit. Used for long values too, which have 32 bits on the system that the
+// drawings come from.
 int32_t Atoi(const char* text);
 
 // Parses the number at the start of a text, after white space, and rounds it correctly. The decimal separator

@@ -67,8 +67,8 @@ const HeaderVariable* FindHeaderVariable(const char* name) {
   return found == std::end(headerVariables) ? nullptr : found;
 }
 
-// Expects the name of a variable (code 9) in the buffer. Leaves the next name or the next group
-// with code 0 there.
+// Expects the name of a variable (code 9) in the buffer. Leaves the next name or the next group with
+// code 0 there.
 int32_t ReadHeaderVariable(TextStream& stream, HeaderVars& headerVars) {
   const HeaderVariable* variable = FindHeaderVariable(state.groupValue);
   int32_t more = ReadGroup(stream);
@@ -175,8 +175,8 @@ bool FindEntities(TextStream& stream) {
 // A header's box that is smaller than this in width or height isn't plausible.
 constexpr double smallestBox = 2.0;
 
-// Whether the maximum of the extents is below the minimum. Programs write such values for extents
-// that were never computed.
+// Whether the maximum of the extents is below the minimum. Programs write such values for extents that
+// were never computed.
 bool ExtentsAreUntouched(const HeaderVars& vars) {
   return vars.extMinSet && vars.extMaxSet && (vars.extMaxX < vars.extMinX || vars.extMaxY < vars.extMinY);
 }
@@ -227,8 +227,8 @@ int32_t ScanDrawing(const char* path, HeaderVars& headerVars) {
     if (!state.layerNamesOwned) AddDefaultLayerName();
   }
 
-  // If the scan has stopped at ENTITIES, this reads past it and finds no other one, so the
-  // header's box is kept.
+  // If the scan has stopped at ENTITIES, this reads past it and finds no other one, so the header's
+  // box is kept.
   if (!BoxIsPlausible(headerVars) && ReadGroup(stream) && FindEntities(stream))
     ScanEntityExtents(stream, headerVars);
   return 1;

@@ -11,8 +11,8 @@ namespace hexlume {
 // can't be read or ends within the layer table.
 int32_t ScanDrawing(const char* path, HeaderVars& headerVars);
 
-// Whether the extents are no wider and no higher than the limits. A box that the header doesn't
-// have counts as zeros.
+// Whether the extents are no wider and no higher than the limits. A box that the header doesn't have
+// counts as zeros.
 bool ExtentsFitLimits(const HeaderVars& headerVars);
 
 }  // namespace hexlume

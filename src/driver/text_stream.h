@@ -8,9 +8,9 @@
 
 namespace hexlume {
 
-// The text mode of the C runtime reports wrong positions for files with LF line ends, and blocks are
-// read again by position. So the bytes are kept in memory, fetched as far as needed, and a position is
-// an index into them.
+// The text mode of the C runtime reports wrong positions for files with LF line ends, and blocks are read
+// again by position. So the bytes are kept in memory, fetched as far as needed, and a position is an
+// index into them.
 struct TextStream {
   struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -22,8 +22,8 @@ struct TextStream {
   int32_t position = 0;     // index of the next byte to be read
 };
 
-// Opens a file at its start. Returns false if it can't be read. Positions are int32, so the text
-// ends at 2 GB.
+// Opens a file at its start. Returns false if it can't be read. Positions are int32, so the text ends
+// at 2 GB.
 bool OpenText(TextStream& stream, const char* path);
 
 // Reads one line as fgets does: up to and including its line feed, at most limit - 1 characters, with a

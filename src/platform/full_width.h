@@ -6,9 +6,9 @@
 namespace hexlume {
 
 // Converts each half-width character of a text in code page 932 to its full-width form, and joins a
-// half-width katakana with a following voice mark. The result has as many bytes as the text has half-width
-// cells. The backslash isn't converted. A voice mark that can't be joined, and a joined character that the
-// code page doesn't have, become '?'.
+// half-width katakana with a following voice mark. The number of bytes of the result is its width in
+// half-width cells. The backslash isn't converted. A voice mark that can't be joined, and a joined character
+// that the code page doesn't have, become '?'.
 std::string WidenText(const char* text);
 
 }  // namespace hexlume

@@ -5,8 +5,8 @@
 
 namespace hexlume {
 
-// Stores the path of the library's file. Returns false if the library isn't loaded under its own name, or
-// the path doesn't fit.
+// Stores the path of the library's file. Returns false if the library isn't loaded under its own name, or the
+// path doesn't fit.
 bool ModuleFileName(char* path, size_t size);
 
 // Deletes a file. Ignores errors, also that there is no such file. Never deletes a folder.

@@ -6,8 +6,8 @@
 
 namespace hexlume {
 
-// Calls run(context). If the library throws a fault, returns its number. Objects on the stack of
-// run aren't destroyed then.
+// Calls run(context). If the library throws a fault, returns its number. Objects on the stack of run
+// aren't destroyed then.
 std::optional<int32_t> RunForFault(void (*run)(void* context), void* context);
 
 template <typename Function>

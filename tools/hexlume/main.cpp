@@ -34,8 +34,8 @@ void ReportConversion(const Job& job, const Conversion& conversion, const Option
     Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
 }
 
-// Returns 0, or the exit status for what went wrong. If both the conversion and an output failed,
-// that of the output.
+// Returns 0, or the exit status for what went wrong. If both the conversion and an output failed, that
+// of the output.
 int RunJob(const Job& job, const Options& options) {
   const Conversion conversion = Convert(job.drawing, options);
   const int status = ExitStatusOf(conversion);

@@ -14,8 +14,8 @@ struct MetafileFrame {
   int32_t left, top, right, bottom;
 };
 
-// The target of a metafile. The frame is scaled to width by height units of the context, which
-// must have no transformation.
+// The target of a metafile. The frame is scaled to width by height units of the context, which must
+// have no transformation.
 struct PlayerTarget {
   cairo_t* context;
   double width, height;

@@ -77,8 +77,8 @@ void PutBigEndian(uint8_t* place, uint32_t number) {
   for (int i = 0; i < 4; ++i) place[i] = static_cast<uint8_t>(number >> (24 - 8 * i));
 }
 
-// Inserts a pHYs chunk, in pixels per metre, after the first chunk, because cairo
-// doesn't write the resolution.
+// Inserts a pHYs chunk, in pixels per metre, after the first chunk, because cairo doesn't
+// write the resolution.
 void AddResolution(Bytes& png, int32_t dotsPerInch) {
   constexpr size_t signatureAndFirstChunk = 8 + 25;
   constexpr double inchesInAMetre = 1 / 0.0254;

@@ -55,8 +55,8 @@ PixelSize SizeOf(HENHMETAFILE metafile, int32_t dotsPerInch) {
   return PictureSize(frame.left, frame.top, frame.right, frame.bottom, dotsPerInch);
 }
 
-// A bitmap in memory, 24 bits per pixel, rows from top to bottom as the encoder
-// expects them; initially white.
+// A bitmap in memory, 24 bits per pixel, rows from top to bottom as the encoder expects
+// them; initially white.
 struct Canvas {
   explicit Canvas(PixelSize canvasSize) : size(canvasSize) {
     BITMAPINFO info{};
@@ -82,8 +82,8 @@ void Play(HENHMETAFILE metafile, const Canvas& canvas) {
   if (!dc) throw PictureError("the system gives no device context");
   const HGDIOBJ before = SelectObject(dc.get(), canvas.bitmap.get());
   const RECT whole{0, 0, canvas.size.width, canvas.size.height};
-  // The result isn't checked: for a metafile with a header, a record that can't be played doesn't
-  // count as an error.
+  // The result isn't checked: for a metafile with a header, a record that can't be played doesn't count
+  // as an error.
   PlayEnhMetaFile(dc.get(), metafile, &whole);
   GdiFlush();
   SelectObject(dc.get(), before);

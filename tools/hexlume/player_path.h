@@ -19,8 +19,8 @@ class PlayerPath {
   explicit PlayerPath(cairo_t* pathContext);  // starts an empty path
 
   void MoveTo(Point point);
-  // These add to the path. If it is empty, LineTo starts it at its point and CurveTo at
-  // its first control point.
+  // These add to the path. If it is empty, LineTo starts it at its point and CurveTo at its
+  // first control point.
   void LineTo(Point point);
   void CurveTo(Point control1, Point control2, Point end);
   // Adds a line to the start of the arc, and the arc: a part of an ellipse with horizontal and vertical axes.

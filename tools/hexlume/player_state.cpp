@@ -41,8 +41,8 @@ const std::vector<double>& DashesOf(uint32_t style) {
   }
 }
 
-// Dashes have the same length at every resolution, but are longer if the thinnest pen is wider than a
-// pixel at 96 dpi.
+// Dashes have the same length at every resolution, but are longer if the thinnest pen is wider than a pixel
+// at 96 dpi.
 void SetDashes(const PlayerState& state) {
   constexpr double hundredthsOfAPixel = 2540.0 / 96;
   std::vector<double> dashes = state.HasThinPen() ? DashesOf(state.pen.style) : std::vector<double>();

@@ -9,8 +9,8 @@ namespace {
 constexpr uint32_t alignAcross = 6, alignRight = 2, alignCentre = 6;
 constexpr uint32_t alignAlong = 24, alignBottom = 8, alignBaseline = 24;
 
-// A line of text in its own coordinate system: x along the baseline, y downward, the reference
-// point at the origin.
+// A line of text in its own coordinate system: x along the baseline, y downward, the reference point
+// at the origin.
 struct Layout {
   std::vector<cairo_glyph_t> glyphs;
   double start, length, baseline;
@@ -30,8 +30,8 @@ CharacterSize SizeOf(const PlayerFace& face, const PlayerFont& font, double unit
   return {height, unit * std::fabs(static_cast<double>(font.width)) / (face.AverageWidth() * height)};
 }
 
-// Cairo fails permanently after a character of size 0, or one too large for a bitmap.
-// Neither would be visible.
+// Cairo fails permanently after a character of size 0, or one too large for a bitmap. Neither
+// would be visible.
 bool CanBeDrawn(const CharacterSize& size) {
   constexpr double least = 0.05, most = 20000;
   const double width = size.height * size.stretch;

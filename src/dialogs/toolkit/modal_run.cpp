@@ -65,8 +65,8 @@ void ModalRun::End(INT_PTR result) {
   if (!current || current->ended) return;
   current->ended = true;
   current->result = result;
-  // Wakes up the message loop: a message that another thread sends is handled inside GetMessage,
-  // which then keeps waiting.
+  // Wakes up the message loop: a message that another thread sends is handled inside GetMessage, which
+  // then keeps waiting.
   PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 

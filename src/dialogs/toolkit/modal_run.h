@@ -9,9 +9,9 @@ namespace hexlume {
 
 class CWnd;
 
-// The owner is the root of the thread's active window, which is the host's. It is disabled during
-// the run, and enabled before the modal window is destroyed so that it becomes the active window.
-// Runs can't be nested.
+// The owner is the root of the thread's active window, which is the host's. It is disabled during the
+// run, and enabled before the modal window is destroyed so that it becomes the active window. Runs
+// can't be nested.
 class ModalRun {
  public:
   ModalRun();
@@ -28,8 +28,8 @@ class ModalRun {
   // Ends the current run.
   static void End(INT_PTR result);
 
-  // Calls a handler. A fault or exception in it ends the run, because it can't be unwound
-  // through the system's frames.
+  // Calls a handler. A fault or exception in it ends the run, because it can't be unwound through
+  // the system's frames.
   template <typename Handler>
   static void Protect(Handler handler) {
     Protect([](void* context) { (*static_cast<Handler*>(context))(); }, &handler);

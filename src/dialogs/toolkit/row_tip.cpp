@@ -26,8 +26,8 @@ int ScreenWidth(HWND window) {
   return monitor.rcWork.right - monitor.rcWork.left;
 }
 
-// Breaks the text into lines of at most this width. A tooltip breaks only at blanks, and a
-// name may have none.
+// Breaks the text into lines of at most this width. A tooltip breaks only at blanks, and a name
+// may have none.
 std::wstring InLines(HWND list, const std::wstring& text, int width) {
   const CFontDC canvas(list);
   std::wstring lines;

@@ -12,8 +12,8 @@ class RowTip {
   // Returns the row last passed to SetRow, with or without a tooltip; -1 if none.
   int Row() const { return m_row; }
 
-  // Called when the pointer moves to a row. text is shown in the tooltip; if it is empty,
-  // there is no tooltip.
+  // Called when the pointer moves to a row. text is shown in the tooltip; if it is empty, there
+  // is no tooltip.
   void SetRow(HWND list, int row, const RECT& place, const std::wstring& text);
   // Removes the tooltip, as the rows may have moved under the pointer.
   void Clear();

@@ -60,8 +60,8 @@ class CWnd {
   // Called when the object has just been given its window.
   virtual void PreSubclassWindow() {}
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-  // Called for a notification from a control to its parent, on the control's object. Returns nonzero if
-  // the notification was handled.
+  // Called for a notification from a control to its parent, on the control's object. Returns nonzero if the
+  // notification was handled.
   virtual BOOL OnChildNotify(UINT, WPARAM, LPARAM) { return FALSE; }
   virtual BOOL OnCommand(WPARAM, LPARAM) { return FALSE; }
   virtual void OnSize(UINT type, int cx, int cy);

@@ -11,8 +11,8 @@ namespace hexlume {
 // sides of the bounds may be in the wrong order.
 RECT ArcBounds(const RECT& box, POINT start, POINT end);
 
-// Returns the point of a circle at an angle in degrees. A coordinate that doesn't fit
-// an int32 becomes INT32_MIN.
+// Returns the point of a circle at an angle in degrees. A coordinate that doesn't fit an
+// int32 becomes INT32_MIN.
 POINT PointOnCircle(int x, int y, DWORD radius, FLOAT angle);
 
 // Returns the bounding box of a circle. Its sides wrap around, and are then sorted.

@@ -81,8 +81,8 @@ inline int32_t RoundToInt(double value) {
   return truncated - (shifted < truncated);
 }
 
-// Converts a logical point to the nearest point in device units. In MM_HIMETRIC no int32
-// comes near an overflow.
+// Converts a logical point to the nearest point in device units. In MM_HIMETRIC no int32 comes
+// near an overflow.
 inline POINT ToDevice(const DeviceContext& dc, POINT logical) {
   // In single precision like GDI's transforms: with more digits, points far out would be rounded differently.
   constexpr float himetricX = 1024.0f / 27100.0f;

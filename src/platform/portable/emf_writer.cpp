@@ -40,8 +40,8 @@ void EmfWriter::EndPiece(EmfBytes::Piece& piece) {
   bytes.size += piece.used;
 }
 
-// Splits a record that doesn't fit the last piece. The new piece is allocated before the
-// first byte is written.
+// Splits a record that doesn't fit the last piece. The new piece is allocated before the first
+// byte is written.
 void EmfWriter::AppendAcross(const void* head, size_t headSize, const void* tail, size_t tailSize) {
   const size_t wanted = headSize + tailSize;
   const size_t written = bytes.size + static_cast<size_t>(next - pieceStart);

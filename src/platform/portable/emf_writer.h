@@ -47,8 +47,8 @@ class EmfWriter {
     ++recordCount;
   }
 
-  // Appends a record without a tail. It is constructed in place, because copying a record
-  // just built would stall.
+  // Appends a record without a tail. It is constructed in place, because copying a record just
+  // built would stall.
   template <typename Record>
   void Append(Record record) {
     if (sizeof(Record) > Room()) {
@@ -61,8 +61,8 @@ class EmfWriter {
     ++recordCount;
   }
 
-  // Appends EOF, sets the byte and record counts in the header, which must be the first record,
-  // and returns the bytes.
+  // Appends EOF, sets the byte and record counts in the header, which must be the first record, and
+  // returns the bytes.
   EmfBytes Finish(EmfHeaderRecord header);
 
  private:

@@ -125,8 +125,8 @@ class ThreadSetup {
   sigset_t previousMask;
 };
 
-// Returns false if a fault or an exception ended the run. A separate function, because the jump back
-// makes local variables indeterminate.
+// Returns false if a fault or an exception ended the run. A separate function, because the jump back makes
+// local variables indeterminate.
 [[gnu::noinline]] bool RunToReturn(void (*run)(void* context), void* context, Guard& guard) {
   if (sigsetjmp(guard.resume, 1) != 0) return false;
   innermost = &guard;

@@ -103,8 +103,8 @@ class FileFace : public FontFace {
   }
 
  private:
-  // A Japanese face of fixed pitch has two widths, the wider of which is the em, so the font file may not
-  // be marked as fixed-width.
+  // A Japanese face of fixed pitch has two widths, the wider of which is the em, so the font file may not be
+  // marked as fixed-width.
   bool IsFixedPitch() const {
     if (FT_IS_FIXED_WIDTH(face.get())) return true;
     const int32_t narrow = UnitsOf('i');
@@ -123,8 +123,8 @@ class FileFace : public FontFace {
     return SixtyFourths(UnitsAcross(glyph), ppem, measures.unitsPerEm);
   }
 
-  // Asks the scaler, because it scales the top and the bottom of a glyph separately: the result differs
-  // from the scaled advance.
+  // Asks the scaler, because it scales the top and the bottom of a glyph separately: the result differs from
+  // the scaled advance.
   int64_t AdvanceDown(FT_UInt glyph, int ppem) const {
     if (FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem)) != 0 ||
         FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) != 0)

@@ -29,8 +29,8 @@ struct FontMeasure {
 //   of the cell, the characters are stretched to this average width.
 FontMeasure MeasureContextFont(const DeviceContext& dc);
 
-// Returns a character's advance in pixels. In a face of fixed pitch, a character as wide as the em
-// gets an even number.
+// Returns a character's advance in pixels. In a face of fixed pitch, a character as wide as the em gets
+// an even number.
 int CharacterPixels(const FontMeasure& measure, char16_t character);
 
 // Convert pixels to the context's logical units, rounded.

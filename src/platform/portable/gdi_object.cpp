@@ -8,8 +8,8 @@ namespace hexlume {
 
 GdiObject* freeObjects = nullptr;
 
-// Allocates objects in blocks that are never freed, so a handle always points to an
-// object, living or deleted.
+// Allocates objects in blocks that are never freed, so a handle always points to an object,
+// living or deleted.
 void AddFreeObjects() {
   constexpr size_t blockSize = 64;
   static std::vector<std::unique_ptr<GdiObject[]>> blocks;

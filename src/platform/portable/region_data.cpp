@@ -123,8 +123,8 @@ void RegionData::Swap(RegionData& other) noexcept {
   std::swap(rows, other.rows);
 }
 
-// If the result equals one of the two regions, that one is used without change, so that its
-// rows may remain apart.
+// If the result equals one of the two regions, that one is used without change, so that its rows
+// may remain apart.
 bool RegionData::TakeUnchanged(const RegionData& first, const RegionData& second, int mode) {
   const bool isFirst = (mode != RGN_AND && second.IsEmpty()) ||
                        (mode == RGN_DIFF && !DoOverlap(first.region.extents, second.region.extents));
