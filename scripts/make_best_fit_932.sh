@@ -12,4 +12,4 @@ prepare_wine
 {
   echo "// Made by scripts/make_best_fit_932.sh."
   wine "$scratch/best_fit_932.exe" | tr -d '\r'
-} >src/platform/portable/code_page_932_best_fit.inc
+} >src/platform/code_page_932_best_fit.inc

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes the table of code page 932's double-byte characters from Python's codec.
 
-    scripts/make_code_page_932.py >src/platform/portable/code_page_932_table.inc
+    scripts/make_code_page_932.py >src/platform/code_page_932_table.inc
 
 A row for each lead byte that has characters of its own (the user's own, F0 to F9, follow a rule), a column for each
 trail byte from 40 to FC, 0 where there is no character.

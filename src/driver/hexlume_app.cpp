@@ -11,7 +11,7 @@ CHexlumeApp theApp;
 
 namespace {
 
-// The library's start and end are those of its static objects.
+// Calls InitInstance and ExitInstance when the library is loaded and unloaded.
 struct ModuleLife {
   ModuleLife() { theApp.InitInstance(); }
   ~ModuleLife() { theApp.ExitInstance(); }
@@ -29,7 +29,7 @@ std::string WithIniExtension(const std::string& path) {
 int CHexlumeApp::InitInstance() {
   lastLayerCount = 0;
   lastLtypeCount = 0;
-  // Nothing here writes such a file; one that a host left there must be gone after the load.
+  // The library writes no such file. One that a host has left must not exist after the load.
   char module[1024];
   if (ModuleFileName(module, sizeof module)) DeleteFileIfThere(WithIniExtension(module).c_str());
   return CWinApp::InitInstance();

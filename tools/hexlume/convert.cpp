@@ -9,7 +9,7 @@ namespace {
 
 constexpr int faultStatus = 11;
 
-// Runs a conversion that stores its metafile through the pointer that it gets.
+// Runs a conversion that stores its metafile through the given pointer.
 template <typename Call>
 Conversion Run(Call&& call) {
   Conversion conversion;
@@ -50,7 +50,7 @@ Conversion Convert(const std::string& drawing, const Options& options) {
   if (options.view) return ConvertView(drawing, *options.view, options);
   Conversion conversion = ConvertSheet(drawing, options);
   if (!options.rotate) return conversion;
-  // Not what was asked for: given back whether it can be turned or not.
+  // Only the rotated metafile is wanted, so this one is released in any case.
   conversion.metafile.reset();
   return ExitStatusOf(conversion) == 0 ? Turn(options) : std::move(conversion);
 }
@@ -70,7 +70,7 @@ std::string FailureInWords(const Conversion& conversion) {
 bool GaveNoDrawing(const Conversion& conversion) {
   if (conversion.fault) return false;
   if (!conversion.metafile) return conversion.code == HEXLUME_NOT_A_DRAWING;
-  // The first call of any drawing sets the mapping mode: without one there are a header and an end.
+  // The library calls SetMapMode first, so an empty metafile has two records: the header and the end.
   constexpr size_t headerSize = 88, recordCount = 52, largestEmpty = 1024;
   if (GetEnhMetaFileBits(conversion.metafile.get(), 0, nullptr) > largestEmpty) return false;
   const std::vector<uint8_t> bytes = MetafileBytes(conversion.metafile.get());

@@ -1,4 +1,4 @@
-// One drawing through the library.
+// Converts one drawing with the library.
 #pragma once
 
 #include <hexlume.h>
@@ -18,20 +18,20 @@ struct DeleteMetafile {
 using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMetafile>;
 
 struct Conversion {
-  int32_t code = HEXLUME_OK;     // what the library returned
-  std::optional<int32_t> fault;  // the number of a fault that left it instead
-  Metafile metafile;             // also when a fault ended the drawing, if it had been begun
+  int32_t code = HEXLUME_OK;     // return code of the library
+  std::optional<int32_t> fault;  // number of a fault that the library has thrown instead
+  Metafile metafile;             // also set after a fault, if the drawing was started
 };
 
 Conversion Convert(const std::string& drawing, const Options& options);
 
-// What happened, for the user; only for a conversion that failed.
+// Describes a failed conversion to the user.
 std::string FailureInWords(const Conversion& conversion);
 
 // Whether the library found nothing that could be drawn: no drawing, or one without entities.
 bool GaveNoDrawing(const Conversion& conversion);
 
-// The exit status that tells of it; 0 if all is well.
+// Returns the exit status for a conversion, 0 on success.
 int ExitStatusOf(const Conversion& conversion);
 
 }  // namespace hexlume

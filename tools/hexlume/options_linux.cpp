@@ -38,7 +38,7 @@ class CodePageConverter {
   CodePageConverter(const CodePageConverter&) = delete;
   CodePageConverter& operator=(const CodePageConverter&) = delete;
 
-  // False if a character of the UTF-8 text has no place in the code page.
+  // Converts a text from UTF-8. Returns false if a character isn't in the code page.
   bool Convert(std::string text, std::string& converted) {
     converted.resize(2 * text.size());
     char* from = text.data();
@@ -82,7 +82,7 @@ const std::vector<OptionDeclaration>& SystemOptions() {
 }
 
 void ReadSystemOptions(const cxxopts::ParseResult& parsed, Options& options) {
-  // Any other number than 1 asks for the scale alone.
+  // With any number other than 1, only the scale is asked for.
   const bool choosesLines = options.dialogs == 1;
   if (parsed.count("scale") != 0) {
     if (options.dialogs == 0) throw UsageError("--scale needs --dialogs");
