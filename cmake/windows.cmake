@@ -38,7 +38,7 @@ set(PLATFORM_SOURCES
 )
 set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)
 
-# In UTF-8.
+# The resource script is in UTF-8.
 set(CMAKE_RC_FLAGS "-c 65001")
 set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
   COMPILE_DEFINITIONS "HEXLUME_VERSION=${PROJECT_VERSION};HEXLUME_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0"
@@ -46,5 +46,5 @@ set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
 set(EXPORTS_SOURCES src/driver/hexlume.def src/dialogs/hexlume.rc)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)
-# The C++ runtime goes into the library: a host needs nothing but Windows.
+# Links the C++ runtime into the library, so that a host needs nothing but Windows.
 set(LIBRARY_LINK_OPTIONS -static)

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Tests the installed package: scripts/test_install.sh [BUILD_FOLDER]
 #
-# Installs a native build into a temporary folder, moves it, follows the links of its documents, builds the example host with
-# CMake and with pkg-config, and converts a drawing with these hosts and the installed tool.
+# Installs a native build into a temporary folder, moves it, follows the links of its documents, builds the example host
+# with CMake and with pkg-config, and converts a drawing with these hosts and the installed tool.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
