@@ -1,4 +1,5 @@
-# The installed package: library, public headers, tool and documents, and what CMake and pkg-config need to find them.
+# The installed package: library, public headers, tool, documents with the examples, and the files by which CMake and
+# pkg-config find the library.
 include(CMakePackageConfigHelpers)
 
 set(HEXLUME_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Hexlume)
@@ -10,8 +11,9 @@ install(TARGETS hexlume EXPORT HexlumeTargets
 install(TARGETS hexlume_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES include/hexlume.h include/hexlume_system.h include/hexlume_answers.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# All that a link in one of the documents leads to.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 install(EXPORT HexlumeTargets NAMESPACE Hexlume:: DESTINATION ${HEXLUME_CMAKE_DIR})
 configure_package_config_file(cmake/HexlumeConfig.cmake.in ${CMAKE_BINARY_DIR}/HexlumeConfig.cmake
@@ -20,7 +22,7 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/HexlumeConfigVersion.cmake 
 install(FILES ${CMAKE_BINARY_DIR}/HexlumeConfig.cmake ${CMAKE_BINARY_DIR}/HexlumeConfigVersion.cmake
   DESTINATION ${HEXLUME_CMAKE_DIR})
 
-# Told from where the file itself lies, so that an installed tree can be moved.
+# The prefix is relative to the directory of the pkg-config file, so that an installed tree can be moved.
 file(RELATIVE_PATH PKGCONFIG_TO_PREFIX /${HEXLUME_PKGCONFIG_DIR} /)
 configure_file(cmake/hexlume.pc.in ${CMAKE_BINARY_DIR}/hexlume.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/hexlume.pc DESTINATION ${HEXLUME_PKGCONFIG_DIR})

@@ -1,8 +1,8 @@
-# The libraries of our own GDI: regions and fonts.
+# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1 freetype2 fontconfig)
 
-# The host's answers, in place of dialogs.
+# The host's answers replace the dialogs.
 set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/answers/dialog_answers.cpp
   src/dialogs/answers/selection_sheet.cpp
@@ -42,7 +42,7 @@ set(PLATFORM_SOURCES
 )
 set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 
-# Only the exports are visible.
+# Only the exports are visible outside the library.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(EXPORTS_SOURCES src/driver/hexlume.map)
 set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION 0

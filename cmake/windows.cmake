@@ -47,5 +47,5 @@ set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
 set(EXPORTS_SOURCES src/driver/hexlume.def src/dialogs/hexlume.rc)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)
-# The C++ runtime is linked statically, so that a host needs nothing but Windows.
+# Links the C++ runtime into the library, so that a host needs nothing but Windows.
 set(LIBRARY_LINK_OPTIONS -static)
