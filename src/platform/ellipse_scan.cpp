@@ -12,7 +12,7 @@ namespace {
 
 constexpr int64_t widestEllipse = int64_t{1} << 27;
 
-// A whole number of 128 bits.
+// A signed integer of 128 bits. Not the compiler's own type, which 32-bit builds don't have.
 struct Wide {
   int64_t high = 0;
   uint64_t low = 0;
@@ -30,7 +30,7 @@ struct Wide {
   }
 };
 
-// a is below 2 ^ 31, b from 0 to below 2 ^ 63.
+// Returns a * b, for a < 2 ^ 31 and 0 <= b < 2 ^ 63.
 Wide Product(int64_t a, int64_t b) {
   const int64_t upper = a * (b >> 32);
   Wide product(a * (b & 0xffffffff));
@@ -40,9 +40,8 @@ Wide Product(int64_t a, int64_t b) {
   return product += shifted;
 }
 
-// Walks from the ends of the row or the two rows in the middle to the tips, inwards by a pixel and to the
-// next pair of rows by turns. The error is the ellipse's equation, in whole numbers, at the corner between
-// the next pixels.
+// Walks from the middle rows to the tips: either a pixel inward, or to the next pair of rows, or both. error
+// is the ellipse's equation, in integers, at the corner between the next pixels.
 class EllipseWalk {
  public:
   EllipseWalk(int64_t width, int64_t height)
@@ -120,12 +119,12 @@ bool ScanEllipse(RECT box, std::vector<RECT>& boxes) {
   EllipseWalk walk(width, height);
   int64_t lastRow = walk.lower - 1;
   for (; !walk.IsDone(); walk.Step()) {
-    if (walk.lower == lastRow) continue;  // only the first, the widest
+    if (walk.lower == lastRow) continue;  // the first span of a row is the widest
     lastRow = walk.lower;
     setRow(walk.lower, walk.left, walk.right);
     setRow(walk.upper, walk.left, walk.right);
   }
-  // The walk of a narrow ellipse meets itself before the tips, which are as wide as what it came to last.
+  // In a narrow ellipse the walk ends before the tips. The remaining rows are the middle one or two pixels.
   for (int64_t row = lastRow + 1; row < height; ++row) {
     const int64_t left = (width - 1) / 2;
     setRow(row, left, width - 1 - left);

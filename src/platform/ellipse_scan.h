@@ -1,4 +1,4 @@
-// Which pixels an ellipse has, as GDI's regions have it.
+// Finds the pixels of an ellipse as GDI's regions do.
 #pragma once
 
 #include <vector>
@@ -7,12 +7,12 @@
 
 namespace hexlume {
 
-// A box with left <= right and top <= bottom, of two opposite corners in any order.
+// Returns the box of two opposite corners, with left <= right and top <= bottom.
 RECT OrderedBox(int left, int top, int right, int bottom);
 
-// The pixels of the ellipse in an ordered box, a rectangle for each row. GDI takes the ellipse's last column
-// and row off, even from a box without any. False, with nothing of use in boxes, if that would take too much
-// time or memory.
+// Stores the pixels of the ellipse in an ordered box, one rectangle for each row. As in GDI, the last column
+// and row aren't filled, also if the box has none. Returns false, with boxes unspecified, if this would take
+// too much time or memory.
 bool ScanEllipse(RECT box, std::vector<RECT>& boxes);
 
 }  // namespace hexlume

@@ -1,6 +1,6 @@
-// Systems walk over every row of every edge. An upright wall of some metres, drawn in its full size, would
-// take them minutes and more memory than a process has, for a few rectangles. An ellipse of some metres
-// overflows the 64 bits that they have for its equation, and never ends. So such paths are scanned here.
+// The GDI of a system processes every row of every edge. For a vertical wall of some metres at full size that
+// takes minutes, and more memory than a process has, for a few rectangles. An ellipse of some metres
+// overflows its 64-bit equation and never ends. So large paths are scanned here.
 #include "platform/path_region.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace hexlume {
 
 namespace {
 
-constexpr int64_t mostSystemRows = int64_t{1} << 24;  // of all edges: seconds
+constexpr int64_t mostSystemRows = int64_t{1} << 24;  // sum over all edges: some seconds
 constexpr double mostSystemEllipse = static_cast<double>(int64_t{1} << 60);
 
 int64_t RowsOf(const POINT* points, int count) {

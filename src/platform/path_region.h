@@ -1,4 +1,4 @@
-// The regions of paths that are too large for some systems.
+// Regions of paths of any size.
 #pragma once
 
 #include <vector>
@@ -7,15 +7,15 @@
 
 namespace hexlume {
 
-// What CreatePolygonRgn makes of a polygon in ALTERNATE mode, however many rows its edges cross. Null if it
-// would take too many rectangles.
+// Returns the region that CreatePolygonRgn makes of a polygon in ALTERNATE mode, for edges of any height.
+// Returns null if it would have too many rectangles.
 HRGN CreatePathRegion(const POINT* points, int count);
 
-// What CreateEllipticRgn makes of the box of two corners, however large, but that equal rows of a large
-// ellipse are one rectangle.
+// Returns the region that CreateEllipticRgn makes of the box of two corners, for a box of any size. In a
+// large ellipse, equal rows are joined. Returns null if the ellipse is too large to scan.
 HRGN CreateEllipseRegion(const POINT& corner, const POINT& opposite);
 
-// The region of these rectangles, which are in rows from the top and in each row from the left.
+// Returns the region of rectangles in rows, from top to bottom and left to right.
 HRGN CreateBoxRegion(const std::vector<RECT>& boxes);
 
 }  // namespace hexlume

@@ -8,7 +8,7 @@ namespace hexlume {
 
 namespace {
 
-constexpr size_t mostBoxesAtOnce = 32;  // the system adds them one by one, each to a copy of those before
+constexpr size_t mostBoxesAtOnce = 32;  // the system copies all of them for each one that it adds
 
 HRGN RegionOfFew(const RECT* boxes, size_t count) {
   std::vector<char> bytes(sizeof(RGNDATAHEADER) + count * sizeof(RECT));
@@ -29,7 +29,7 @@ HRGN RegionOfFew(const RECT* boxes, size_t count) {
   return ExtCreateRegion(nullptr, static_cast<DWORD>(bytes.size()), data);
 }
 
-// By halves, so that no rectangle is copied more often than the number of halvings.
+// Divides the boxes in halves, so that each one is copied only a logarithmic number of times.
 HRGN RegionOf(const RECT* boxes, size_t count) {
   if (count <= mostBoxesAtOnce) return RegionOfFew(boxes, count);
   const HRGN upper = RegionOf(boxes, count / 2);
