@@ -49,7 +49,8 @@ fi
 for header in hexlume hexlume_system hexlume_answers; do test -f "$scratch/package/include/$header.h"; done
 documents=$(find "$scratch/package" -type d -name docs -printf '%h\n')
 links=$(broken_links "$documents")
-[ -f "$documents/README.md" ] && [ -z "$links" ] || { echo "Links that lead nowhere: $links" >&2; exit 1; }
+test -f "$documents/README.md"
+[ -z "$links" ] || { echo "Links that lead nowhere: $links" >&2; exit 1; }
 
 run cmake -G Ninja -S examples/host -B "$scratch/cmake" "-DCMAKE_PREFIX_PATH=$scratch/package" -DCMAKE_C_FLAGS="-Wall -Wextra -Werror"
 run cmake --build "$scratch/cmake"
