@@ -43,9 +43,9 @@ int32_t DrawAttrib(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 40: SetCell(font, Trunc(Hundredths(value) / state.drawScale), 1); break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
       case 50: font.lfEscapement = ReadEscapement(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;

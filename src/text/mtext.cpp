@@ -29,12 +29,12 @@ int32_t DrawMText(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
       case 11: mtext.dirX = Atof(value); break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 20: state.entY[0] = Hundredths(value); break;
       case 21: mtext.dirY = Atof(value); break;
       case 40:
-        SetCell(mtext.font, Trunc(Atof(value) * 100.0 / state.drawScale * mtext.codes.scaleT),
+        SetCell(mtext.font, Trunc(Hundredths(value) / state.drawScale * mtext.codes.scaleT),
                 run.halfWidthFont);
         break;
       case 44: mtext.lineFactor = Atof(value); break;

@@ -96,11 +96,11 @@ int32_t DrawDimMText(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
+      case 10: state.entX[1] = Hundredths(value) + run.offsetX; break;
       case 11: mtext.dirX = Atof(value); break;
-      case 20: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
+      case 20: state.entY[1] = Hundredths(value) + run.offsetY; break;
       case 21: mtext.dirY = Atof(value); break;
-      case 40: SetCell(mtext.font, Trunc(Atof(value) * 100.0 / state.drawScale), run.halfWidthFont); break;
+      case 40: SetCell(mtext.font, Trunc(Hundredths(value) / state.drawScale), run.halfWidthFont); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 71: mtext.attach = Atoi(value); break;
     }

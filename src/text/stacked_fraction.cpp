@@ -189,11 +189,11 @@ double ParseStackHeight() {
   if (!number) return ownHeight;
 
   // "\H0.7x;" is taken for a height of 0.7, not for a factor.
-  if (std::strchr(number, ';')) return Atof(number) * 100.0 / state.drawScale;
+  if (std::strchr(number, ';')) return Hundredths(number) / state.drawScale;
   const char* const brace = std::strchr(number, '{');
   if (!brace) return ownHeight;
   if (brace > number && brace[-1] == 'x') return -Atof(number);
-  return Atof(number) * 100.0 / state.drawScale;
+  return Hundredths(number) / state.drawScale;
 }
 
 void AnchorStackPart(int32_t height, int32_t attach, double total, double angle, double& x, double& y) {

@@ -123,11 +123,11 @@ int32_t DrawText(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 11: state.entX[1] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 21: state.entY[1] = Atof(value) * 100.0; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), run.halfWidthFont); break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 11: state.entX[1] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 21: state.entY[1] = Hundredths(value); break;
+      case 40: SetCell(font, Trunc(Hundredths(value) / state.drawScale), run.halfWidthFont); break;
       case 41:
         if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
         break;
@@ -189,7 +189,7 @@ int32_t DrawBlockText(const BlockRun& run) {
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 21: state.blockY[1] = BlockY(Atof(value), run.blockOriginY); break;
       case 40:
-        SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale * state.insertScaleY), run.halfWidthFont);
+        SetCell(font, Trunc(Hundredths(value) / state.drawScale * state.insertScaleY), run.halfWidthFont);
         break;
       case 41:
         if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
@@ -247,12 +247,12 @@ int32_t DrawDimText(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
-      case 11: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
-      case 21: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
+      case 10: state.entX[1] = Hundredths(value) + run.offsetX; break;
+      case 11: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[1] = Hundredths(value) + run.offsetY; break;
+      case 21: state.entY[0] = Hundredths(value) + run.offsetY; break;
       case 40:
-        font.lfHeight = Trunc(Atof(value) * 100.0 / state.drawScale);
+        font.lfHeight = Trunc(Hundredths(value) / state.drawScale);
         font.lfWidth = 0;
         if (run.halfWidthFont != 0) SetCell(font, font.lfHeight, run.halfWidthFont);
         break;
@@ -304,11 +304,11 @@ int32_t DrawDimInsertText(const BlockRun& run) {
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.dimColor)) return more;
         break;
-      case 10: state.dimX[0] = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 11: state.dimX[1] = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 20: state.dimY[0] = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 21: state.dimY[1] = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
+      case 10: state.dimX[0] = Hundredths(value) + run.blockOriginX; break;
+      case 11: state.dimX[1] = Hundredths(value) + run.blockOriginX; break;
+      case 20: state.dimY[0] = Hundredths(value) + run.blockOriginY; break;
+      case 21: state.dimY[1] = Hundredths(value) + run.blockOriginY; break;
+      case 40: SetCell(font, Trunc(Hundredths(value) / state.drawScale), 1); break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
       case 50: font.lfEscapement = font.lfOrientation = ReadEscapement(value); break;
       case 62: state.dimColor = ResolveColor(Atoi(value)); break;
