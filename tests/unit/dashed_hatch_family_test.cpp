@@ -17,7 +17,7 @@
 #include "composite/hatch_families.h"
 #include "support/metafile_canvas.h"
 
-namespace hexlume {
+namespace hexlume::dashed_hatch_family_test {
 namespace {
 
 constexpr HatchExtent extent = {0, -400, 400, -700};
@@ -588,4 +588,4 @@ TEST(DashedHatchFamily, absurd_numbers_end) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dashed_hatch_family_test
