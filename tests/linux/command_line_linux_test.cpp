@@ -6,7 +6,7 @@
 #include "support/text_drawing.h"
 #include "support/tool_run.h"
 
-namespace hexlume {
+namespace hexlume::command_line_linux_test {
 namespace {
 
 using CommandLineLinux = ToolRun;
@@ -140,4 +140,4 @@ TEST_F(CommandLineLinux, answers_that_cannot_be) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::command_line_linux_test

@@ -13,7 +13,7 @@
 
 #include "support/loaded_library.h"
 
-namespace hexlume {
+namespace hexlume::exports_test {
 namespace {
 
 using Names = std::set<std::string>;
@@ -129,4 +129,4 @@ TEST(LibraryLife, is_gone_from_the_process_when_it_is_unloaded) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::exports_test

@@ -17,7 +17,7 @@
 #include "platform/stack_room.h"
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::fault_guard_linux_test {
 namespace {
 
 constexpr int faultSignals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP};
@@ -334,4 +334,4 @@ TEST_F(SmallStack, a_block_inside_itself_ends_on_it_as_a_fault_with_what_was_dra
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::fault_guard_linux_test

@@ -13,7 +13,7 @@
 #include "hexlume.h"
 #include "platform/gdi.h"
 
-namespace hexlume {
+namespace hexlume::foreign_readers_test {
 namespace {
 
 using Bytes = std::vector<char>;
@@ -140,4 +140,4 @@ TEST(ForeignReaders, read_every_kind_of_record) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::foreign_readers_test

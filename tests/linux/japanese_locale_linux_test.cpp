@@ -8,7 +8,7 @@
 #include "support/host_locale.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::japanese_locale_linux_test {
 
 namespace {
 
@@ -24,4 +24,4 @@ TEST(JapaneseLocaleLinux, a_text_leaves_the_hosts_locale_alone) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::japanese_locale_linux_test

@@ -12,7 +12,7 @@
 #include "linux/process_resources.h"
 #include "support/conversion_rounds.h"
 
-namespace hexlume {
+namespace hexlume::resources_test {
 namespace {
 
 size_t OpenFiles() {
@@ -56,4 +56,4 @@ TEST(Resources, the_measure_sees_64_pages_once_they_are_used) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::resources_test

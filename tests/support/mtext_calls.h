@@ -37,7 +37,7 @@ inline std::string ColorCall(const std::string& color) {
   return "SetTextColor(" + color + ")\n";
 }
 
-inline std::string TextCall(int32_t x, int32_t y, const std::string& text) {
+inline std::string TextOutCall(int32_t x, int32_t y, const std::string& text) {
   return "ExtTextOutW(" + std::to_string(x) + ", " + std::to_string(y) + ", 0, \"" + text + "\")\n";
 }
 
@@ -53,7 +53,7 @@ inline std::string ParagraphCalls(TextFont font, int32_t drawnWidth, int32_t x, 
   const std::string measuring = MeasureCalls(font);
   font.width = drawnWidth;
   return measuring + SelectCalls(font) + ColorCall(color) + "SetBkMode(TRANSPARENT)\n" +
-         TextCall(x, y, text) + restoreCalls;
+         TextOutCall(x, y, text) + restoreCalls;
 }
 
 // Paragraphs "A", "B", "C" and so on at these points. Each sets alignment 8, then align unless it is noAlign.

@@ -12,7 +12,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::arc_cut_test {
 namespace {
 
 // Arcs of a circle about (5000, -5000) with a radius of exactly 1000, that of the arc before: from 4000 to
@@ -289,4 +289,4 @@ TEST_F(ArcCutTest, a_dashed_arc_is_cut_the_same_way) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::arc_cut_test

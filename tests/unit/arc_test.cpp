@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::arc_test {
 namespace {
 
 class ArcTest : public ConverterTest {
@@ -441,4 +441,4 @@ TEST_F(ArcTest, only_1_means_the_clockwise_system) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::arc_test

@@ -15,7 +15,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::attrib_test {
 namespace {
 
 // At (3000, 6000 - 10000).
@@ -578,4 +578,4 @@ TEST_F(AttribTest, on_a_turned_sheet_too_it_must_not_reach_beyond_the_right_edge
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::attrib_test

@@ -13,7 +13,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::bad_input_test {
 namespace {
 
 const std::string header =
@@ -334,4 +334,4 @@ TEST_F(EndlessBlocks, blocks_without_inserts_come_to_their_end_however_often_the
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::bad_input_test

@@ -7,7 +7,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::between_calls_test {
 namespace {
 
 std::string Drawing(int32_t width, int32_t height, const std::string& entities) {
@@ -174,4 +174,4 @@ TEST_F(BetweenCalls, ten_conversions_in_a_row_depend_on_what_stays_and_on_nothin
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::between_calls_test

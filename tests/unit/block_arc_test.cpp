@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_arc_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -419,4 +419,4 @@ TEST_F(BlockArcTest, on_the_clockwise_system_both_ends_must_lie_in_the_view) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_arc_test

@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_circle_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -269,4 +269,4 @@ TEST_F(BlockCircleTest, on_the_clockwise_system_it_is_an_ellipse_in_pen_and_holl
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_circle_test

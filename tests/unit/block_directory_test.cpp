@@ -12,7 +12,7 @@
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_directory_test {
 namespace {
 
 class BlockDirectoryTest : public ConverterTest {
@@ -284,4 +284,4 @@ TEST_F(BlockDirectoryTest, a_file_may_end_behind_any_byte) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_directory_test

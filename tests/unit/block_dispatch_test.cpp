@@ -12,7 +12,7 @@
 #include "support/arc_strokes.h"
 #include "support/block_walk.h"
 
-namespace hexlume {
+namespace hexlume::block_dispatch_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -347,4 +347,4 @@ TEST_F(EndlessBlockTest, blocks_in_blocks_a_hundred_deep_are_drawn) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_dispatch_test

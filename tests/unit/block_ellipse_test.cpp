@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_ellipse_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -432,4 +432,4 @@ TEST_F(BlockEllipseTest, the_next_entity_is_left_in_the_buffer) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_ellipse_test

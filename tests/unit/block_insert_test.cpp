@@ -7,7 +7,7 @@
 #include "composite/insert.h"
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::block_insert_test {
 namespace {
 
 constexpr COLORREF yellow = 0x00FFFF;
@@ -342,4 +342,4 @@ TEST_F(NestedInsertTest, a_block_may_be_played_back_many_times) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_insert_test

@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_line_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -369,4 +369,4 @@ TEST_F(BlockLineTest, on_a_turned_sheet_the_end_becomes_the_start) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_line_test

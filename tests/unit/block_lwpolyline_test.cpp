@@ -13,7 +13,7 @@
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_lwpolyline_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -532,4 +532,4 @@ TEST_F(BlockLwPolylineTest, absurd_scales_and_origins_count_as_the_smallest_coor
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_lwpolyline_test

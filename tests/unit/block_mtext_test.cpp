@@ -14,7 +14,7 @@
 #include "support/text_groups.h"
 #include "text/mtext.h"
 
-namespace hexlume {
+namespace hexlume::block_mtext_test {
 namespace {
 
 const char gothic[] = "\uFF2D\uFF33 \u30B4\u30B7\u30C3\u30AF";
@@ -420,4 +420,4 @@ TEST_F(BlockMTextTest, without_a_height_nothing_is_drawn) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_mtext_test

@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_point_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -272,4 +272,4 @@ TEST_F(BlockPointTest, the_next_entity_is_left_in_the_buffer) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_point_test

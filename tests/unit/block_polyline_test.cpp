@@ -13,7 +13,7 @@
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_polyline_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -533,4 +533,4 @@ TEST_F(BlockPolylineTest, absurd_scales_and_origins_count_as_the_smallest_coordi
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_polyline_test

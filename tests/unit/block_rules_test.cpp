@@ -7,7 +7,7 @@
 #include "driver/bounded_copy.h"
 #include "support/converter_test.h"
 
-namespace hexlume {
+namespace hexlume::block_rules_test {
 namespace {
 
 TEST(EqualsIgnoringCase, only_the_case_of_ascii_letters_is_ignored) {
@@ -338,4 +338,4 @@ TEST_F(InheritedColor, what_is_kept_is_mapped_as_a_number) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_rules_test

@@ -11,7 +11,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_solid_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -261,4 +261,4 @@ TEST_F(BlockSolidTest, a_corner_that_is_no_number_or_too_large_lies_outside) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_solid_test

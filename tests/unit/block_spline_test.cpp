@@ -11,7 +11,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::block_spline_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -285,4 +285,4 @@ TEST_F(BlockSplineTest, absurd_counts_leave_the_spline_out) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_spline_test

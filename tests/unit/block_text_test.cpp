@@ -16,7 +16,7 @@
 #include "text/text.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::block_text_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -455,4 +455,4 @@ TEST_F(BlockTextTest, numbers_beyond_all_bounds_do_not_stop_it) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_text_test

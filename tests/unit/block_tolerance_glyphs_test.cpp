@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/tolerance_calls.h"
 
-namespace hexlume {
+namespace hexlume::block_tolerance_glyphs_test {
 namespace {
 
 class BlockToleranceGlyphsTest : public ConverterTest {
@@ -130,4 +130,4 @@ TEST_F(BlockToleranceGlyphsTest, a_height_beyond_the_sheets_numbers_gives_the_lo
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_tolerance_glyphs_test

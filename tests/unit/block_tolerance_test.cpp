@@ -12,7 +12,7 @@
 #include "support/text_groups.h"
 #include "support/tolerance_calls.h"
 
-namespace hexlume {
+namespace hexlume::block_tolerance_test {
 namespace {
 
 // A point and a style that make a first row 1000 high, from (5000, 8000 - 500) on: on the sheet from
@@ -325,4 +325,4 @@ TEST_F(BlockToleranceTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has) 
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::block_tolerance_test

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace hexlume {
+namespace hexlume::bounded_copy_test {
 namespace {
 
 // What a copy of text into a place of size bytes throws, 0 if nothing.
@@ -65,4 +65,4 @@ TEST(BoundedCopy, an_array_tells_its_own_size) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::bounded_copy_test

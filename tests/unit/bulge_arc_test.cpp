@@ -5,7 +5,7 @@
 #include "canvas/canvas.h"
 #include "driver/conv_state.h"
 
-namespace hexlume {
+namespace hexlume::bulge_arc_test {
 namespace {
 
 struct SolvedArc {
@@ -196,4 +196,4 @@ TEST(BulgeArc, every_scope_has_fields_of_its_own) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::bulge_arc_test

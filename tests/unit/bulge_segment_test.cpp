@@ -15,7 +15,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::bulge_segment_test {
 namespace {
 
 struct Point {
@@ -303,4 +303,4 @@ TEST_F(DashedBulgeSegmentTest, a_negative_one_lies_mirrored_and_does_not_join_it
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::bulge_segment_test

@@ -14,7 +14,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::circle_cut_test {
 namespace {
 
 // A circle about (5000, -5000) with a radius of 1000: from 4000 to 6000 across and down. Its corners that
@@ -228,4 +228,4 @@ TEST_F(CircleCutTest, a_radius_that_the_sheet_can_not_hold_is_cut_without_a_faul
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::circle_cut_test

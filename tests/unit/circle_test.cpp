@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::circle_test {
 namespace {
 
 class CircleTest : public ConverterTest {
@@ -307,4 +307,4 @@ TEST_F(CircleTest, only_1_means_the_clockwise_system) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::circle_test

@@ -15,7 +15,9 @@ static std::ostream& operator<<(std::ostream& out, const ClippedSegment& segment
   return out << '(' << segment.startX << ", " << segment.startY << ") to (" << segment.endX << ", "
              << segment.endY << ')';
 }
+}  // namespace hexlume
 
+namespace hexlume::clip_segment_test {
 namespace {
 
 struct View {
@@ -266,4 +268,4 @@ TEST(DimClipSegment, it_takes_both_x_first) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::clip_segment_test

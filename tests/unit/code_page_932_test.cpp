@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace hexlume {
+namespace hexlume::code_page_932_test {
 
 namespace {
 
@@ -122,4 +122,4 @@ TEST(CodePage932, every_pairs_character_comes_back_as_that_character) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::code_page_932_test

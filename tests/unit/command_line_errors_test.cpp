@@ -9,7 +9,7 @@
 #include "support/text_drawing.h"
 #include "support/tool_run.h"
 
-namespace hexlume {
+namespace hexlume::command_line_errors_test {
 namespace {
 
 using CommandLineErrors = ToolRun;
@@ -297,4 +297,4 @@ TEST_F(CommandLineErrors, no_output_may_overwrite_a_drawing_or_another_output) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::command_line_errors_test

@@ -8,7 +8,7 @@
 #include "support/run_command.h"
 #include "support/tool_run.h"
 
-namespace hexlume {
+namespace hexlume::command_line_test {
 namespace {
 
 using CommandLine = ToolRun;
@@ -297,4 +297,4 @@ TEST_F(CommandLine, a_japanese_drawing_name) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::command_line_test

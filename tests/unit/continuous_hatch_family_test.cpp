@@ -14,7 +14,7 @@
 #include "composite/hatch_families.h"
 #include "support/metafile_canvas.h"
 
-namespace hexlume {
+namespace hexlume::continuous_hatch_family_test {
 namespace {
 
 // 1000 x 600 units. A line from -1000 may rise by -(-400 - 1000) = 1400.
@@ -477,4 +477,4 @@ TEST(ContinuousHatchFamily, absurd_numbers_end) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::continuous_hatch_family_test

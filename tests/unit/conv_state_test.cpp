@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace hexlume {
+namespace hexlume::conv_state_test {
 namespace {
 
 class Record : public ::testing::Test {
@@ -91,4 +91,4 @@ TEST_F(Record, every_other_index_outside_the_table_is_black) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::conv_state_test

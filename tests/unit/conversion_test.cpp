@@ -15,7 +15,7 @@
 #include "support/scripted_seams.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::conversion_test {
 namespace {
 
 const std::string oneLine = "0 SECTION\n2 ENTITIES\n0 LINE\n8 A\n10 0\n20 0\n11 10\n21 10\n0 ENDSEC\n0 EOF\n";
@@ -534,4 +534,4 @@ TEST_F(ConversionTest, the_font_mode_is_returned_and_kept) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::conversion_test

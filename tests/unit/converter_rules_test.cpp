@@ -7,7 +7,7 @@
 
 #include "support/converter_test.h"
 
-namespace hexlume {
+namespace hexlume::converter_rules_test {
 namespace {
 
 class ConverterRules : public ConverterTest {
@@ -328,4 +328,4 @@ TEST_F(ConverterRules, without_monochrome_an_index_stays) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::converter_rules_test

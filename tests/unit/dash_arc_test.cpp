@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/plain_canvas.h"
 
-namespace hexlume {
+namespace hexlume::dash_arc_test {
 namespace {
 
 // A sheet turned about (1000, -500): (x, y) becomes (2000 - x, -1000 - y).
@@ -413,4 +413,4 @@ TEST(DashArc, a_walk_ends_after_ten_million_elements) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dash_arc_test

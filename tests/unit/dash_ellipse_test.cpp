@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/plain_canvas.h"
 
-namespace hexlume {
+namespace hexlume::dash_ellipse_test {
 namespace {
 
 constexpr COLORREF red = 0x0000FF;
@@ -434,4 +434,4 @@ TEST(DashEllipse, points_and_boxes_wrap_around) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dash_ellipse_test

@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/plain_canvas.h"
 
-namespace hexlume {
+namespace hexlume::dash_line_test {
 namespace {
 
 // A sheet turned about (1000, -500): (x, y) becomes (2000 - x, -1000 - y).
@@ -390,4 +390,4 @@ TEST(DashLine, a_walk_of_many_thousand_dashes_reaches_its_end) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dash_line_test

@@ -17,7 +17,7 @@
 #include "composite/hatch_families.h"
 #include "support/metafile_canvas.h"
 
-namespace hexlume {
+namespace hexlume::dashed_hatch_family_test {
 namespace {
 
 constexpr HatchExtent extent = {0, -400, 400, -700};
@@ -590,4 +590,4 @@ TEST(DashedHatchFamily, absurd_numbers_end) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dashed_hatch_family_test

@@ -12,7 +12,7 @@
 #include "driver/conv_state.h"
 #include "hexlume_answers.h"
 
-namespace hexlume {
+namespace hexlume::dialog_answers_test {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -141,4 +141,4 @@ TEST_F(DialogAnswersTest, no_list_and_no_name_are_none) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_answers_test

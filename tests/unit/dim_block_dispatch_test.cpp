@@ -13,7 +13,7 @@
 #include "support/mtext_calls.h"
 #include "support/shape_text.h"
 
-namespace hexlume {
+namespace hexlume::dim_block_dispatch_test {
 namespace {
 
 constexpr int32_t dimensionColor = 6;  // magenta
@@ -78,7 +78,7 @@ const std::string corners = "10 40\n20 30\n11 50\n21 30\n12 40\n22 40\n13 50\n23
 // In a font of its own with height 200, as no factor is on it.
 std::string TextCalls(const std::string& color, int32_t height, int32_t width, const std::string& face) {
   return SelectCalls({height, width, 0, 0, 0, face}) + ColorCall(color) +
-         "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\n" + TextCall(5000, -5000, "12") + restoreCalls;
+         "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\n" + TextOutCall(5000, -5000, "12") + restoreCalls;
 }
 
 constexpr char gothic[] = "\xEF\xBC\xAD\xEF\xBC\xB3 \xE3\x82\xB4\xE3\x82\xB7\xE3\x83\x83\xE3\x82\xAF";
@@ -225,7 +225,7 @@ TEST_F(DimBlockDispatchTest, a_block_within_an_inserted_one_is_given_the_half_wi
   AddBlock("C", "0 TEXT\n8 0\n10 40\n20 30\n40 2\n1 \x90\x7D\n");
   // Of Japanese characters: 220 / 1.3 = 169.2 high and half as wide. Layer 0 is that of the dimension.
   EXPECT_EQ(SelectCalls({169, 84, 0}) + ColorCall("0x0000FF") + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\n" +
-                TextCall(5000, -5000, "\xE5\x9B\xB3") + restoreCalls,
+                TextOutCall(5000, -5000, "\xE5\x9B\xB3") + restoreCalls,
             DrawFirst());
 }
 
@@ -333,4 +333,4 @@ TEST_F(DimBlockDispatchTest, an_insert_without_room_on_the_stack_is_a_fault) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_block_dispatch_test

@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_arc_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -310,4 +310,4 @@ TEST_F(DimInsertArcTest, on_the_clockwise_system_gdi_draws_it_in_the_pens_style)
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_arc_test

@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_circle_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -260,4 +260,4 @@ TEST_F(DimInsertCircleTest, on_the_clockwise_system_it_is_an_ellipse_in_pen_and_
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_circle_test

@@ -11,7 +11,7 @@
 #include "support/arc_strokes.h"
 #include "support/block_walk.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_dispatch_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -226,4 +226,4 @@ TEST_F(DimInsertDispatchTest, a_block_inside_itself_ends_as_a_fault_with_what_wa
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_dispatch_test

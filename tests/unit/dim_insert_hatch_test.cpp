@@ -12,7 +12,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_hatch_test {
 namespace {
 
 class DimInsertHatchTest : public ConverterTest {
@@ -204,4 +204,4 @@ TEST_F(DimInsertHatchTest, absurd_numbers_lie_at_the_smallest_int32) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_hatch_test

@@ -7,7 +7,7 @@
 #include "composite/insert.h"
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_insert_test {
 namespace {
 
 // From (1000, -1000) to (3000, -2000) in a block that is neither moved, scaled nor turned.
@@ -249,4 +249,4 @@ TEST_F(DimInsertInsertTest, a_file_may_end_behind_any_byte) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_insert_test

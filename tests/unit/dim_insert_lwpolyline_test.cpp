@@ -13,7 +13,7 @@
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_lwpolyline_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -515,4 +515,4 @@ TEST_F(DimInsertLwPolylineTest, absurd_scales_and_origins_count_as_the_smallest_
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_lwpolyline_test

@@ -11,7 +11,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_solid_test {
 namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
@@ -245,4 +245,4 @@ TEST_F(DimInsertSolidTest, a_corner_that_is_no_number_or_too_large_lies_outside)
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_solid_test

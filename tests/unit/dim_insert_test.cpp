@@ -7,7 +7,7 @@
 #include "composite/insert.h"
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_test {
 namespace {
 
 constexpr int32_t dimensionColor = 6;  // magenta
@@ -297,4 +297,4 @@ TEST_F(DimInsertTest, a_file_may_end_behind_any_byte) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_test

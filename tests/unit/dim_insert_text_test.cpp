@@ -16,7 +16,7 @@
 #include "text/text.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::dim_insert_text_test {
 namespace {
 
 // At (3000, 6000 - 10000), in a cell of 200 * 1.1 = 220, half as wide.
@@ -343,4 +343,4 @@ TEST_F(DimInsertTextTest, numbers_beyond_all_bounds_do_not_stop_it) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_insert_text_test

@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_line_test {
 namespace {
 
 class DimLineTest : public ConverterTest {
@@ -282,4 +282,4 @@ TEST_F(DimLineTest, on_a_turned_sheet_the_end_becomes_the_start) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_line_test

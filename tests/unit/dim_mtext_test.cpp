@@ -13,7 +13,7 @@
 #include "support/text_groups.h"
 #include "text/mtext.h"
 
-namespace hexlume {
+namespace hexlume::dim_mtext_test {
 namespace {
 
 const char gothic[] = "\uFF2D\uFF33 \u30B4\u30B7\u30C3\u30AF";
@@ -277,9 +277,9 @@ TEST_F(DimMTextTest, a_fraction_is_drawn_at_the_texts_point) {
   const std::string calls = Draw("1 \\S1^ 2;mm\n");
   // At the front it is no code to drop: an empty text stands in front of it.
   EXPECT_EQ(0u, calls.find("CreateFont(1, 1100, 550, 3600, "));
-  EXPECT_NE(std::string::npos, calls.find(TextCall(2000, -5000, "")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(2000, -5000, "")));
   // Behind one byte of the part's width.
-  EXPECT_NE(std::string::npos, calls.find(TextCall(2550, -5000, "mm")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(2550, -5000, "mm")));
 }
 
 TEST_F(DimMTextTest, a_fraction_is_drawn_if_the_view_holds_another_entitys_point) {
@@ -320,4 +320,4 @@ TEST_F(DimMTextTest, without_a_height_nothing_is_drawn) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_mtext_test

@@ -13,7 +13,7 @@
 #include "support/converter_test.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::dim_style_table_test {
 namespace {
 
 class DimStyleTableTest : public ConverterTest {
@@ -260,4 +260,4 @@ TEST_F(DimStyleTableTest, a_group_that_the_file_ends_in_is_not_acted_on) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_style_table_test

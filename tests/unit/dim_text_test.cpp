@@ -15,7 +15,7 @@
 #include "text/text.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::dim_text_test {
 namespace {
 
 // At (3000, 6000 - 10000), in a cell of 200.
@@ -331,4 +331,4 @@ TEST_F(DimTextTest, numbers_beyond_all_bounds_do_not_stop_it) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dim_text_test

@@ -11,7 +11,7 @@
 #include "support/block_stream.h"
 #include "support/mtext_calls.h"
 
-namespace hexlume {
+namespace hexlume::dimension_test {
 namespace {
 
 // From (1000, -1000) to (3000, -2000) in a block that isn't moved.
@@ -246,7 +246,7 @@ TEST_F(DimensionTest, the_view_and_the_whole_sheet_reach_its_blocks_entities) {
 TEST_F(DimensionTest, the_texts_options_reach_its_blocks_texts) {
   AddBlock("*D2", "0 TEXT\n8 WALLS\n10 30\n20 60\n40 2\n1 12\n");
   const std::string rest = ColorCall("0x0000FF") + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\n" +
-                           TextCall(3000, -4000, "12") + restoreCalls;
+                           TextOutCall(3000, -4000, "12") + restoreCalls;
   const std::string gothic = "\xEF\xBC\xAD\xEF\xBC\xB3 \xE3\x82\xB4\xE3\x82\xB7\xE3\x83\x83\xE3\x82\xAF";
   EXPECT_EQ(SelectCalls({200, 0, 0, 0, 0, gothic}) + rest, Draw("2 *D2\n"));
   halfWidthFont = 1;
@@ -344,4 +344,4 @@ TEST_F(DimensionTest, a_block_that_inserts_itself_ends_as_a_fault) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dimension_test

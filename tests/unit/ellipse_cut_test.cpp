@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::ellipse_cut_test {
 namespace {
 
 // Centre, end of the major axis and ratio.
@@ -541,4 +541,4 @@ TEST_F(EllipseCutTest, a_cut_ellipse_is_turned_with_its_sheet) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::ellipse_cut_test

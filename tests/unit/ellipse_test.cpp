@@ -12,7 +12,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::ellipse_test {
 namespace {
 
 // A stroke with the hollow brush, as a whole ellipse is drawn.
@@ -382,4 +382,4 @@ TEST_F(EllipseTest, an_axis_without_length_gives_a_small_upright_one) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::ellipse_test

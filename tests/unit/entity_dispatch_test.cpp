@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::entity_dispatch_test {
 namespace {
 
 const char canvasSetUp[] = "SetMapMode(MM_HIMETRIC)\n";
@@ -139,4 +139,4 @@ TEST_F(DrawEntitiesTest, lines_are_cut_to_the_view) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::entity_dispatch_test

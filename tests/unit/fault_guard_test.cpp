@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace hexlume {
+namespace hexlume::fault_guard_test {
 namespace {
 
 // Values that the compiler can't know, so that it leaves the fault in. A sanitizer would report the faults
@@ -232,4 +232,4 @@ TEST(FaultGuard, local_values_outlive_a_fault) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::fault_guard_test

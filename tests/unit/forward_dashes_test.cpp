@@ -13,7 +13,7 @@
 #include "driver/numbers.h"
 #include "support/metafile_canvas.h"
 
-namespace hexlume {
+namespace hexlume::forward_dashes_test {
 namespace {
 
 struct TestFamily {
@@ -309,4 +309,4 @@ TEST(ForwardDashes, rows_that_would_never_end_stop_outside_the_extent) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::forward_dashes_test

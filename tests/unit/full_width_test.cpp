@@ -7,7 +7,7 @@
 #include "platform/code_page_932.h"
 #include "support/host_locale.h"
 
-namespace hexlume {
+namespace hexlume::full_width_test {
 
 namespace {
 
@@ -124,4 +124,4 @@ TEST(FullWidth, the_bytes_count_the_half_width_cells) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::full_width_test

@@ -12,7 +12,7 @@
 #include "driver/conv_state.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::group_reader_test {
 namespace {
 
 struct Group {
@@ -366,4 +366,4 @@ TEST(ReadGroup, a_reader_goes_on_where_it_stood_before_an_inner_run) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::group_reader_test

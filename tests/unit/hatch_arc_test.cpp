@@ -10,7 +10,7 @@
 #include "canvas/canvas.h"
 #include "driver/conv_state.h"
 
-namespace hexlume {
+namespace hexlume::hatch_arc_test {
 namespace {
 
 struct SolvedArc {
@@ -181,4 +181,4 @@ TEST(HatchArc, absurd_numbers_do_no_harm) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::hatch_arc_test

@@ -12,7 +12,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::hatch_boundary_test {
 namespace {
 
 class HatchBoundaryTest : public ConverterTest {
@@ -773,4 +773,4 @@ TEST_F(HatchStyleTest, a_last_path_without_group_97_is_covered_too) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::hatch_boundary_test

@@ -12,7 +12,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::hatch_lines_test {
 namespace {
 
 class HatchLinesTest : public ConverterTest {
@@ -249,4 +249,4 @@ TEST_F(HatchLinesTest, absurd_scales_and_numbers_end) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::hatch_lines_test

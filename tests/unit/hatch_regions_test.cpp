@@ -10,7 +10,7 @@
 
 #include "platform/path_region.h"
 
-namespace hexlume {
+namespace hexlume::hatch_regions_test {
 namespace {
 
 HatchPath Polygon(const std::vector<POINT>& corners) {
@@ -113,4 +113,4 @@ TEST(HatchRegions, a_combination_that_fails_isnt_passed_over) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::hatch_regions_test

@@ -12,7 +12,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::hatch_test {
 namespace {
 
 class HatchTest : public ConverterTest {
@@ -260,4 +260,4 @@ TEST_F(HatchTest, a_pattern_without_a_style_takes_the_next_entity_for_its_lines)
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::hatch_test

@@ -7,7 +7,7 @@
 
 #include "driver/bounded_copy.h"
 
-namespace hexlume {
+namespace hexlume::hexlume_app_test {
 namespace {
 
 // A selection as a conversion holds it.
@@ -247,4 +247,4 @@ TEST(HexlumeApp, the_end_without_a_save_does_nothing) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::hexlume_app_test

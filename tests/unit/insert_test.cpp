@@ -9,7 +9,7 @@
 #include "entities/entity_dispatch.h"
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::insert_test {
 namespace {
 
 // From (1000, -1000) to (3000, -2000) in a block that is neither moved, scaled nor turned.
@@ -398,4 +398,4 @@ TEST_F(InsertTest, a_file_may_end_behind_any_byte) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::insert_test

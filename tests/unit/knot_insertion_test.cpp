@@ -12,7 +12,7 @@
 
 #include "driver/numbers.h"
 
-namespace hexlume {
+namespace hexlume::knot_insertion_test {
 namespace {
 
 constexpr int32_t plenty = 1000000;
@@ -369,4 +369,4 @@ TEST(KnotInsertionOnPlainArrays, points_anywhere_and_knots_close_to_each_other) 
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::knot_insertion_test

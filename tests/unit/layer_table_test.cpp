@@ -13,7 +13,7 @@
 #include "support/converter_test.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::layer_table_test {
 namespace {
 
 std::string StyleText(int32_t family, int32_t pattern) {
@@ -494,4 +494,4 @@ TEST_F(LayerTableTest, a_group_that_the_file_ends_in_is_not_acted_on) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::layer_table_test

@@ -11,7 +11,7 @@
 #include "platform/fault_guard.h"
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::leader_arrow_test {
 namespace {
 
 // From (5000, -5000) to the left. The X axis of its arrow's block, which points from the second vertex to the
@@ -508,4 +508,4 @@ TEST_F(LeaderArrowTest, at_the_end_of_the_file_it_is_drawn) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::leader_arrow_test

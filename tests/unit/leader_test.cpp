@@ -10,7 +10,7 @@
 
 #include "support/block_stream.h"
 
-namespace hexlume {
+namespace hexlume::leader_test {
 namespace {
 
 using Places = std::vector<std::pair<int32_t, int32_t>>;
@@ -576,4 +576,4 @@ TEST_F(LeaderTest, wherever_the_file_ends_the_pen_is_put_back_and_deleted) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::leader_test

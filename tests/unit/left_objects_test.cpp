@@ -17,7 +17,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::left_objects_test {
 namespace {
 
 // How many objects a metafile's player must hold at a time, one more for the metafile itself: a field of its
@@ -210,4 +210,4 @@ TEST_F(LeftObjectsTest, a_canvas_that_is_given_up_deletes_them_too) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::left_objects_test

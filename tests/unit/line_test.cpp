@@ -11,7 +11,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::line_test {
 namespace {
 
 class LineTest : public ConverterTest {
@@ -434,4 +434,4 @@ TEST_F(LineTest, the_view_is_that_of_the_unturned_sheet) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::line_test

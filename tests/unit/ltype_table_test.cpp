@@ -16,7 +16,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::ltype_table_test {
 namespace {
 
 using Elements = std::vector<double>;
@@ -380,4 +380,4 @@ TEST_F(LtypeTableTest, a_group_that_the_file_ends_in_is_not_acted_on) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::ltype_table_test

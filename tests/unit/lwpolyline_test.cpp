@@ -14,7 +14,7 @@
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::lwpolyline_test {
 namespace {
 
 constexpr double dashes[6] = {300, -200, 0, -100, 50, -50};
@@ -609,4 +609,4 @@ TEST_F(LwPolylineArcTest, a_bulge_that_is_no_number_is_none) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::lwpolyline_test

@@ -8,7 +8,7 @@
 #include "support/picture_canvas.h"
 #include "tools/hexlume/metafile_listing.h"
 
-namespace hexlume {
+namespace hexlume::malformed_metafile_test {
 namespace {
 
 using Bytes = std::vector<uint8_t>;
@@ -92,4 +92,4 @@ TEST(MalformedMetafile, numbers_changed_to_extremes) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::malformed_metafile_test

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace hexlume {
+namespace hexlume::metafile_listing_test {
 namespace {
 
 using Words = std::vector<uint32_t>;
@@ -317,4 +317,4 @@ TEST(MetafileListing, strings_and_regions_that_lie_outside_their_record) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::metafile_listing_test

@@ -5,7 +5,7 @@
 
 #include "support/picture_canvas.h"
 
-namespace hexlume {
+namespace hexlume::metafile_player_test {
 namespace {
 
 constexpr uint32_t white = 0xFFFFFF, black = 0, red = 0xFF0000, green = 0x00FF00;
@@ -310,4 +310,4 @@ TEST(MetafilePlayer, a_device_without_size_is_malformed) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::metafile_player_test

@@ -4,7 +4,7 @@
 
 #include "support/picture_canvas.h"
 
-namespace hexlume {
+namespace hexlume::metafile_player_text_test {
 namespace {
 
 constexpr uint32_t right = 2, centre = 6, top = 0, bottom = 8, baseline = 24;
@@ -152,4 +152,4 @@ TEST(MetafilePlayerText, characters_of_no_size_or_an_enormous_one_are_left_out) 
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::metafile_player_text_test

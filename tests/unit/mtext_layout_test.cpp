@@ -13,7 +13,7 @@
 #include "support/text_groups.h"
 #include "text/mtext.h"
 
-namespace hexlume {
+namespace hexlume::mtext_layout_test {
 namespace {
 
 // Texts at (2000, 5000), on the sheet (2000, -5000), in a font of the height 1000 * 1.1 = 1100. That is the
@@ -337,4 +337,4 @@ TEST_F(MTextLayoutTest, only_the_clip_of_1_tests_the_width) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::mtext_layout_test

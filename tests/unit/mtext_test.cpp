@@ -15,7 +15,7 @@
 #include "support/text_groups.h"
 #include "text/mtext_codes.h"
 
-namespace hexlume {
+namespace hexlume::mtext_test {
 namespace {
 
 class MTextTest : public ConverterTest {
@@ -391,7 +391,7 @@ TEST_F(MTextTest, lines_are_counted_on_top_of_what_there_is) {
 // A piece in a font of half-width cells.
 std::string PieceCalls(int32_t x, int32_t y, const std::string& text) {
   return SelectCalls({1100, 550}) + ColorCall("0x000000") + AlignCall(8) + "SetBkMode(TRANSPARENT)\n" +
-         TextCall(x, y, text) + restoreCalls;
+         TextOutCall(x, y, text) + restoreCalls;
 }
 
 // "5", then 1 over 2, then "mm", from (2000, -2000) on. The parts are as high as the text. In front of them
@@ -445,10 +445,10 @@ TEST_F(MTextFractionTest, a_fraction_is_turned_but_not_moved_on_a_turned_sheet) 
   state.rotated = 1;
   const std::string calls = Draw("1 5\\S1^ 2;mm\n");
   // Along (3600 - 1800) / 10 = 180 degrees; the first piece and the anchor stay where they are.
-  EXPECT_NE(std::string::npos, calls.find(TextCall(2000, -2000, "5")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(2000, -2000, "5")));
   EXPECT_NE(std::string::npos, calls.find("CreateFont(1, 1100, 550, 1800, "));
-  EXPECT_NE(std::string::npos, calls.find(TextCall(900, -2000, "mm")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(900, -2000, "mm")));
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::mtext_test

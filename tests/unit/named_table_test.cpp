@@ -10,7 +10,7 @@
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
 
-namespace hexlume {
+namespace hexlume::named_table_test {
 namespace {
 
 struct Entry {
@@ -141,4 +141,4 @@ TEST(NamedTableTest, forgotten_names_are_not_found_and_the_entries_stay) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::named_table_test

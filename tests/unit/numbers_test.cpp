@@ -7,7 +7,7 @@
 #include <limits>
 #include <string>
 
-namespace hexlume {
+namespace hexlume::numbers_test {
 namespace {
 
 constexpr int32_t smallestInt = std::numeric_limits<int32_t>::min();
@@ -235,4 +235,4 @@ TEST(Atof, four_hundred_digits_are_all_read) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::numbers_test

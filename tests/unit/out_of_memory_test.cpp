@@ -33,7 +33,7 @@ void operator delete(void* memory, std::size_t) noexcept {
   std::free(memory);
 }
 
-namespace hexlume {
+namespace hexlume::out_of_memory_test {
 namespace {
 
 // A number with the exponent letter d is rewritten, and this one is too long for a string's own place.
@@ -170,4 +170,4 @@ TEST_F(OutOfMemory, a_hatch_deletes_its_pen_and_brush_whenever_the_exception_com
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::out_of_memory_test

@@ -8,7 +8,7 @@
 #include "entities/converter_rules.h"
 #include "support/converter_test.h"
 
-namespace hexlume {
+namespace hexlume::placement_rules_test {
 namespace {
 
 constexpr int32_t smallest = std::numeric_limits<int32_t>::min();
@@ -284,4 +284,4 @@ TEST(ViewRejectTest, a_falling_line_left_of_the_view_is_kept) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::placement_rules_test

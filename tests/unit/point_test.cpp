@@ -12,7 +12,7 @@
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::point_test {
 namespace {
 
 // At (3000, 6000 - 10000).
@@ -284,4 +284,4 @@ TEST_F(PointTest, all_marks_stand_on_the_turned_point) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::point_test

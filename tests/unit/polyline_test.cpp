@@ -14,7 +14,7 @@
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::polyline_test {
 namespace {
 
 constexpr double dashes[6] = {300, -200, 0, -100, 50, -50};
@@ -754,4 +754,4 @@ TEST_F(PolylineArcTest, absurd_dashed_arcs_end_in_the_widest_view) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::polyline_test

@@ -10,7 +10,7 @@
 #include <numeric>
 #include <vector>
 
-namespace hexlume {
+namespace hexlume::portable_emf_writer_test {
 namespace {
 
 EmfHeaderRecord Header() {
@@ -121,4 +121,4 @@ TEST(EmfHandleTable, an_object_known_to_another_table_too_is_found) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::portable_emf_writer_test

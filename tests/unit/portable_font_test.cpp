@@ -10,7 +10,7 @@
 #include "platform/portable/font_face.h"
 #include "platform/portable/font_measure.h"
 
-namespace hexlume {
+namespace hexlume::portable_font_test {
 
 namespace {
 
@@ -222,4 +222,4 @@ TEST_F(PortableFont, a_font_made_of_arguments_is_the_same_font) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::portable_font_test

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace hexlume {
+namespace hexlume::portable_metafile_test {
 namespace {
 
 void DrawNothing(HDC) {}
@@ -127,4 +127,4 @@ TEST(PortableMetafile, a_move_alone_has_no_bounds) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::portable_metafile_test

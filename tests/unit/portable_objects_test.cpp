@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace hexlume {
+namespace hexlume::portable_objects_test {
 namespace {
 
 constexpr uint32_t blackPen = 0x80000007;
@@ -150,4 +150,4 @@ TEST(PortableObjects, more_objects_than_a_block_of_memory_holds_are_all_differen
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::portable_objects_test

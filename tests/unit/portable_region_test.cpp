@@ -15,7 +15,7 @@ static std::ostream& operator<<(std::ostream& out, const RECT& box) {
   return out << box.left << ',' << box.top << ' ' << box.right << ',' << box.bottom;
 }
 
-namespace hexlume {
+namespace hexlume::portable_region_test {
 
 namespace {
 
@@ -287,4 +287,4 @@ TEST(PortableRegion, what_is_no_region_gives_an_error) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::portable_region_test

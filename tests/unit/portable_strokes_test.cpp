@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace hexlume {
+namespace hexlume::portable_strokes_test {
 namespace {
 
 TEST(PortableStrokes, a_line_reaches_from_the_position_to_its_end) {
@@ -147,4 +147,4 @@ TEST(PortableStrokes, device_points_are_the_nearest_and_halves_go_up) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::portable_strokes_test

@@ -9,7 +9,7 @@
 
 #include "platform/gdi.h"
 
-namespace hexlume {
+namespace hexlume::portable_text_test {
 
 namespace {
 
@@ -173,4 +173,4 @@ TEST_F(PortableText, a_long_face_name_is_recorded_with_31_characters) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::portable_text_test

@@ -8,7 +8,7 @@
 #include "driver/pre_scan.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::pre_scan_layers_test {
 namespace {
 
 const std::string header =
@@ -220,4 +220,4 @@ TEST_F(LayerScan, a_drawing_with_a_box_and_without_tables_has_an_empty_list) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::pre_scan_layers_test

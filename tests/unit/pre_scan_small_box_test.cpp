@@ -7,7 +7,7 @@
 #include "driver/pre_scan.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::pre_scan_small_box_test {
 namespace {
 
 const std::string noLayers = "0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n0 ENDTAB\n0 ENDSEC\n";
@@ -178,4 +178,4 @@ TEST_F(SmallBox, extents_as_large_as_the_limits_fit) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::pre_scan_small_box_test

@@ -9,7 +9,7 @@
 #include "driver/conv_state.h"
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::pre_scan_test {
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -370,4 +370,4 @@ TEST_F(PreScan, a_drawing_with_no_box_and_an_empty_table_gets_the_layer_0) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::pre_scan_test

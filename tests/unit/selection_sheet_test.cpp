@@ -8,7 +8,7 @@
 
 #include "driver/conv_state.h"
 
-namespace hexlume {
+namespace hexlume::selection_sheet_test {
 namespace {
 
 // The sheet answers as a user who presses OK at once.
@@ -90,4 +90,4 @@ TEST_F(SelectionSheet, a_page_of_line_types_without_an_answer_excludes_none) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::selection_sheet_test

@@ -7,8 +7,7 @@
 #include "driver/sheet.h"
 #include "support/header_boxes.h"
 
-namespace hexlume {
-
+namespace hexlume::sheet_scale_test {
 namespace {
 
 // The user of the size dialog, and what the dialog was shown with.
@@ -20,9 +19,11 @@ struct SizeDialogUser {
 } user;
 
 }  // namespace
+}  // namespace hexlume::sheet_scale_test
 
 // In the place of the library's own, which waits for a real user.
-DialogResult ShowSizeDialog() {
+hexlume::DialogResult hexlume::ShowSizeDialog() {
+  using sheet_scale_test::user;
   ++user.asked;
   user.widthSeen = state.sheetWidth;
   user.heightSeen = state.sheetHeight;
@@ -30,6 +31,7 @@ DialogResult ShowSizeDialog() {
   return user.answer;
 }
 
+namespace hexlume::sheet_scale_test {
 namespace {
 
 constexpr int32_t smallestInt = std::numeric_limits<int32_t>::min();
@@ -332,4 +334,4 @@ TEST_F(SheetScale, at_full_size_a_point_size_has_the_scale_1) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::sheet_scale_test

@@ -6,7 +6,7 @@
 
 #include "support/header_boxes.h"
 
-namespace hexlume {
+namespace hexlume::sheet_test {
 namespace {
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
@@ -348,4 +348,4 @@ TEST_F(Sheet, a_huge_shift_wraps_around) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::sheet_test

@@ -7,7 +7,7 @@
 #include "canvas/canvas.h"
 #include "support/metafile_canvas.h"
 
-namespace hexlume {
+namespace hexlume::solid_primitives_test {
 namespace {
 
 // A sheet turned about (1000, -500): (x, y) becomes (2000 - x, -1000 - y).
@@ -409,4 +409,4 @@ TEST(FillQuad, the_fill_mode_stays_on_the_canvas) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::solid_primitives_test

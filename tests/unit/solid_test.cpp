@@ -11,7 +11,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::solid_test {
 namespace {
 
 class SolidTest : public ConverterTest {
@@ -249,4 +249,4 @@ TEST_F(SolidTest, a_corner_that_is_no_number_or_too_large_lies_outside) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::solid_test

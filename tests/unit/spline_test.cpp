@@ -13,7 +13,7 @@
 #include "support/shape_text.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::spline_test {
 namespace {
 
 std::string Repeat(const std::string& text, int32_t times) {
@@ -406,4 +406,4 @@ TEST_F(SplineTest, a_hundred_thousand_points_convert) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::spline_test

@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-namespace hexlume {
+namespace hexlume::stack_room_test {
 namespace {
 
 // A value that the compiler can't know, so that it leaves the calls and their room in.
@@ -43,4 +43,4 @@ TEST(StackRoom, back_up_there_is_room_again) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::stack_room_test

@@ -14,7 +14,7 @@
 #include "support/metafile_canvas.h"
 #include "support/mtext_calls.h"
 
-namespace hexlume {
+namespace hexlume::stacked_fraction_test {
 namespace {
 
 const char gothic[] = "\uFF2D\uFF33 \u30B4\u30B7\u30C3\u30AF";
@@ -44,12 +44,12 @@ class StackedFractionTest : public ConverterTest {
   std::string Piece(int32_t x, int32_t y, const std::string& text, const Size& size = {1000, 500}) const {
     const TextFont font = {size.height, size.width, escapement, 0, 0, halfWidthFont != 0 ? "" : gothic};
     return SelectCalls(font) + ColorCall("0x000000") + AlignCall(8) + "SetBkMode(TRANSPARENT)\n" +
-           TextCall(x, y, text) + restoreCalls;
+           TextOutCall(x, y, text) + restoreCalls;
   }
 
   // Where the line starts: the place of its first piece, which is "5".
   bool StartsAt(int32_t x, int32_t y, const std::string& text) {
-    return Draw(text).find(TextCall(x, y, "5")) != std::string::npos;
+    return Draw(text).find(TextOutCall(x, y, "5")) != std::string::npos;
   }
 
   int32_t height = 1000;
@@ -241,7 +241,7 @@ TEST_F(StackedFractionTest, half_width_parts_with_a_sign_are_set_off_by_a_blank)
 }
 
 TEST_F(StackedFractionTest, parts_with_a_sign_stay_in_brackets_and_in_full_width) {
-  EXPECT_NE(std::string::npos, Draw("\\S+1^ -2;mm").find(TextCall(2000, -4500, "+1")));
+  EXPECT_NE(std::string::npos, Draw("\\S+1^ -2;mm").find(TextOutCall(2000, -4500, "+1")));
   halfWidthFont = 1;
   EXPECT_NE(std::string::npos, Draw("(\\S+1^ -2;)").find("\"+1\""));
 }
@@ -271,8 +271,8 @@ TEST_F(StackedFractionTest, a_lift_by_bytes_does_not_follow_the_scale) {
   // 2000
   // + 3000 + 1 + 500 + 1000 = 6501, half of it 3250.5.
   const std::string calls = Draw("(5\\S1^ 2;)");
-  EXPECT_NE(std::string::npos, calls.find(TextCall(2501, -7000, "1")));
-  EXPECT_NE(std::string::npos, calls.find(TextCall(3251, -7500, ")")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(2501, -7000, "1")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(3251, -7500, ")")));
 }
 
 TEST_F(StackedFractionTest, a_turned_sheet_does_not_move_it) {
@@ -294,7 +294,7 @@ TEST_F(StackedFractionTest, the_width_leaves_the_lower_part_out_and_takes_the_te
 TEST_F(StackedFractionTest, the_width_of_brackets_has_all_pieces) {
   attach = 9;
   // (2 + 1) * 500 + 1 * 500 + (2 * 500 + (1 + 1) * 500) = 4000.
-  EXPECT_NE(std::string::npos, Draw("(5\\S1^ 23;)").find(TextCall(0, -5000, "(5")));
+  EXPECT_NE(std::string::npos, Draw("(5\\S1^ 23;)").find(TextOutCall(0, -5000, "(5")));
 }
 
 TEST_F(StackedFractionTest, the_width_counts_a_closing_bracket_twice) {
@@ -322,8 +322,8 @@ TEST_F(StackedFractionTest, the_width_of_a_part_is_never_negative) {
   width = -100;
   // 2^32 - 100 for the one byte: 2000 - 2147483598. Behind it no sheet reaches.
   const std::string calls = Draw("\\S1^ 2;");
-  EXPECT_NE(std::string::npos, calls.find(TextCall(-2147481597, -5000, "")));
-  EXPECT_NE(std::string::npos, calls.find(TextCall(INT32_MIN, -5000, "")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(-2147481597, -5000, "")));
+  EXPECT_NE(std::string::npos, calls.find(TextOutCall(INT32_MIN, -5000, "")));
 }
 
 // The anchor.
@@ -431,7 +431,7 @@ TEST_F(StackedFractionTest, a_fraction_of_nothing_is_drawn) {
 TEST_F(StackedFractionTest, without_any_size_the_parts_have_no_place) {
   height = 0;
   // 0 / 0 is no angle.
-  EXPECT_NE(std::string::npos, Draw("\\S1^ 2;").find(TextCall(INT32_MIN, INT32_MIN, "1")));
+  EXPECT_NE(std::string::npos, Draw("\\S1^ 2;").find(TextOutCall(INT32_MIN, INT32_MIN, "1")));
 }
 
 TEST_F(StackedFractionTest, absurd_sizes_do_no_harm) {
@@ -453,4 +453,4 @@ TEST_F(StackedFractionTest, absurd_sizes_do_no_harm) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::stacked_fraction_test

@@ -11,7 +11,7 @@
 #include "support/converter_test.h"
 #include "support/text_groups.h"
 
-namespace hexlume {
+namespace hexlume::table_section_test {
 namespace {
 
 class TableSectionTest : public ConverterTest {
@@ -182,4 +182,4 @@ TEST_F(TableSectionTest, what_was_read_before_the_file_ended_stays) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::table_section_test

@@ -5,7 +5,7 @@
 #include <clocale>
 #include <string>
 
-namespace hexlume {
+namespace hexlume::text_bytes_test {
 namespace {
 
 // Where the sought bytes are found, -1 if nowhere.
@@ -133,4 +133,4 @@ TEST(FindCharacters, the_place_can_be_written_to) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_bytes_test

@@ -16,7 +16,7 @@
 #include "text/text.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::text_fit_test {
 namespace {
 
 // The first point at (3000, 6000 - 10000), and a cell of 200 * 1.1 = 220.
@@ -240,4 +240,4 @@ TEST_F(TextFitTest, on_a_turned_sheet_its_width_stays) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_fit_test

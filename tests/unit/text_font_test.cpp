@@ -13,7 +13,7 @@
 #include "support/host_locale.h"
 #include "support/metafile_canvas.h"
 
-namespace hexlume {
+namespace hexlume::text_font_test {
 namespace {
 
 // MS Gothic in full-width letters, a blank and katakana.
@@ -296,4 +296,4 @@ TEST_F(TextFontTest, the_color_before_the_table_is_that_of_its_count) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_font_test

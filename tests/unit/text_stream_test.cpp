@@ -9,7 +9,7 @@
 
 #include "support/text_drawing.h"
 
-namespace hexlume {
+namespace hexlume::text_stream_test {
 namespace {
 
 constexpr size_t chunkSize = 256 * 1024;  // what the stream fetches at a time
@@ -332,4 +332,4 @@ TEST(TextStreamSeek, a_seek_back_from_the_end_reads_on) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_stream_test

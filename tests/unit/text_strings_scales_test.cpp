@@ -11,7 +11,7 @@
 #include "driver/conv_state.h"
 #include "text/text_strings.h"
 
-namespace hexlume {
+namespace hexlume::text_strings_scales_test {
 namespace {
 
 std::string EntAfter(void (*routine)(), const std::string& text) {
@@ -472,4 +472,4 @@ TEST(TextStrings, no_percent_code_is_left_of_any_bytes) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_strings_scales_test

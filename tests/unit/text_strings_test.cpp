@@ -10,7 +10,7 @@
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
 
-namespace hexlume {
+namespace hexlume::text_strings_test {
 namespace {
 
 std::string EntAfter(void (*routine)(), const std::string& text) {
@@ -465,4 +465,4 @@ TEST(StripBlockBraceCodes, the_buffer_holds_a_byte_more_than_that_of_the_entitie
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_strings_test

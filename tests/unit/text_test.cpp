@@ -16,7 +16,7 @@
 #include "text/text.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::text_test {
 namespace {
 
 // At (3000, 6000 - 10000).
@@ -613,4 +613,4 @@ TEST_F(TextTest, on_a_turned_sheet_the_point_of_an_absurd_text_wraps_around) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::text_test

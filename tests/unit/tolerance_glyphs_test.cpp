@@ -10,7 +10,7 @@
 #include "support/metafile_canvas.h"
 #include "support/tolerance_calls.h"
 
-namespace hexlume {
+namespace hexlume::tolerance_glyphs_test {
 namespace {
 
 class ToleranceGlyphsTest : public ConverterTest {
@@ -165,4 +165,4 @@ TEST_F(ToleranceGlyphsTest, a_negative_height_mirrors_its_strokes) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::tolerance_glyphs_test

@@ -12,7 +12,7 @@
 #include "support/text_groups.h"
 #include "support/tolerance_calls.h"
 
-namespace hexlume {
+namespace hexlume::tolerance_test {
 namespace {
 
 // A point and a style that make a first row 1000 high, from (5000, 8000 - 500) on: on the sheet from
@@ -489,4 +489,4 @@ TEST_F(ToleranceTest, it_uses_the_places_of_the_section) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::tolerance_test

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace hexlume {
+namespace hexlume::vertical_glyphs_test {
 
 namespace {
 
@@ -119,4 +119,4 @@ TEST(StandsUpright, kanji_kana_and_full_width_forms_stand_and_latin_letters_lie)
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::vertical_glyphs_test

@@ -7,7 +7,7 @@
 
 #include "platform/code_page_932.h"
 
-namespace hexlume {
+namespace hexlume::code_page_932_windows_test {
 
 namespace {
 
@@ -49,4 +49,4 @@ TEST(CodePage932Windows, every_utf16_unit_has_the_bytes_that_the_system_has) {
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::code_page_932_windows_test

@@ -7,7 +7,7 @@
 #include "support/text_drawing.h"
 #include "support/tool_run.h"
 
-namespace hexlume {
+namespace hexlume::command_line_windows_test {
 namespace {
 
 using CommandLineWindows = ToolRun;
@@ -40,4 +40,4 @@ TEST_F(CommandLineWindows, where_no_window_can_be_made_it_is_as_without_dialogs)
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::command_line_windows_test

@@ -1,7 +1,7 @@
 // What the conversions make of the number of layers that are left out.
 #include "windows/dialog_test.h"
 
-namespace hexlume {
+namespace hexlume::dialog_counts_test {
 namespace {
 
 using Texts = std::vector<std::wstring>;
@@ -215,4 +215,4 @@ TEST_F(TurnAfterSheet, a_turn_after_the_short_way_repeats_the_conversion_before_
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_counts_test

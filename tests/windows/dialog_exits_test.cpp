@@ -6,7 +6,7 @@
 #include "windows/import_patch.h"
 #include "windows/process_resources.h"
 
-namespace hexlume {
+namespace hexlume::dialog_exits_test {
 namespace {
 
 void Cancel() {
@@ -354,4 +354,4 @@ TEST_F(ManyTimes, the_count_of_windows_sees_a_single_one) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_exits_test

@@ -10,7 +10,7 @@
 #include "windows/dialog_test.h"
 #include "windows/process_resources.h"
 
-namespace hexlume {
+namespace hexlume::dialog_font_test {
 namespace {
 
 using Texts = std::set<std::wstring>;
@@ -314,4 +314,4 @@ TEST_F(FontMode, a_hundred_rounds_leave_no_object_behind) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_font_test

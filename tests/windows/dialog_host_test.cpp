@@ -1,7 +1,7 @@
 // The dialogs between a host's window and its message loop.
 #include "windows/dialog_test.h"
 
-namespace hexlume {
+namespace hexlume::dialog_host_test {
 namespace {
 
 constexpr UINT countMessage = WM_APP, destroyMessage = WM_APP + 1;
@@ -255,4 +255,4 @@ TEST_F(QuittingHost, the_next_conversion_works) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_host_test

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-namespace hexlume {
+namespace hexlume::dialog_layers_test {
 namespace {
 
 using Texts = std::vector<std::wstring>;
@@ -483,4 +483,4 @@ TEST_F(LayerPage, of_four_with_one_frozen_the_three_others_are_drawn) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_layers_test

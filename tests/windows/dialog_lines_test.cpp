@@ -1,7 +1,7 @@
 // The page of the line types.
 #include "windows/dialog_test.h"
 
-namespace hexlume {
+namespace hexlume::dialog_lines_test {
 namespace {
 
 using Texts = std::vector<std::wstring>;
@@ -221,4 +221,4 @@ TEST_F(LinePage, arrows_and_space_work_as_on_the_other_page) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_lines_test

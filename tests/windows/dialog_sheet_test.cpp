@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <tuple>
 
-namespace hexlume {
+namespace hexlume::dialog_sheet_test {
 namespace {
 
 // A process that isn't aware of the screen's resolution is told 96 dots per inch whatever it is.
@@ -424,4 +424,4 @@ TEST_F(Sheet, space_on_ok_is_ok) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_sheet_test

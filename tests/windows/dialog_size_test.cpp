@@ -3,7 +3,7 @@
 
 #include "windows/dialog_test.h"
 
-namespace hexlume {
+namespace hexlume::dialog_size_test {
 namespace {
 
 const std::string byTwoThousand = LargeDrawing(2000, 1500);
@@ -770,4 +770,4 @@ TEST_F(SizeDialog, comes_for_a_drawing_a_millimetre_too_large) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_size_test

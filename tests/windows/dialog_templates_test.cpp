@@ -10,7 +10,7 @@
 #include "dialogs/resource.h"
 #include "windows/dialog_test.h"
 
-namespace hexlume {
+namespace hexlume::dialog_templates_test {
 
 struct Units {
   int left, top, width, height;
@@ -405,4 +405,4 @@ TEST_F(Resources, the_tabs_have_the_titles_of_the_pages) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_templates_test

@@ -6,7 +6,7 @@
 #include "windows/dialog_test.h"
 #include "windows/import_patch.h"
 
-namespace hexlume {
+namespace hexlume::dialog_theme_test {
 namespace {
 
 constexpr const char* themeLibrary = "UxTheme.dll";
@@ -266,4 +266,4 @@ TEST_F(ThemedPages, the_size_dialog_asks_for_no_texture) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::dialog_theme_test

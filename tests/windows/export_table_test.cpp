@@ -8,7 +8,7 @@
 
 #include "support/loaded_library.h"
 
-namespace hexlume {
+namespace hexlume::export_table_test {
 namespace {
 
 // The library's file as the loader lays it out, without running it.
@@ -68,4 +68,4 @@ TEST(LibraryLife, can_be_loaded_and_unloaded_again_and_again) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::export_table_test

@@ -4,7 +4,7 @@
 #include "platform/host_exception.h"
 #include "windows/structured_handler.h"
 
-namespace hexlume {
+namespace hexlume::fault_guard_windows_test {
 namespace {
 
 using test::EndsInException;
@@ -120,4 +120,4 @@ TEST(FaultGuardOnWindows, each_thread_has_guards_of_its_own) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::fault_guard_windows_test

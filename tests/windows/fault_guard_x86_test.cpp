@@ -4,7 +4,7 @@
 
 #include "platform/fault_guard.h"
 
-namespace hexlume {
+namespace hexlume::fault_guard_x86_test {
 namespace {
 
 int* volatile nowhere = nullptr;
@@ -36,4 +36,4 @@ TEST(FaultGuardOnX86, the_chain_of_handlers_is_afterwards_as_it_was) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::fault_guard_x86_test

@@ -7,7 +7,7 @@
 
 extern "C" char __ImageBase;
 
-namespace hexlume {
+namespace hexlume::host_exception_test {
 namespace {
 
 using test::EndsInException;
@@ -133,4 +133,4 @@ TEST(HostException, it_follows_upon_a_fault_that_was_caught_within) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::host_exception_test

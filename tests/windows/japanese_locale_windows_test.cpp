@@ -9,7 +9,7 @@
 #include "support/host_locale.h"
 #include "text/text_font.h"
 
-namespace hexlume {
+namespace hexlume::japanese_locale_windows_test {
 
 namespace {
 
@@ -47,4 +47,4 @@ TEST(JapaneseLocaleWindows, every_katakana_with_a_voiced_mark_widens_as_the_syst
 
 }  // namespace
 
-}  // namespace hexlume
+}  // namespace hexlume::japanese_locale_windows_test

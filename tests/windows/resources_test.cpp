@@ -4,7 +4,7 @@
 #include "support/conversion_rounds.h"
 #include "windows/process_resources.h"
 
-namespace hexlume {
+namespace hexlume::resources_test {
 namespace {
 
 TEST(Resources, two_thousand_conversions_hold_no_more_than_ten) {
@@ -39,4 +39,4 @@ TEST(Resources, the_count_sees_a_single_object) {
 }
 
 }  // namespace
-}  // namespace hexlume
+}  // namespace hexlume::resources_test
