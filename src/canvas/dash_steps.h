@@ -5,6 +5,7 @@
 
 #include "canvas/canvas.h"
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
@@ -13,6 +14,7 @@ constexpr int32_t maxWalkElements = 10000000;
 
 // Without a change of the current position.
 inline void DrawDot(Canvas canvas, int32_t x, int32_t y) {
+  CountStroke();
   Ellipse(canvas, WrapSub(x, 1), WrapAdd(y, 1), WrapAdd(x, 1), WrapSub(y, 1));
 }
 

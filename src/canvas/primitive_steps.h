@@ -5,6 +5,7 @@
 
 #include "canvas/canvas.h"
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
@@ -38,6 +39,7 @@ struct SelectedPen {
 };
 
 inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF colour) {
+  CountStroke();
   const HPEN pen = CreatePen(style, width, colour);
   return {pen, SelectObject(canvas, pen)};
 }

@@ -272,4 +272,8 @@ void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const Head
                             wholeSheet, halfWidthFont, 0});
 }
 
+bool DrawsBlockEntity() {
+  return FindConverter(blockConverters) != nullptr;
+}
+
 }  // namespace hexlume

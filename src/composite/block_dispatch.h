@@ -37,4 +37,7 @@ void DrawDimBlock(int32_t bodyOffset, double offsetX, double offsetY, const Head
                   const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont,
                   int32_t color, TextStream& stream, Canvas canvas);
 
+// Whether blocks draw the kind of entity that the group at hand names.
+bool DrawsBlockEntity();
+
 }  // namespace hexlume

@@ -10,6 +10,7 @@
 #include "composite/hatch_boundary.h"
 #include "composite/hatch_lines.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -25,6 +26,7 @@ struct HatchTools {
 };
 
 HatchTools SelectTools(Canvas canvas, COLORREF colour) {
+  CountStroke();
   Owned<HPEN> pen(CreatePen(PS_SOLID, 0, colour));
   Owned<HBRUSH> brush(CreateSolidBrush(colour));
   const HGDIOBJ previousPen = SelectObject(canvas, pen.get());

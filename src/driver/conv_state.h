@@ -101,6 +101,7 @@ struct ConvState {
   int32_t arcClockwise;  // 1 where the system's arcs had to be told their direction
   int32_t monochrome;    // stays between calls
   uint8_t fontMode;      // stays between calls; font of the dialogs
+  uint8_t measureSheet;  // 1: the header's limits and extents don't count; set by the host library alone
 
   // The entity being read, one set for each scope, so that an inner scope doesn't spoil an outer one's. Model
   // units times 100. The places aren't cleared: an entity that lacks a group takes the value of the entity

@@ -3,14 +3,11 @@
 #include <cstring>
 
 #include "driver/conv_state.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
 namespace {
-
-// A longer line isn't an error: its rest is read as the next line, and the groups are out of step from there
-// on.
-constexpr int32_t lineLimit = 256;
 
 void DropLineEnd(char* text) {
   size_t length = std::strlen(text);
@@ -21,9 +18,10 @@ void DropLineEnd(char* text) {
 }  // namespace
 
 int32_t ReadGroup(TextStream& stream) {
-  if (!ReadLine(stream, state.groupValue, lineLimit)) return 0;
+  if (!MayReadGroup(Tell(stream))) return 0;
+  if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   state.groupCode = Atoi(state.groupValue);
-  if (!ReadLine(stream, state.groupValue, lineLimit)) return 0;
+  if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   DropLineEnd(state.groupValue);
   return 1;
 }

@@ -19,8 +19,12 @@
 
 namespace hexlume {
 
-// Reads the next group into groupCode and groupValue of the record. Returns 1, or 0 at the end of the file; a
-// file that ends within a group leaves its code in groupCode.
+// Bytes of a line with its closing 0. A longer line isn't an error: its rest is read as the next line, and
+// the groups are out of step from there on.
+constexpr int32_t groupLineLimit = 256;
+
+// Reads the next group into groupCode and groupValue of the record. Returns 1, or 0 at the end of the file
+// and once the run has ended; a file that ends within a group leaves its code in groupCode.
 int32_t ReadGroup(TextStream& stream);
 
 // Whether the group at hand has this code and exactly this value.

@@ -1,6 +1,7 @@
 #include "driver/text_stream.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <limits>
 
 namespace hexlume {
@@ -11,13 +12,32 @@ constexpr size_t chunkSize = 256 * 1024;
 constexpr size_t largestSize = std::numeric_limits<int32_t>::max();
 constexpr char endOfText = 0x1A;
 
+class FileSource : public TextSource {
+ public:
+  explicit FileSource(std::FILE* opened) : file(opened) {}
+  ~FileSource() override { std::fclose(file); }
+  FileSource(const FileSource&) = delete;
+  FileSource& operator=(const FileSource&) = delete;
+
+  size_t Read(char* buffer, size_t size) override { return std::fread(buffer, 1, size, file); }
+  bool HasFailed() const override { return std::ferror(file) != 0; }
+
+ private:
+  std::FILE* file;
+};
+
+std::unique_ptr<TextSource> OpenFile(const char* path) {
+  std::FILE* const file = std::fopen(path, "rb");
+  return file ? std::make_unique<FileSource>(file) : nullptr;
+}
+
 // Fetches the next chunk of the file. False if there is nothing more.
 bool Fetch(TextStream& stream) {
   if (stream.complete) return false;
   const size_t oldSize = stream.bytes.size();
   const size_t wanted = std::min(chunkSize, largestSize - oldSize);
   stream.bytes.resize(oldSize + wanted);
-  const size_t got = std::fread(stream.bytes.data() + oldSize, 1, wanted, stream.file.get());
+  const size_t got = stream.source->Read(stream.bytes.data() + oldSize, wanted);
   stream.bytes.resize(oldSize + got);
   const auto fetched = stream.bytes.begin() + static_cast<std::ptrdiff_t>(oldSize);
   const auto textEnd = std::find(fetched, stream.bytes.end(), endOfText);
@@ -37,13 +57,15 @@ bool NextByteIs(TextStream& stream, char byte) {
 
 }  // namespace
 
+SourceOpener openSource = OpenFile;
+
 bool OpenText(TextStream& stream, const char* path) {
   stream = TextStream();
-  stream.file.reset(std::fopen(path, "rb"));
-  if (!stream.file) return false;
+  stream.source = openSource(path);
+  if (!stream.source) return false;
   Fetch(stream);
   // A folder opens on some systems, but can't be read.
-  return !std::ferror(stream.file.get());
+  return !stream.source->HasFailed();
 }
 
 bool ReadLine(TextStream& stream, char* line, int32_t limit) {

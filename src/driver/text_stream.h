@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <vector>
+
+#include "driver/text_source.h"
 
 namespace hexlume {
 
@@ -12,11 +13,7 @@ namespace hexlume {
 // back hangs on that position. So the bytes are kept, fetched from the file as far as the reading has come,
 // and a position is simply an index into them.
 struct TextStream {
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
-  std::unique_ptr<std::FILE, CloseFile> file;
+  std::unique_ptr<TextSource> source;
   std::vector<char> bytes;  // what has been fetched, without the text's end mark
   bool complete = false;    // the whole text has been fetched
   int32_t position = 0;     // index of the next byte to be read

@@ -116,4 +116,8 @@ void DrawEntities(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
   });
 }
 
+bool DrawsEntity() {
+  return FindConverter(converters) != nullptr;
+}
+
 }  // namespace hexlume

@@ -18,4 +18,7 @@ namespace hexlume {
 void DrawEntities(TextStream& stream, Canvas canvas, HeaderVars& headerVars, const ViewRect& view,
                   int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont);
 
+// Whether the ENTITIES section draws the kind of entity that the group at hand names.
+bool DrawsEntity();
+
 }  // namespace hexlume

@@ -15,6 +15,7 @@ struct DialogAnswers {
   int32_t scaleDenominator = defaultDenominator;
   std::set<std::string, std::less<>> hiddenLayers;
   std::vector<int32_t> hiddenFamilies;
+  std::vector<std::string> unknownLayers;  // of hiddenLayers: names that the last drawing lacks, sorted
 };
 
 extern DialogAnswers dialogAnswers;

@@ -40,6 +40,12 @@ void AnswerLayers() {
   }
 }
 
+void NoteUnknownLayers() {
+  std::set<std::string, std::less<>> unknown = dialogAnswers.hiddenLayers;
+  for (const LayerNameEntry& layer : state.layerNames) unknown.erase(layer.name);
+  dialogAnswers.unknownLayers.assign(unknown.begin(), unknown.end());
+}
+
 void AnswerFamilies() {
   state.excludedLtypeCount = 0;
   const auto& hidden = dialogAnswers.hiddenFamilies;
@@ -53,6 +59,7 @@ void AnswerFamilies() {
 }  // namespace
 
 bool ShowSelectionSheet() {
+  NoteUnknownLayers();
   AnswerLayers();
   AnswerFamilies();
   return true;
