@@ -20,13 +20,11 @@ void Report(const std::string& words) {
 
 // 0, or the exit status that tells what went wrong; of two troubles the later one.
 int RunJob(const Job& job, const Options& options) {
-  const Conversion conversion = Convert(job.drawing, options);
-  const int status = ExitStatusOf(conversion);
-  if (status != 0) Report(job.drawing + ": " + FailureInWords(conversion));
-  if (!conversion.metafile) return status;
   try {
-    WriteOutputs(conversion.metafile.get(), job, options);
-    return status;
+    const Conversion conversion = Convert(job.drawing, options);
+    for (const std::string& message : conversion.messages) Report(job.drawing + ": " + message);
+    if (!conversion.metafile.empty()) WriteOutputs(conversion.metafile, job, options);
+    return conversion.status;
   } catch (const OutputError& error) {
     Report(error.what());
   } catch (const std::bad_alloc&) {

@@ -1,10 +1,9 @@
 // What becomes of a converted drawing: the metafile's file, the listing, the picture.
 #pragma once
 
-#include <hexlume.h>
-
 #include <stdexcept>
 
+#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/options.h"
 
 namespace hexlume {
@@ -16,6 +15,6 @@ struct OutputError : std::runtime_error {
 };
 
 // Makes all that is asked for of one drawing.
-void WriteOutputs(HENHMETAFILE metafile, const Job& job, const Options& options);
+void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options);
 
 }  // namespace hexlume

@@ -1,11 +1,11 @@
 // Pictures of a metafile, in the kinds that the system offers.
 #pragma once
 
-#include <hexlume.h>
-
 #include <cstdint>
 #include <stdexcept>
 #include <vector>
+
+#include "tools/hexlume/metafile_bytes.h"
 
 namespace hexlume {
 
@@ -18,8 +18,8 @@ struct PictureError : std::runtime_error {
 struct PictureKind {
   const char* option;  // of the command line, without its hyphens
   const char* help;
-  bool hasPixels;                                                            // dotsPerInch counts
-  std::vector<uint8_t> (*make)(HENHMETAFILE metafile, int32_t dotsPerInch);  // the bytes of its file
+  bool hasPixels;                                                                    // dotsPerInch counts
+  std::vector<uint8_t> (*make)(const MetafileBytes& metafile, int32_t dotsPerInch);  // the bytes of its file
 };
 
 // All kinds that there are on this system, in the order of the help.

@@ -8,6 +8,9 @@ namespace hexlume {
 // Lets a line on standard output end in \n alone, so that a listing is the same on every system.
 void UsePlainLineEnds();
 
+// A text of the command line in UTF-8.
+std::string Utf8Text(const std::string& text);
+
 // Where the file's name begins in a path.
 size_t FileNameStart(const std::string& path);
 

@@ -6,6 +6,10 @@ namespace hexlume {
 
 void UsePlainLineEnds() {}
 
+std::string Utf8Text(const std::string& text) {
+  return text;
+}
+
 size_t FileNameStart(const std::string& path) {
   const size_t slash = path.rfind('/');
   return slash == std::string::npos ? 0 : slash + 1;
