@@ -6,6 +6,7 @@
 #include "composite/insert.h"
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -220,7 +221,7 @@ void SubtractBasePoint(TextStream& stream, double& originX, double& originY) {
 template <size_t count>
 void WalkBlock(const ConverterRow<BlockRun> (&converters)[count], const BlockRun& run) {
   int32_t more = ReadGroup(run.stream);
-  while (more && !AtGroup(0, "ENDBLK")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDBLK")) {
     CountStep();
     const int64_t start = Tell(run.stream);
     const auto* converter = FindConverter(converters);

@@ -6,6 +6,7 @@
 #include "composite/leader.h"
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -98,7 +99,7 @@ void SetUpCanvas(Canvas canvas) {
 
 void WalkEntities(const EntityRun& run) {
   int32_t more = ReadGroup(run.stream);
-  while (more && !AtGroup(0, "ENDSEC")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
     more = converter ? converter->draw(run) : ReadGroup(run.stream);

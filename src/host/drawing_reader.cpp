@@ -56,7 +56,7 @@ void DrawingReader::Read() {
 
 void DrawingReader::ReadHeader() {
   more = ReadGroup(stream);
-  while (more && !AtGroup(0, "ENDSEC")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     if (state.groupCode == 9)
       ReadHeaderVariable();
     else
@@ -106,7 +106,7 @@ void DrawingReader::ReadRecord() {
 
 void DrawingReader::ReadTables() {
   more = ReadGroup(stream);
-  while (more && !AtGroup(0, "ENDSEC")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     if (state.groupCode != 0) {
       more = ReadGroup(stream);
       continue;
@@ -132,7 +132,7 @@ void DrawingReader::NoteTableEntry() {
 void DrawingReader::ReadBlocks() {
   const char* block = nullptr;  // the one that is being read
   more = ReadGroup(stream);
-  while (more && !AtGroup(0, "ENDSEC")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     if (state.groupCode != 0) {
       more = ReadGroup(stream);
       continue;
@@ -153,7 +153,7 @@ void DrawingReader::ReadBlocks() {
 void DrawingReader::ReadEntities() {
   entitiesSeen = true;
   more = ReadGroup(stream);
-  while (more && !AtGroup(0, "ENDSEC")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     if (state.groupCode != 0) {
       more = ReadGroup(stream);
       continue;

@@ -114,7 +114,7 @@ std::unique_ptr<TextSource> HostRun::BeginPass() {
   done = 0;
   changes = {};
   runWatch.position = 0;
-  if (end != RunEnd::none || !Report(0)) runWatch.ended = true;
+  if (end != RunEnd::none || !Report(0)) EndRun();
   return Open(changes);
 }
 

@@ -49,7 +49,8 @@ const char* LimitName(RunEnd end) {
 void SettleEnd(HostRun& run, hexlume_result& result) {
   result.status = run.end == RunEnd::cancelled ? HEXLUME_STATUS_CANCELLED : HEXLUME_STATUS_LIMIT;
   if (run.end != RunEnd::cancelled) result.detail = LimitName(run.end);
-  result.line = LineAt(run, runWatch.position);
+  // A metafile is cut elsewhere.
+  if (run.end != RunEnd::byteLimit) result.line = LineAt(run, runWatch.position);
 }
 
 void SettleFault(HostRun& run, int32_t position, hexlume_result& result) {

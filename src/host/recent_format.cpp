@@ -40,23 +40,30 @@ bool HasRecentVersion(std::string_view text) {
 }
 
 bool IsPlain(std::string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) != 0; });
+  char bits = 0;
+  for (const char byte : text) bits |= byte;
+  return (bits & 0x80) == 0;
 }
+
+constexpr size_t longestPiece = groupLineLimit - 1;
 
 // A line as the group reader takes it: in how many pieces.
 size_t PiecesOf(std::string_view line) {
-  constexpr size_t longestPiece = groupLineLimit - 1;
   const bool hasReturn = line.size() > 1 && line.substr(line.size() - 2) == "\r\n";
   const size_t length = line.size() - (hasReturn ? 1 : 0);
   return (length + longestPiece - 1) / longestPiece;
 }
 
 int32_t CodeOf(std::string_view line) {
-  char text[groupLineLimit];
-  const size_t length = std::min(line.size(), sizeof text - 1);
-  std::memcpy(text, line.data(), length);
-  text[length] = '\0';
-  return Atoi(text);
+  return Atoi(std::string(line.substr(0, longestPiece)).c_str());
+}
+
+// Whether a short line can be the code of an embedded object: no such number begins with another digit.
+bool MayBeginObject(std::string_view line) {
+  const size_t first = line.find_first_not_of(" \t\v\f\r\n");
+  return first != std::string_view::npos &&
+         (line[first] == '1' || line[first] == '0' || line[first] == '+') &&
+         CodeOf(line) == embeddedObjectCode;
 }
 
 }  // namespace
@@ -88,21 +95,35 @@ void RecentFormat::Start() {
   text.swap(raw);
 }
 
-// The text as far as it is fetched; its last line, if that isn't complete, only at the end.
+// The text as far as it is fetched; its last line, if that isn't complete, only at the end. Most lines stay
+// as they are, and go on in runs.
 void RecentFormat::ConvertLines() {
   size_t start = 0;
-  for (;;) {
-    const size_t end = raw.find('\n', std::max(start, rawScanned));
-    if (end == std::string::npos) break;
-    TakeLine(std::string_view(raw).substr(start, end + 1 - start));
-    start = end + 1;
+  size_t run = 0;
+  while (start < raw.size()) {
+    size_t end = raw.find('\n', std::max(start, rawScanned));
+    if (end == std::string::npos && !rawEnded) break;
+    end = std::min(end, raw.size() - 1) + 1;
+    const std::string_view line = std::string_view(raw).substr(start, end - start);
+    if (!PassesUnchanged(line)) {
+      text.append(raw, run, start - run);
+      TakeLine(line);
+      run = end;
+    }
+    start = end;
   }
-  if (rawEnded && start < raw.size()) {
-    TakeLine(std::string_view(raw).substr(start));
-    start = raw.size();
-  }
+  text.append(raw, run, start - run);
   raw.erase(0, start);
   rawScanned = raw.size();
+}
+
+// A line that is like most: a whole piece for the group reader, with nothing to be changed or left out.
+bool RecentFormat::PassesUnchanged(std::string_view lineBytes) {
+  if (leavingOut || lineBytes.size() > longestPiece || !IsPlain(lineBytes)) return false;
+  if (atCode && MayBeginObject(lineBytes)) return false;
+  ++line;
+  atCode = !atCode;
+  return true;
 }
 
 // Keeps step with the group reader, which takes a long line for several.

@@ -26,10 +26,10 @@ uint16_t NearestBytes(char32_t character) {
   return character > lastOfPlane0 ? '?' : CodePage932Bytes(static_cast<char16_t>(character));
 }
 
-bool IsInCodePage932(char32_t character) {
-  if (character > lastOfPlane0) return false;
-  const auto unit = static_cast<char16_t>(character);
-  return unit == u'?' || CodePage932Bytes(unit) != '?';
+// Whether these bytes are that character itself.
+bool AreBytesOf(char32_t character, uint16_t bytes) {
+  const char text[] = {static_cast<char>(bytes >> 8), static_cast<char>(bytes)};
+  return bytes > 0xFF ? Utf16Character(text, 2) == character : Utf16Character(text + 1, 1) == character;
 }
 
 // How many bytes a character has that begins with this one; 0 if none does.
@@ -87,7 +87,7 @@ int64_t AppendCodePage932(std::string_view text, std::string& converted) {
     const uint16_t bytes = NearestBytes(next.character);
     if (bytes > 0xFF) converted += static_cast<char>(bytes >> 8);
     converted += static_cast<char>(bytes & 0xFF);
-    if (!IsInCodePage932(next.character)) ++substituted;
+    if (!AreBytesOf(next.character, bytes)) ++substituted;
     text.remove_prefix(next.bytes);
   }
   return substituted;
