@@ -204,8 +204,8 @@ int32_t hexlume_result_status(const hexlume_result *result);
  * @param language  #HEXLUME_ENGLISH or #HEXLUME_JAPANESE. Other numbers give English */
 const char *hexlume_result_message(const hexlume_result *result, int32_t language);
 
-/** The line of the file, from 1, at which a cut-off drawing ends or a fault, a limit or a cancel ended the reading. 0 if
- * the status has no line. */
+/** The line of the file, from 1, at which a cut-off drawing ends or a fault, a limit of time or strokes or a cancel ended
+ * the reading. 0 if the status has no line. */
 int64_t hexlume_result_line(const hexlume_result *result);
 
 /** The bytes of the metafile, those of a .emf file. NULL if there is no metafile. */

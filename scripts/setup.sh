@@ -20,7 +20,10 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
-test_packages=(clang-format googletest libbenchmark-dev libemf2svg-dev libuemf-dev xvfb)
+test_packages=(
+  clang-format doxygen googletest libbenchmark-dev libemf2svg-dev libuemf-dev xvfb
+  libmono-system-core4.0-cil mono-mcs mono-runtime python3
+)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
 
 case "${1:-}" in
