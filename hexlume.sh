@@ -1,46 +1,84 @@
 #!/usr/bin/env bash
-# Converts a drawing and shows where the metafile and its picture are. Installs and builds what is missing first.
-#
-#   ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]
-#
-# --wine takes the Windows library, through Wine, in the place of the native one.
+# Converts a drawing and says where the metafile and its picture are. Installs and builds what is missing first.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
-usage() {
-  echo "usage: ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]" >&2
-  exit 64
+usage="usage: ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]"
+
+help="$usage
+
+Installs what is missing, builds the hexlume tool, and converts the drawing to a metafile and a PNG picture, both in
+the current folder and named after the drawing.
+
+  --wine x64|x86  use the Windows library, through Wine, instead of the native one
+
+Of the tool's options -d DIR puts both files into DIR, and --png FILE names the picture. docs/command-line.md
+has all of them."
+
+fail() {
+  echo "hexlume.sh: $2" >&2
+  exit "$1"
 }
 
 preset=linux
-if [ "${1:-}" = --wine ]; then
-  case "${2:-}" in
-    x64 | x86) preset=win-$2 ;;
-    *) usage ;;
-  esac
-  shift 2
-fi
-[ $# -ge 1 ] || usage
+case "${1:-}" in
+  -h | --help)
+    echo "$help"
+    exit 0
+    ;;
+  --wine)
+    case "${2:-}" in
+      x64 | x86) preset=win-$2 ;;
+      *) fail 64 "$usage" ;;
+    esac
+    shift 2
+    ;;
+esac
+[ $# -ge 1 ] || fail 64 "$usage"
 drawing=$1
 shift
-if [ ! -f "$drawing" ]; then
-  echo "hexlume.sh: $drawing: there is no such drawing" >&2
-  exit 30
-fi
+case "$drawing" in
+  -*) fail 64 "the drawing comes before the options; $usage" ;;
+esac
+[ -f "$drawing" ] || fail 30 "$drawing: there is no such drawing"
 
+# The tool refuses a second --png and writes no metafile elsewhere than -d says, so both are read here too.
 name=$(basename -- "$drawing")
 name=${name%.*}
+folder= picture= option=
+for argument in "$@"; do
+  case "$option" in
+    -d) folder=$argument ;;
+    --png) picture=$argument ;;
+  esac
+  option=
+  case "$argument" in
+    -d | --png) option=$argument ;;
+    --png=*) picture=${argument#--png=} ;;
+    -d?*) folder=${argument#-d} ;;
+    -h | --help | --version) fail 64 "$argument comes without a drawing: ./hexlume.sh --help" ;;
+  esac
+done
+
+system_path() { realpath -m -- "$1"; }
 if [ "$preset" = linux ]; then
   "$root/scripts/setup.sh" native
   "$root/scripts/build.sh" linux hexlume_tool
-  "$root/build/linux/bin/hexlume" "$@" --png "$name.png" "$drawing" "$name.emf"
+  tool=("$root/build/linux/bin/hexlume")
 else
   "$root/scripts/setup.sh" windows
   "$root/scripts/build.sh" "$preset" hexlume_tool
   . "$root/scripts/wine_environment.sh"
   prepare_wine
-  wine "$root/build/$preset/bin/hexlume.exe" "$@" --png "$(windows_path "$name.png")" \
-    "$(windows_path "$drawing")" "$(windows_path "$name.emf")"
+  tool=(wine "$root/build/$preset/bin/hexlume.exe")
+  system_path() { windows_path "$1"; }
 fi
-echo "metafile: $PWD/$name.emf"
-echo "picture:  $PWD/$name.png"
+
+metafile=${folder:-.}/$name.emf
+arguments=()
+[ -n "$picture" ] || { picture=${folder:-.}/$name.png; arguments+=(--png "$(system_path "$picture")"); }
+arguments+=("$(system_path "$drawing")")
+[ -n "$folder" ] || arguments+=("$(system_path "$metafile")")
+"${tool[@]}" "$@" "${arguments[@]}"
+echo "metafile: $(realpath -m -- "$metafile")"
+echo "picture:  $(realpath -m -- "$picture")"

@@ -100,6 +100,23 @@ std::string DrawingOfInserts(int64_t count) {
          Section("ENTITIES", entities);
 }
 
+// A line of a block that is inserted again and again, with so many groups of no meaning in all: its own, or
+// those of an entity of a kind that isn't drawn in a block.
+std::string DrawingOfGroups(int64_t groups, const char* entity) {
+  constexpr int64_t groupsOfABlock = 20000;
+  std::string block = Line("0", 0, 0, 5, 3) + entity;
+  for (int64_t i = 0; i < groupsOfABlock; ++i) block += Group(1010, static_cast<double>(i));
+  std::string entities;
+  for (int64_t i = 0; i < groups / groupsOfABlock; ++i) entities += Insert("B", ColumnOf(i), RowOf(i));
+  return Header(rowsHeight) + Tables() + Section("BLOCKS", Block("B", block)) + Section("ENTITIES", entities);
+}
+std::string DrawingOfGroupsRead(int64_t groups) {
+  return DrawingOfGroups(groups, "");
+}
+std::string DrawingOfGroupsPassedOver(int64_t groups) {
+  return DrawingOfGroups(groups, "0\nHATCH\n");
+}
+
 // Upward, as only a sheet's height can be large enough for so many dashes.
 std::string DrawingOfADashedLine(int64_t dashes) {
   const double length = 0.02 * static_cast<double>(dashes);
@@ -135,6 +152,20 @@ void BM_Inserts(benchmark::State& state) {
   Convert(state, DrawingOfInserts);
 }
 BENCHMARK(BM_Inserts)->Arg(250000)->Arg(500000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+void BM_GroupsReadInBlocks(benchmark::State& state) {
+  Convert(state, DrawingOfGroupsRead);
+}
+BENCHMARK(BM_GroupsReadInBlocks)->Arg(10000000)->Arg(20000000)->Arg(40000000)->Unit(benchmark::kMillisecond);
+
+void BM_GroupsPassedOverInBlocks(benchmark::State& state) {
+  Convert(state, DrawingOfGroupsPassedOver);
+}
+BENCHMARK(BM_GroupsPassedOverInBlocks)
+    ->Arg(10000000)
+    ->Arg(20000000)
+    ->Arg(40000000)
+    ->Unit(benchmark::kMillisecond);
 
 void BM_DashesOfALine(benchmark::State& state) {
   Convert(state, DrawingOfADashedLine);

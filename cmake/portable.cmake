@@ -10,6 +10,7 @@ set(SYSTEM_DIALOGS_SOURCES
 )
 set(PLATFORM_SOURCES
   src/platform/portable/arc_bounds.cpp
+  src/platform/portable/box_region.cpp
   src/platform/portable/code_page_932.cpp
   src/platform/portable/device_context.cpp
   src/platform/portable/ellipse_scan.cpp
@@ -26,6 +27,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/japanese_locale.cpp
   src/platform/portable/module_file.cpp
   src/platform/portable/objects.cpp
+  src/platform/portable/path_region.cpp
   src/platform/portable/polygon_scan.cpp
   src/platform/portable/reference_dc.cpp
   src/platform/portable/region_data.cpp
@@ -36,6 +38,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/strokes.cpp
   src/platform/portable/system_version.cpp
   src/platform/portable/text_out.cpp
+  src/platform/portable/vertical_glyphs.cpp
 )
 set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 

@@ -2,6 +2,7 @@ enable_language(RC)
 
 set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/check_dlg.cpp
+  src/dialogs/font_scale.cpp
   src/dialogs/layer_page.cpp
   src/dialogs/line_page.cpp
   src/dialogs/menu_font.cpp
@@ -16,11 +17,16 @@ set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/toolkit/modal_run.cpp
   src/dialogs/toolkit/module.cpp
   src/dialogs/toolkit/property_sheet.cpp
+  src/dialogs/toolkit/row_tip.cpp
   src/dialogs/toolkit/wide_text.cpp
   src/dialogs/toolkit/wnd.cpp
 )
 set(PLATFORM_SOURCES
   src/platform/portable/code_page_932.cpp
+  src/platform/portable/ellipse_scan.cpp
+  src/platform/portable/path_region.cpp
+  src/platform/portable/polygon_scan.cpp
+  src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp

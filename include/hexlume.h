@@ -43,7 +43,10 @@
  * doesn't depend on it.
  *
  * What stays between calls: the monochrome switch, the dialog font, and for vzRotMetaMake the last conversion's path,
- * selection, scale and font.
+ * selection, scale and font. Also what an entity takes over that lacks a group of its own, and so a drawing can depend on
+ * the one before it: the coordinates, radii, colours and texts of the entities before; the layer and the scales of the last
+ * INSERT or LEADER (the scales are 1 in a fresh process); the face that a text named last. Such a drawing is the same each
+ * time only if each conversion has a process of its own.
  *
  * All functions are exported under the undecorated names below, on Windows with the C calling convention (cdecl).
  */
@@ -70,8 +73,9 @@ enum {
 int32_t vzMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);
 
 /** Converts a part of the sheet: view, in sheet hundredths, is what is drawn and the frame of the metafile. A view
- * outside the sheet gives an empty metafile of that frame. wholeTextClip other than 0 drops every text that doesn't lie
- * wholly inside the view. vzRotMetaMake takes no notice of this conversion. */
+ * outside the sheet gives an empty metafile of that frame. wholeTextClip other than 0 drops every text that reaches beyond
+ * the view's top (an MTEXT also its bottom, by its alignment). Only 1 drops as well those that reach beyond its right edge (an
+ * MTEXT also its left one), by the average width of their characters. vzRotMetaMake takes no notice of this conversion. */
 int32_t vzReMetaMake(const char *path, HENHMETAFILE *out, int32_t halfWidthFont, RECT view, int32_t wholeTextClip,
                      int32_t showDialogs);
 

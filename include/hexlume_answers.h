@@ -24,6 +24,10 @@ extern "C" {
 void vzSetDialogAnswers(int32_t scaleDenominator, const char *const *hiddenLayers, int32_t hiddenLayerCount,
                         const int32_t *hiddenFamilies, int32_t hiddenFamilyCount);
 
+/* Whether the drawing of the last conversion that asked for layers has one of this name, one of hiddenLayers: 1 or 0. It
+ * has one also if that isn't offered. */
+int32_t vzHiddenLayerExists(const char *name);
+
 #ifdef __cplusplus
 }
 #endif

@@ -14,6 +14,8 @@ if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "${targets[@
   cat "$log" >&2
   exit 1
 fi
+# A whole build says what it leaves out because a package is missing.
+[ "${#targets[@]}" -gt 0 ] || sed -n '/^CMake Warning/,/^$/p' "$log" >&2
 if grep -q 'warning:' "$log"; then
   grep -A 8 'warning:' "$log" >&2
   echo "The build has warnings." >&2

@@ -18,7 +18,7 @@ picture workshop examples/WORKSHOP.dxf --dpi 80
 picture part examples/PART.dxf --dpi 65
 picture curves examples/CURVES.dxf --dpi 65
 picture shapes examples/SHAPES.dxf --dpi 65
-picture tolerance examples/TOLERANCE.dxf --dpi 65
+picture tolerance examples/TOLERANCE.dxf --dpi 96
 picture hatches examples/HATCHES.dxf --dpi 90
 picture curves_turned examples/CURVES.dxf --dpi 65 --rotate
 picture text examples/TEXT.dxf --dpi 90
@@ -27,7 +27,7 @@ picture text_turned examples/TEXT.dxf --dpi 90 --rotate
 for frame in 0 32 64 96; do
   for figure in 0 1 2 3 4; do
     mode=$((frame + figure))
-    # The value stands two lines behind the variable's name.
+    # The value is two lines after the name of the variable.
     sed "/PDMODE/{n;n;s/[0-9]\+/$mode/}" examples/POINT.dxf >"$scratch/point.dxf"
     picture "point_$mode" "$scratch/point.dxf" --dpi 90
   done

@@ -2,10 +2,11 @@
 # Installs what building and testing Hexlume needs on Debian 12. A machine that has it all is left untouched, without a
 # look at the network, so the callers can run this every time.
 #
-#   scripts/setup.sh native     what the native library and tool need
-#   scripts/setup.sh windows    the cross compilers and Wine for the Windows ones
-#   scripts/setup.sh test       both, and what the tests need besides
-#   scripts/setup.sh fuzz       what the native library and the fuzzer need
+#   scripts/setup.sh native        what the native library and tool need
+#   scripts/setup.sh native-test   the same, and what their tests need
+#   scripts/setup.sh windows       the cross compilers and Wine for the Windows ones
+#   scripts/setup.sh test          both, and what all tests need
+#   scripts/setup.sh fuzz          what the native library and the fuzzer need
 set -euo pipefail
 
 native_packages=(
@@ -20,18 +21,22 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
-test_packages=(
-  clang-format doxygen googletest libbenchmark-dev libemf2svg-dev libuemf-dev xvfb
+native_test_packages=(
+  clang-format doxygen googletest libbenchmark-dev libemf2svg-dev libuemf-dev
   libmono-system-core4.0-cil mono-mcs mono-runtime python3
 )
+windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
+  native-test) packages=("${native_packages[@]}" "${native_test_packages[@]}") ;;
   windows) packages=("${windows_packages[@]}") ;;
-  test) packages=("${native_packages[@]}" "${windows_packages[@]}" "${test_packages[@]}") ;;
+  test)
+    packages=("${native_packages[@]}" "${native_test_packages[@]}" "${windows_packages[@]}" "${windows_test_packages[@]}")
+    ;;
   fuzz) packages=("${native_packages[@]}" "${fuzz_packages[@]}") ;;
-  *) echo "usage: scripts/setup.sh native|windows|test|fuzz" >&2; exit 64 ;;
+  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz" >&2; exit 64 ;;
 esac
 
 as_root() {
@@ -59,24 +64,45 @@ install_from_configured_archives() {
 # asked through a source list and an index folder of our own. All Wine packages go in one call: apt would remove wine64
 # to make room for wine32 otherwise.
 install_from_main_archive() {
-  local scratch site
+  local site
   scratch=$(mktemp -d)
+  trap 'as_root rm -rf "$scratch"' EXIT
   chmod 755 "$scratch" # apt fetches as its own user
   mkdir -p "$scratch/sources" "$scratch/lists/partial"
   site=$(apt-get indextargets --format '$(SITE) $(LABEL) $(CODENAME)' 2>/dev/null |
     awk '$2 == "Debian" && $3 == "bookworm" { print $1; exit }' || true)
   printf 'deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] %s bookworm main\n' \
     "${site:-http://deb.debian.org/debian}" >"$scratch/sources/main.list"
-  local options=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$scratch/sources"
-    -o "Dir::State::Lists=$scratch/lists")
-  as_root apt-get "${options[@]}" update
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get "${options[@]}" install -y --no-install-recommends "$@"
-  as_root rm -rf "$scratch"
+  main_archive=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$scratch/sources"
+    -o "Dir::State::Lists=$scratch/lists" --no-remove)
+  as_root apt-get "${main_archive[@]}" update
+  simulate_main_archive "$@" >/dev/null 2>&1 || prefer_main_archive "$@"
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get "${main_archive[@]}" install -y --no-install-recommends "$@"
 }
 
+simulate_main_archive() {
+  LC_ALL=C apt-get "${main_archive[@]}" install --simulate --no-install-recommends "$@"
+}
+
+# A library must have the same version for amd64 and i386. One that came from the security archive for amd64 goes back to
+# the main archive's version.
+prefer_main_archive() {
+  local older
+  printf 'Package: *\nPin: release n=bookworm\nPin-Priority: 1001\n' >"$scratch/preferences"
+  main_archive+=(-o "Dir::Etc::preferences=$scratch/preferences" --allow-downgrades)
+  older=$(simulate_main_archive "$@" |
+    awk '/^[^ ]/ { listed = 0 } listed { print } /^The following packages will be DOWNGRADED:/ { listed = 1 }' | xargs)
+  echo "Going back to the main archive's versions, as i386 has no newer ones today (a later apt-get upgrade undoes it): $older"
+}
+
+has_japanese_locale() {
+  [ "$(LC_ALL=ja_JP.UTF-8 locale charmap 2>/dev/null)" = UTF-8 ]
+}
+
+# Other packages run locale-gen, which drops every locale that its list doesn't name.
 make_japanese_locale() {
-  locale -a 2>/dev/null | grep -qix 'ja_JP\.utf-\?8' ||
-    as_root localedef -i ja_JP -f UTF-8 ja_JP.UTF-8
+  grep -q '^ja_JP\.UTF-8 UTF-8' /etc/locale.gen || echo 'ja_JP.UTF-8 UTF-8' | as_root tee -a /etc/locale.gen >/dev/null
+  has_japanese_locale || as_root localedef -i ja_JP -f UTF-8 ja_JP.UTF-8
 }
 
 mapfile -t missing < <(missing_packages)

@@ -10,6 +10,11 @@ unset DISPLAY                       # metafiles need no screen
 
 # Makes the prefix if it isn't there yet. It counts as made only once the whole setting up has gone well.
 prepare_wine() {
+  # It can get lost after the setting up, and then 932 is no longer the code page.
+  if [ "$(locale charmap 2>/dev/null)" != UTF-8 ]; then
+    echo "The locale $LC_ALL is missing. scripts/setup.sh windows makes it." >&2
+    return 1
+  fi
   local ready="$WINEPREFIX/hexlume-ready"
   [ -e "$ready" ] && return
   echo "Setting up Wine in $WINEPREFIX ..."

@@ -46,9 +46,10 @@ void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
   }
 }
 
+constexpr double pastEveryPlace = 2147483648.0;
+
 // Brings a row to its next place. False if it stays where it is or leaves every coordinate.
 bool StepTo(double next, double& exact, int32_t& place) {
-  constexpr double pastEveryPlace = 2147483648.0;
   if (next == exact || !(std::abs(next) < pastEveryPlace)) return false;
   exact = next;
   place = Trunc(next);
@@ -128,10 +129,15 @@ void DrawBackwardLines(LineSweep& sweep) {
            (rising ? StepUp(sweep, NextRowY(sweep)) : StepAboveTop(sweep, NextRowY(sweep))));
 }
 
+// Whether a step across upright lines, measured along their slope, leaves every coordinate.
+bool StepsOutOfReach(const LineSweep& sweep) {
+  return sweep.angle == halfPi && std::abs(sweep.offX * sweep.slope) >= pastEveryPlace;
+}
+
 // The first pass over lines that rise to the right: away from the first line along one edge.
 bool StepForward(LineSweep& sweep) {
-  // Upright lines never meet the left edge, whichever way their offset points.
-  if (sweep.offY > 0.0 && sweep.angle != halfPi) return StepUp(sweep, NextRowY(sweep));
+  // Upright lines don't meet the left edge, whichever way their offset points.
+  if (sweep.offY > 0.0 && !StepsOutOfReach(sweep)) return StepUp(sweep, NextRowY(sweep));
   return StepAcross(sweep, sweep.rowX + sweep.offX - sweep.offY / sweep.slope);
 }
 
@@ -140,7 +146,7 @@ bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
   if (sweep.angle == 0.0) return StepLevelLine(sweep, lineY);
   if (sweep.angle == halfPi) {
     int32_t exactX = 0;
-    if (!StepTo(lineX + sweep.offX, lineX, exactX)) return false;
+    if (Trunc(sweep.offX) == 0 || !StepTo(lineX + sweep.offX, lineX, exactX)) return false;
     sweep.penX = WrapAdd(sweep.penX, Trunc(sweep.offX));
     return sweep.penX >= sweep.extent.left;
   }
@@ -153,11 +159,12 @@ bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
 // Lines that rise to the right, from 0 to 90 degrees.
 void DrawForwardLines(LineSweep& sweep) {
   const HatchExtent& extent = sweep.extent;
+  const double baseX = sweep.rowX;
+  const double baseY = sweep.rowY;
   if (sweep.penX > extent.left && sweep.angle != halfPi) {
+    // The pen alone slides down its line: the rows count from the base.
     sweep.penY = WrapSub(sweep.penY, Trunc(WrapSub(sweep.penX, extent.left) * sweep.slope));
     sweep.penX = extent.left;
-    sweep.rowX = sweep.penX;
-    sweep.rowY = sweep.penY;
   }
   const int32_t startX = sweep.penX;
   const int32_t startY = sweep.penY;
@@ -167,17 +174,17 @@ void DrawForwardLines(LineSweep& sweep) {
 
   sweep.offX = -sweep.offX;
   sweep.offY = -sweep.offY;
+  // Nothing of lines that begin beyond every coordinate can be seen.
+  if (sweep.offY > 0.0 && StepsOutOfReach(sweep)) return;
   sweep.penX = startX;
   sweep.penY = startY;
-  // Rows are counted from the first line again, so that the one behind it can be drawn twice.
-  sweep.rowX = startX;
-  sweep.rowY = startY;
-  // An offset along a level line counts as none, and so does one across an upright line: the tangents there
-  // would begin the rows at the end of all coordinates.
+  sweep.rowX = baseX;
+  sweep.rowY = baseY;
   if (sweep.offY > 0.0) {
-    const int32_t along = sweep.angle == halfPi ? 0 : Trunc(sweep.offX * sweep.slope);
-    sweep.penY = WrapSub(WrapAdd(startY, Trunc(sweep.offY)), along);
+    sweep.penY = WrapSub(WrapAdd(startY, Trunc(sweep.offY)), Trunc(sweep.offX * sweep.slope));
   } else {
+    // An offset along a level line counts as none: the tangent would begin the rows at the end of all
+    // coordinates.
     const int32_t along = sweep.angle == 0.0 ? 0 : Trunc(sweep.offY / sweep.slope);
     sweep.penX = WrapAdd(WrapAdd(startX, Trunc(sweep.offX)), along);
   }

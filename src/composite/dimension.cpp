@@ -21,14 +21,13 @@ void TakeDimensionLayer(const char* name) {
 
 }  // namespace
 
-int32_t DrawDimension(TextStream& stream, Canvas canvas, const HeaderVars& headerVars, const ViewRect& view,
-                      int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
+int32_t DrawDimension(const EntityRun& run) {
   int32_t bodyOffset = noBody;
   double offsetX = 0.0;
   double offsetY = 0.0;
-  int32_t more = ReadGroup(stream);
+  int32_t more = ReadGroup(run.stream);
   // The measuring points go to the places of an entity's, which the block's entities may lack.
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2:
@@ -54,10 +53,9 @@ int32_t DrawDimension(TextStream& stream, Canvas canvas, const HeaderVars& heade
   MonochromeRule(state.entColor);
 
   Bookmark next;
-  SetBookmark(next, stream);
-  DrawDimBlock(bodyOffset, offsetX, offsetY, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont,
-               state.entColor, stream, canvas);
-  ReturnTo(next, stream);
+  SetBookmark(next, run.stream);
+  DrawDimBlock({run, offsetX, offsetY, state.entColor}, bodyOffset);
+  ReturnTo(next, run.stream);
   return more;
 }
 

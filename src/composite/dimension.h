@@ -1,16 +1,13 @@
-// DIMENSION: the block that the drawing's own program made for it is played back, as it stands.
+// DIMENSION, in the ENTITIES section alone: the block that the drawing's own program made for it is played
+// back as it is.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
-// In the ENTITIES section, the one place where it is drawn. Returns the result of its last ReadGroup.
-int32_t DrawDimension(TextStream& stream, Canvas canvas, const HeaderVars& headerVars, const ViewRect& view,
-                      int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont);
+int32_t DrawDimension(const EntityRun& run);
 
 }  // namespace hexlume

@@ -86,12 +86,12 @@ bool ReadCorners(TextStream& stream, double originX, double originY, int32_t cou
 
 }  // namespace
 
-int32_t DrawHatch(TextStream& stream, Canvas canvas) {
+int32_t DrawHatch(const EntityRun& run) {
   HatchBoundary boundary;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
+  int32_t more = ReadGroup(run.stream);
   // No group 0 stops the search for the pattern's name.
-  for (; more && state.groupCode != 2; more = ReadGroup(stream)) {
+  for (; more && state.groupCode != 2; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 8:
@@ -103,39 +103,40 @@ int32_t DrawHatch(TextStream& stream, Canvas canvas) {
   }
   if (!more) return more;
   boundary.solidFill = IsSolid(state.groupValue);
-  more = ReadHatchBoundary(stream, canvas, boundary);
+  more = ReadHatchBoundary(run.stream, run.canvas, boundary);
   MonochromeRule(state.entColor);
 
-  const Region region = CombineRegions(boundary);
-  HatchTools tools = SelectTools(canvas, ColorAt(state.entColor));
+  const Region region = CombineRegions(boundary.regions, boundary.combineMode);
+  HatchTools tools = SelectTools(run.canvas, ColorAt(state.entColor));
   if (boundary.solidFill) {
-    FillRgn(canvas, region.get(), tools.brush.get());
+    FillRgn(run.canvas, region.get(), tools.brush.get());
   } else {
     const HatchExtent& extent = boundary.extent;
-    ExtSelectClipRgn(canvas, region.get(), RGN_AND);
-    FillHatchLines(stream, canvas, extent.left, extent.top, extent.right, extent.bottom, state.entColor);
-    ExtSelectClipRgn(canvas, nullptr, RGN_COPY);
-    SetMapMode(canvas, MM_HIMETRIC);
+    ExtSelectClipRgn(run.canvas, region.get(), RGN_AND);
+    FillHatchLines(run.stream, run.canvas, extent.left, extent.top, extent.right, extent.bottom,
+                   state.entColor);
+    ExtSelectClipRgn(run.canvas, nullptr, RGN_COPY);
+    SetMapMode(run.canvas, MM_HIMETRIC);
     // The lines end with their group 98. Behind any other group stands nothing more.
     if (state.groupCode != 98) more = 0;
   }
-  RestoreTools(canvas, tools);
+  RestoreTools(run.canvas, tools);
   return more;
 }
 
-int32_t DrawDimInsertHatch(TextStream& stream, Canvas canvas, double originX, double originY) {
+int32_t DrawDimInsertHatch(const BlockRun& run) {
   bool isSolid = false;
   int32_t count = 0;
   std::vector<POINT> corners;
-  if (!ReadArrowhead(stream, isSolid, count)) return 0;
+  if (!ReadArrowhead(run.stream, isSolid, count)) return 0;
   if (!isSolid || count < 1) return 1;
-  if (!ReadCorners(stream, originX, originY, count, corners)) return 0;
+  if (!ReadCorners(run.stream, run.blockOriginX, run.blockOriginY, count, corners)) return 0;
   MonochromeRule(state.dimColor);
 
-  HatchTools tools = SelectTools(canvas, ColorAt(state.dimColor));
-  SetPolyFillMode(canvas, ALTERNATE);
-  Polygon(canvas, corners.data(), static_cast<int>(corners.size()));
-  RestoreTools(canvas, tools);
+  HatchTools tools = SelectTools(run.canvas, ColorAt(state.dimColor));
+  SetPolyFillMode(run.canvas, ALTERNATE);
+  Polygon(run.canvas, corners.data(), static_cast<int>(corners.size()));
+  RestoreTools(run.canvas, tools);
   return 1;
 }
 

@@ -3,17 +3,15 @@
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
-// In the ENTITIES section. Returns the result of its last ReadGroup.
-int32_t DrawHatch(TextStream& stream, Canvas canvas);
+// In the ENTITIES section.
+int32_t DrawHatch(const EntityRun& run);
 
-// In a block inserted in a dimension's block: the solid arrowheads alone. The origin is in model units times
-// 100. Returns the result of its last ReadGroup.
-int32_t DrawDimInsertHatch(TextStream& stream, Canvas canvas, double originX, double originY);
+// In a block that is inserted in a dimension's block: the solid arrowheads alone.
+int32_t DrawDimInsertHatch(const BlockRun& run);
 
 }  // namespace hexlume

@@ -19,9 +19,6 @@ constexpr int32_t arcEdge = 2;
 constexpr int32_t ellipseEdge = 3;
 constexpr int32_t splineEdge = 4;
 
-// The combineMode of a style that CombineRgn has no mode for; its own 4 isn't used.
-constexpr int32_t coveredOnce = 4;
-
 double Radians(double degrees) {
   return degrees * pi / 180.0;
 }
@@ -112,39 +109,23 @@ void AddEdgeArc(HatchBoundary& boundary) {
   AddCorner(boundary, x, y, boundary.arcEndRad);
 }
 
-// Regions.
-
-bool FitsARegion(const POINT* points, size_t count) {
-  int64_t rows = 0;
-  for (size_t i = 0; i < count; ++i) {
-    const POINT& point = points[i];
-    for (const int64_t side : {point.x, point.y}) {
-      if (std::abs(side) > regionReach) return false;
-    }
-    const POINT& before = points[i == 0 ? count - 1 : i - 1];
-    rows += std::abs(static_cast<int64_t>(point.y) - before.y);
-  }
-  return rows <= regionRowLimit;
-}
-
-void AddRegion(HatchBoundary& boundary, Region region) {
-  if (region && boundary.regions.size() < hatchRegionLimit) boundary.regions.push_back(std::move(region));
-}
-
 // A fill is recorded in the sheet's units, a clip region in the device's.
 void ToRegionUnits(Canvas canvas, const HatchBoundary& boundary, POINT* points, size_t count) {
   if (!boundary.solidFill) LPtoDP(canvas, points, static_cast<int>(count));
 }
 
-void AddPathRegion(Canvas canvas, HatchBoundary& boundary) {
+void AddPath(HatchBoundary& boundary, HatchPath path) {
+  if (boundary.paths.size() < hatchPathLimit && FitsARegion(path)) boundary.paths.push_back(std::move(path));
+}
+
+void AddPolygon(Canvas canvas, HatchBoundary& boundary) {
   POINT* const points = boundary.points.data();
-  if (!FitsARegion(points, boundary.pointCount)) return;
   ToRegionUnits(canvas, boundary, points, boundary.pointCount);
-  AddRegion(boundary, Region(CreatePolygonRgn(points, static_cast<int>(boundary.pointCount), ALTERNATE)));
+  AddPath(boundary, {false, {points, points + boundary.pointCount}});
 }
 
 // Always the whole ellipse, along X or Y.
-void AddEllipseRegion(Canvas canvas, HatchBoundary& boundary) {
+void AddEllipse(Canvas canvas, HatchBoundary& boundary) {
   const double ratio = state.entRadius;
   const bool isAlongX = Trunc(state.entX[1]) != 0;
   const double a = isAlongX ? state.entX[1] : ratio * state.entY[1];
@@ -156,9 +137,8 @@ void AddEllipseRegion(Canvas canvas, HatchBoundary& boundary) {
   boundary.extent.left = std::min<int32_t>(boundary.extent.left, corners[0].x);
   boundary.extent.right = std::max<int32_t>(boundary.extent.right, corners[1].x);
   WidenY(boundary.extent, corners[0].y);
-  if (!FitsARegion(corners, 2)) return;
   ToRegionUnits(canvas, boundary, corners, 2);
-  AddRegion(boundary, Region(CreateEllipticRgn(corners[0].x, corners[0].y, corners[1].x, corners[1].y)));
+  AddPath(boundary, {true, {corners[0], corners[1]}});
 }
 
 // Paths.
@@ -181,7 +161,7 @@ void ClosePath(HatchBoundary& boundary) {
 void FinishPath(Canvas canvas, HatchBoundary& boundary) {
   if (boundary.pointCount > 0) {
     ClosePath(boundary);
-    AddPathRegion(canvas, boundary);
+    AddPolygon(canvas, boundary);
   }
   boundary.pointCount = 0;
   boundary.bulge = 0.0;
@@ -190,7 +170,7 @@ void FinishPath(Canvas canvas, HatchBoundary& boundary) {
 // The path that no group 97 has finished.
 void FinishLastPath(Canvas canvas, HatchBoundary& boundary) {
   if (boundary.pointCount > 0) ClosePath(boundary);
-  if (boundary.pointCount > 2) AddPathRegion(canvas, boundary);
+  if (boundary.pointCount > 2) AddPolygon(canvas, boundary);
 }
 
 // Groups. Centres, and the ends of an ellipse's axes, are no corners.
@@ -277,7 +257,7 @@ void ReadBoundaryGroup(Canvas canvas, HatchBoundary& boundary) {
     case 50: ReadStartAngle(boundary, Atof(value)); break;
     case 51:
       ReadEndAngle(boundary, Atof(value));
-      if (boundary.edgeType == ellipseEdge) AddEllipseRegion(canvas, boundary);
+      if (boundary.edgeType == ellipseEdge) AddEllipse(canvas, boundary);
       break;
     case 72: boundary.edgeType = Atoi(value); break;
     case 73:
@@ -286,40 +266,6 @@ void ReadBoundaryGroup(Canvas canvas, HatchBoundary& boundary) {
       break;
     case 97: FinishPath(canvas, boundary); break;
   }
-}
-
-// Makes one of all, at the first place, with combine(first, second) for two that follow each other. What it
-// makes grows, so neighbours are joined to pairs, then these, and so on, and not one after the other to the
-// whole.
-template <typename Combine>
-void CombineNeighbours(size_t count, Combine combine) {
-  for (size_t apart = 1; apart < count; apart *= 2)
-    for (size_t i = 0; i + apart < count; i += 2 * apart) combine(i, i + apart);
-}
-
-void CombineByMode(HRGN result, std::vector<Region>& regions, int32_t mode) {
-  CombineNeighbours(regions.size(), [&](size_t first, size_t second) {
-    CombineRgn(regions[first].get(), regions[first].get(), regions[second].get(), mode);
-    regions[second].reset();
-  });
-  CombineRgn(result, result, regions.front().get(), mode);
-}
-
-// What exactly one region covers: all without what any two share.
-void CombineCoveredOnce(HRGN result, std::vector<Region>& regions) {
-  const Region common(CreateRectRgn(0, 0, 0, 0));
-  std::vector<Region> shared;
-  for (size_t i = 0; i < regions.size(); ++i) shared.emplace_back(CreateRectRgn(0, 0, 0, 0));
-  CombineNeighbours(regions.size(), [&](size_t first, size_t second) {
-    const HRGN all = regions[first].get();
-    CombineRgn(common.get(), all, regions[second].get(), RGN_AND);
-    CombineRgn(shared[first].get(), shared[first].get(), shared[second].get(), RGN_OR);
-    CombineRgn(shared[first].get(), shared[first].get(), common.get(), RGN_OR);
-    CombineRgn(all, all, regions[second].get(), RGN_OR);
-    shared[second].reset();
-    regions[second].reset();
-  });
-  CombineRgn(result, regions.front().get(), shared.front().get(), RGN_XOR);
 }
 
 }  // namespace
@@ -332,18 +278,8 @@ int32_t ReadHatchBoundary(TextStream& stream, Canvas canvas, HatchBoundary& boun
     ReadBoundaryGroup(canvas, boundary);
   }
   FinishLastPath(canvas, boundary);
+  boundary.regions = MakeRegions(boundary.paths);
   return more;
-}
-
-Region CombineRegions(HatchBoundary& boundary) {
-  Region result(CreateRectRgn(0, 0, 0, 0));
-  // Without a style nothing is covered.
-  if (boundary.regions.empty() || boundary.combineMode == -1) return result;
-  if (boundary.combineMode == coveredOnce)
-    CombineCoveredOnce(result.get(), boundary.regions);
-  else
-    CombineByMode(result.get(), boundary.regions, boundary.combineMode);
-  return result;
 }
 
 }  // namespace hexlume

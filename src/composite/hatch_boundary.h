@@ -1,36 +1,21 @@
-// The boundary of a hatch. GDI's regions do its geometry: each path becomes one, and the hatch's style tells
-// how they are combined.
+// The boundary of a hatch: the corners of its paths and what they extend over.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <type_traits>
 #include <vector>
 
 #include "canvas/canvas.h"
 #include "composite/hatch_families.h"
+#include "composite/hatch_regions.h"
 #include "driver/conv_state.h"
 #include "driver/text_stream.h"
 
 namespace hexlume {
 
-// The corners of a path and the regions of a hatch that are kept; those behind them are dropped.
+// The corners of a path and the paths of a hatch that are kept; those after them are dropped.
 constexpr size_t hatchCornerLimit = 30'000;
-constexpr size_t hatchRegionLimit = 1'000;
-
-// How far a region may reach from the sheet's origin, and how many rows its edges may cross, each edge its
-// own, in sheet units. A path beyond makes no region: it would take minutes and all memory.
-constexpr int32_t regionReach = (1 << 26) - 1;
-constexpr int64_t regionRowLimit = 1 << 26;
-
-// An object that is deleted whichever way the hatch ends.
-struct ObjectDeleter {
-  void operator()(HGDIOBJ object) const { DeleteObject(object); }
-};
-template <typename Handle>
-using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, ObjectDeleter>;
-using Region = Owned<HRGN>;
+constexpr size_t hatchPathLimit = 1'000;
 
 // What the groups of a boundary have told so far.
 struct HatchBoundary {
@@ -48,15 +33,13 @@ struct HatchBoundary {
   std::vector<POINT> points;  // corners on the sheet; a new path takes their places from the first one again
   size_t pointCount = 0;      // of the path at hand
   HatchExtent extent = {};    // of all corners
-  std::vector<Region> regions;
+  std::vector<HatchPath> paths;
+  std::vector<Region> regions;  // of the paths
 };
 
 // Reads the boundary from the group behind the pattern's name up to the hatch's style, or the next entity's
 // name without one, and completes its last path. The regions are in sheet units for a solid fill, in the
 // canvas's device units otherwise. Returns the result of its last ReadGroup.
 int32_t ReadHatchBoundary(TextStream& stream, Canvas canvas, HatchBoundary& boundary);
-
-// What the hatch covers. Uses up the boundary's regions.
-Region CombineRegions(HatchBoundary& boundary);
 
 }  // namespace hexlume

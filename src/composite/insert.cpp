@@ -57,16 +57,15 @@ void TakeDimInsertLayer(int32_t dimensionColor) {
 
 }  // namespace
 
-int32_t DrawInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canvas, const ViewRect& view,
-                   int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
+int32_t DrawInsert(const EntityRun& run) {
   int32_t bodyOffset = noBody;
   int32_t byBlockFlag = 0;
   double x = 0.0;
   double y = 0.0;
-  int32_t more = ReadGroup(stream);
+  int32_t more = ReadGroup(run.stream);
   // The group at hand is the insert itself: with a 1 the caller would take it for the next one for ever.
   if (!more) return more;
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
@@ -90,16 +89,13 @@ int32_t DrawInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canv
   MonochromeRule(state.entColor);
 
   Bookmark next;
-  SetBookmark(next, stream);
-  const int32_t result = DrawBlockEntities(stream, bodyOffset, canvas, x, y, headerVars, state.entColor, view,
-                                           wholeTextClip, wholeSheet, halfWidthFont, byBlockFlag);
-  ReturnTo(next, stream);
+  SetBookmark(next, run.stream);
+  const int32_t result = DrawBlockEntities({run, x, y, state.entColor, byBlockFlag}, bodyOffset);
+  ReturnTo(next, run.stream);
   return result;
 }
 
-int32_t DrawBlockInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canvas, double blockOriginX,
-                        double blockOriginY, const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet,
-                        int32_t halfWidthFont, int32_t byBlockFlag) {
+int32_t DrawBlockInsert(const BlockRun& run) {
   const double outerAngle = state.insertAngle;
   const double outerScaleX = state.insertScaleX;
   const double outerScaleY = state.insertScaleY;
@@ -107,14 +103,14 @@ int32_t DrawBlockInsert(const HeaderVars& headerVars, TextStream& stream, Canvas
   int32_t color = 0;  // nothing is inherited
   double x = 0.0;
   double y = 0.0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
       // Scaled, but not turned by the block around it.
-      case 10: x = BlockX(Atof(value), blockOriginX); break;
-      case 20: y = BlockY(Atof(value), blockOriginY); break;
+      case 10: x = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: y = BlockY(Atof(value), run.blockOriginY); break;
       case 41:
         if (Atof(value) != 0.0) state.insertScaleX *= Atof(value);
         break;
@@ -128,32 +124,29 @@ int32_t DrawBlockInsert(const HeaderVars& headerVars, TextStream& stream, Canvas
   MonochromeRule(color);
 
   Bookmark next;
-  SetBookmark(next, stream);
-  DrawBlockEntities(stream, bodyOffset, canvas, x, y, headerVars, color, view, wholeTextClip, wholeSheet,
-                    halfWidthFont, byBlockFlag);
-  ReturnTo(next, stream);
+  SetBookmark(next, run.stream);
+  DrawBlockEntities({run, x, y, color, run.byBlockFlag}, bodyOffset);
+  ReturnTo(next, run.stream);
   state.insertAngle = outerAngle;
   state.insertScaleX = outerScaleX;
   state.insertScaleY = outerScaleY;
   return more;
 }
 
-int32_t DrawDimInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canvas, double offsetX,
-                      double offsetY, const ViewRect& view, int32_t wholeTextClip, int32_t wholeSheet,
-                      int32_t halfWidthFont, int32_t dimensionColor) {
+int32_t DrawDimInsert(const EntityRun& run) {
   int32_t bodyOffset = noBody;
   double x = 0.0;
   double y = 0.0;
-  state.dimColor = dimensionColor;
-  int32_t more = ReadGroup(stream);
+  state.dimColor = run.dimensionColor;
+  int32_t more = ReadGroup(run.stream);
   if (!more) return more;  // as in DrawInsert
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
-      case 8: TakeDimInsertLayer(dimensionColor); break;
-      case 10: x = Atof(value) * 100.0 + offsetX; break;
-      case 20: y = Atof(value) * 100.0 + offsetY; break;
+      case 8: TakeDimInsertLayer(run.dimensionColor); break;
+      case 10: x = Atof(value) * 100.0 + run.offsetX; break;
+      case 20: y = Atof(value) * 100.0 + run.offsetY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;
       case 42: state.insertScaleY = ScaleButZero(value); break;
       case 50: state.insertAngle = Radians(value); break;
@@ -164,27 +157,24 @@ int32_t DrawDimInsert(const HeaderVars& headerVars, TextStream& stream, Canvas c
   }
 
   Bookmark next;
-  SetBookmark(next, stream);
-  const int32_t result = DrawDimInsertEntities(stream, bodyOffset, canvas, x, y, headerVars, view,
-                                               wholeTextClip, wholeSheet, halfWidthFont, state.dimColor);
-  ReturnTo(next, stream);
+  SetBookmark(next, run.stream);
+  const int32_t result = DrawDimInsertEntities({run, x, y, state.dimColor}, bodyOffset);
+  ReturnTo(next, run.stream);
   return result;
 }
 
-int32_t DrawDimInsertInsert(const HeaderVars& headerVars, TextStream& stream, Canvas canvas,
-                            double blockOriginX, double blockOriginY, const ViewRect& view,
-                            int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
+int32_t DrawDimInsertInsert(const BlockRun& run) {
   int32_t bodyOffset = noBody;
   int32_t color = 0;
   double x = 0.0;
   double y = 0.0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // of blocks of one name the last
-      case 10: x = Atof(value) * 100.0 + blockOriginX; break;
-      case 20: y = Atof(value) * 100.0 + blockOriginY; break;
+      case 10: x = Atof(value) * 100.0 + run.blockOriginX; break;
+      case 20: y = Atof(value) * 100.0 + run.blockOriginY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;  // Y keeps the scale of the block around it
       case 50: state.insertAngle = Radians(value); break;
       case 62: color = ResolveColor(Atoi(value)); break;
@@ -194,10 +184,9 @@ int32_t DrawDimInsertInsert(const HeaderVars& headerVars, TextStream& stream, Ca
 
   // Scale and angle stay for what follows in the block around it.
   Bookmark next;
-  SetBookmark(next, stream);
-  DrawBlockEntities(stream, bodyOffset, canvas, x, y, headerVars, color, view, wholeTextClip, wholeSheet,
-                    halfWidthFont, 0);
-  ReturnTo(next, stream);
+  SetBookmark(next, run.stream);
+  DrawBlockEntities({run, x, y, color}, bodyOffset);
+  ReturnTo(next, run.stream);
   return more;
 }
 

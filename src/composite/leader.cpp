@@ -229,27 +229,25 @@ const BlockEntry* FindArrow(const Leader& leader) {
 
 }  // namespace
 
-int32_t DrawLeader(const HeaderVars& headerVars, TextStream& stream, Canvas canvas, const ViewRect& view,
-                   int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
+int32_t DrawLeader(const EntityRun& run) {
   Leader leader;
-  int32_t more = ReadToFirstVertex(stream, leader);
+  int32_t more = ReadToFirstVertex(run.stream, leader);
   // Without a vertex neither line nor arrow has a place, and the entity behind must not be taken for the
   // leader's own groups. Its style's scales and its layer stand all the same.
   if (leader.vertexCount == 0) return more;
   const POINT first = ModelToSheet(state.entX[0], state.entY[0]);
-  if (!LiesInView(view, first)) return more;
+  if (!LiesInView(run.view, first)) return more;
   if (LinetypeFilter(leader.leaderStyle)) return more;
   MonochromeRule(leader.leaderColor);
-  more = DrawLegs(stream, canvas, view, first, leader);
+  more = DrawLegs(run.stream, run.canvas, run.view, first, leader);
 
   // Scales and angle stay for what is drawn next.
   state.insertAngle = ArrowAngle(leader);
   if (const BlockEntry* arrow = FindArrow(leader)) {
     Bookmark next;
-    SetBookmark(next, stream);
-    DrawBlockEntities(stream, arrow->bodyOffset, canvas, leader.firstX, leader.firstY, headerVars,
-                      leader.leaderColor, view, wholeTextClip, wholeSheet, halfWidthFont, 0);
-    ReturnTo(next, stream);
+    SetBookmark(next, run.stream);
+    DrawBlockEntities({run, leader.firstX, leader.firstY, leader.leaderColor}, arrow->bodyOffset);
+    ReturnTo(next, run.stream);
   }
   return more;
 }

@@ -171,13 +171,13 @@ void DrawBlockFrame(Canvas canvas, double frameHeight) {
 
 }  // namespace
 
-int32_t DrawTolerance(TextStream& stream, Canvas canvas) {
+int32_t DrawTolerance(const EntityRun& run) {
   LineStyle unusedStyle;
   double dimScale = 0.0;
   double frameHeight = 0.0;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, value); break;
@@ -192,18 +192,18 @@ int32_t DrawTolerance(TextStream& stream, Canvas canvas) {
     }
   }
   MonochromeRule(state.entColor);
-  DrawFrame(canvas, frameHeight);
+  DrawFrame(run.canvas, frameHeight);
   return more;
 }
 
 // Neither the insert's scale nor its angle counts, nor the style's scale for a height of the entity's own.
-int32_t DrawBlockTolerance(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY) {
+int32_t DrawBlockTolerance(const BlockRun& run) {
   LineStyle unusedStyle;
   double unusedScale = 0.0;
   double frameHeight = 0.0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.blockText, value); break;
@@ -211,13 +211,13 @@ int32_t DrawBlockTolerance(TextStream& stream, Canvas canvas, double blockOrigin
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = Atof(value) * 100.0 + blockOriginX; break;
-      case 20: state.blockY[0] = Atof(value) * 100.0 + blockOriginY; break;
+      case 10: state.blockX[0] = Atof(value) * 100.0 + run.blockOriginX; break;
+      case 20: state.blockY[0] = Atof(value) * 100.0 + run.blockOriginY; break;
       case 1040: frameHeight = 2.0 * Atof(value) * 100.0; break;
     }
   }
   MonochromeRule(state.blockColor);
-  DrawBlockFrame(canvas, frameHeight);
+  DrawBlockFrame(run.canvas, frameHeight);
   return more;
 }
 

@@ -3,15 +3,15 @@
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
 // In the ENTITIES section.
-int32_t DrawTolerance(TextStream& stream, Canvas canvas);
+int32_t DrawTolerance(const EntityRun& run);
 
-// In a block; the origin is in model units times 100. Both return the result of their last ReadGroup.
-int32_t DrawBlockTolerance(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY);
+// In a block.
+int32_t DrawBlockTolerance(const BlockRun& run);
 
 }  // namespace hexlume

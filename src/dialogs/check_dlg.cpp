@@ -1,8 +1,10 @@
 #include "dialogs/check_dlg.h"
 
+#include "dialogs/font_scale.h"
 #include "dialogs/layer_page.h"
 #include "dialogs/line_page.h"
 #include "dialogs/menu_font.h"
+#include "dialogs/modal_result.h"
 #include "dialogs/resource.h"
 #include "dialogs/selection_sheet.h"
 #include "driver/conv_state.h"
@@ -14,7 +16,9 @@ void CCheckDlg::OnSize(UINT type, int cx, int cy) {
   CWnd* tabs = FromHandle(reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL)));
   if (!tabs) return;
   // In the sheet's own points. As points of the screen they would take the tabs out of the user's reach.
-  tabs->MoveWindow(CRect(7, 7, cx - 7, cy - 35));
+  const CPropertyPage& page = *GetPage(0);
+  const int margin = AtFontScale(page, 7);
+  tabs->MoveWindow(CRect(margin, margin, cx - margin, cy - AtFontScale(page, 35)));
   SetActivePage(GetActivePage());  // it follows the tab control
   if (state.fontMode == 1 && fontPending != 0) {
     UseMenuFont(m_hWnd, dlgFont);
@@ -22,7 +26,7 @@ void CCheckDlg::OnSize(UINT type, int cx, int cy) {
   }
 }
 
-bool ShowSelectionSheet() {
+DialogResult ShowSelectionSheet() {
   state.excludedLayerCount = 0;
   state.excludedLtypeCount = 0;
   CCheckDlg sheet(IDS_SELECTION);
@@ -31,7 +35,7 @@ bool ShowSelectionSheet() {
   sheet.m_psh.dwFlags |= PSH_NOAPPLYNOW;
   sheet.AddPage(&layerPage);
   sheet.AddPage(&linePage);
-  return sheet.DoModal() != IDCANCEL;
+  return ResultOf(sheet.DoModal());
 }
 
 }  // namespace hexlume

@@ -1,5 +1,6 @@
 #include "dialogs/layer_page.h"
 
+#include "dialogs/font_scale.h"
 #include "dialogs/menu_font.h"
 #include "dialogs/resource.h"
 #include "dialogs/theme.h"
@@ -51,15 +52,16 @@ void LayerPage::LayOutSheet() {
   const int buttonWidth = okRect.Width();
   const int buttonHeight = okRect.Height();
 
-  sheetRect.right = sheetRect.left + pageRect.Width() + 29;
-  sheetRect.bottom = sheetRect.top + pageRect.Height() + buttonHeight + 70;
+  sheetRect.right = sheetRect.left + pageRect.Width() + AtFontScale(*this, 29);
+  sheetRect.bottom = sheetRect.top + pageRect.Height() + buttonHeight + AtFontScale(*this, 70);
   sheet->MoveWindow(sheetRect);
 
-  cancelRect.right = sheetRect.right - 9;
+  const int gap = AtFontScale(*this, 7);  // below the buttons and between them
+  cancelRect.right = sheetRect.right - AtFontScale(*this, 9);
   cancelRect.left = cancelRect.right - buttonWidth;
-  cancelRect.top = sheetRect.bottom - buttonHeight - 7;
-  cancelRect.bottom = sheetRect.bottom - 7;
-  okRect.right = cancelRect.left - 7;
+  cancelRect.top = sheetRect.bottom - buttonHeight - gap;
+  cancelRect.bottom = sheetRect.bottom - gap;
+  okRect.right = cancelRect.left - gap;
   okRect.left = okRect.right - buttonWidth;
   okRect.top = cancelRect.top;
   okRect.bottom = cancelRect.bottom;

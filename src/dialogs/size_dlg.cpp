@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "dialogs/menu_font.h"
+#include "dialogs/modal_result.h"
 #include "dialogs/resource.h"
 #include "dialogs/size_dialog.h"
 #include "driver/conv_state.h"
@@ -111,11 +112,9 @@ BOOL CSizeDlg::PreTranslateMessage(MSG* message) {
   return CDialog::PreTranslateMessage(message);
 }
 
-bool ShowSizeDialog() {
-  // Taken where no window can be made, as without dialogs.
-  state.scaleDenominator = 100;
+DialogResult ShowSizeDialog() {
   CSizeDlg dialog;
-  return dialog.DoModal() != IDCANCEL;
+  return ResultOf(dialog.DoModal());
 }
 
 }  // namespace hexlume

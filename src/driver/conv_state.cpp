@@ -31,7 +31,8 @@ void ResetConvState() {
   std::copy(std::begin(colours), std::end(colours), state.colorTable);
   state.rotated = 0;
   state.colorCount = 7;
-  state.blockSteps = 0;
+  state.blockLevel = 0;
+  state.nestedBytes = 0;
 }
 
 void FreeTables() {

@@ -85,7 +85,7 @@ struct ConvState {
 
   // Tables, with who frees them.
   std::vector<LayerNameEntry> layerNames;
-  NamedTable<LayerEntry> layers;
+  NamedTable<LayerEntry> layers;   // layerCount of them; the first one stays where a second table has none
   std::vector<LtypeEntry> ltypes;  // ltypeCount slots, or none
   std::vector<DimStyleEntry> dimStyles;
   NamedTable<BlockEntry> blocks;
@@ -118,11 +118,13 @@ struct ConvState {
   const char* entFace;  // of the text at hand
   char entFaceName[textSize], blockFaceName[textSize];
 
-  // The INSERT being played back.
-  double insertScaleX, insertScaleY;
+  // The INSERT being played back. The scales stay, also between calls: a LEADER without a known style takes
+  // those of the INSERT or LEADER before it.
+  double insertScaleX = 1.0, insertScaleY = 1.0;
   double insertAngle;          // radians
   char insertLayer[textSize];  // replaces layer "0" within the block
-  int64_t blockSteps;          // groups that the walks over blocks have looked at in this conversion
+  int32_t blockLevel;          // how many walks over blocks are under way, one within the other
+  int64_t nestedBytes;         // what blocks within blocks have read in this conversion: see nestedByteLimit
 
   std::deque<HGDIOBJ> leftPens, leftFonts;  // what converters have left on the canvas: see LeaveSelected
 };
@@ -153,7 +155,7 @@ struct HeaderVars {
 using ViewRect = RECT;
 
 // Resets what doesn't outlive a call. What stays is the monochrome switch, the dialog font and the last
-// values of the entity scratch fields.
+// values of the entity scratch fields, the faces and the scales and layer of the last INSERT.
 void ResetConvState();
 
 // Gives back what the tables hold.

@@ -1,5 +1,6 @@
 #include "driver/group_reader.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "driver/conv_state.h"
@@ -9,21 +10,94 @@ namespace hexlume {
 
 namespace {
 
+int32_t EndOfFetched(const TextStream& stream) {
+  return static_cast<int32_t>(stream.bytes.size());
+}
+
+bool IsDigit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+// A group as nearly all are: its code line holds blanks and digits alone, and all of it is fetched.
+struct PlainGroup {
+  int32_t code;
+  int32_t value;  // place of the value line
+  int32_t end;
+};
+
+// The group at the stream's position. False if it isn't plain.
+bool FindPlainGroup(const TextStream& stream, PlainGroup& group) {
+  constexpr int32_t longestCode = 10;  // nine digits and a line end: each such number fits
+  const char* line = stream.bytes.data() + Tell(stream);
+  const int32_t length = std::min(EndOfFetched(stream) - Tell(stream), longestCode);
+  int32_t i = 0;
+  while (i < length && line[i] == ' ') ++i;
+  const int32_t blanks = i;
+  group.code = 0;
+  for (; i < length - 1 && IsDigit(line[i]); ++i) group.code = group.code * 10 + (line[i] - '0');
+  if (i == blanks) return false;
+  if (i < length && line[i] == '\r') ++i;
+  if (i >= length || line[i] != '\n') return false;
+  group.value = Tell(stream) + i + 1;
+  group.end = EndOfLine(stream, group.value, groupLineLimit);
+  return group.end != notFetched;
+}
+
+// How much of a value line counts: up to a 0 byte, and without its line end and one CR before that.
+size_t LengthOfValue(const char* line, size_t length) {
+  if (const void* zero = std::memchr(line, '\0', length)) length = static_cast<const char*>(zero) - line;
+  if (length > 0 && line[length - 1] == '\n') {
+    --length;
+    if (length > 0 && line[length - 1] == '\r') --length;
+  }
+  if (length > 0 && line[length - 1] == '\r') --length;
+  return length;
+}
+
+void TakePlainGroup(TextStream& stream, const PlainGroup& group) {
+  const char* line = stream.bytes.data() + group.value;
+  const size_t length = LengthOfValue(line, static_cast<size_t>(group.end - group.value));
+  std::memcpy(state.groupValue, line, length);
+  state.groupValue[length] = '\0';
+  state.groupCode = group.code;
+  Seek(stream, group.end);
+}
+
 void DropLineEnd(char* text) {
   size_t length = std::strlen(text);
   if (length > 0 && text[length - 1] == '\n') text[--length] = '\0';
   if (length > 0 && text[length - 1] == '\r') text[--length] = '\0';
 }
 
-}  // namespace
-
-int32_t ReadGroup(TextStream& stream) {
-  if (!MayReadGroup(Tell(stream))) return 0;
+// Line by line, for any group: its value may be cut off, and its code line then stays in the buffer.
+int32_t ReadAnyGroup(TextStream& stream) {
   if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   state.groupCode = Atoi(state.groupValue);
   if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   DropLineEnd(state.groupValue);
   return 1;
+}
+
+}  // namespace
+
+int32_t ReadGroup(TextStream& stream) {
+  if (!MayReadGroup(Tell(stream))) return 0;
+  PlainGroup group;
+  if (!FindPlainGroup(stream, group)) return ReadAnyGroup(stream);
+  TakePlainGroup(stream, group);
+  return 1;
+}
+
+int32_t PassToEntity(TextStream& stream) {
+  int32_t more = 0;
+  do {
+    // The last group is read, as the end of the text leaves its value in the buffer.
+    PlainGroup group;
+    while (FindPlainGroup(stream, group) && group.code != 0 && group.end < EndOfFetched(stream))
+      Seek(stream, group.end);
+    more = ReadGroup(stream);
+  } while (more && state.groupCode != 0);
+  return more;
 }
 
 bool AtGroup(int32_t code, const char* value) {

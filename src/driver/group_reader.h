@@ -27,6 +27,10 @@ constexpr int32_t groupLineLimit = 256;
 // and once the run has ended; a file that ends within a group leaves its code in groupCode.
 int32_t ReadGroup(TextStream& stream);
 
+// Reads on to the next group with code 0. The same as ReadGroup again and again, but faster, as the groups
+// before it don't go through the record. Returns 1, or 0 at the end of the file.
+int32_t PassToEntity(TextStream& stream);
+
 // Whether the group at hand has this code and exactly this value.
 bool AtGroup(int32_t code, const char* value);
 

@@ -21,9 +21,10 @@ int32_t ConvertWholeSheet(MetaFile& metaFile, const char* path, HENHMETAFILE* ou
   if (sheetResult != 0) return sheetResult;
 
   if (showDialogs == 1) {
-    if (!ShowSelectionSheet()) return HEXLUME_CANCELLED;
+    const DialogResult selection = ShowSelectionSheet();
+    if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
     // Not met when the user simply unticks every layer: one layer must have counted twice.
-    if (state.excludedLayerCount == state.layerCount + 1) {
+    if (selection == DialogResult::ok && state.excludedLayerCount == state.layerCount + 1) {
       BeginMetaFile(metaFile, state.sheetRect);
       *out = EndMetaFile(metaFile);
       return HEXLUME_OK;

@@ -22,6 +22,9 @@ class NamedTable {
     places.try_emplace(entry.name, Places{place, place}).first->second.last = place;
   }
 
+  // The entries stay and are found by their places alone.
+  void ForgetNames() { places.clear(); }
+
   // Null where no entry has the name, byte for byte.
   const Entry* FindFirst(std::string_view name) const {
     const auto found = places.find(name);

@@ -181,9 +181,15 @@ void ForgetBoxes(HeaderVars& vars) {
 // Smaller than this in either direction, a header's box can't be true.
 constexpr double smallestBox = 2.0;
 
+// Extents from the largest number to the smallest one: no program has put in the drawing's own yet.
+bool ExtentsAreUntouched(const HeaderVars& vars) {
+  return vars.extMinSet && vars.extMaxSet && (vars.extMaxX < vars.extMinX || vars.extMaxY < vars.extMinY);
+}
+
+// Untouched extents are the box also where limits of a true size would hold it: they must be measured.
 bool BoxIsPlausible(const HeaderVars& vars) {
   const double scale = vars.drawingScale;
-  if (ExtentsFitLimits(vars))
+  if (ExtentsFitLimits(vars) && !ExtentsAreUntouched(vars))
     return vars.limMaxX / scale - vars.limMinX / scale >= smallestBox &&
            vars.limMaxY / scale - vars.limMinY / scale >= smallestBox;
   return vars.extMaxX / scale - vars.extMinX / scale >= smallestBox &&

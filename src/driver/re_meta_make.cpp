@@ -21,9 +21,11 @@ int32_t ConvertPartOfSheet(const char* path, HENHMETAFILE* out, int32_t halfWidt
 
   MetaFile metaFile;
   if (showDialogs == 1) {
-    if (!ShowSelectionSheet()) return HEXLUME_CANCELLED;
+    const DialogResult selection = ShowSelectionSheet();
+    if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
     // Unlike in the other two conversions this is met when every layer, or every line type, is unticked.
-    if (state.excludedLayerCount == state.layerCount || state.excludedLtypeCount == 5) {
+    if (selection == DialogResult::ok &&
+        (state.excludedLayerCount == state.layerCount || state.excludedLtypeCount == 5)) {
       BeginMetaFile(metaFile, view);
       *out = EndMetaFile(metaFile);
       return HEXLUME_OK;

@@ -34,7 +34,7 @@ void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
     } else if (AtGroup(2, "ENTITIES")) {
       runWatch.entitiesSeen = true;
       AddDefaultLayer();
-      DrawEntities(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
+      DrawEntities({{stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont}});
     }
   }
 }

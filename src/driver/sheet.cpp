@@ -59,14 +59,21 @@ bool ChooseDenominator(HeaderVars& headerVars, Size& size, int32_t showDialog, i
     state.scaleDenominator = 1;
     return true;
   }
+  DialogResult answer = DialogResult::notShown;
   if (showDialog != 0) {
-    // The dialog shows whole millimetres, and so their fractions are lost for the sheet too.
     state.sheetWidth = Trunc(size.width);
     state.sheetHeight = Trunc(size.height);
-    if (!ShowSizeDialog()) return false;
-    size = {static_cast<double>(state.sheetWidth), static_cast<double>(state.sheetHeight)};
-  } else {
-    state.scaleDenominator = presetDenominator != 0 ? presetDenominator : defaultDenominator;
+    answer = ShowSizeDialog();
+  }
+  switch (answer) {
+    case DialogResult::cancelled: return false;
+    case DialogResult::ok:
+      // The dialog shows whole millimetres, and so their fractions are lost for the sheet too.
+      size = {static_cast<double>(state.sheetWidth), static_cast<double>(state.sheetHeight)};
+      break;
+    case DialogResult::notShown:
+      state.scaleDenominator = presetDenominator != 0 ? presetDenominator : defaultDenominator;
+      break;
   }
   DivideByDenominator(headerVars, size);
   return true;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 
 namespace hexlume {
@@ -79,6 +80,18 @@ bool ReadLine(TextStream& stream, char* line, int32_t limit) {
   if (length == 0) return false;
   line[length] = '\0';
   return true;
+}
+
+int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit) {
+  const auto left = static_cast<int32_t>(stream.bytes.size()) - place;
+  if (left <= 0) return notFetched;
+  const char* line = stream.bytes.data() + place;
+  const void* found = std::memchr(line, '\n', static_cast<size_t>(std::min(left, limit)));
+  if (!found) return left < limit ? notFetched : place + limit - 1;
+  const auto feed = static_cast<int32_t>(static_cast<const char*>(found) - line);
+  // There it is a character too many, unless it follows a CR, which isn't counted.
+  if (feed == limit - 1 && line[feed - 1] != '\r') return place + feed;
+  return place + feed + 1;
 }
 
 int32_t Tell(const TextStream& stream) {

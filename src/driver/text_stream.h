@@ -28,6 +28,13 @@ bool OpenText(TextStream& stream, const char* path);
 // text.
 bool ReadLine(TextStream& stream, char* line, int32_t limit);
 
+constexpr int32_t notFetched = -1;
+
+// The place after the line that ReadLine would read at this place, with the same limit of at least 2.
+// notFetched if the bytes fetched so far don't hold all of it; so it is at the end of the text for a last
+// line without a line feed.
+int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit);
+
 // The place of the next byte, for Seek on the same stream.
 int32_t Tell(const TextStream& stream);
 void Seek(TextStream& stream, int32_t position);

@@ -85,21 +85,20 @@ void DrawClockwise(Canvas canvas, const SheetArc& arc) {
 
 }  // namespace
 
-int32_t DrawArc(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view,
-                int32_t wholeSheet) {
+int32_t DrawArc(const EntityRun& run) {
   LineStyle style;
   ArcAngle start, end;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveWholeLinetype(value, style); break;
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + offsetY; break;
+      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
+      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
       case 40: state.entRadius = Atof(value) * 100.0 + 0.0001; break;
       case 50: start = ReadAngle(Atof(value)); break;
       case 51: end = ReadAngle(Atof(value)); break;
@@ -110,82 +109,80 @@ int32_t DrawArc(TextStream& stream, Canvas canvas, double offsetX, double offset
   MonochromeRule(state.entColor);
 
   const SheetArc arc = PlaceArc(state.entX[0], state.entY[0], state.entRadius, start, end);
-  if (!LiesInView(view, arc.start) && !LiesInView(view, arc.end)) return more;
+  if (!LiesInView(run.view, arc.start) && !LiesInView(run.view, arc.end)) return more;
 
-  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.entColor);
+  const PenAndBrush selected = SelectPenAndBrush(run.canvas, style.family, 0, state.entColor);
   if (state.arcClockwise == 1) {
-    DrawClockwise(canvas, arc);
+    DrawClockwise(run.canvas, arc);
   } else {
     AngleRange range = RangeOf(start, end);
-    if (wholeSheet != 1) range = CutArc(range, arc.circle, state.entRadius, view);
-    DrawAngleRange(canvas, arc.circle, range, style, state.entColor);
+    if (run.wholeSheet != 1) range = CutArc(range, arc.circle, state.entRadius, run.view);
+    DrawAngleRange(run.canvas, arc.circle, range, style, state.entColor);
   }
-  RestorePenAndBrush(canvas, selected);
+  RestorePenAndBrush(run.canvas, selected);
   return more;
 }
 
-int32_t DrawBlockArc(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                     int32_t insertColor, int32_t /*byBlockFlag*/, const ViewRect& view) {
+int32_t DrawBlockArc(const BlockRun& run) {
   LineStyle style;
   ArcAngle start, end;
   int32_t inherit = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
       case 50: start = ReadBlockAngle(Atof(value)); break;
       case 51: end = ReadBlockAngle(Atof(value)); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
   const SheetArc arc = PlaceArc(state.blockX[0], state.blockY[0], state.blockRadius, start, end);
   if (IsTooSmall(arc.circle)) return more;
 
   // The arc is dropped if it starts outside the view, even if it ends in it, and only with its pen and brush
   // selected: they stay on the canvas, and the strokes that follow put them back behind their own.
-  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.blockColor);
-  if (!LiesInView(view, arc.start) || (state.arcClockwise == 1 && !LiesInView(view, arc.end))) {
+  const PenAndBrush selected = SelectPenAndBrush(run.canvas, style.family, 0, state.blockColor);
+  if (!LiesInView(run.view, arc.start) || (state.arcClockwise == 1 && !LiesInView(run.view, arc.end))) {
     LeaveSelected(selected.pen.pen);
     return more;
   }
   if (state.arcClockwise == 1) {
-    DrawClockwise(canvas, arc);
+    DrawClockwise(run.canvas, arc);
   } else {
-    const AngleRange range = CutArc(RangeOf(start, end), arc.circle, state.blockRadius, view);
-    DrawAngleRange(canvas, arc.circle, range, style, state.blockColor);
+    const AngleRange range = CutArc(RangeOf(start, end), arc.circle, state.blockRadius, run.view);
+    DrawAngleRange(run.canvas, arc.circle, range, style, state.blockColor);
   }
-  RestorePenAndBrush(canvas, selected);
+  RestorePenAndBrush(run.canvas, selected);
   return more;
 }
 
-int32_t DrawDimInsertArc(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                         const ViewRect& view, int32_t wholeSheet, int32_t insertColor) {
+int32_t DrawDimInsertArc(const BlockRun& run) {
   LineStyle style;
   ArcAngle start, end;
   int32_t inherit = 0;
   state.dimColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveDimInsertLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.dimY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 40: state.dimRadius = Atof(value) * 100.0; break;  // the centre is scaled, the radius isn't
       case 50: start = ReadAngle(Atof(value)); break;         // nor are the angles turned with the centre
       case 51: end = ReadAngle(Atof(value)); break;
@@ -195,19 +192,19 @@ int32_t DrawDimInsertArc(TextStream& stream, Canvas canvas, double blockOriginX,
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.dimColor);
 
-  TurnAboutOrigin(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.dimX[0], state.dimY[0], run.blockOriginX, run.blockOriginY);
   const SheetArc arc = PlaceArc(state.dimX[0], state.dimY[0], state.dimRadius, start, end);
-  if (!LiesInView(view, arc.start) && !LiesInView(view, arc.end)) return more;
+  if (!LiesInView(run.view, arc.start) && !LiesInView(run.view, arc.end)) return more;
 
-  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, 0, state.dimColor);
+  const PenAndBrush selected = SelectPenAndBrush(run.canvas, style.family, 0, state.dimColor);
   if (state.arcClockwise == 1) {
-    DrawClockwise(canvas, arc);
+    DrawClockwise(run.canvas, arc);
   } else {
     AngleRange range = RangeOf(start, end);
-    if (wholeSheet != 1) range = CutArc(range, arc.circle, state.dimRadius, view);
-    DrawAngleRange(canvas, arc.circle, range, style, state.dimColor);
+    if (run.wholeSheet != 1) range = CutArc(range, arc.circle, state.dimRadius, run.view);
+    DrawAngleRange(run.canvas, arc.circle, range, style, state.dimColor);
   }
-  RestorePenAndBrush(canvas, selected);
+  RestorePenAndBrush(run.canvas, selected);
   return more;
 }
 

@@ -1,26 +1,20 @@
-// ARC, at each place where one can stand. Origins and offsets are in model units times 100; all return the
-// result of their last ReadGroup.
+// ARC, in each of the four scopes.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
-// In the ENTITIES section, and in the block of a dimension, which moves it by an offset. wholeSheet 1 leaves
-// the arc uncut.
-int32_t DrawArc(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view,
-                int32_t wholeSheet);
+// In the ENTITIES section and in the block of a dimension.
+int32_t DrawArc(const EntityRun& run);
 
-// In a block. insertColor is what its INSERT hands on.
-int32_t DrawBlockArc(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                     int32_t insertColor, int32_t byBlockFlag, const ViewRect& view);
+// In a block.
+int32_t DrawBlockArc(const BlockRun& run);
 
 // In a block that is inserted in a dimension's block.
-int32_t DrawDimInsertArc(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                         const ViewRect& view, int32_t wholeSheet, int32_t insertColor);
+int32_t DrawDimInsertArc(const BlockRun& run);
 
 }  // namespace hexlume

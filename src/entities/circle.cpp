@@ -26,19 +26,19 @@ void DrawEllipseOf(Canvas canvas, const SheetCircle& circle) {
 
 }  // namespace
 
-int32_t DrawCircle(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view) {
+int32_t DrawCircle(const EntityRun& run) {
   LineStyle style;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveWholeLinetype(value, style); break;
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + offsetY; break;
+      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
+      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
       case 40: state.entRadius = Atof(value) * 100.0; break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
     }
@@ -47,70 +47,68 @@ int32_t DrawCircle(TextStream& stream, Canvas canvas, double offsetX, double off
   MonochromeRule(state.entColor);
 
   const SheetCircle circle = PlaceCircle(state.entX[0], state.entY[0], state.entRadius);
-  if (!CornerLiesInView(view, circle)) return more;
+  if (!CornerLiesInView(run.view, circle)) return more;
   if (state.arcClockwise == 1) {
     // Without a pen or brush of its own: neither colour nor line type count, and the canvas's brush fills it.
-    DrawEllipseOf(canvas, circle);
+    DrawEllipseOf(run.canvas, circle);
     return more;
   }
-  const AngleRange range = CutToView(view, circle, state.entRadius, wholeCircle);
-  DrawAngleRange(canvas, circle, range, style, state.entColor);
+  const AngleRange range = CutToView(run.view, circle, state.entRadius, wholeCircle);
+  DrawAngleRange(run.canvas, circle, range, style, state.entColor);
   return more;
 }
 
-int32_t DrawBlockCircle(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                        int32_t insertColor, int32_t /*byBlockFlag*/, const ViewRect& view) {
+int32_t DrawBlockCircle(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
   const SheetCircle circle = PlaceCircle(state.blockX[0], state.blockY[0], state.blockRadius);
-  if (!CornerLiesInView(view, circle)) return more;
+  if (!CornerLiesInView(run.view, circle)) return more;
 
-  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, style.width, state.blockColor);
+  const PenAndBrush selected = SelectPenAndBrush(run.canvas, style.family, style.width, state.blockColor);
   if (state.arcClockwise == 1) {
-    DrawEllipseOf(canvas, circle);
+    DrawEllipseOf(run.canvas, circle);
   } else {
-    const AngleRange range = CutToView(view, circle, state.blockRadius, wholeCircle);
-    DrawAngleRange(canvas, circle, range, style, state.blockColor);
+    const AngleRange range = CutToView(run.view, circle, state.blockRadius, wholeCircle);
+    DrawAngleRange(run.canvas, circle, range, style, state.blockColor);
   }
-  RestorePenAndBrush(canvas, selected);
+  RestorePenAndBrush(run.canvas, selected);
   return more;
 }
 
-int32_t DrawDimInsertCircle(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                            const ViewRect& view, int32_t insertColor) {
+int32_t DrawDimInsertCircle(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   state.dimColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveDimInsertLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.dimY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       // The Y scale alone, unlike in a block, where it is the X scale.
       case 40: state.dimRadius = Atof(value) * 100.0 * state.insertScaleY; break;
@@ -120,18 +118,18 @@ int32_t DrawDimInsertCircle(TextStream& stream, Canvas canvas, double blockOrigi
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.dimColor);
 
-  TurnAboutOrigin(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.dimX[0], state.dimY[0], run.blockOriginX, run.blockOriginY);
   const SheetCircle circle = PlaceCircle(state.dimX[0], state.dimY[0], state.dimRadius);
-  if (!CornerLiesInView(view, circle)) return more;
+  if (!CornerLiesInView(run.view, circle)) return more;
 
-  const PenAndBrush selected = SelectPenAndBrush(canvas, style.family, style.width, state.dimColor);
+  const PenAndBrush selected = SelectPenAndBrush(run.canvas, style.family, style.width, state.dimColor);
   if (state.arcClockwise == 1) {
-    DrawEllipseOf(canvas, circle);
+    DrawEllipseOf(run.canvas, circle);
   } else {
-    const AngleRange range = CutToView(view, circle, state.dimRadius, wholeCircle);
-    DrawAngleRange(canvas, circle, range, style, state.dimColor);
+    const AngleRange range = CutToView(run.view, circle, state.dimRadius, wholeCircle);
+    DrawAngleRange(run.canvas, circle, range, style, state.dimColor);
   }
-  RestorePenAndBrush(canvas, selected);
+  RestorePenAndBrush(run.canvas, selected);
   return more;
 }
 

@@ -1,24 +1,20 @@
-// CIRCLE, at each place where one can stand. Origins and offsets are in model units times 100; all return the
-// result of their last ReadGroup.
+// CIRCLE, in each of the four scopes.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
-// In the ENTITIES section, and in the block of a dimension, which moves it by an offset.
-int32_t DrawCircle(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view);
+// In the ENTITIES section and in the block of a dimension.
+int32_t DrawCircle(const EntityRun& run);
 
-// In a block. insertColor is what its INSERT hands on.
-int32_t DrawBlockCircle(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                        int32_t insertColor, int32_t byBlockFlag, const ViewRect& view);
+// In a block.
+int32_t DrawBlockCircle(const BlockRun& run);
 
 // In a block that is inserted in a dimension's block.
-int32_t DrawDimInsertCircle(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                            const ViewRect& view, int32_t insertColor);
+int32_t DrawDimInsertCircle(const BlockRun& run);
 
 }  // namespace hexlume

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 namespace hexlume {
 
@@ -72,10 +73,25 @@ int32_t ResolveColor(int32_t number) {
   return index == 2 || index >= 7 ? 0 : index;
 }
 
+namespace {
+
+// Null for a slot that no record has set.
+const double* StoredDashes(int32_t pattern) {
+  const auto slot = static_cast<size_t>(pattern);
+  if (slot >= state.ltypes.size()) return nullptr;
+  const LtypeEntry& ltype = state.ltypes[slot];
+  const auto isSet = [](double element) { return element != 0.0; };
+  if (!ltype.defined && std::none_of(std::begin(ltype.dashes), std::end(ltype.dashes), isSet)) return nullptr;
+  return ltype.dashes;
+}
+
+}  // namespace
+
 Dashes DashesOf(const LineStyle& style) {
   constexpr int32_t elementsOfFamily[] = {0, 2, 2, 4, 6};
-  if (style.family == 0 || !IsLtypeDefined(style.pattern)) return {nullptr, 0};
-  return {state.ltypes[static_cast<size_t>(style.pattern)].dashes, elementsOfFamily[style.family]};
+  const double* elements = style.family == 0 ? nullptr : StoredDashes(style.pattern);
+  if (!elements) return {nullptr, 0};
+  return {elements, elementsOfFamily[style.family]};
 }
 
 bool LinetypeFilter(int32_t family) {

@@ -36,7 +36,9 @@ extern const LtypeKeyword ltypeKeywords[ltypeCount];
 // Whether the drawing defines the line type of a slot of ltypes; the last keyword's never is.
 bool IsLtypeDefined(int32_t pattern);
 
-// The dashes of a style. A style can name a family without a record of the drawing's: it draws solid.
+// The dashes of a style, as its slot of ltypes has them. Whether the slot is defined is asked where a group 6
+// is read, and not here: a later table of line types can leave a layer a slot that has elements alone. A slot
+// that no record has set draws solid.
 Dashes DashesOf(const LineStyle& style);
 
 // Group 6: the line type that the value holds the keyword of.

@@ -11,7 +11,7 @@
 
 namespace hexlume {
 
-// Run is what the dispatcher was called with: each row hands on what its converter needs.
+// Run is the record that all converters of the table are called with: EntityRun or BlockRun.
 template <typename Run>
 struct ConverterRow {
   const char* keyword;

@@ -142,29 +142,47 @@ double AngleBetween(const POINT& centre, const POINT& from, const POINT& to) {
   return angle < 0.0 ? angle + twoPi : angle;
 }
 
-// The pieces of a part that the view shows: where an end lies in the arc that the cut leaves it stays, and
-// the cut's own end takes the place of one that doesn't. A part that leaves that arc by its end and comes
-// back by its start is drawn in two pieces, and one that never enters it not at all.
-std::vector<ArcEnds> PiecesInView(const POINT& centre, const ArcEnds& part, const ArcEnds& cut) {
-  if (!HasBounds(cut)) return {part};
+// The pieces of a part both of whose ends stay. One that leads through all that the cut takes away is drawn
+// in two, on either side of it.
+std::vector<ArcEnds> PiecesAroundCut(const POINT& centre, const ArcEnds& part, const ArcEnds& cut) {
   const double start = AngleBetween(centre, cut.start, part.start);
   const double end = AngleBetween(centre, cut.start, part.end);
   double cutEnd = AngleBetween(centre, cut.start, cut.end);
   if (cutEnd == 0.0) cutEnd = twoPi;
+  const bool leadsThrough = start <= cutEnd && end <= start;
+  if (!leadsThrough) return {part};
 
-  // A start on the cut's end and an end on its start would leave a piece without length: GDI takes that for a
-  // whole ellipse.
-  const bool startStays = start < cutEnd;
-  const bool endStays = 0.0 < end && end <= cutEnd;
-  if (startStays && endStays) {
-    if (start < end) return {part};
-    return {{cut.start, part.end}, {part.start, cut.end}};
-  }
-  if (startStays) return {{part.start, cut.end}};
-  if (endStays) return {{cut.start, part.end}};
-  const bool passesOutside = start < end || end == 0.0;
-  if (passesOutside) return {};
-  return {cut};
+  // GDI takes a piece without length for a whole ellipse.
+  std::vector<ArcEnds> pieces;
+  if (end > 0.0) pieces.push_back({cut.start, part.end});
+  if (start < cutEnd) pieces.push_back({part.start, cut.end});
+  return pieces;
+}
+
+// Whether a point is on that side of the edge which the cut takes away: the left of the way from the cut's
+// start to its end.
+bool LiesBeyondCut(const ArcEnds& cut, const POINT& point) {
+  const double cutX = static_cast<double>(cut.end.x) - cut.start.x;
+  const double cutY = static_cast<double>(cut.end.y) - cut.start.y;
+  const double x = static_cast<double>(point.x) - cut.start.x;
+  const double y = static_cast<double>(point.y) - cut.start.y;
+  return cutX * y - cutY * x > 0.0;
+}
+
+// What is drawn of a part where an edge of the view cuts its ellipse. An end stays if its radial point is
+// between the view's left and right and not beyond the cut; otherwise the cut's own end takes its place. The
+// radial points can be far from the ellipse, so that more is drawn than the part, and of a part beyond the
+// cut all that the cut leaves. It must stay so.
+std::vector<ArcEnds> PiecesInView(const ViewRect& view, const POINT& centre, const ArcEnds& part,
+                                  const ArcEnds& cut) {
+  if (!HasBounds(cut)) return {part};
+  const auto stays = [&](const POINT& point) {
+    return view.left <= point.x && point.x <= view.right && !LiesBeyondCut(cut, point);
+  };
+  const bool startStays = stays(part.start);
+  const bool endStays = stays(part.end);
+  if (startStays && endStays) return PiecesAroundCut(centre, part, cut);
+  return {{startStays ? part.start : cut.start, endStays ? part.end : cut.end}};
 }
 
 // Without bounds the dashes go all the way round.
@@ -199,13 +217,13 @@ void DrawWhole(Canvas canvas, const SheetEllipse& e, const ArcEnds& cut, const D
 
 }  // namespace
 
-int32_t DrawEllipse(Canvas canvas, TextStream& stream, const ViewRect& view) {
+int32_t DrawEllipse(const EntityRun& run) {
   LineStyle style;
   double startAngle = 0.0;
   double endAngle = 0.0;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
@@ -228,66 +246,65 @@ int32_t DrawEllipse(Canvas canvas, TextStream& stream, const ViewRect& view) {
   const ModelEllipse model = {state.entX[0],   state.entY[0], state.entX[1], state.entY[1],
                               state.entRadius, startAngle,    endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
-  if (!ShowsACorner(view, ellipse)) return more;
-  const ArcEnds cut = CutToView(view, ellipse);
+  if (!ShowsACorner(run.view, ellipse)) return more;
+  const ArcEnds cut = CutToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
-    DrawWhole(canvas, ellipse, cut, dashes, state.entColor);
+    DrawWhole(run.canvas, ellipse, cut, dashes, state.entColor);
     return more;
   }
-  for (const ArcEnds& piece : PiecesInView(ellipse.centre, RadialsOf(model), cut))
-    DrawPiece(canvas, ellipse, piece, dashes, state.entColor);
+  for (const ArcEnds& piece : PiecesInView(run.view, ellipse.centre, RadialsOf(model), cut))
+    DrawPiece(run.canvas, ellipse, piece, dashes, state.entColor);
   return more;
 }
 
-int32_t DrawBlockEllipse(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                         int32_t insertColor, const ViewRect& view, int32_t /*byBlockFlag*/) {
+int32_t DrawBlockEllipse(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   double startAngle = 0.0;
   double endAngle = 0.0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 11: state.blockX[1] = Atof(value) * 100.0 * state.insertScaleX; break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 21: state.blockY[1] = Atof(value) * 100.0 * state.insertScaleY; break;
       case 40: state.blockRadius = Atof(value); break;
       case 41: startAngle = Atof(value); break;
       case 42: endAngle = Atof(value); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  ModelEllipse model = {state.blockX[0],   state.blockY[0], state.blockX[1], state.blockY[1],
-                        state.blockRadius, startAngle,      endAngle};
   // The axis and the angles aren't turned with the centre.
-  TurnAboutOrigin(model.centreX, model.centreY, blockOriginX, blockOriginY);
+  TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
+  const ModelEllipse model = {state.blockX[0],   state.blockY[0], state.blockX[1], state.blockY[1],
+                              state.blockRadius, startAngle,      endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
-  if (!ShowsACorner(view, ellipse)) return more;
-  const ArcEnds cut = CutToView(view, ellipse);
+  if (!ShowsACorner(run.view, ellipse)) return more;
+  const ArcEnds cut = CutToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
-    DrawWhole(canvas, ellipse, cut, dashes, state.blockColor);
+    DrawWhole(run.canvas, ellipse, cut, dashes, state.blockColor);
     return more;
   }
-  for (const ArcEnds& piece : PiecesInView(ellipse.centre, RadialsOf(model), cut)) {
-    // Where arcs had to be told their direction, a solid part is drawn with the pen that the canvas holds,
-    // and isn't turned with the sheet.
-    if (state.arcClockwise == 1 && dashes.count == 0)
-      Arc(canvas, ellipse.left, ellipse.top, WrapAdd(ellipse.right, 1), WrapSub(ellipse.bottom, 1),
+  for (const ArcEnds& piece : PiecesInView(run.view, ellipse.centre, RadialsOf(model), cut)) {
+    // Where arcs had to be told their direction, a part of any line type is drawn with the pen that the
+    // canvas holds, and isn't turned with the sheet.
+    if (state.arcClockwise == 1)
+      Arc(run.canvas, ellipse.left, ellipse.top, WrapAdd(ellipse.right, 1), WrapSub(ellipse.bottom, 1),
           piece.start.x, piece.start.y, piece.end.x, piece.end.y);
     else
-      DrawPiece(canvas, ellipse, piece, dashes, state.blockColor);
+      DrawPiece(run.canvas, ellipse, piece, dashes, state.blockColor);
   }
   return more;
 }

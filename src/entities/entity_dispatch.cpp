@@ -27,66 +27,32 @@ namespace hexlume {
 
 namespace {
 
-// What the converters are called with: each row of the table hands on what its converter needs.
-struct EntityRun {
-  TextStream& stream;
-  Canvas canvas;
-  HeaderVars& headerVars;
-  const ViewRect& view;
-  int32_t wholeTextClip;
-  int32_t wholeSheet;
-  int32_t halfWidthFont;
-};
-
 int32_t StartInsert(const EntityRun& run) {
   state.insertAngle = 0.0;
   state.insertScaleX = 1.0;
   state.insertScaleY = 1.0;
-  return DrawInsert(run.headerVars, run.stream, run.canvas, run.view, run.wholeTextClip, run.wholeSheet,
-                    run.halfWidthFont);
-}
-
-int32_t StartSolid(const EntityRun& run) {
-  return DrawSolid(run.canvas, run.stream, 0.0, 0.0, run.view);
+  return DrawInsert(run);
 }
 
 const ConverterRow<EntityRun> converters[] = {
-    {"ARC",
-     [](const EntityRun& run) {
-       return DrawArc(run.stream, run.canvas, 0.0, 0.0, run.view, run.wholeSheet);
-     }},
-    {"CIRCLE", [](const EntityRun& run) { return DrawCircle(run.stream, run.canvas, 0.0, 0.0, run.view); }},
-    {"ELLIPSE", [](const EntityRun& run) { return DrawEllipse(run.canvas, run.stream, run.view); }},
-    {"LINE", [](const EntityRun& run) { return DrawLine(run.canvas, run.stream, run.view); }},
-    {"POINT", [](const EntityRun& run) { return DrawPoint(run.stream, run.canvas, run.headerVars); }},
-    {"POLYLINE", [](const EntityRun& run) { return DrawPolyline(run.canvas, run.stream, run.view); }},
-    {"LWPOLYLINE", [](const EntityRun& run) { return DrawLwPolyline(run.canvas, run.stream, run.view); }},
-    {"SPLINE", [](const EntityRun& run) { return DrawSpline(run.canvas, run.stream); }},
-    {"TRACE", StartSolid},
-    {"SOLID", StartSolid},
-    {"TEXT",
-     [](const EntityRun& run) {
-       return DrawText(run.canvas, run.stream, run.view, run.wholeTextClip, run.halfWidthFont);
-     }},
-    {"MTEXT",
-     [](const EntityRun& run) {
-       return DrawMText(run.canvas, run.stream, run.view, run.wholeTextClip, run.halfWidthFont);
-     }},
-    {"DIMENSION",
-     [](const EntityRun& run) {
-       return DrawDimension(run.stream, run.canvas, run.headerVars, run.view, run.wholeTextClip,
-                            run.wholeSheet, run.halfWidthFont);
-     }},
-    {"LEADER",
-     [](const EntityRun& run) {
-       return DrawLeader(run.headerVars, run.stream, run.canvas, run.view, run.wholeTextClip, run.wholeSheet,
-                         run.halfWidthFont);
-     }},
+    {"ARC", DrawArc},
+    {"CIRCLE", DrawCircle},
+    {"ELLIPSE", DrawEllipse},
+    {"LINE", DrawLine},
+    {"POINT", DrawPoint},
+    {"POLYLINE", DrawPolyline},
+    {"LWPOLYLINE", DrawLwPolyline},
+    {"SPLINE", DrawSpline},
+    {"TRACE", DrawSolid},
+    {"SOLID", DrawSolid},
+    {"TEXT", DrawText},
+    {"MTEXT", DrawMText},
+    {"DIMENSION", DrawDimension},
+    {"LEADER", DrawLeader},
     {"INSERT", StartInsert},
-    {"ATTRIB",
-     [](const EntityRun& run) { return DrawAttrib(run.canvas, run.stream, run.view, run.wholeTextClip); }},
-    {"TOLERANCE", [](const EntityRun& run) { return DrawTolerance(run.stream, run.canvas); }},
-    {"HATCH", [](const EntityRun& run) { return DrawHatch(run.stream, run.canvas); }},
+    {"ATTRIB", DrawAttrib},
+    {"TOLERANCE", DrawTolerance},
+    {"HATCH", DrawHatch},
 };
 
 void SetUpCanvas(Canvas canvas) {
@@ -102,17 +68,15 @@ void WalkEntities(const EntityRun& run) {
   while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
-    more = converter ? converter->draw(run) : ReadGroup(run.stream);
+    more = converter ? converter->draw(run) : PassToEntity(run.stream);
   }
 }
 
 }  // namespace
 
-void DrawEntities(TextStream& stream, Canvas canvas, HeaderVars& headerVars, const ViewRect& view,
-                  int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
-  const EntityRun run = {stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont};
-  GuardFaults([&] {
-    SetUpCanvas(canvas);
+void DrawEntities(const EntityRun& run) {
+  GuardFaults([&run] {
+    SetUpCanvas(run.canvas);
     WalkEntities(run);
   });
 }

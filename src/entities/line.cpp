@@ -13,11 +13,11 @@
 
 namespace hexlume {
 
-int32_t DrawLine(Canvas canvas, TextStream& stream, const ViewRect& view) {
+int32_t DrawLine(const EntityRun& run) {
   LineStyle style;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
@@ -38,57 +38,56 @@ int32_t DrawLine(Canvas canvas, TextStream& stream, const ViewRect& view) {
   POINT a = ModelToSheet(state.entX[0], state.entY[0]);
   POINT b = ModelToSheet(state.entX[1], state.entY[1]);
   if (!(state.entX[0] < state.entX[1])) std::swap(a, b);
-  if (ViewReject(view, a, b)) return more;
-  DrawStyledLine(canvas, a, b, style, state.entColor);
+  if (ViewReject(run.view, a, b)) return more;
+  DrawStyledLine(run.canvas, a, b, style, state.entColor);
   return more;
 }
 
-int32_t DrawBlockLine(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                      int32_t insertColor, const ViewRect& view) {
+int32_t DrawBlockLine(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 11: state.blockX[1] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
-      case 21: state.blockY[1] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 11: state.blockX[1] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 21: state.blockY[1] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  POINT a = BlockTransform(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
-  POINT b = BlockTransform(state.blockX[1], state.blockY[1], blockOriginX, blockOriginY);
+  POINT a = BlockTransform(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
+  POINT b = BlockTransform(state.blockX[1], state.blockY[1], run.blockOriginX, run.blockOriginY);
   if (a.x > b.x) std::swap(a, b);
-  if (ViewReject(view, a, b)) return more;
-  DrawStyledLine(canvas, a, b, style, state.blockColor);
+  if (ViewReject(run.view, a, b)) return more;
+  DrawStyledLine(run.canvas, a, b, style, state.blockColor);
   return more;
 }
 
-int32_t DrawDimLine(TextStream& stream, Canvas canvas, double offsetX, double offsetY, const ViewRect& view) {
+int32_t DrawDimLine(const EntityRun& run) {
   LineStyle style;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 8:
         if (!ResolveInsertLayer(style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + offsetX; break;
-      case 11: state.entX[1] = Atof(value) * 100.0 + offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + offsetY; break;
-      case 21: state.entY[1] = Atof(value) * 100.0 + offsetY; break;
+      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
+      case 11: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
+      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
+      case 21: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
       case 39: style.width = ResolveWidth(value); break;
       case 62:
         if (Atoi(value) != 0) state.entColor = Atoi(value);
@@ -102,30 +101,29 @@ int32_t DrawDimLine(TextStream& stream, Canvas canvas, double offsetX, double of
   POINT a = ModelToSheet(state.entX[0], state.entY[0]);
   POINT b = ModelToSheet(state.entX[1], state.entY[1]);
   if (!(state.entX[0] < state.entX[1])) std::swap(a, b);
-  if (BeyondOneEdge(view, a, b)) return more;
-  ClampAxisParallel(view, a, b);  // a slanted line isn't cut here
-  PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.entColor),
+  if (BeyondOneEdge(run.view, a, b)) return more;
+  ClampAxisParallel(run.view, a, b);  // a slanted line isn't cut here
+  PenLine(run.canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.entColor),
           state.rotated);
   return more;
 }
 
-int32_t DrawDimInsertLine(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                          const ViewRect& view, int32_t wholeSheet, int32_t insertColor) {
+int32_t DrawDimInsertLine(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   state.dimColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveDimInsertLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 11: state.dimX[1] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.dimY[0] = BlockY(Atof(value), blockOriginY); break;
-      case 21: state.dimY[1] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 11: state.dimX[1] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 21: state.dimY[1] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
@@ -133,13 +131,13 @@ int32_t DrawDimInsertLine(TextStream& stream, Canvas canvas, double blockOriginX
   MonochromeRule(state.dimColor);
 
   // Neither sorted nor cut: clamping coordinate by coordinate bends a slanted line at the edge of the view.
-  POINT a = BlockTransform(state.dimX[0], state.dimY[0], blockOriginX, blockOriginY);
-  POINT b = BlockTransform(state.dimX[1], state.dimY[1], blockOriginX, blockOriginY);
-  if (!LiesInView(view, a) && !LiesInView(view, b) && wholeSheet == 0) return more;
-  ClampToView(view, a);
-  ClampToView(view, b);
+  POINT a = BlockTransform(state.dimX[0], state.dimY[0], run.blockOriginX, run.blockOriginY);
+  POINT b = BlockTransform(state.dimX[1], state.dimY[1], run.blockOriginX, run.blockOriginY);
+  if (!LiesInView(run.view, a) && !LiesInView(run.view, b) && run.wholeSheet == 0) return more;
+  ClampToView(run.view, a);
+  ClampToView(run.view, b);
   if (LinetypeFilter(style.family)) return more;
-  PenLine(canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.dimColor),
+  PenLine(run.canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.dimColor),
           state.rotated);
   return more;
 }

@@ -128,13 +128,13 @@ void DrawArcToDimInsertVertex(Canvas canvas, const ViewRect& view, LwPolylineWal
 
 }  // namespace
 
-int32_t DrawLwPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) {
+int32_t DrawLwPolyline(const EntityRun& run) {
   LineStyle style;
   int32_t flags = 0;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
+  int32_t more = ReadGroup(run.stream);
   // The first vertex ends the header: what stands behind it tells nothing any more.
-  for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(stream)) {
+  for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
@@ -150,23 +150,24 @@ int32_t DrawLwPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) 
   MonochromeRule(state.entColor);
   style = WithoutWidth(style);
 
-  while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(stream);
+  while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(run.stream);
   if (more && state.groupCode == 20) {
     state.entY[0] = Atof(state.groupValue) * 100.0;
-    more = ReadGroup(stream);
+    more = ReadGroup(run.stream);
   }
   LwPolylineWalk walk;
-  StartWalk(canvas, walk, state.entX[0], state.entY[0]);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  StartWalk(run.canvas, walk, state.entX[0], state.entY[0]);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 10: state.entX[0] = Atof(value) * 100.0; break;
       case 20:
         state.entY[0] = Atof(value) * 100.0;
         if (walk.bulge == 0.0)
-          DrawSegment(canvas, view, walk, ModelToSheet(state.entX[0], state.entY[0]), style, state.entColor);
+          DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.entX[0], state.entY[0]), style,
+                      state.entColor);
         else
-          DrawArcToVertex(canvas, view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.entX[0], state.entY[0]); break;
     }
@@ -174,58 +175,57 @@ int32_t DrawLwPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) 
   if ((flags & closedFlag) == 0) return more;
 
   if (walk.bulge == 0.0) {
-    DrawSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.entColor);
+    DrawSegment(run.canvas, run.view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.entColor);
   } else {
     state.entX[0] = walk.firstX;
     state.entY[0] = walk.firstY;
-    DrawArcToVertex(canvas, view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, walk, style);
   }
   return more;
 }
 
-int32_t DrawBlockLwPolyline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                            int32_t insertColor, int32_t /*byBlockFlag*/, const ViewRect& view) {
+int32_t DrawBlockLwPolyline(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   int32_t flags = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
       case 70: flags = Atoi(value); break;
     }
   }
-  if (more && state.groupCode == 10) state.blockX[0] = BlockX(Atof(state.groupValue), blockOriginX);
+  if (more && state.groupCode == 10) state.blockX[0] = BlockX(Atof(state.groupValue), run.blockOriginX);
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
   style = WithoutWidth(style);
 
-  while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(stream);
+  while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(run.stream);
   if (more && state.groupCode == 20) {
-    state.blockY[0] = BlockY(Atof(state.groupValue), blockOriginY);
-    TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
-    more = ReadGroup(stream);
+    state.blockY[0] = BlockY(Atof(state.groupValue), run.blockOriginY);
+    TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
+    more = ReadGroup(run.stream);
   }
   LwPolylineWalk walk;
-  StartWalk(canvas, walk, state.blockX[0], state.blockY[0]);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  StartWalk(run.canvas, walk, state.blockX[0], state.blockY[0]);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20:
-        state.blockY[0] = BlockY(Atof(value), blockOriginY);
-        TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+        state.blockY[0] = BlockY(Atof(value), run.blockOriginY);
+        TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
         if (walk.bulge == 0.0)
-          DrawSegment(canvas, view, walk, ModelToSheet(state.blockX[0], state.blockY[0]), style,
+          DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.blockX[0], state.blockY[0]), style,
                       state.blockColor);
         else
-          DrawArcToBlockVertex(canvas, view, walk, style);
+          DrawArcToBlockVertex(run.canvas, run.view, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.blockX[0], state.blockY[0]); break;
     }
@@ -233,38 +233,37 @@ int32_t DrawBlockLwPolyline(Canvas canvas, TextStream& stream, double blockOrigi
   if ((flags & closedFlag) == 0) return more;
 
   if (walk.bulge == 0.0) {
-    DrawSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.blockColor);
+    DrawSegment(run.canvas, run.view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.blockColor);
   } else {
     state.blockX[0] = walk.firstX;
     state.blockY[0] = walk.firstY;
-    DrawArcToBlockVertex(canvas, view, walk, style);
+    DrawArcToBlockVertex(run.canvas, run.view, walk, style);
   }
   return more;
 }
 
-int32_t DrawDimInsertLwPolyline(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                                const ViewRect& view, int32_t insertColor) {
+int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   int32_t flags = 0;
   state.dimColor = 0;
-  int32_t more = ReadGroup(stream);
+  int32_t more = ReadGroup(run.stream);
   // It's the first vertex's Y that ends the header here.
-  for (; more && state.groupCode != 0 && state.groupCode != 20; more = ReadGroup(stream)) {
+  for (; more && state.groupCode != 0 && state.groupCode != 20; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveDimInsertLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
       case 70: flags = Atoi(value); break;
     }
   }
   if (more && state.groupCode == 20) {
-    state.dimY[0] = BlockY(Atof(state.groupValue), blockOriginY);
-    more = ReadGroup(stream);
+    state.dimY[0] = BlockY(Atof(state.groupValue), run.blockOriginY);
+    more = ReadGroup(run.stream);
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.dimColor);
@@ -272,18 +271,18 @@ int32_t DrawDimInsertLwPolyline(TextStream& stream, Canvas canvas, double blockO
 
   // The insert's angle isn't used at all here.
   LwPolylineWalk walk;
-  StartWalk(canvas, walk, state.dimX[0], state.dimY[0]);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  StartWalk(run.canvas, walk, state.dimX[0], state.dimY[0]);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.dimX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20:
-        state.dimY[0] = BlockY(Atof(value), blockOriginY);
+        state.dimY[0] = BlockY(Atof(value), run.blockOriginY);
         if (walk.bulge == 0.0)
-          DrawDimInsertSegment(canvas, view, walk, ModelToSheet(state.dimX[0], state.dimY[0]), style,
+          DrawDimInsertSegment(run.canvas, run.view, walk, ModelToSheet(state.dimX[0], state.dimY[0]), style,
                                state.dimColor);
         else
-          DrawArcToDimInsertVertex(canvas, view, walk, style);
+          DrawArcToDimInsertVertex(run.canvas, run.view, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.dimX[0], state.dimY[0]); break;
     }
@@ -291,11 +290,12 @@ int32_t DrawDimInsertLwPolyline(TextStream& stream, Canvas canvas, double blockO
   if ((flags & closedFlag) == 0) return more;
 
   if (walk.bulge == 0.0) {
-    DrawDimInsertSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.dimColor);
+    DrawDimInsertSegment(run.canvas, run.view, walk, ModelToSheet(walk.firstX, walk.firstY), style,
+                         state.dimColor);
   } else {
     state.dimX[0] = walk.firstX;
     state.dimY[0] = walk.firstY;
-    DrawArcToDimInsertVertex(canvas, view, walk, style);
+    DrawArcToDimInsertVertex(run.canvas, run.view, walk, style);
   }
   return more;
 }

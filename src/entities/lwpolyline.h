@@ -1,24 +1,20 @@
-// LWPOLYLINE, at each place where one can stand. Origins are in model units times 100, insertColor is what an
-// INSERT hands on; all return the result of their last ReadGroup.
+// LWPOLYLINE, in all scopes but the block of a dimension.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
 // In the ENTITIES section.
-int32_t DrawLwPolyline(Canvas canvas, TextStream& stream, const ViewRect& view);
+int32_t DrawLwPolyline(const EntityRun& run);
 
 // In a block.
-int32_t DrawBlockLwPolyline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                            int32_t insertColor, int32_t byBlockFlag, const ViewRect& view);
+int32_t DrawBlockLwPolyline(const BlockRun& run);
 
 // In a block that is inserted in a dimension's block.
-int32_t DrawDimInsertLwPolyline(TextStream& stream, Canvas canvas, double blockOriginX, double blockOriginY,
-                                const ViewRect& view, int32_t insertColor);
+int32_t DrawDimInsertLwPolyline(const BlockRun& run);
 
 }  // namespace hexlume

@@ -19,7 +19,8 @@ int32_t FrameOf(const HeaderVars& headerVars) {
   return headerVars.pdMode / figureCount;
 }
 
-// The pens of all marks have the family of the drawing's first layer, whichever layer the point is on.
+// The pens of all marks have the family of the drawing's first layer, whichever layer the point is on. A
+// second table without layers doesn't take it away.
 int32_t MarkPenStyle() {
   return state.layers.empty() ? 0 : state.layers[0].family;
 }
@@ -51,11 +52,11 @@ void DrawSquare(Canvas canvas, const POINT& at, const HeaderVars& headerVars, in
 
 }  // namespace
 
-int32_t DrawPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVars) {
+int32_t DrawPoint(const EntityRun& run) {
   LineStyle unusedStyle;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 8:
@@ -69,42 +70,41 @@ int32_t DrawPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVar
   MonochromeRule(state.entColor);
 
   const POINT at = ModelToSheet(state.entX[0], state.entY[0]);
-  DrawFigure(canvas, at, headerVars, state.entColor);
-  const int32_t frame = FrameOf(headerVars);
+  DrawFigure(run.canvas, at, run.headerVars, state.entColor);
+  const int32_t frame = FrameOf(run.headerVars);
   if (frame == 1 || frame == 3)
-    MarkCircle(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.entColor), MarkPenStyle(),
-               headerVars.pdSize, state.arcClockwise, state.rotated);
-  if (frame == 2 || frame == 3) DrawSquare(canvas, at, headerVars, state.entColor);
+    MarkCircle(run.canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.entColor), MarkPenStyle(),
+               run.headerVars.pdSize, state.arcClockwise, state.rotated);
+  if (frame == 2 || frame == 3) DrawSquare(run.canvas, at, run.headerVars, state.entColor);
   return more;
 }
 
-int32_t DrawBlockPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVars, double blockOriginX,
-                       double blockOriginY, int32_t insertColor) {
+int32_t DrawBlockPoint(const BlockRun& run) {
   LineStyle unusedStyle;
   int32_t inherit = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, unusedStyle, inherit); break;  // by block concerns the colour too
       case 8:
-        if (!ResolveInheritedLayer(unusedStyle, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(unusedStyle, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   MonochromeRule(state.blockColor);
 
-  const POINT at = BlockTransform(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
-  DrawFigure(canvas, at, headerVars, state.blockColor);
-  const int32_t frame = FrameOf(headerVars);
+  const POINT at = BlockTransform(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
+  DrawFigure(run.canvas, at, run.headerVars, state.blockColor);
+  const int32_t frame = FrameOf(run.headerVars);
   // In a block a pixel takes the circle's place.
   if (frame == 1 || frame == 3)
-    PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.blockColor), state.rotated);
-  if (frame == 2 || frame == 3) DrawSquare(canvas, at, headerVars, state.blockColor);
+    PenPixel(run.canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.blockColor), state.rotated);
+  if (frame == 2 || frame == 3) DrawSquare(run.canvas, at, run.headerVars, state.blockColor);
   return more;
 }
 

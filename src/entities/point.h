@@ -1,19 +1,14 @@
-// POINT, in the ENTITIES section and in a block; a dimension's blocks don't know it. Both return the result
-// of their last ReadGroup.
+// POINT, in the ENTITIES section and in a block. A dimension's blocks have no POINT.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
-int32_t DrawPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVars);
-
-// The block's origin is in model units times 100; insertColor is what its INSERT hands on.
-int32_t DrawBlockPoint(TextStream& stream, Canvas canvas, const HeaderVars& headerVars, double blockOriginX,
-                       double blockOriginY, int32_t insertColor);
+int32_t DrawPoint(const EntityRun& run);
+int32_t DrawBlockPoint(const BlockRun& run);
 
 }  // namespace hexlume

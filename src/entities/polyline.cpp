@@ -116,12 +116,12 @@ int32_t ReadBlockVertex(TextStream& stream, double& bulge, double blockOriginX, 
 
 }  // namespace
 
-int32_t DrawPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) {
+int32_t DrawPolyline(const EntityRun& run) {
   LineStyle style;
   int32_t flags = 0;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
@@ -138,50 +138,49 @@ int32_t DrawPolyline(Canvas canvas, TextStream& stream, const ViewRect& view) {
   if (!more || !AtGroup(0, "VERTEX")) return more;
 
   PolylineWalk walk;
-  more = ReadVertex(stream, walk.bulge);
+  more = ReadVertex(run.stream, walk.bulge);
   walk.firstX = state.entX[0];
   walk.firstY = state.entY[0];
   MoveOn(walk, walk.firstX, walk.firstY);
   // Not turned with the sheet: each segment sets a position of its own.
-  MoveToEx(canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
+  MoveToEx(run.canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
   while (more && AtGroup(0, "VERTEX")) {
-    more = ReadVertex(stream, walk.bulge);
+    more = ReadVertex(run.stream, walk.bulge);
     const double x = state.entX[0];
     const double y = state.entY[0];
     if (walk.pendingArc == 1) {
-      DrawArcSegment(canvas, view, walk, style);
+      DrawArcSegment(run.canvas, run.view, walk, style);
       MoveOnFromArc(walk, x, y);
-    } else if (DrawSegment(canvas, view, walk, ModelToSheet(x, y), style, state.entColor)) {
+    } else if (DrawSegment(run.canvas, run.view, walk, ModelToSheet(x, y), style, state.entColor)) {
       MoveOn(walk, x, y);
     }
   }
   if ((flags & closedFlag) == 0) return more;
 
   if (walk.prevBulge == 0.0) {
-    DrawSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.entColor);
+    DrawSegment(run.canvas, run.view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.entColor);
   } else {
     state.entX[0] = walk.firstX;
     state.entY[0] = walk.firstY;
-    DrawArcSegment(canvas, view, walk, style);
+    DrawArcSegment(run.canvas, run.view, walk, style);
   }
   return more;
 }
 
-int32_t DrawBlockPolyline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                          int32_t insertColor, int32_t /*byBlockFlag*/, const ViewRect& view) {
+int32_t DrawBlockPolyline(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   int32_t flags = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
       case 70: flags = Atoi(value); break;
     }
   }
@@ -191,30 +190,30 @@ int32_t DrawBlockPolyline(Canvas canvas, TextStream& stream, double blockOriginX
   if (!more || !AtGroup(0, "VERTEX")) return more;
 
   PolylineWalk walk;
-  more = ReadBlockVertex(stream, walk.bulge, blockOriginX, blockOriginY);
+  more = ReadBlockVertex(run.stream, walk.bulge, run.blockOriginX, run.blockOriginY);
   walk.firstX = state.blockX[0];
   walk.firstY = state.blockY[0];
   MoveOn(walk, walk.firstX, walk.firstY);
-  MoveToEx(canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
+  MoveToEx(run.canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
   while (more && AtGroup(0, "VERTEX")) {
-    more = ReadBlockVertex(stream, walk.bulge, blockOriginX, blockOriginY);
+    more = ReadBlockVertex(run.stream, walk.bulge, run.blockOriginX, run.blockOriginY);
     const double x = state.blockX[0];
     const double y = state.blockY[0];
     if (walk.pendingArc == 1) {
-      DrawBlockArcSegment(canvas, view, walk, style);
+      DrawBlockArcSegment(run.canvas, run.view, walk, style);
       MoveOnFromArc(walk, x, y);
-    } else if (DrawSegment(canvas, view, walk, ModelToSheet(x, y), style, state.blockColor)) {
+    } else if (DrawSegment(run.canvas, run.view, walk, ModelToSheet(x, y), style, state.blockColor)) {
       MoveOn(walk, x, y);
     }
   }
   if ((flags & closedFlag) == 0) return more;
 
   if (walk.prevBulge == 0.0) {
-    DrawSegment(canvas, view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.blockColor);
+    DrawSegment(run.canvas, run.view, walk, ModelToSheet(walk.firstX, walk.firstY), style, state.blockColor);
   } else {
     state.blockX[0] = walk.firstX;
     state.blockY[0] = walk.firstY;
-    DrawBlockArcSegment(canvas, view, walk, style);
+    DrawBlockArcSegment(run.canvas, run.view, walk, style);
   }
   return more;
 }

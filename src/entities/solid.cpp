@@ -23,11 +23,11 @@ bool AllLieInView(const ViewRect& view, const POINT (&corners)[cornerCount]) {
 
 }  // namespace
 
-int32_t DrawSolid(Canvas canvas, TextStream& stream, double offsetX, double offsetY, const ViewRect& view) {
+int32_t DrawSolid(const EntityRun& run) {
   LineStyle style;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveWholeLinetype(value, style); break;
@@ -37,11 +37,11 @@ int32_t DrawSolid(Canvas canvas, TextStream& stream, double offsetX, double offs
       case 10:
       case 11:
       case 12:
-      case 13: state.entX[state.groupCode - 10] = Atof(value) * 100.0 + offsetX; break;
+      case 13: state.entX[state.groupCode - 10] = Atof(value) * 100.0 + run.offsetX; break;
       case 20:
       case 21:
       case 22:
-      case 23: state.entY[state.groupCode - 20] = Atof(value) * 100.0 + offsetY; break;
+      case 23: state.entY[state.groupCode - 20] = Atof(value) * 100.0 + run.offsetY; break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }
@@ -52,71 +52,72 @@ int32_t DrawSolid(Canvas canvas, TextStream& stream, double offsetX, double offs
   POINT corners[cornerCount] = {
       ModelToSheet(state.entX[0], state.entY[0]), ModelToSheet(state.entX[1], state.entY[1]),
       ModelToSheet(state.entX[3], state.entY[3]), ModelToSheet(state.entX[2], state.entY[2])};
-  if (!AllLieInView(view, corners)) return more;
-  FillQuad(canvas, corners, state.centreX, state.centreY, ColorAt(state.entColor), style.family,
+  if (!AllLieInView(run.view, corners)) return more;
+  FillQuad(run.canvas, corners, state.centreX, state.centreY, ColorAt(state.entColor), style.family,
            state.rotated);
   return more;
 }
 
-int32_t DrawBlockSolid(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                       int32_t insertColor, const ViewRect& view) {
+int32_t DrawBlockSolid(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
       case 10:
       case 11:
       case 12:
-      case 13: state.blockX[state.groupCode - 10] = BlockX(Atof(value), blockOriginX); break;
+      case 13: state.blockX[state.groupCode - 10] = BlockX(Atof(value), run.blockOriginX); break;
       case 20:
       case 21:
       case 22:
-      case 23: state.blockY[state.groupCode - 20] = BlockY(Atof(value), blockOriginY); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 23: state.blockY[state.groupCode - 20] = BlockY(Atof(value), run.blockOriginY); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  POINT corners[cornerCount] = {BlockTransform(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY),
-                                BlockTransform(state.blockX[1], state.blockY[1], blockOriginX, blockOriginY),
-                                BlockTransform(state.blockX[3], state.blockY[3], blockOriginX, blockOriginY),
-                                BlockTransform(state.blockX[2], state.blockY[2], blockOriginX, blockOriginY)};
-  if (!AllLieInView(view, corners)) return more;
+  POINT corners[cornerCount] = {
+      BlockTransform(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY),
+      BlockTransform(state.blockX[1], state.blockY[1], run.blockOriginX, run.blockOriginY),
+      BlockTransform(state.blockX[3], state.blockY[3], run.blockOriginX, run.blockOriginY),
+      BlockTransform(state.blockX[2], state.blockY[2], run.blockOriginX, run.blockOriginY)};
+  if (!AllLieInView(run.view, corners)) return more;
   // Not turned with the sheet: it stays where it is on the upright one.
-  FillQuad(canvas, corners, state.centreX, state.centreY, ColorAt(state.blockColor), style.family, 0);
+  FillQuad(run.canvas, corners, state.centreX, state.centreY, ColorAt(state.blockColor), style.family, 0);
   return more;
 }
 
-int32_t DrawDimInsertSolid(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                           const ViewRect& view, int32_t insertColor) {
+int32_t DrawDimInsertSolid(const BlockRun& run) {
   LineStyle style;
   int32_t inherit = 0;
   state.dimColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 6: ResolveDimInsertLinetype(value, style, inherit); break;
+      // As in the drawing itself, unlike in the other entities of this scope: with a record alone, and by
+      // block counts for nothing.
+      case 6: ResolveWholeLinetype(value, style); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.dimColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
       // Moved, but neither scaled nor turned here.
       case 10:
       case 11:
       case 12:
-      case 13: state.dimX[state.groupCode - 10] = Atof(value) * 100.0 + blockOriginX; break;
+      case 13: state.dimX[state.groupCode - 10] = Atof(value) * 100.0 + run.blockOriginX; break;
       case 20:
       case 21:
       case 22:
-      case 23: state.dimY[state.groupCode - 20] = Atof(value) * 100.0 + blockOriginY; break;
+      case 23: state.dimY[state.groupCode - 20] = Atof(value) * 100.0 + run.blockOriginY; break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }
@@ -126,8 +127,8 @@ int32_t DrawDimInsertSolid(Canvas canvas, TextStream& stream, double blockOrigin
   POINT corners[cornerCount] = {
       ModelToSheet(state.dimX[0], state.dimY[0]), ModelToSheet(state.dimX[1], state.dimY[1]),
       ModelToSheet(state.dimX[3], state.dimY[3]), ModelToSheet(state.dimX[2], state.dimY[2])};
-  if (!AllLieInView(view, corners)) return more;
-  FillQuad(canvas, corners, state.centreX, state.centreY, ColorAt(state.dimColor), style.family,
+  if (!AllLieInView(run.view, corners)) return more;
+  FillQuad(run.canvas, corners, state.centreX, state.centreY, ColorAt(state.dimColor), style.family,
            state.rotated);
   return more;
 }

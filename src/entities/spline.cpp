@@ -85,12 +85,12 @@ std::vector<POINT> BezierPoints(const SplineGroups& spline) {
 
 }  // namespace
 
-int32_t DrawSpline(Canvas canvas, TextStream& stream) {
+int32_t DrawSpline(const EntityRun& run) {
   LineStyle style;
   SplineGroups spline;
   state.entColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveLinetype(value, style); break;
@@ -115,35 +115,34 @@ int32_t DrawSpline(Canvas canvas, TextStream& stream) {
 
   std::vector<POINT> points = BezierPoints(spline);
   if (points.empty()) return more;
-  PenBezier(canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY,
+  PenBezier(run.canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY,
             style.width, ColorAt(state.entColor), style.family, state.rotated);
   return more;
 }
 
-int32_t DrawBlockSpline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                        int32_t insertColor, int32_t /*byBlockFlag*/) {
+int32_t DrawBlockSpline(const BlockRun& run) {
   LineStyle style;
   SplineGroups spline;
   int32_t inherit = 0;
   state.blockColor = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;
       case 8:
-        if (!ResolveInheritedLayer(style, state.blockColor, insertColor, inherit)) return more;
+        if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
       // Scaled and moved, but not turned.
-      case 10: SetX(spline.control, spline.pointIndex, BlockX(Atof(value), blockOriginX)); break;
+      case 10: SetX(spline.control, spline.pointIndex, BlockX(Atof(value), run.blockOriginX)); break;
       case 11:
         StartFit(spline);
-        SetX(spline.fit, spline.pointIndex, BlockX(Atof(value), blockOriginX));
+        SetX(spline.fit, spline.pointIndex, BlockX(Atof(value), run.blockOriginX));
         break;
-      case 20: SetY(spline.control, spline.pointIndex++, BlockY(Atof(value), blockOriginY)); break;
-      case 21: SetY(spline.fit, spline.pointIndex++, BlockY(Atof(value), blockOriginY)); break;
+      case 20: SetY(spline.control, spline.pointIndex++, BlockY(Atof(value), run.blockOriginY)); break;
+      case 21: SetY(spline.fit, spline.pointIndex++, BlockY(Atof(value), run.blockOriginY)); break;
       case 40: AddKnot(spline, Atof(value)); break;
-      case 62: ResolveBlockColor(value, state.blockColor, insertColor, inherit); break;
+      case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
       case 73: spline.controlCount = Atoi(value); break;
       case 74: spline.fitCount = Atoi(value); break;
     }
@@ -154,7 +153,7 @@ int32_t DrawBlockSpline(Canvas canvas, TextStream& stream, double blockOriginX, 
   std::vector<POINT> points = BezierPoints(spline);
   if (points.empty()) return more;
   // As thin as the pen goes, whatever the layer's width.
-  PenBezier(canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY, 0,
+  PenBezier(run.canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY, 0,
             ColorAt(state.blockColor), style.family, state.rotated);
   return more;
 }

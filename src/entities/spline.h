@@ -1,11 +1,11 @@
-// SPLINE, in the ENTITIES section and in a block; a dimension's blocks don't know it. Nothing of it is cut to
-// the view. Both return the result of their last ReadGroup.
+// SPLINE, in the ENTITIES section and in a block. A dimension's blocks have no SPLINE. Nothing of it is cut
+// to the view.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
@@ -13,10 +13,7 @@ namespace hexlume {
 // could ask for any number.
 constexpr int32_t maxSplinePoints = 1000000;
 
-int32_t DrawSpline(Canvas canvas, TextStream& stream);
-
-// The block's origin is in model units times 100; insertColor is what its INSERT hands on.
-int32_t DrawBlockSpline(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                        int32_t insertColor, int32_t byBlockFlag);
+int32_t DrawSpline(const EntityRun& run);
+int32_t DrawBlockSpline(const BlockRun& run);
 
 }  // namespace hexlume

@@ -1,6 +1,5 @@
 #include "host/conversion.h"
 
-#include <algorithm>
 #include <memory>
 #include <type_traits>
 
@@ -117,9 +116,9 @@ void TakeMetafile(const HostOptions& options, HENHMETAFILE metafile, hexlume_res
 }
 
 void RemarkUnknownLayers(const HostOptions& options, hexlume_result& result) {
-  const std::vector<std::string>& unknown = dialogAnswers.unknownLayers;
+  const auto& layers = dialogAnswers.hiddenLayers;
   for (const HiddenLayer& layer : options.hiddenLayers)
-    if (std::binary_search(unknown.begin(), unknown.end(), layer.inCodePage932))
+    if (!layers.find(layer.inCodePage932)->second)
       AddRemark(result, HEXLUME_REMARK_NO_SUCH_LAYER, 0, 0, layer.name);
 }
 
@@ -132,7 +131,8 @@ void ConvertForHost(const HostInput& input, const HostOptions& options, hexlume_
   run.EndPass(HasDrawn(run));
   result.numbers[HEXLUME_NUMBER_STROKES] = runWatch.strokes;
   SettleStatus(input, run, outcome, result);
-  RemarkUnknownLayers(options, result);
+  // The layers are known once the sheet is there to draw on.
+  if (outcome.metafile || HasDrawn(run)) RemarkUnknownLayers(options, result);
   if (IsUsable(run, outcome)) TakeMetafile(options, outcome.metafile.get(), result);
   FinishRun(run, result);
 }

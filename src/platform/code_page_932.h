@@ -26,8 +26,9 @@ char16_t Utf16Character(const char* text, size_t bytes);
 // The whole text in UTF-16.
 std::u16string Utf16Text(const char* text, size_t length);
 
-// A character's bytes as a number, 0x41 or 0x8260; '?' if the code page doesn't have it. Where two pairs mean
-// the same character it is the one that Windows prefers.
+// A UTF-16 unit's bytes as a number, 0x41 or 0x8260, as Windows converts it by default. Where two pairs mean the
+// same character it is the one that Windows prefers. A character that the code page doesn't have becomes one that
+// looks alike, where Windows has such a substitute, otherwise '?'.
 uint16_t CodePage932Bytes(char16_t character);
 
 }  // namespace hexlume

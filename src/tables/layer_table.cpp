@@ -29,8 +29,9 @@ void ResolveLayerLinetype(const char* value, LayerEntry& layer) {
 }  // namespace
 
 int32_t ReadLayerTable(TextStream& stream) {
-  // A second table takes the place of the first.
-  state.layers = {};
+  // A second table takes the place of the first. Without records it leaves the layers, for the pen of POINT,
+  // but none of them is found by its name.
+  state.layers.ForgetNames();
   state.layerCount = 0;
   int32_t more = ReadGroup(stream);
   while (more && !AtGroup(0, "ENDTAB")) {
@@ -40,6 +41,7 @@ int32_t ReadLayerTable(TextStream& stream) {
     }
     LayerEntry layer;
     more = ReadLayerRecord(stream, layer);
+    if (state.layerCount == 0) state.layers = {};
     state.layers.Add(layer);
     ++state.layerCount;
   }

@@ -33,11 +33,11 @@ double EstimatedWidth(const LOGFONTA& font) {
 
 }  // namespace
 
-int32_t DrawAttrib(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip) {
+int32_t DrawAttrib(const EntityRun& run) {
   LineStyle unusedStyle;
   LOGFONTA font = {};
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, BehindLeadingCodes(value)); break;
@@ -59,20 +59,21 @@ int32_t DrawAttrib(Canvas canvas, TextStream& stream, const ViewRect& view, int3
   }
 
   const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
-  if (!StandsInView(view, place, font.lfHeight, wholeTextClip)) return more;
+  if (!StandsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.entColor);
   TurnFont(font);
   if (HasNoSize(font)) return more;
 
   SettleFont(font, defaultFace);
-  const SelectedFont selected = SelectNewFont(canvas, font);
-  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.entText, MeasureFont(canvas).tmAveCharWidth)) {
+  const SelectedFont selected = SelectNewFont(run.canvas, font);
+  if (run.wholeTextClip == 1 &&
+      ReachesBeyond(run.view, place.x, state.entText, MeasureFont(run.canvas).tmAveCharWidth)) {
     LeaveSelected(selected.font);
     return more;
   }
-  SetTextModes(canvas, state.entColor);
-  WriteText(canvas, place, state.entText);
-  RestoreFont(canvas, selected);
+  SetTextModes(run.canvas, state.entColor);
+  WriteText(run.canvas, place, state.entText);
+  RestoreFont(run.canvas, selected);
   return more;
 }
 

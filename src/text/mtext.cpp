@@ -71,24 +71,19 @@ char16_t UnicodeUnit(const char* digits) {
   return static_cast<char16_t>(std::strtoul(number, nullptr, 16));
 }
 
-// A unit as bytes of the code page, "?" where it has no such character. Substitutes that only look alike
-// aren't known. The unit 0 has none.
+// A unit as bytes of the code page, but for the symbols that have a double-byte sign of their own in a text.
+// The unit 0 has none.
 std::string BytesOf(char16_t unit) {
-  std::string bytes;
-  const uint16_t character = CodePage932Bytes(unit);
-  if (character > 0xFF) bytes += static_cast<char>(character >> 8);
-  if (character != 0) bytes += static_cast<char>(character & 0xFF);
-  return bytes;
-}
-
-// The same, but for the symbols that stand in a text as double-byte signs of their own.
-std::string SymbolOrBytesOf(char16_t unit) {
   switch (unit) {
     case 0x2205: return diameterSign;
     case 0x00B0: return degreeSign;
     case 0x25CF: return middleDot;
   }
-  return BytesOf(unit);
+  std::string bytes;
+  const uint16_t character = CodePage932Bytes(unit);
+  if (character > 0xFF) bytes += static_cast<char>(character >> 8);
+  if (character != 0) bytes += static_cast<char>(character & 0xFF);
+  return bytes;
 }
 
 const char* FindUnicodeCode(const char* text) {
@@ -126,7 +121,7 @@ void ReadBlockText(MText& mtext) {
   while (const char* const code = FindUnicodeCode(rest)) {
     const char* const digits = DigitsOf(code);
     mtext.pending.append(rest, static_cast<size_t>(code - rest));
-    mtext.pending += SymbolOrBytesOf(UnicodeUnit(digits));
+    mtext.pending += BytesOf(UnicodeUnit(digits));
     rest = digits + std::min<size_t>(std::strlen(digits), 4);
   }
   mtext.pending += rest;
@@ -389,14 +384,13 @@ void SetBlockCell(MText& mtext, double value, int32_t halfWidthFont) {
 
 }  // namespace
 
-int32_t DrawMText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip,
-                  int32_t halfWidthFont) {
+int32_t DrawMText(const EntityRun& run) {
   LineStyle unusedStyle;
   MText mtext;
   state.entColor = 0;
   state.entFace = defaultFace;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: ReadText(mtext); break;
@@ -408,7 +402,7 @@ int32_t DrawMText(Canvas canvas, TextStream& stream, const ViewRect& view, int32
       case 20: state.entY[0] = Atof(value) * 100.0; break;
       case 21: mtext.dirY = Atof(value); break;
       case 40:
-        SetCell(mtext.font, Trunc(Atof(value) * 100.0 / state.drawScale * mtext.scaleT), halfWidthFont);
+        SetCell(mtext.font, Trunc(Atof(value) * 100.0 / state.drawScale * mtext.scaleT), run.halfWidthFont);
         break;
       case 44: mtext.lineFactor = Atof(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
@@ -430,40 +424,39 @@ int32_t DrawMText(Canvas canvas, TextStream& stream, const ViewRect& view, int32
     TakeParagraph(work, state.entText, sizeof state.entText);
     ExpandPercentCodes();
     if (std::strstr(state.entText, "\\S")) {
-      if (!LiesInView(view, ModelToSheet(state.entX[0], state.entY[0]))) return more;
-      DrawStackedFraction(canvas, mtext.font.lfHeight, mtext.font.lfWidth, mtext.font.lfEscapement,
-                          mtext.attach, mtext.angle, state.entX[0], state.entY[0], halfWidthFont);
+      if (!LiesInView(run.view, ModelToSheet(state.entX[0], state.entY[0]))) return more;
+      DrawStackedFraction(run.canvas, mtext.font.lfHeight, mtext.font.lfWidth, mtext.font.lfEscapement,
+                          mtext.attach, mtext.angle, state.entX[0], state.entY[0], run.halfWidthFont);
       continue;
     }
     StripBraceCodes();
-    if (halfWidthFont == 0) SelectJapaneseLocale();
-    AlignText(canvas, mtext.attach);
+    if (run.halfWidthFont == 0) SelectJapaneseLocale();
+    AlignText(run.canvas, mtext.attach);
     AnchorEntParagraph(mtext, lines, state.entX[0], state.entY[0]);
-    if (!DrawParagraph(canvas, state.entText, state.entX[0], state.entY[0], state.entColor, mtext, view,
-                       wholeTextClip))
+    if (!DrawParagraph(run.canvas, state.entText, state.entX[0], state.entY[0], state.entColor, mtext,
+                       run.view, run.wholeTextClip))
       return more;
   }
   return more;
 }
 
-int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                       const ViewRect& view, int32_t wholeTextClip, int32_t halfWidthFont) {
+int32_t DrawBlockMText(const BlockRun& run) {
   LineStyle unusedStyle;
   MText mtext;
-  state.entFace = FaceFor(halfWidthFont);
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  state.entFace = FaceFor(run.halfWidthFont);
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: ReadBlockText(mtext); break;
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 11: mtext.dirX = Atof(value); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 21: mtext.dirY = Atof(value); break;
-      case 40: SetBlockCell(mtext, Atof(value), halfWidthFont); break;
+      case 40: SetBlockCell(mtext, Atof(value), run.halfWidthFont); break;
       case 62: state.blockColor = ResolveColor(Atoi(value)); break;
       case 71: mtext.attach = Atoi(value); break;
       case 72: mtext.flow = Atoi(value); break;
@@ -473,7 +466,7 @@ int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, d
   if (state.insertAngle != 0.0) {
     const int32_t degrees = Trunc(state.insertAngle * 180.0 / pi);
     mtext.font.lfEscapement = WrapSub(mtext.font.lfEscapement, WrapMul(degrees, 10));
-    TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);
+    TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
   }
   MonochromeRule(state.blockColor);
   TurnFont(mtext.font);
@@ -488,36 +481,36 @@ int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, d
     TakeParagraph(work, state.blockText, sizeof state.blockText);
     ExpandBlockPercentCodes();
     StripBlockBraceCodes();
-    if (halfWidthFont == 0) SelectJapaneseLocale();
-    if (state.arcClockwise == 1) SetTextCharacterExtra(canvas, mtext.flow == 0 ? mtext.font.lfWidth / 2 : 0);
-    AlignText(canvas, mtext.attach);
+    if (run.halfWidthFont == 0) SelectJapaneseLocale();
+    if (state.arcClockwise == 1)
+      SetTextCharacterExtra(run.canvas, mtext.flow == 0 ? mtext.font.lfWidth / 2 : 0);
+    AlignText(run.canvas, mtext.attach);
     AnchorBlockParagraph(mtext, lines, state.blockX[0], state.blockY[0]);
-    if (!DrawParagraph(canvas, state.blockText, state.blockX[0], state.blockY[0], state.blockColor, mtext,
-                       view, wholeTextClip))
+    if (!DrawParagraph(run.canvas, state.blockText, state.blockX[0], state.blockY[0], state.blockColor, mtext,
+                       run.view, run.wholeTextClip))
       return more;
   }
   return more;
 }
 
-int32_t DrawDimMText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
-                     int32_t wholeTextClip, int32_t halfWidthFont) {
+int32_t DrawDimMText(const EntityRun& run) {
   LineStyle unusedStyle;
   MText mtext;
   state.entColor = 0;
-  state.entFace = FaceFor(halfWidthFont);
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  state.entFace = FaceFor(run.halfWidthFont);
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: ReadDimText(mtext); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[1] = Atof(value) * 100.0 + baseX; break;
+      case 10: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
       case 11: mtext.dirX = Atof(value); break;
-      case 20: state.entY[1] = Atof(value) * 100.0 + baseY; break;
+      case 20: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
       case 21: mtext.dirY = Atof(value); break;
-      case 40: SetCell(mtext.font, Trunc(Atof(value) * 100.0 / state.drawScale), halfWidthFont); break;
+      case 40: SetCell(mtext.font, Trunc(Atof(value) * 100.0 / state.drawScale), run.halfWidthFont); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 71: mtext.attach = Atoi(value); break;
     }
@@ -536,17 +529,17 @@ int32_t DrawDimMText(Canvas canvas, TextStream& stream, double baseX, double bas
     if (std::strstr(state.entText, "\\S")) {
       // The point that the view must hold isn't this text's: its groups go to the second place, and the first
       // is another entity's.
-      if (!LiesInView(view, ModelToSheet(state.entX[0], state.entY[0]))) return more;
-      DrawStackedFraction(canvas, mtext.font.lfHeight, mtext.font.lfWidth, mtext.font.lfEscapement,
-                          mtext.attach, mtext.angle, state.entX[1], state.entY[1], halfWidthFont);
+      if (!LiesInView(run.view, ModelToSheet(state.entX[0], state.entY[0]))) return more;
+      DrawStackedFraction(run.canvas, mtext.font.lfHeight, mtext.font.lfWidth, mtext.font.lfEscapement,
+                          mtext.attach, mtext.angle, state.entX[1], state.entY[1], run.halfWidthFont);
       continue;
     }
     StripBraceCodes();
-    if (halfWidthFont == 0) SelectJapaneseLocale();
-    AlignText(canvas, mtext.attach);
+    if (run.halfWidthFont == 0) SelectJapaneseLocale();
+    AlignText(run.canvas, mtext.attach);
     AnchorDimParagraph(mtext, lines, state.entX[1], state.entY[1]);
-    if (!DrawParagraph(canvas, state.entText, state.entX[1], state.entY[1], state.entColor, mtext, view,
-                       wholeTextClip))
+    if (!DrawParagraph(run.canvas, state.entText, state.entX[1], state.entY[1], state.entColor, mtext,
+                       run.view, run.wholeTextClip))
       return more;
   }
   return more;

@@ -1,23 +1,17 @@
 // MTEXT, in the ENTITIES section, in a block and in the block of a dimension: one TextOutA for each
-// paragraph. Origins and offsets are in model units times 100; all return the result of their last ReadGroup.
+// paragraph.
 #pragma once
 
 #include <cstdint>
 
-#include "canvas/canvas.h"
-#include "driver/conv_state.h"
-#include "driver/text_stream.h"
+#include "entities/block_run.h"
+#include "entities/entity_run.h"
 
 namespace hexlume {
 
-int32_t DrawMText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip,
-                  int32_t halfWidthFont);
-
-int32_t DrawBlockMText(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                       const ViewRect& view, int32_t wholeTextClip, int32_t halfWidthFont);
-
-int32_t DrawDimMText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
-                     int32_t wholeTextClip, int32_t halfWidthFont);
+int32_t DrawMText(const EntityRun& run);
+int32_t DrawBlockMText(const BlockRun& run);
+int32_t DrawDimMText(const EntityRun& run);
 
 // Adds the number of "\P" in entText to count.
 void CountLines(int32_t& count);

@@ -109,26 +109,23 @@ void FitDimText(LOGFONTA& font) {
   RaiseCell(font);
 }
 
-// The distance of the characters follows where arcs had to be told their direction; there a text that isn't
-// all full-width counts as one that isn't fitted, with the fitted width all the same.
-void FitDimInsertText(Canvas canvas, LOGFONTA& font) {
+// A text that isn't all full-width counts as not justified, with the fitted width all the same.
+void FitDimInsertText(LOGFONTA& font, int32_t& justify) {
+  if (std::strlen(state.dimText) != 2 * CharacterCount(state.dimText)) justify = 0;
   const int32_t count = TextLength(state.dimText);
-  const bool isFullWidth = std::strlen(state.dimText) == 2 * CharacterCount(state.dimText);
   font.lfWidth = Trunc((state.dimX[1] - state.dimX[0]) / count);
   if (font.lfWidth == 0) font.lfWidth = Trunc((state.dimY[1] - state.dimY[0]) / count);
-  if (state.arcClockwise == 1) SetTextCharacterExtra(canvas, isFullWidth ? 0 : font.lfWidth / 2);
 }
 
 }  // namespace
 
-int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_t wholeTextClip,
-                 int32_t halfWidthFont) {
+int32_t DrawText(const EntityRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
   int32_t justify = 0;
-  state.entFace = FaceFor(halfWidthFont);
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  state.entFace = FaceFor(run.halfWidthFont);
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
@@ -139,9 +136,9 @@ int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_
       case 11: state.entX[1] = Atof(value) * 100.0; break;
       case 20: state.entY[0] = Atof(value) * 100.0; break;
       case 21: state.entY[1] = Atof(value) * 100.0; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), halfWidthFont); break;
+      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), run.halfWidthFont); break;
       case 41:
-        if (halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
+        if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
         break;
       case 50: font.lfEscapement = ReadEscapement(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
@@ -149,7 +146,7 @@ int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_
     }
   }
   const POINT insertion = ModelToSheet(state.entX[0], state.entY[0]);
-  if (!StandsInView(view, insertion, font.lfHeight, wholeTextClip)) return more;
+  if (!StandsInView(run.view, insertion, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.entColor);
   TurnFont(font);
 
@@ -157,56 +154,54 @@ int32_t DrawText(Canvas canvas, TextStream& stream, const ViewRect& view, int32_
   if (std::strstr(state.entText, "\\S")) return more;
   StripBraceCodes();
   const int32_t kanjiText = ClassifyEntText();
-  if (kanjiText == 1 && halfWidthFont != 0) ShrinkCell(font);
-  if (halfWidthFont != 0) WidenEmptyBrackets();
-  if (justify == fitJustify) FitText(font, halfWidthFont);
+  if (kanjiText == 1 && run.halfWidthFont != 0) ShrinkCell(font);
+  if (run.halfWidthFont != 0) WidenEmptyBrackets();
+  if (justify == fitJustify) FitText(font, run.halfWidthFont);
   if (HasNoSize(font)) return more;
 
   // Group 51 makes no text oblique here.
   SettleFont(font, state.entFace);
-  const SelectedFont selected = SelectNewFont(canvas, font);
-  const TEXTMETRICA metrics = MeasureFont(canvas);
+  const SelectedFont selected = SelectNewFont(run.canvas, font);
+  const TEXTMETRICA metrics = MeasureFont(run.canvas);
   // The sheet's descent goes off the model's coordinate as it is, whatever the scale.
   if (kanjiText != 1) state.entY[0] -= metrics.tmDescent;
   const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
-  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.entText, metrics.tmAveCharWidth)) {
+  if (run.wholeTextClip == 1 && ReachesBeyond(run.view, place.x, state.entText, metrics.tmAveCharWidth)) {
     LeaveSelected(selected.font);
     return more;
   }
-  SetTextModes(canvas, state.entColor);
+  SetTextModes(run.canvas, state.entColor);
   // It isn't taken back: all texts that follow are squeezed too.
-  if (font.lfHeight < 10) SetTextCharacterExtra(canvas, WrapMul(font.lfHeight, -4));
-  WriteText(canvas, place, state.entText);
-  RestoreFont(canvas, selected);
+  if (font.lfHeight < 10) SetTextCharacterExtra(run.canvas, WrapMul(font.lfHeight, -4));
+  WriteText(run.canvas, place, state.entText);
+  RestoreFont(run.canvas, selected);
   return more;
 }
 
 // The insert's angle turns neither the point nor the font, and the angle of group 50 counts the other way
 // round than outside a block.
-int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, double blockOriginY,
-                      int32_t /*insertColor*/, const ViewRect& view, int32_t wholeTextClip,
-                      int32_t halfWidthFont) {
+int32_t DrawBlockText(const BlockRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
   int32_t justify = 0;
-  state.entFace = FaceFor(halfWidthFont);
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  state.entFace = FaceFor(run.halfWidthFont);
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.blockText, BehindAlignmentCodes(value)); break;
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 11: state.blockX[1] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
-      case 21: state.blockY[1] = BlockY(Atof(value), blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 11: state.blockX[1] = BlockX(Atof(value), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 21: state.blockY[1] = BlockY(Atof(value), run.blockOriginY); break;
       case 40:
-        SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale * state.insertScaleY), halfWidthFont);
+        SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale * state.insertScaleY), run.halfWidthFont);
         break;
       case 41:
-        if (halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
+        if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
         break;
       case 50: font.lfEscapement = Trunc(Atof(value) * 10.0); break;
       case 62: state.blockColor = ResolveColor(Atoi(value)); break;
@@ -214,15 +209,15 @@ int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, do
     }
   }
   const POINT insertion = ModelToSheet(state.blockX[0], state.blockY[0]);
-  if (!StandsInView(view, insertion, font.lfHeight, wholeTextClip)) return more;
+  if (!StandsInView(run.view, insertion, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.blockColor);
   TurnFont(font);
 
   ExpandBlockPercentCodes();  // codes in braces stay, a fraction's too
   const int32_t kanjiText = ClassifyBlockText();
-  if (kanjiText == 1 && halfWidthFont != 0) ShrinkCell(font);
-  if (justify == fitJustify) FitBlockText(font, halfWidthFont);
-  if (kanjiText == 0 && halfWidthFont != 0) {
+  if (kanjiText == 1 && run.halfWidthFont != 0) ShrinkCell(font);
+  if (justify == fitJustify) FitBlockText(font, run.halfWidthFont);
+  if (kanjiText == 0 && run.halfWidthFont != 0) {
     // Sheet units go to model coordinates here as well.
     state.blockX[0] += font.lfWidth * 0.47;
     state.blockY[0] += 1.0;
@@ -231,44 +226,43 @@ int32_t DrawBlockText(Canvas canvas, TextStream& stream, double blockOriginX, do
   if (HasNoSize(font)) return more;
 
   SettleFont(font, state.entFace);
-  const SelectedFont selected = SelectNewFont(canvas, font);
-  const TEXTMETRICA metrics = MeasureFont(canvas);
+  const SelectedFont selected = SelectNewFont(run.canvas, font);
+  const TEXTMETRICA metrics = MeasureFont(run.canvas);
   if (kanjiText == 0) state.blockY[0] -= metrics.tmDescent;
   const POINT place = ModelToSheet(state.blockX[0], state.blockY[0]);
-  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.blockText, metrics.tmAveCharWidth)) {
+  if (run.wholeTextClip == 1 && ReachesBeyond(run.view, place.x, state.blockText, metrics.tmAveCharWidth)) {
     LeaveSelected(selected.font);
     return more;
   }
-  SetTextModes(canvas, state.blockColor);
-  WriteText(canvas, place, state.blockText);
-  RestoreFont(canvas, selected);
+  SetTextModes(run.canvas, state.blockColor);
+  WriteText(run.canvas, place, state.blockText);
+  RestoreFont(run.canvas, selected);
   return more;
 }
 
 // Its two points stand in swapped places, and it is written from the second one: from group 10/20 still.
-int32_t DrawDimText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
-                    int32_t wholeTextClip, int32_t halfWidthFont) {
+int32_t DrawDimText(const EntityRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
   int32_t justify = 0;
   state.entColor = 0;
-  state.entFace = FaceFor(halfWidthFont);
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  state.entFace = FaceFor(run.halfWidthFont);
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[1] = Atof(value) * 100.0 + baseX; break;
-      case 11: state.entX[0] = Atof(value) * 100.0 + baseX; break;
-      case 20: state.entY[1] = Atof(value) * 100.0 + baseY; break;
-      case 21: state.entY[0] = Atof(value) * 100.0 + baseY; break;
+      case 10: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
+      case 11: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
+      case 20: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
+      case 21: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
       case 40:
         font.lfHeight = Trunc(Atof(value) * 100.0 / state.drawScale);
         font.lfWidth = 0;
-        if (halfWidthFont != 0) SetCell(font, font.lfHeight, halfWidthFont);
+        if (run.halfWidthFont != 0) SetCell(font, font.lfHeight, run.halfWidthFont);
         break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
       case 50: font.lfEscapement = ReadEscapement(value); break;
@@ -282,46 +276,46 @@ int32_t DrawDimText(Canvas canvas, TextStream& stream, double baseX, double base
     }
   }
   const POINT place = ModelToSheet(state.entX[1], state.entY[1]);
-  if (!StandsInView(view, place, font.lfHeight, wholeTextClip)) return more;
+  if (!StandsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.entColor);
   TurnFont(font);
 
   ExpandPercentCodes();
   StripBraceCodes();
-  if (halfWidthFont == 0) SelectJapaneseLocale();
-  if (justify == fitJustify && halfWidthFont == 0) FitDimText(font);
+  if (run.halfWidthFont == 0) SelectJapaneseLocale();
+  if (justify == fitJustify && run.halfWidthFont == 0) FitDimText(font);
   if (HasNoSize(font)) return more;
 
   SettleFont(font, state.entFace);
-  const SelectedFont selected = SelectNewFont(canvas, font);
-  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.entText, MeasureFont(canvas).tmAveCharWidth)) {
+  const SelectedFont selected = SelectNewFont(run.canvas, font);
+  if (run.wholeTextClip == 1 &&
+      ReachesBeyond(run.view, place.x, state.entText, MeasureFont(run.canvas).tmAveCharWidth)) {
     LeaveSelected(selected.font);
     return more;
   }
-  SetTextModes(canvas, state.entColor);
-  WriteText(canvas, place, state.entText);
-  RestoreFont(canvas, selected);
+  SetTextModes(run.canvas, state.entColor);
+  WriteText(run.canvas, place, state.entText);
+  RestoreFont(run.canvas, selected);
   return more;
 }
 
 // The insert neither scales nor turns it, and its face is the default one in all modes.
-int32_t DrawDimInsertText(Canvas canvas, TextStream& stream, double baseX, double baseY, const ViewRect& view,
-                          int32_t wholeTextClip) {
+int32_t DrawDimInsertText(const BlockRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
   int32_t justify = 0;
-  int32_t more = ReadGroup(stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
+  int32_t more = ReadGroup(run.stream);
+  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.dimText, value); break;
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.dimColor)) return more;
         break;
-      case 10: state.dimX[0] = Atof(value) * 100.0 + baseX; break;
-      case 11: state.dimX[1] = Atof(value) * 100.0 + baseX; break;
-      case 20: state.dimY[0] = Atof(value) * 100.0 + baseY; break;
-      case 21: state.dimY[1] = Atof(value) * 100.0 + baseY; break;
+      case 10: state.dimX[0] = Atof(value) * 100.0 + run.blockOriginX; break;
+      case 11: state.dimX[1] = Atof(value) * 100.0 + run.blockOriginX; break;
+      case 20: state.dimY[0] = Atof(value) * 100.0 + run.blockOriginY; break;
+      case 21: state.dimY[1] = Atof(value) * 100.0 + run.blockOriginY; break;
       case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
       case 50: font.lfEscapement = font.lfOrientation = ReadEscapement(value); break;
@@ -330,23 +324,25 @@ int32_t DrawDimInsertText(Canvas canvas, TextStream& stream, double baseX, doubl
     }
   }
   const POINT place = ModelToSheet(state.dimX[0], state.dimY[0]);
-  if (!StandsInView(view, place, font.lfHeight, wholeTextClip)) return more;
+  if (!StandsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.dimColor);
   TurnFont(font);
 
   ExpandDimInsertPercentCodes();
-  if (justify == fitJustify) FitDimInsertText(canvas, font);
+  if (justify == fitJustify) FitDimInsertText(font, justify);
+  if (state.arcClockwise == 1) SetTextCharacterExtra(run.canvas, justify == 0 ? font.lfWidth / 2 : 0);
   if (HasNoSize(font)) return more;
 
   SettleFont(font, defaultFace);
-  const SelectedFont selected = SelectNewFont(canvas, font);
-  if (wholeTextClip == 1 && ReachesBeyond(view, place.x, state.dimText, MeasureFont(canvas).tmAveCharWidth)) {
+  const SelectedFont selected = SelectNewFont(run.canvas, font);
+  if (run.wholeTextClip == 1 &&
+      ReachesBeyond(run.view, place.x, state.dimText, MeasureFont(run.canvas).tmAveCharWidth)) {
     LeaveSelected(selected.font);
     return more;
   }
-  SetTextModes(canvas, state.dimColor);
-  WriteText(canvas, place, state.dimText);
-  RestoreFont(canvas, selected);
+  SetTextModes(run.canvas, state.dimColor);
+  WriteText(run.canvas, place, state.dimText);
+  RestoreFont(run.canvas, selected);
   return more;
 }
 

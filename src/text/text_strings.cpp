@@ -91,20 +91,29 @@ void OpenFirstBrace(std::string& text) {
   text = opened;
 }
 
-std::string WithoutBraceCodes(std::string text) {
-  size_t lengthBefore;
-  do {
-    lengthBefore = text.length();
-    text.erase(0, std::min(text.find_first_not_of('}'), text.length()));
-    if (text[0] == '\\') {
-      const size_t codeEnd = FindFrom(text, ";");
-      if (codeEnd != none) text.erase(0, codeEnd + 1);
-    }
-    CutFirst(text, "\\A1;");
-    OpenFirstBrace(text);
-    // A round that makes nothing shorter would go on for ever.
-  } while (FindFrom(text, "{\\") != none && text.length() < lengthBefore);
-  return text;
+void StripRound(std::string& text) {
+  text.erase(0, std::min(text.find_first_not_of('}'), text.length()));
+  if (text[0] == '\\') {
+    const size_t codeEnd = FindFrom(text, ";");
+    if (codeEnd != none) text.erase(0, codeEnd + 1);
+  }
+  CutFirst(text, "\\A1;");
+  OpenFirstBrace(text);
+}
+
+// No text that fits a buffer is known to take more than 230 rounds.
+constexpr int mostRounds = 10000;
+
+// A round can lengthen the text: it goes on as long as there is a brace with a code, up to the buffer's size.
+void StripRounds(char* buffer, size_t size) {
+  std::string text = buffer;
+  std::string before;
+  for (int round = 0; round < mostRounds; ++round) {
+    before = text;
+    StripRound(text);
+    BoundedCopy(buffer, size, text.c_str());
+    if (FindFrom(text, "{\\") == none || text == before) return;
+  }
 }
 
 void CutParens(std::string& text, int levels) {
@@ -190,11 +199,11 @@ void ExpandDimInsertPercentCodes() {
 }
 
 void StripBraceCodes() {
-  BoundedCopy(state.entText, WithoutBraceCodes(state.entText).c_str());
+  StripRounds(state.entText, sizeof state.entText);
 }
 
 void StripBlockBraceCodes() {
-  BoundedCopy(state.blockText, WithoutBraceCodes(state.blockText).c_str());
+  StripRounds(state.blockText, sizeof state.blockText);
 }
 
 void StripSpaceAndParens() {

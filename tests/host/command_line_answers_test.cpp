@@ -69,7 +69,7 @@ TEST_F(CommandLineAnswers, go_with_the_other_options) {
 TEST_F(CommandLineAnswers, a_layer_that_is_not_there_is_named) {
   Write("plan.dxf", TwoLayers());
   ExpectFailure(RunReal("--hide-layer NOWHERE plan.dxf"), 0,
-                "hexlume: plan.dxf: The drawing has no layer \"NOWHERE\".\n");
+                "hexlume: plan.dxf: no layer has the name 'NOWHERE' that --hide-layer gives\n");
 }
 
 TEST_F(CommandLineAnswers, a_drawing_that_fails_has_its_status_and_sentence) {
@@ -77,7 +77,7 @@ TEST_F(CommandLineAnswers, a_drawing_that_fails_has_its_status_and_sentence) {
                 "hexlume: missing.dxf: There is no such file: missing.dxf\n");
   Write("plan.dxf", "no drawing");
   ExpectFailure(RunReal("--hide-layer A plan.dxf"), 30,
-                "hexlume: plan.dxf: This is no DXF file: it has no section.\n");
+                "hexlume: plan.dxf: the file has no ENTITIES section, so there is nothing to draw\n");
   EXPECT_FALSE(Exists("plan.emf"));
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "support/text_drawing.h"
 #include "support/tool_run.h"
 
 namespace hexlume {
@@ -76,6 +77,33 @@ TEST_F(CommandLineLinux, answers_reach_the_library) {
       "scale 50\nlayer \x90\x7D\x96\xCA\nlayer a,b\n"
       "family 0\nfamily 2\nfamily 1\nfamily 3\nfamily 4\n",
       Contents("answers.txt"));
+}
+
+TEST_F(CommandLineLinux, a_hidden_layer_that_a_drawing_has_not_got_is_named) {
+  const std::string start =
+      "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 420\n20 297\n0 ENDSEC\n";
+  const std::string end = "0 SECTION\n2 ENTITIES\n0 LINE\n8 A\n10 0\n20 0\n11 9\n21 9\n0 ENDSEC\n0 EOF\n";
+  // Switched off, a layer isn't offered, but is there.
+  Write("a.dxf", DrawingBytes(start +
+                              "0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n0 LAYER\n2 A\n62 7\n0 LAYER\n2 OFF\n62 "
+                              "-7\n0 ENDTAB\n0 ENDSEC\n" +
+                              end));
+  Write("b.dxf", DrawingBytes(start + end));
+  ExpectSuccess(RunReal("--dialogs --hide-layer A --hide-layer OFF a.dxf"));
+  const Outcome outcome =
+      RunReal("-d . --dialogs --hide-layer a --hide-layer OFF --hide-layer 寸法 a.dxf b.dxf");
+  EXPECT_EQ(0, outcome.status);
+  const auto message = [](const std::string& drawing, const std::string& layer) {
+    return "hexlume: " + drawing + ": no layer has the name '" + layer + "' that --hide-layer gives\n";
+  };
+  EXPECT_EQ(message("a.dxf", "a") + message("a.dxf", "寸法") + message("b.dxf", "a") +
+                message("b.dxf", "OFF") + message("b.dxf", "寸法"),
+            outcome.err);
+}
+
+TEST_F(CommandLineLinux, a_hidden_layer_is_not_looked_for_in_what_is_no_drawing) {
+  Write("a.dxf", "");
+  ExpectFailure(RunReal("--dialogs --hide-layer A a.dxf"), 30, "hexlume: a.dxf: the file is empty\n");
 }
 
 TEST_F(CommandLineLinux, without_answers_the_user_changes_nothing) {

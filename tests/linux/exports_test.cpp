@@ -87,7 +87,8 @@ bool IsMapped(const std::string& part) {
 TEST(ExportTable, holds_exactly_the_nine_exports_the_dialogs_answers_and_the_calls_on_metafiles) {
   EXPECT_EQ((Names{"vzMetaMake", "vzReMetaMake", "vzRotMetaMake", "vzFullSizeMetaMake", "vzDXFMetaMake",
                    "vzDXFReMetaMake", "vzDXFRotMetaMake", "vzDXFFullSizeMetaMake", "vzDXFSetFontMode",
-                   "vzSetDialogAnswers", "GetEnhMetaFileBits", "DeleteEnhMetaFile", "CloseEnhMetaFile"}),
+                   "vzSetDialogAnswers", "vzHiddenLayerExists", "GetEnhMetaFileBits", "DeleteEnhMetaFile",
+                   "CloseEnhMetaFile"}),
             LibraryImage().Exports());
 }
 

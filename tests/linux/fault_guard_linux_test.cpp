@@ -276,7 +276,7 @@ class SmallStack : public BlockStreamTest {
     OpenAt("0 CIRCLE\n");
     return ListCalls([this](Canvas canvas) {
       try {
-        DrawBlockEntities(stream, BodyOf("A"), canvas, 0.0, 0.0, headerVars, 0, view, 0, 0, 0, 0);
+        DrawBlockEntities({RunOn(canvas)}, BodyOf("A"));
       } catch (int32_t code) {
         thrown = code;
       }

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace hexlume {
 
@@ -11,6 +12,10 @@ int RunCommand(const std::string& program, const std::string& arguments) {
   const int status = std::system(command.c_str());
   // As a shell tells of a program that a signal ended.
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+void GrowFile(const std::string& file, int64_t size) {
+  std::filesystem::resize_file(file, static_cast<uintmax_t>(size));
 }
 
 std::string JapaneseName() {

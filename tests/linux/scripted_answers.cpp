@@ -10,3 +10,7 @@ void vzSetDialogAnswers(int32_t scaleDenominator, const char* const* hiddenLayer
   for (int32_t i = 0; i < hiddenLayerCount; ++i) out << "layer " << hiddenLayers[i] << '\n';
   for (int32_t i = 0; i < hiddenFamilyCount; ++i) out << "family " << hiddenFamilies[i] << '\n';
 }
+
+int32_t vzHiddenLayerExists(const char*) {
+  return 1;
+}

@@ -58,8 +58,7 @@ class BlockStreamTest : public ConverterTest {
   }
 
   std::string DrawSection(const std::string& entities) {
-    return ListSection(entities,
-                       [this](Canvas canvas) { DrawEntities(stream, canvas, headerVars, view, 0, 0, 0); });
+    return ListSection(entities, [this](Canvas canvas) { DrawEntities({RunOn(canvas)}); });
   }
 
   // The place of a block's body, and of none.
@@ -82,9 +81,6 @@ class BlockStreamTest : public ConverterTest {
   }
 
   std::string blocks;
-  TextStream stream;
-  HeaderVars headerVars;
-  int32_t result = -1;
 };
 
 }  // namespace hexlume

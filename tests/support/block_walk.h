@@ -1,6 +1,7 @@
 // The block whose body a walk draws, for tests of the walks.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -55,6 +56,13 @@ class BlockWalkTest : public BlockStreamTest {
     } catch (int32_t code) {
       thrown = code;
     }
+  }
+
+  static size_t CountLines(const std::string& listing) {
+    size_t count = 0;
+    for (size_t at = listing.find("LineTo"); at != std::string::npos; at = listing.find("LineTo", at + 1))
+      ++count;
+    return count;
   }
 
   // The walk under test.

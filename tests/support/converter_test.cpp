@@ -43,8 +43,6 @@ ConverterTest::ConverterTest() {
   state.scaleDenominator = 1;
   state.centreX = 10000;
   state.centreY = 5000;
-  state.insertScaleX = 1.0;
-  state.insertScaleY = 1.0;
 }
 
 void ConverterTest::AddLayer(const char* name, const LineStyle& style, int32_t color) {

@@ -9,6 +9,8 @@
 
 #include "canvas/canvas.h"
 #include "driver/conv_state.h"
+#include "driver/text_stream.h"
+#include "entities/conversion_run.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -47,7 +49,19 @@ class ConverterTest : public testing::Test {
   // A slot with a record of these elements.
   static void DefineLtype(int32_t slot, std::initializer_list<double> dashes);
 
+  // What a converter is called with: the stream at hand and the fields below. For the fields of its own
+  // scope, which are 0 by default, a test writes DrawBlockLine({RunOn(canvas), blockOriginX, blockOriginY}).
+  ConversionRun RunOn(Canvas canvas) {
+    return {stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont};
+  }
+
+  TextStream stream;
+  HeaderVars headerVars;
   ViewRect view = {0, 0, 20000, 10000};
+  int32_t wholeTextClip = 0;
+  int32_t wholeSheet = 0;
+  int32_t halfWidthFont = 0;
+  int32_t result = -1;  // the converter's
 };
 
 }  // namespace hexlume

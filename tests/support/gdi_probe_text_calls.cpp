@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <string>
 
 #include "support/gdi_probe_calls.h"
 
@@ -10,6 +11,10 @@ namespace {
 
 constexpr const char* gothic = "\x82\x6C\x82\x72\x20\x83\x53\x83\x56\x83\x62\x83\x4E";
 constexpr const char* mixedText = "AW.\x83\x4A\xB6\xDE\x88\x9F\x87\x40\xFB\x40";
+// Latin letters, katakana of half width, signs, brackets, small and large kana, a kanji.
+constexpr const char* verticalText =
+    "Ai9 \xB6\xDE\x81\x40\x81\x41\x81\x5B\x81\x69\x81\x6A\x81\x65\x81\x7D\x81\x8B\x81\x98\x81\xA8"
+    "\x82\x9F\x82\xA0\x82\x54\x82\x67\x83\x40\x83\x4A\x83\x78\x88\x9F";
 
 LOGFONTA Font(int height, int width, const char* face) {
   LOGFONTA font = {};
@@ -103,6 +108,79 @@ void Faces(HDC dc, ProbeResults& results) {
   }
 }
 
+// Vertical text. Families that are there, under both their names, and such as aren't.
+void VerticalFaces(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (const char* face :
+       {"@Arial", "@", "@@", "@ ", "@@IPAGothic", "@no such face", "@DejaVu Sans", "@IPAGothic", "@ipagothic",
+        "@IPAPGothic", "@IPA\x83\x53\x83\x56\x83\x62\x83\x4E", "@IPA P\x83\x53\x83\x56\x83\x62\x83\x4E",
+        "@\x82\x6C\x82\x72\x20\x83\x53\x83\x56\x83\x62\x83\x4E", " @IPAPGothic", "\x81\x97IPAPGothic",
+        "@A face whose name is longer than a font's"}) {
+    for (const int height : {-448, 0, 26, 100, 290, 417, 448, 1000, 2511}) {
+      WithFont(dc, Font(height, 0, face), [&] {
+        AddMetrics(dc, results);
+        Write(dc, 100, -500, verticalText);
+      });
+    }
+  }
+}
+
+void WidthsOfOtherFaces(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (const char* face : {"IPAPGothic", "@IPAPGothic", "@IPAGothic", "@Arial"}) {
+    for (const int height : {30, 100, 448, 1000, 2511, 6615}) {
+      for (const int width : {-300, -20, 10, 39, 117, 185, 212, 333, 777, 1500, 3307, 20000, 300000}) {
+        WithFont(dc, Font(height, width, face), [&] {
+          AddMetrics(dc, results);
+          Write(dc, 100, -500, verticalText);
+        });
+      }
+    }
+  }
+}
+
+void TurnedVerticalText(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  SetTextAlign(dc, TA_BOTTOM);
+  for (const int escapement : {1, 300, 900, 1800, 2700, 3600, -900}) {
+    for (const int width : {0, 333}) {
+      LOGFONTA font = Font(700, width, "@Arial");
+      font.lfEscapement = escapement;
+      font.lfOrientation = 150;
+      font.lfItalic = 1;
+      WithFont(dc, font, [&] {
+        AddMetrics(dc, results);
+        Write(dc, 5000, -6000, verticalText);
+      });
+    }
+  }
+}
+
+// A row for each lead byte, those of the single bytes too, and one of the single bytes.
+void WriteEveryCharacter(HDC dc) {
+  for (int lead = 0x81; lead <= 0xFC; ++lead) {
+    std::string row;
+    for (int trail = 0x40; trail <= 0xFC; ++trail) {
+      row += static_cast<char>(lead);
+      row += static_cast<char>(trail);
+    }
+    Write(dc, 0, 0, row.c_str());
+  }
+  std::string singles;
+  for (int byte = ' '; byte < 0x80; ++byte) singles += static_cast<char>(byte);
+  for (int byte = 0xA1; byte <= 0xDF; ++byte) singles += static_cast<char>(byte);
+  Write(dc, 0, 0, singles.c_str());
+}
+
+void EveryCharacterOfVerticalText(HDC dc, ProbeResults&) {
+  for (const char* face : {"@Arial", "@IPAGothic"}) {
+    for (const int height : {11, 14, 88}) {
+      WithFont(dc, Font(height, 0, face), [&] { WriteEveryCharacter(dc); });
+    }
+  }
+  WithFont(dc, Font(131, 66, "@Arial"), [&] { WriteEveryCharacter(dc); });
+}
+
 void NoFont(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
   AddMetrics(dc, results);
@@ -194,6 +272,10 @@ constexpr ProbeCalls textProbes[] = {
     {"widths", Widths},
     {"heights in text", HeightsInText},
     {"faces", Faces},
+    {"vertical faces", VerticalFaces},
+    {"widths of other faces", WidthsOfOtherFaces},
+    {"turned vertical text", TurnedVerticalText},
+    {"every character of vertical text", EveryCharacterOfVerticalText},
     {"no font", NoFont},
     {"alignments", Alignments},
     {"alignments in text", AlignmentsInText},

@@ -8,6 +8,15 @@ namespace hexlume {
 
 ScriptedSeams seams;
 
+namespace {
+
+DialogResult Show(const std::function<bool()>& dialog) {
+  if (!seams.makesWindows) return DialogResult::notShown;
+  return dialog() ? DialogResult::ok : DialogResult::cancelled;
+}
+
+}  // namespace
+
 void ResetSeams() {
   seams = {};
   seams.sizeDialog = [] {
@@ -18,14 +27,14 @@ void ResetSeams() {
   seams.systemVersion = [] { return SystemVersion{10, 0}; };
 }
 
-bool ShowSizeDialog() {
+DialogResult ShowSizeDialog() {
   ++seams.sizeDialogCalls;
-  return seams.sizeDialog();
+  return Show(seams.sizeDialog);
 }
 
-bool ShowSelectionSheet() {
+DialogResult ShowSelectionSheet() {
   ++seams.selectionSheetCalls;
-  return seams.selectionSheet();
+  return Show(seams.selectionSheet);
 }
 
 SystemVersion GetSystemVersion() {

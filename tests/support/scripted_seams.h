@@ -8,10 +8,11 @@
 namespace hexlume {
 
 struct ScriptedSeams {
-  std::function<bool()> sizeDialog;      // what ShowSizeDialog does
+  std::function<bool()> sizeDialog;      // what ShowSizeDialog does; false if the user cancelled
   std::function<bool()> selectionSheet;  // what ShowSelectionSheet does
   std::function<SystemVersion()>
-      systemVersion;  // what GetSystemVersion does, at the start of an ENTITIES section
+      systemVersion;         // what GetSystemVersion does, at the start of an ENTITIES section
+  bool makesWindows = true;  // otherwise the dialogs do nothing and say that they weren't shown
   int sizeDialogCalls = 0;
   int selectionSheetCalls = 0;
 };

@@ -26,11 +26,9 @@ class ArcCutTest : public ConverterTest {
   ArcCutTest() { state.entRadius = 1000.0; }
 
   std::string Draw(const std::string& startAngle, const std::string& endAngle) {
-    TextStream stream = StreamOf("10 50\n20 50\n50 " + startAngle + "\n51 " + endAngle + "\n");
-    return ListCalls([&](Canvas canvas) { DrawArc(stream, canvas, 0.0, 0.0, view, wholeSheet); });
+    stream = StreamOf("10 50\n20 50\n50 " + startAngle + "\n51 " + endAngle + "\n");
+    return ListCalls([&](Canvas canvas) { DrawArc({RunOn(canvas)}); });
   }
-
-  int32_t wholeSheet = 0;
 };
 
 // The arc from this point on the sheet, by angles in the drawing's sense.
@@ -259,26 +257,24 @@ TEST_F(ArcCutTest, the_cap_is_the_sheets_and_the_radius_the_models) {
 
 TEST_F(ArcCutTest, the_radius_of_an_arc_with_group_40_is_a_ten_thousandth_off) {
   view = {0, 0, 5500, farDown};
-  TextStream stream = StreamOf("10 50\n20 50\n40 10\n50 90\n51 0\n");
+  stream = StreamOf("10 50\n20 50\n40 10\n50 90\n51 0\n");
   // 500.0001 / 1000.0001 is 0.5 and 5 / 10^8, the cosine of 3.3 / 10^6 less than 60 degrees. The cut ends at
   // 360 less that, 300.0000033: 210.0000033 from 90, and floats lie 15 / 10^6 apart there.
-  EXPECT_EQ(Part(5000, -4000, "-90", "-210"),
-            ListCalls([&](Canvas canvas) { DrawArc(stream, canvas, 0.0, 0.0, view, 0); }));
+  EXPECT_EQ(Part(5000, -4000, "-90", "-210"), ListCalls([&](Canvas canvas) { DrawArc({RunOn(canvas)}); }));
   // From 37 it starts at 59.9999967, where floats lie 3.8 / 10^6 apart: 59.9999962. To 143 it is 83.0000033
   // and the float 83, which lies 7.6 / 10^6 from the next.
   stream = StreamOf("10 50\n20 50\n40 10\n50 37\n51 143\n");
   EXPECT_EQ(Part(5500, -4134, "-59.9999962", "-83"),
-            ListCalls([&](Canvas canvas) { DrawArc(stream, canvas, 0.0, 0.0, view, 0); }));
+            ListCalls([&](Canvas canvas) { DrawArc({RunOn(canvas)}); }));
 }
 
 TEST_F(ArcCutTest, a_dashed_arc_is_cut_the_same_way) {
   DefineLtype(4, {300, -200});
   view = {0, 0, 5500, farDown};
-  TextStream stream = StreamOf("6 HIDDEN\n10 50\n20 50\n50 180\n51 180\n");
+  stream = StreamOf("6 HIDDEN\n10 50\n20 50\n50 180\n51 180\n");
   // What is left of the circle ends at 300, a cap's half before 360.
   const double sweep = 360.0 - std::acos(0.5) * 180.0 / pi - 180.0;
-  const std::string listing =
-      ListCalls([&](Canvas canvas) { DrawArc(stream, canvas, 0.0, 0.0, view, wholeSheet); });
+  const std::string listing = ListCalls([&](Canvas canvas) { DrawArc({RunOn(canvas)}); });
   EXPECT_EQ(ListCalls([sweep](Canvas canvas) {
               const HPEN pen = CreatePen(PS_DASH, 0, black);
               const HGDIOBJ previousPen = SelectObject(canvas, pen);

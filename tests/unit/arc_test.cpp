@@ -16,14 +16,15 @@ namespace {
 
 class ArcTest : public ConverterTest {
  protected:
+  ArcTest() { wholeSheet = 1; }
+
   // The listing of one arc with these groups.
   std::string Draw(const std::string& groups) { return DrawText("0 ARC\n" + groups + "0 CIRCLE\n"); }
 
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls(
-        [this](Canvas canvas) { result = DrawArc(stream, canvas, offsetX, offsetY, view, wholeSheet); });
+    return ListCalls([this](Canvas canvas) { result = DrawArc({RunOn(canvas), offsetX, offsetY}); });
   }
 
   // The listing of an arc of centre (5000, -5000), radius 1000 and these angles, walked in dashes within the
@@ -44,9 +45,6 @@ class ArcTest : public ConverterTest {
 
   double offsetX = 0.0;
   double offsetY = 0.0;
-  int32_t wholeSheet = 1;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 const std::string centre = "10 50\n20 50\n";

@@ -90,12 +90,8 @@ class AttribTest : public ConverterTest {
   std::string DrawStream(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawAttrib(canvas, stream, view, wholeTextClip); });
+    return ListCalls([this](Canvas canvas) { result = DrawAttrib({RunOn(canvas)}); });
   }
-
-  int32_t wholeTextClip = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 TEST_F(AttribTest, it_is_one_text_in_a_font_of_its_own) {
@@ -171,8 +167,7 @@ TEST_F(AttribTest, a_text_of_255_bytes_fits) {
   stream.complete = true;
   stream.bytes.assign(bytes.begin(), bytes.end());
   ReadGroup(stream);
-  EXPECT_EQ(WithText(text),
-            ListCalls([this](Canvas canvas) { result = DrawAttrib(canvas, stream, view, wholeTextClip); }));
+  EXPECT_EQ(WithText(text), ListCalls([this](Canvas canvas) { result = DrawAttrib({RunOn(canvas)}); }));
 }
 
 TEST_F(AttribTest, of_several_texts_the_last_one_is_drawn) {
@@ -504,8 +499,10 @@ TEST_F(AttribTest, the_text_behind_a_left_font_puts_it_back) {
   second.handle = 2;
   second.previous = "1";
   EXPECT_EQ(FontOf({}) + Listing(second), ListCalls([this](Canvas canvas) {
-              DrawAttrib(canvas, stream, view, 1);
-              DrawAttrib(canvas, stream, view, 0);
+              wholeTextClip = 1;
+              DrawAttrib({RunOn(canvas)});
+              wholeTextClip = 0;
+              DrawAttrib({RunOn(canvas)});
             }));
 }
 

@@ -319,5 +319,19 @@ TEST_F(EndlessBlocks, blocks_doubling_over_ten_levels_are_drawn_1024_times) {
   EXPECT_EQ(1024u, Strokes());
 }
 
+// 102 million groups are walked, and none of them is in a block within a block.
+TEST_F(EndlessBlocks, blocks_without_inserts_come_to_their_end_however_often_they_are_inserted) {
+  std::string hatch = "0 HATCH\n";
+  for (int i = 0; i < 20'000; ++i) hatch += "10 5\n";
+  std::string inserts;
+  for (int i = 0; i < 5100; ++i) inserts += "0 INSERT\n2 A\n10 0\n20 0\n";
+  const TemporaryDrawing file(DrawingOfBlocks(Block("A", blueLine + hatch), inserts + blueLine));
+  HENHMETAFILE metafile = nullptr;
+  EXPECT_EQ(0, library.metaMake(file.Path(), &metafile, 0, 0));
+  ASSERT_NE(nullptr, metafile);
+  listing = ListAndDelete(metafile);
+  EXPECT_EQ(5101u, Strokes());
+}
+
 }  // namespace
 }  // namespace hexlume

@@ -15,8 +15,17 @@ std::string Drawing(int32_t width, int32_t height, const std::string& entities) 
          std::to_string(height) + "\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n" + entities + "0 ENDSEC\n0 EOF\n";
 }
 
+// 420 by 297, with a block B of a line to (10, 5) in the colour that its INSERT hands on.
+std::string DrawingWithBlock(const std::string& entities) {
+  return "0 SECTION\n2 BLOCKS\n0 BLOCK\n2 B\n10 0\n20 0\n3 B\n"
+         "0 LINE\n6 BYBLOCK\n62 0\n10 0\n20 0\n11 10\n21 5\n0 ENDBLK\n0 ENDSEC\n" +
+         Drawing(420, 297, entities);
+}
+
 const std::string redLine = "0 LINE\n62 1\n10 0\n20 0\n11 10\n21 20\n";
 const std::string lineWithoutEnd = "0 LINE\n62 5\n10 1\n20 1\n";
+// To the left, without a style: the arrow's block is named in its extended data.
+const std::string leaderWithoutStyle = "0 LEADER\n10 100\n20 100\n10 50\n20 100\n1000 DSTYLE\n1000 B\n";
 
 class BetweenCalls : public testing::Test {
  protected:
@@ -88,6 +97,45 @@ TEST_F(BetweenCalls, in_a_fresh_process_an_entity_without_an_end_goes_to_the_ori
   const TemporaryDrawing drawing(Drawing(420, 297, lineWithoutEnd));
   // The point with the smaller X comes first: (0, 0) and then (1, 1).
   EXPECT_EQ(Stroke("0, 0, 42000, 29700", "0xFF0000", "0, -29700", "100, -29600"), Whole(drawing));
+}
+
+// The leader is at 10000, 10000 - 29700, and its arrow's line goes on to the end given.
+std::string LeaderAndArrow(const std::string& arrowEnd) {
+  return "Frame(0, 0, 42000, 29700)\nSetMapMode(MM_HIMETRIC)\nCreatePen(1, PS_SOLID, 0, 0x000000)\n"
+         "SelectObject(1)\nMoveToEx(10000, -19700)\nLineTo(5000, -19700)\nLineTo(5000, -19700)\n"
+         "SelectObject(BLACK_PEN)\nDeleteObject(1)\nCreatePen(1, PS_SOLID, 0, 0x000000)\nSelectObject(1)\n"
+         "MoveToEx(10000, -19700)\nLineTo(" +
+         arrowEnd + ")\nSelectObject(BLACK_PEN)\nDeleteObject(1)\n";
+}
+
+TEST_F(BetweenCalls, in_a_fresh_process_a_leader_without_a_style_has_its_arrow_at_scale_1) {
+  const TemporaryDrawing drawing(DrawingWithBlock(leaderWithoutStyle));
+  // 10000 + 1000, -19700 + 500.
+  EXPECT_EQ(LeaderAndArrow("11000, -19200"), Whole(drawing));
+}
+
+TEST_F(BetweenCalls, a_leader_without_a_style_takes_the_scales_of_the_insert_in_the_drawing_before) {
+  const TemporaryDrawing first(DrawingWithBlock("0 INSERT\n2 B\n10 0\n20 0\n41 2\n42 3\n"));
+  const TemporaryDrawing second(DrawingWithBlock(leaderWithoutStyle));
+  Whole(first);
+  // 10000 + 2 * 1000, -19700 + 3 * 500.
+  EXPECT_EQ(LeaderAndArrow("12000, -18200"), Whole(second));
+}
+
+TEST_F(BetweenCalls, an_insert_without_a_colour_takes_that_of_the_last_entity_of_the_drawing_before) {
+  const TemporaryDrawing first(Drawing(420, 297, redLine));
+  const TemporaryDrawing second(DrawingWithBlock("0 INSERT\n8 0\n2 B\n10 0\n20 0\n"));
+  Whole(first);
+  EXPECT_EQ(Stroke("0, 0, 42000, 29700", "0x0000FF", "0, -29700", "1000, -29200"), Whole(second));
+}
+
+TEST_F(BetweenCalls, a_text_has_the_face_that_a_text_of_the_drawing_before_has_named) {
+  const std::string place = "0 MTEXT\n10 10\n20 10\n40 5\n71 1\n1 ";
+  const TemporaryDrawing first(Drawing(420, 297, place + "\\fNAMED|b0;AB\n"));
+  const TemporaryDrawing second(Drawing(420, 297, place + "AB\n"));
+  EXPECT_EQ(std::string::npos, Whole(second).find("NAMED"));
+  EXPECT_NE(std::string::npos, Whole(first).find("NAMED"));
+  EXPECT_NE(std::string::npos, Whole(second).find("NAMED"));
 }
 
 TEST_F(BetweenCalls, ten_conversions_in_a_row_depend_on_what_stays_and_on_nothing_else) {

@@ -32,7 +32,7 @@ class BlockArcTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockArc(stream, canvas, blockOriginX, blockOriginY, insertColor, 0, view);
+      result = DrawBlockArc({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
@@ -52,8 +52,6 @@ class BlockArcTest : public ConverterTest {
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 const std::string centre = "10 50\n20 50\n";

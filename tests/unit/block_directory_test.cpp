@@ -36,9 +36,6 @@ class BlockDirectoryTest : public ConverterTest {
     if (!ReadGroup(stream)) return "the end";
     return std::to_string(state.groupCode) + " " + state.groupValue;
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 using Strings = std::vector<std::string>;

@@ -20,8 +20,7 @@ constexpr int32_t insertColor = 6;  // magenta
 class BlockDispatchTest : public BlockWalkTest {
  protected:
   void Walk(int32_t bodyOffset, Canvas canvas) override {
-    result = DrawBlockEntities(stream, bodyOffset, canvas, blockOriginX, blockOriginY, headerVars,
-                               insertColor, view, 0, 0, 0, 0);
+    result = DrawBlockEntities({RunOn(canvas), blockOriginX, blockOriginY, insertColor}, bodyOffset);
   }
 
   double blockOriginX = 1000.0;
@@ -239,46 +238,71 @@ TEST_F(BlockDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
 
 using EndlessBlockTest = BlockDispatchTest;
 
-size_t CountLines(const std::string& listing) {
-  size_t count = 0;
-  for (size_t at = listing.find("LineTo"); at != std::string::npos; at = listing.find("LineTo", at + 1))
-    ++count;
-  return count;
+const std::string insertB = "0 INSERT\n2 B\n10 0\n20 0\n";
+
+TEST_F(EndlessBlockTest, a_block_that_is_in_no_other_is_never_too_long) {
+  AddBlock("A", slanted + "0 HATCH\n2 SOLID\n10 1\n20 2\n" + slanted);
+  state.nestedBytes = nestedByteLimit;
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
+    EXPECT_EQ(0, thrown);
+  }
+  EXPECT_EQ(nestedByteLimit, state.nestedBytes);
 }
 
-TEST_F(EndlessBlockTest, a_block_ends_with_the_steps_that_are_left) {
-  // Eight: 70, 10 and 20 of the header, 30, 3 and 1 behind them, and the two lines.
-  AddBlock("A", slanted + slanted);
-  state.blockSteps = blockStepLimit - 8;
-  EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
+// A block B from behind its name on: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of each
+// line and 9 of ENDBLK, with 50 more for each line and for ENDBLK.
+constexpr int64_t countOfOneLine = 27 + 58 + 9 + 2 * 50;
+constexpr int64_t countOfTwoLines = 27 + 2 * 58 + 9 + 3 * 50;
+
+TEST_F(EndlessBlockTest, what_a_block_within_a_block_reads_is_counted) {
+  AddBlock("A", slanted + insertB + slanted);
+  AddBlock("B", slanted);
+  EXPECT_EQ(SlantedStroke() + SlantedStroke() + SlantedStroke(), DrawToThrow());
+  EXPECT_EQ(countOfOneLine, state.nestedBytes);
+  EXPECT_EQ(0, state.blockLevel);
+}
+
+TEST_F(EndlessBlockTest, what_is_passed_over_there_is_counted_too) {
+  AddBlock("A", insertB);
+  // The groups of the hatch are 8, 8, 5 and 5 bytes long.
+  AddBlock("B", slanted + "0 HATCH\n2 SOLID\n10 1\n20 2\n");
+  EXPECT_EQ(SlantedStroke(), DrawToThrow());
+  EXPECT_EQ(countOfOneLine + 26 + 50, state.nestedBytes);
+}
+
+TEST_F(EndlessBlockTest, the_search_for_the_base_point_is_counted_too) {
+  AddBlock("A", insertB);
+  blocks += "0 BLOCK\n2 B\n70 0\n" + slanted + "20 7\n0 ENDBLK\n";  // up to the line's group 20
+  DrawToThrow();
+  EXPECT_EQ(5 + 58 + 5 + 9 + 50, state.nestedBytes);
+}
+
+TEST_F(EndlessBlockTest, each_level_counts_for_itself) {
+  AddBlock("A", insertB + insertB);
+  // The insert: 9, 4, 5 and 5 bytes.
+  AddBlock("B", slanted + "0 INSERT\n2 C\n10 0\n20 0\n");
+  AddBlock("C", slanted);
+  EXPECT_EQ(4u, CountLines(DrawToThrow()));
+  EXPECT_EQ(2 * (countOfOneLine + 23 + 50 + countOfOneLine), state.nestedBytes);
+}
+
+TEST_F(EndlessBlockTest, blocks_within_blocks_end_with_the_bytes_that_are_left) {
+  AddBlock("A", insertB + slanted);
+  AddBlock("B", slanted + slanted);
+  state.nestedBytes = nestedByteLimit - countOfTwoLines;
+  EXPECT_EQ(SlantedStroke() + SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(0, thrown);
-  EXPECT_EQ(blockStepLimit, state.blockSteps);
+  EXPECT_EQ(nestedByteLimit, state.nestedBytes);
 }
 
-TEST_F(EndlessBlockTest, one_step_more_ends_it_as_a_fault_behind_what_was_drawn) {
-  AddBlock("A", slanted + slanted);
-  state.blockSteps = blockStepLimit - 7;
-  EXPECT_EQ(SlantedStroke(), DrawToThrow());
+TEST_F(EndlessBlockTest, one_byte_more_ends_them_as_a_fault_behind_what_was_drawn) {
+  AddBlock("A", insertB + slanted);
+  AddBlock("B", slanted + slanted);
+  state.nestedBytes = nestedByteLimit - countOfTwoLines + 1;
+  EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(faultCode, thrown);
-}
-
-TEST_F(EndlessBlockTest, the_search_for_the_base_point_counts_too) {
-  AddBlock("A", slanted);
-  state.blockSteps = blockStepLimit - 2;
-  EXPECT_EQ("", DrawToThrow());
-  EXPECT_EQ(faultCode, thrown);
-  EXPECT_EQ(blockStepLimit + 1, state.blockSteps);
-}
-
-TEST_F(EndlessBlockTest, an_entity_counts_a_step_more_for_each_160_bytes) {
-  // 200 groups of 4 + 4 bytes are 1600 bytes; the line's own are fewer than 160.
-  std::string idleGroups;
-  for (int i = 0; i < 200; ++i) idleGroups += "999 xyz\n";
-  AddBlock("A", slanted + idleGroups);
-  state.blockSteps = 0;
-  EXPECT_EQ(SlantedStroke(), DrawToThrow());
-  // Seven, of the header, of what is behind it and of the line, and ten of its length.
-  EXPECT_EQ(17, state.blockSteps);
+  EXPECT_EQ(0, state.blockLevel);
 }
 
 TEST_F(EndlessBlockTest, blocks_that_insert_the_next_one_twice_each_come_to_an_end) {
@@ -288,7 +312,7 @@ TEST_F(EndlessBlockTest, blocks_that_insert_the_next_one_twice_each_come_to_an_e
     AddBlock(depth == 1 ? "A" : "B" + std::to_string(depth - 1), next + next + slanted);
   }
   AddBlock("B60", slanted);
-  state.blockSteps = blockStepLimit - 100'000;
+  state.nestedBytes = nestedByteLimit - 1'000'000;
   EXPECT_LT(1000u, CountLines(DrawToThrow()));
   EXPECT_EQ(faultCode, thrown);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 
 #include "driver/group_reader.h"
@@ -56,15 +57,13 @@ class BlockEllipseTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockEllipse(canvas, stream, blockOriginX, blockOriginY, insertColor, view, byBlockFlag);
+      result = DrawBlockEllipse({RunOn(canvas), blockOriginX, blockOriginY, insertColor, byBlockFlag});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
   int32_t byBlockFlag = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // Coordinates.
@@ -120,19 +119,31 @@ TEST_F(BlockEllipseTest, half_a_turn_takes_its_centre_to_the_other_side_of_the_o
   EXPECT_EQ(Whole(black, "4500, -6401, 5500, -5601"), Draw(Shape(40, 20, -5, 0, 0.8) + allRound));
 }
 
-TEST_F(BlockEllipseTest, the_fields_of_the_record_are_those_of_the_block_before_the_turn) {
+TEST_F(BlockEllipseTest, the_fields_of_the_record_are_those_of_the_block_with_the_turned_centre) {
   blockOriginX = 500.0;
   state.insertScaleX = 2.0;
   state.insertAngle = halfPi;
   Draw(Shape(50, 50, -5, 1, 0.8) + allRound);
-  EXPECT_EQ(10500.0, state.blockX[0]);
-  EXPECT_EQ(5000.0, state.blockY[0]);
+  // (10000, 5000) from the origin (500, 0) becomes (-5000, 10000). A right angle of a short pi is 1e-6 off.
+  EXPECT_NEAR(-4500.0, state.blockX[0], 1e-5);
+  EXPECT_NEAR(10000.0, state.blockY[0], 1e-5);
   EXPECT_EQ(-1000.0, state.blockX[1]);
   EXPECT_EQ(100.0, state.blockY[1]);
   EXPECT_EQ(0.8, state.blockRadius);
   EXPECT_EQ(0.0, state.entX[0]);
   EXPECT_EQ(0.0, state.entRadius);
   EXPECT_EQ(0.0, state.dimRadius);
+}
+
+TEST_F(BlockEllipseTest, without_a_centre_the_next_one_turns_the_turned_centre_again) {
+  blockOriginX = 9000.0;
+  blockOriginY = 6000.0;
+  state.insertAngle = pi;
+  state.shiftX = 0.5;
+  state.shiftY = -0.5;
+  // (4000, 2000) from the origin becomes (-4000, -2000), and (4000, 2000) the next time: 13000, 8000.
+  Draw(Shape(40, 20, -5, 0, 0.8) + allRound);
+  EXPECT_EQ(Whole(black, "12500, -2401, 13500, -1601"), Draw("11 -5\n21 0\n40 0.8\n" + allRound));
 }
 
 TEST_F(BlockEllipseTest, each_missing_group_comes_from_the_block_entity_before_it) {
@@ -188,6 +199,70 @@ TEST_F(BlockEllipseTest, a_part_is_cut_to_the_view) {
   EXPECT_EQ(
       Part(black, plainBox, "5300, -4680, 5000, -500") + Part(black, plainBox, "5000, -9500, 5300, -5320"),
       Draw(plainShape + rightHalf));
+}
+
+// At each edge, on either side of the centre: the start beyond it; the end; both, whatever is between them;
+// both in the view with the edge in between.
+
+class BlockEllipseEdgeTest : public BlockEllipseTest {
+ protected:
+  struct Edge {
+    ViewRect view;
+    std::string cutStart, cutEnd;
+    double towardsView;  // in degrees counter-clockwise from the right
+  };
+
+  // A part between two directions, counted from the one towards the middle of what the cut leaves.
+  std::string DrawPart(const Edge& edge, double startDegrees, double endDegrees) {
+    view = edge.view;
+    char groups[80];
+    std::snprintf(groups, sizeof groups, "41 %.11f\n42 %.11f\n",
+                  pi * (edge.towardsView + startDegrees + 180.0) / 180.0,
+                  pi * (edge.towardsView + endDegrees + 180.0) / 180.0);
+    return Draw(plainShape + groups);
+  }
+
+  // Where the radial of 4500 in one of the four directions ends.
+  static std::string Radial(double degrees) {
+    const int32_t quarters = static_cast<int32_t>(degrees + 720.0) / 90 % 4;
+    const char* const ends[] = {"9500, -5000", "5000, -500", "500, -5000", "5000, -9500"};
+    return ends[quarters];
+  }
+
+  void ExpectCutParts(const Edge& edge) {
+    const auto arc = [](const std::string& start, const std::string& end) {
+      return Part(black, plainBox, start + ", " + end);
+    };
+    const std::string middle = Radial(edge.towardsView);
+    const std::string whatIsLeft = arc(edge.cutStart, edge.cutEnd);
+    EXPECT_EQ(arc(edge.cutStart, middle), DrawPart(edge, 180, 0));
+    EXPECT_EQ(arc(middle, edge.cutEnd), DrawPart(edge, 0, 180));
+    EXPECT_EQ(whatIsLeft, DrawPart(edge, 160, -160));
+    EXPECT_EQ(whatIsLeft, DrawPart(edge, -160, 160));
+    EXPECT_EQ(arc(edge.cutStart, middle) + arc(middle, edge.cutEnd), DrawPart(edge, 0, 0));
+  }
+};
+
+// An edge 300 off the centre cuts half a chord of 320: see the plain shape.
+
+TEST_F(BlockEllipseEdgeTest, a_part_across_the_right_edge) {
+  ExpectCutParts({{0, 0, 5300, 10000}, "5300, -4680", "5300, -5320", -180});
+  ExpectCutParts({{0, 0, 4700, 10000}, "4700, -4680", "4700, -5320", -180});
+}
+
+TEST_F(BlockEllipseEdgeTest, a_part_across_the_left_edge) {
+  ExpectCutParts({{4700, 0, 20000, 10000}, "4700, -5320", "4700, -4680", 0});
+  ExpectCutParts({{5300, 0, 20000, 10000}, "5300, -5320", "5300, -4680", 0});
+}
+
+TEST_F(BlockEllipseEdgeTest, a_part_across_the_top_edge) {
+  ExpectCutParts({{0, 4700, 20000, 10000}, "4680, -4700", "5320, -4700", -90});
+  ExpectCutParts({{0, 5300, 20000, 10000}, "4680, -5300", "5320, -5300", -90});
+}
+
+TEST_F(BlockEllipseEdgeTest, a_part_across_the_bottom_edge) {
+  ExpectCutParts({{0, 0, 20000, 5300}, "5320, -5300", "4680, -5300", 90});
+  ExpectCutParts({{0, 0, 20000, 4700}, "5320, -4700", "4680, -4700", 90});
 }
 
 // The direction of arcs.
@@ -251,10 +326,25 @@ TEST_F(BlockEllipseTest, code_6_takes_whole_names_in_any_case_with_a_record) {
   EXPECT_EQ(Whole(black, plainBox), Draw("6 DASHED\n" + plainShape + allRound));
 }
 
-TEST_F(BlockEllipseTest, the_direction_of_arcs_does_not_count_for_dashes) {
+TEST_F(BlockEllipseTest, where_arcs_had_to_be_told_their_direction_a_part_has_no_dashes) {
+  DefineLtype(4, {300, -200});
+  DefineLtype(5, {300, -200, 0, -200});
+  DefineLtype(9, {300, -200, 0, -200, 0, -200});
+  state.arcClockwise = 1;
+  const std::string arc = "Arc(" + plainBox + ", " + quarterRadials + ")\n";
+  EXPECT_EQ(arc, Draw("6 HIDDEN\n" + plainShape + quarter));
+  EXPECT_EQ(arc, Draw("6 DASHDOT\n" + plainShape + quarter));
+  EXPECT_EQ(arc, Draw("6 DASHDOTDOT\n" + plainShape + quarter));
+  view.right = 5300;
+  EXPECT_EQ(
+      "Arc(" + plainBox + ", 5300, -4680, 5000, -500)\nArc(" + plainBox + ", 5000, -9500, 5300, -5320)\n",
+      Draw("6 HIDDEN\n" + plainShape + rightHalf));
+}
+
+TEST_F(BlockEllipseTest, there_a_whole_one_has_its_dashes) {
   DefineLtype(4, {300, -200});
   state.arcClockwise = 1;
-  EXPECT_EQ(PlainDashes({500, -5000, 5000, -9500}), Draw("6 HIDDEN\n" + plainShape + quarter));
+  EXPECT_EQ(PlainDashes({}), Draw("6 HIDDEN\n" + plainShape + allRound));
 }
 
 TEST_F(BlockEllipseTest, a_name_other_than_continuous_clears_the_layers_family) {

@@ -44,8 +44,7 @@ class BlockInsertTest : public BlockStreamTest {
   }
 
   void Insert(Canvas canvas) {
-    result =
-        DrawBlockInsert(headerVars, stream, canvas, blockOriginX, blockOriginY, view, 0, 0, 0, byBlockFlag);
+    result = DrawBlockInsert({RunOn(canvas), blockOriginX, blockOriginY, 0, byBlockFlag});
   }
 
   double blockOriginX = 0.0;
@@ -281,8 +280,7 @@ class NestedInsertTest : public BlockInsertTest {
   // The listing of one insert of the section with these groups.
   std::string DrawOuter(const std::string& groups) {
     OpenAt("0 INSERT\n" + groups + "0 CIRCLE\n40 7\n");
-    return ListCalls(
-        [this](Canvas canvas) { result = DrawInsert(headerVars, stream, canvas, view, 0, 0, 0); });
+    return ListCalls([this](Canvas canvas) { result = DrawInsert({RunOn(canvas)}); });
   }
 };
 

@@ -31,14 +31,12 @@ class BlockLineTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockLine(canvas, stream, blockOriginX, blockOriginY, insertColor, view);
+      result = DrawBlockLine({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // From (1000, -1000) to (3000, -2000), slope -0.5.

@@ -38,16 +38,13 @@ class BlockLwPolylineTest : public ConverterTest {
     stream = std::move(source);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result =
-          DrawBlockLwPolyline(canvas, stream, blockOriginX, blockOriginY, insertColor, byBlockFlag, view);
+      result = DrawBlockLwPolyline({RunOn(canvas), blockOriginX, blockOriginY, insertColor, byBlockFlag});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
   int32_t byBlockFlag = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 std::string Vertex(double x, double y) {

@@ -40,8 +40,7 @@ class BlockMTextTest : public ConverterTest {
     return ListCalls([this](Canvas canvas) {
       SetTextCharacterExtra(canvas, 7);
       try {
-        result =
-            DrawBlockMText(canvas, stream, blockOriginX, blockOriginY, view, wholeTextClip, halfWidthFont);
+        result = DrawBlockMText({RunOn(canvas), blockOriginX, blockOriginY});
       } catch (int32_t code) {
         thrown = code;
       }
@@ -80,12 +79,8 @@ class BlockMTextTest : public ConverterTest {
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
   int32_t characterExtra = 0;
   int32_t thrown = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // Groups.
@@ -177,6 +172,12 @@ TEST_F(BlockMTextTest, all_characters_told_by_their_number_are_drawn) {
   EXPECT_EQ(Drawn("A\u3042B\u3044C"), Draw("1 A\\U+3042B\\U+3044C\n"));
   EXPECT_EQ(Drawn("\uFF71"), Draw("1 \\U+FF71\n"));
   EXPECT_EQ(Drawn("?B"), Draw("1 \\U+0E01B\n"));
+}
+
+TEST_F(BlockMTextTest, a_character_that_the_code_page_lacks_becomes_one_that_looks_alike) {
+  EXPECT_EQ(Drawn("m2"), Draw("1 m\\U+00B2\n"));         // superscript 2
+  EXPECT_EQ(Drawn("\u03BCm"), Draw("1 \\U+00B5m\n"));    // the micro sign: the Greek mu, 83 CA
+  EXPECT_EQ(Drawn("??"), Draw("1 \\U+D83D\\U+DE00\n"));  // nothing is like half a pair of surrogates
 }
 
 TEST_F(BlockMTextTest, the_three_known_characters_become_symbols) {

@@ -53,7 +53,7 @@ class BlockPointTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockPoint(stream, canvas, headerVars, blockOriginX, blockOriginY, insertColor);
+      result = DrawBlockPoint({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
@@ -62,11 +62,8 @@ class BlockPointTest : public ConverterTest {
     return Draw(place);
   }
 
-  HeaderVars headerVars;
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // Figures and frames.

@@ -33,14 +33,12 @@ class BlockSolidTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockSolid(canvas, stream, blockOriginX, blockOriginY, insertColor, view);
+      result = DrawBlockSolid({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A rectangle in zigzag, and its outline: 100 x, 100 y - 10000, the last two exchanged.

@@ -33,15 +33,13 @@ class BlockSplineTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawBlockSpline(canvas, stream, blockOriginX, blockOriginY, insertColor, byBlockFlag);
+      result = DrawBlockSpline({RunOn(canvas), blockOriginX, blockOriginY, insertColor, byBlockFlag});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
   int32_t byBlockFlag = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 const std::string count4 = "73 4\n";

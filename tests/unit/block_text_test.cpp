@@ -44,8 +44,7 @@ class BlockTextTest : public ConverterTest {
   }
 
   void DrawOn(Canvas canvas) {
-    result = DrawBlockText(canvas, stream, blockOriginX, blockOriginY, insertColor, view, wholeTextClip,
-                           halfWidthFont);
+    result = DrawBlockText({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
   }
 
   // In half-width mode a Latin text is shifted: 110 * 0.47 = 51.7 to the right, and up by 1.
@@ -59,10 +58,6 @@ class BlockTextTest : public ConverterTest {
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
-  TextStream stream;
-  int32_t result = -1;
   TextCall drawn;  // what plain leaves
 };
 

@@ -40,16 +40,15 @@ class BlockToleranceTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls(
-        [this](Canvas canvas) { result = DrawBlockTolerance(stream, canvas, blockOriginX, blockOriginY); });
+    return ListCalls([this](Canvas canvas) {
+      result = DrawBlockTolerance({RunOn(canvas), blockOriginX, blockOriginY});
+    });
   }
 
   std::string DrawString(const std::string& string) { return Draw(frame + "1 " + string + "\n"); }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A character in the first row: 1000 * 0.7 high, 1000 * 0.1 above the bottom.

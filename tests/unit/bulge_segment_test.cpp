@@ -48,26 +48,16 @@ std::string LwGroups(const Point& from, double bulge, const Point& to) {
 struct Converter {
   const char* name;
   std::string (*groups)(const Point& from, double bulge, const Point& to);
-  std::function<void(Canvas, TextStream&, const ViewRect&)> draw;
+  std::function<void(const ConversionRun&)> draw;
 };
 
 const Converter converters[] = {
-    {"POLYLINE", VertexGroups,
-     [](Canvas canvas, TextStream& stream, const ViewRect& view) { DrawPolyline(canvas, stream, view); }},
-    {"POLYLINE in a block", VertexGroups,
-     [](Canvas canvas, TextStream& stream, const ViewRect& view) {
-       DrawBlockPolyline(canvas, stream, 0, 0, 0, 0, view);
-     }},
-    {"LWPOLYLINE", LwGroups,
-     [](Canvas canvas, TextStream& stream, const ViewRect& view) { DrawLwPolyline(canvas, stream, view); }},
-    {"LWPOLYLINE in a block", LwGroups,
-     [](Canvas canvas, TextStream& stream, const ViewRect& view) {
-       DrawBlockLwPolyline(canvas, stream, 0, 0, 0, 0, view);
-     }},
+    {"POLYLINE", VertexGroups, [](const ConversionRun& run) { DrawPolyline({run}); }},
+    {"POLYLINE in a block", VertexGroups, [](const ConversionRun& run) { DrawBlockPolyline({run}); }},
+    {"LWPOLYLINE", LwGroups, [](const ConversionRun& run) { DrawLwPolyline({run}); }},
+    {"LWPOLYLINE in a block", LwGroups, [](const ConversionRun& run) { DrawBlockLwPolyline({run}); }},
     {"LWPOLYLINE in a dimension's inserted block", LwGroups,
-     [](Canvas canvas, TextStream& stream, const ViewRect& view) {
-       DrawDimInsertLwPolyline(stream, canvas, 0, 0, view, 0);
-     }},
+     [](const ConversionRun& run) { DrawDimInsertLwPolyline({run}); }},
 };
 
 // An arc as the metafile has it, in canvas coordinates.
@@ -92,9 +82,9 @@ class BulgeSegmentTest : public ConverterTest {
   }
 
   std::string List(const Converter& converter, const Point& from, double bulge, const Point& to) {
-    TextStream stream = StreamOf(converter.groups(from, bulge, to));
+    stream = StreamOf(converter.groups(from, bulge, to));
     ReadGroup(stream);
-    return ListCalls([&](Canvas canvas) { converter.draw(canvas, stream, view); });
+    return ListCalls([&](Canvas canvas) { converter.draw(RunOn(canvas)); });
   }
 
   RecordedArc Draw(const Converter& converter, const Point& from, double bulge, const Point& to) {
@@ -280,10 +270,10 @@ class DashedBulgeSegmentTest : public BulgeSegmentTest {
   }
 
   std::string DrawDashed(double fromDegrees, double bulge, double toDegrees) {
-    TextStream stream = StreamOf("0 LWPOLYLINE\n8 DASHES\n" + Coordinates(At(fromDegrees)) + "42 " +
-                                 Number(bulge) + "\n" + Coordinates(At(toDegrees)));
+    stream = StreamOf("0 LWPOLYLINE\n8 DASHES\n" + Coordinates(At(fromDegrees)) + "42 " + Number(bulge) +
+                      "\n" + Coordinates(At(toDegrees)));
     ReadGroup(stream);
-    const std::string listing = ListCalls([&](Canvas canvas) { DrawLwPolyline(canvas, stream, view); });
+    const std::string listing = ListCalls([&](Canvas canvas) { DrawLwPolyline({RunOn(canvas)}); });
     return listing.substr(listing.find('\n') + 1);  // without the move to the first vertex
   }
 

@@ -26,8 +26,8 @@ namespace {
 class CircleCutTest : public ConverterTest {
  protected:
   std::string Draw(const std::string& groups = "10 50\n20 50\n40 10\n") {
-    TextStream stream = StreamOf(groups);
-    return ListCalls([&](Canvas canvas) { DrawCircle(stream, canvas, 0.0, 0.0, view); });
+    stream = StreamOf(groups);
+    return ListCalls([&](Canvas canvas) { DrawCircle({RunOn(canvas)}); });
   }
 
   // What the view leaves of the circle.

@@ -22,7 +22,7 @@ class CircleTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawCircle(stream, canvas, offsetX, offsetY, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawCircle({RunOn(canvas), offsetX, offsetY}); });
   }
 
   // The listing of the whole circle of centre (5000, -5000) and radius 1000 in dashes.
@@ -35,8 +35,6 @@ class CircleTest : public ConverterTest {
 
   double offsetX = 0.0;
   double offsetY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 const std::string centre = "10 50\n20 50\n";
@@ -275,7 +273,7 @@ TEST_F(CircleTest, on_the_clockwise_system_the_canvas_fills_it_and_tells_its_col
             ListCalls([this](Canvas canvas) {
               const HBRUSH brush = CreateSolidBrush(green);
               const HGDIOBJ previous = SelectObject(canvas, brush);
-              DrawCircle(stream, canvas, 0.0, 0.0, view);
+              DrawCircle({RunOn(canvas)});
               SelectObject(canvas, previous);
               DeleteObject(brush);
             }));

@@ -89,10 +89,24 @@ TEST(CodePage932, a_character_comes_back_as_the_bytes_that_windows_prefers) {
   EXPECT_EQ(CodePage932Bytes(0xE000), 0xF040);
 }
 
-TEST(CodePage932, a_character_that_it_lacks_comes_back_as_a_question_mark) {
+TEST(CodePage932, a_character_that_it_lacks_comes_back_as_one_that_looks_alike) {
+  EXPECT_EQ(CodePage932Bytes(0x00A5), '\\');    // the yen sign, whose place the backslash takes
+  EXPECT_EQ(CodePage932Bytes(0x00B2), '2');     // superscript
+  EXPECT_EQ(CodePage932Bytes(0x00B5), 0x83CA);  // the micro sign: the Greek mu
+  EXPECT_EQ(CodePage932Bytes(0x00E9), 'e');
+  EXPECT_EQ(CodePage932Bytes(0x3094), 0x8394);  // hiragana vu: the katakana
+}
+
+TEST(CodePage932, a_character_that_it_lacks_and_nothing_is_like_comes_back_as_a_question_mark) {
+  EXPECT_EQ(CodePage932Bytes(0x2205), '?');
+  EXPECT_EQ(CodePage932Bytes(0x0E01), '?');
   EXPECT_EQ(CodePage932Bytes(0x3099), '?');
-  EXPECT_EQ(CodePage932Bytes(0x00E9), '?');
   EXPECT_EQ(CodePage932Bytes(0xFFFF), '?');
+}
+
+TEST(CodePage932, half_a_pair_of_surrogates_comes_back_as_a_question_mark) {
+  for (int unit = 0xD800; unit <= 0xDFFF; ++unit)
+    EXPECT_EQ(CodePage932Bytes(static_cast<char16_t>(unit)), '?') << unit;
 }
 
 TEST(CodePage932, every_pairs_character_comes_back_as_that_character) {

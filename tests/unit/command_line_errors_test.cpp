@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "support/run_command.h"
 #include "support/text_drawing.h"
 #include "support/tool_run.h"
 
@@ -86,6 +87,116 @@ TEST_F(CommandLineErrors, the_others_are_converted_all_the_same) {
   EXPECT_TRUE(Exists("c.emf"));
 }
 
+// Files that are no ASCII DXF, or not all of one.
+
+const std::string header =
+    DrawingBytes("0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 420\n20 297\n0 ENDSEC\n");
+const std::string entities =
+    DrawingBytes("0 SECTION\n2 ENTITIES\n0 LINE\n8 0\n10 10\n20 10\n11 400\n21 200\n0 ENDSEC\n0 EOF\n");
+
+TEST_F(CommandLineErrors, an_empty_file) {
+  Write("a.dxf", "");
+  ExpectFailure(RunReal("a.dxf"), 30, "hexlume: a.dxf: the file is empty\n");
+  const std::string japanese = JapaneseName() + ".dxf";
+  Write(japanese, "");
+  ExpectFailure(RunReal(japanese), 30, "hexlume: " + japanese + ": the file is empty\n");
+}
+
+TEST_F(CommandLineErrors, a_binary_dxf) {
+  // The sentinel of 22 bytes, and a group 0 "SECTION".
+  const std::string start("AutoCAD Binary DXF\r\n\x1A\0", 22);
+  const std::string message =
+      "hexlume: a.dxf: the file is a binary DXF; only an ASCII DXF can be converted\n";
+  Write("a.dxf", start + std::string("\0\0SECTION\0", 10));
+  ExpectFailure(RunReal("a.dxf"), 30, message);
+  ExpectFailure(RunReal("--full-size a.dxf"), 30, message);
+  ExpectFailure(RunReal("--view 0,0,100,100 a.dxf"), 30, message);
+  Write("a.dxf", start);
+  ExpectFailure(RunReal("a.dxf"), 30, message);
+}
+
+TEST_F(CommandLineErrors, a_dwg) {
+  for (const char* version : {"AC1009", "AC1015", "AC1032"}) {
+    Write("a.dxf", version + std::string("\0\0\0\0\x06\n\x1A\0\n", 9));
+    ExpectFailure(RunReal("a.dxf"), 30,
+                  "hexlume: a.dxf: the file is a DWG; only an ASCII DXF can be converted\n");
+  }
+}
+
+TEST_F(CommandLineErrors, what_only_looks_like_one_of_these_is_none) {
+  for (const char* start : {"AC10", "AC10XY", "AC1A15", "AutoCAD Binary DXF\r\n"}) {
+    Write("a.dxf", start);
+    ExpectFailure(RunReal("a.dxf"), 30,
+                  "hexlume: a.dxf: the file has no ENTITIES section, so there is nothing to draw\n");
+  }
+}
+
+TEST_F(CommandLineErrors, a_file_without_entities_that_has_no_size) {
+  for (const char* bytes : {"0 EOF\n", "0 SECTION\n2 HEADER\n0 ENDSEC\n0 EOF\n",
+                            "0 SECTION\n2 TABLES\n0 ENDSEC\n0 EOF\n", "1 ENTITIES\n0 EOF\n"}) {
+    Write("a.dxf", DrawingBytes(bytes));
+    ExpectFailure(RunReal("a.dxf"), 30,
+                  "hexlume: a.dxf: the file has no ENTITIES section, so there is nothing to draw\n");
+    EXPECT_FALSE(Exists("a.emf"));
+  }
+}
+
+TEST_F(CommandLineErrors, a_file_without_entities_that_has_a_size_gives_an_empty_sheet) {
+  // A layer may have the section's name, and what is behind the text's end doesn't count.
+  for (const std::string& end :
+       {std::string("0\nEOF\n"), std::string("8\nENTITIES\n"), "\x1A\n" + entities}) {
+    Write("a.dxf", header + end);
+    const Outcome outcome = RunReal("a.dxf");
+    EXPECT_EQ(0, outcome.status);
+    EXPECT_EQ("hexlume: a.dxf: the file has no ENTITIES section, so there is nothing to draw\n", outcome.err);
+    EXPECT_EQ("Frame(0, 0, 42000, 29700)\n", ListingOf("a.emf"));
+  }
+}
+
+TEST_F(CommandLineErrors, an_empty_section_entities_is_one) {
+  Write("a.dxf", header + "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+  ExpectSuccess(RunReal("a.dxf"));
+}
+
+TEST_F(CommandLineErrors, a_drawing_that_fails_for_another_reason_has_its_general_message) {
+  Write("returns30.dxf", header + entities);
+  ExpectFailure(RunScripted("returns30.dxf"), 30,
+                "hexlume: returns30.dxf: the file can't be read or is no drawing, or a fault ended it\n");
+}
+
+constexpr int64_t twoGb = int64_t{1} << 31;
+const std::string tooLarge = "the file is larger than 2 GB; what is beyond isn't read\n";
+
+TEST_F(CommandLineErrors, a_file_beyond_2_gb_is_converted_as_far_as_it_is_read) {
+  // The text ends early, so that the rest needs neither time nor memory.
+  Write("a.dxf", header + entities + '\x1A');
+  GrowFile("a.dxf", twoGb - 1);
+  ExpectSuccess(RunReal("a.dxf"));
+  GrowFile("a.dxf", twoGb);
+  const Outcome outcome = RunReal("a.dxf");
+  EXPECT_EQ(0, outcome.status);
+  EXPECT_EQ("hexlume: a.dxf: " + tooLarge, outcome.err);
+  EXPECT_TRUE(Contains(ListingOf("a.emf"), "\nLineTo("));
+}
+
+TEST_F(CommandLineErrors, a_file_beyond_2_gb_that_fails) {
+  Write("a.dxf", "\x1A");
+  GrowFile("a.dxf", 3 * twoGb);
+  ExpectFailure(RunReal("a.dxf"), 30, "hexlume: a.dxf: " + tooLarge);
+  Write("begun.dxf", "\x1A");
+  GrowFile("begun.dxf", 3 * twoGb);
+  ExpectFailure(RunScripted("begun.dxf"), 30,
+                "hexlume: begun.dxf: " + tooLarge +
+                    "hexlume: begun.dxf: a fault ended the drawing; what was drawn up to there is kept\n");
+}
+
+TEST_F(CommandLineErrors, a_file_says_nothing_of_other_failures) {
+  Write("returns16.dxf", "");
+  ExpectFailure(RunScripted("returns16.dxf"), 16, "hexlume: returns16.dxf: cancelled in a dialog\n");
+  Write("fault11.dxf", "");
+  ExpectFailure(RunScripted("fault11.dxf"), 11, "hexlume: fault11.dxf: fault 11 left the library\n");
+}
+
 // Outputs that can't be written. The reason is the system's own words.
 
 void ExpectNotWritten(const Outcome& outcome, const std::string& output) {
@@ -142,6 +253,18 @@ TEST_F(CommandLineErrors, views_that_are_no_four_numbers) {
     ExpectWrongUsage(std::string("--view \"") + view + "\" plan.dxf",
                      std::string("--view needs four whole numbers L,T,R,B, not '") + view + "'");
   }
+}
+
+TEST_F(CommandLineErrors, views_that_are_inverted) {
+  ExpectWrongUsage("--view 10,10,5,20 plan.dxf",
+                   "--view needs a left edge that isn't right of the right one");
+  ExpectWrongUsage("--view 10,10,20,5 plan.dxf", "--view needs a top edge that isn't below the bottom one");
+}
+
+TEST_F(CommandLineErrors, options_given_more_than_once) {
+  ExpectWrongUsage("--png a.png --png b.png plan.dxf", "--png is given more than once");
+  ExpectWrongUsage("-d . -d .. plan.dxf", "-d is given more than once");
+  ExpectWrongUsage("--view 0,0,1,1 --view 0,0,2,2 plan.dxf", "--view is given more than once");
 }
 
 TEST_F(CommandLineErrors, options_that_exclude_or_need_each_other) {

@@ -34,7 +34,7 @@ TEST_F(CommandLine, help_names_every_option_and_exit_status) {
                            "--mono",
                            "--half-width",
                            "--whole-text",
-                           "--dialogs",
+                           "--dialogs[=N] ",
                            "--dialog-font",
                            "--png FILE",
                            "--dpi N",
@@ -50,6 +50,10 @@ TEST_F(CommandLine, help_names_every_option_and_exit_status) {
                            "73 "}) {
     EXPECT_TRUE(Contains(outcome.out, word)) << word;
   }
+}
+
+TEST_F(CommandLine, help_has_a_short_form) {
+  EXPECT_EQ(RunReal("--help").out, RunReal("-h").out);
 }
 
 TEST_F(CommandLine, standard_output_has_plain_line_ends) {

@@ -186,11 +186,23 @@ TEST(ContinuousHatchFamily, an_offset_flatter_than_the_lines_leads_down_the_left
 }
 
 TEST(ContinuousHatchFamily, a_start_right_of_the_left_edge_slides_down_its_line) {
-  // -1000 - trunc(299.99999999) = -1299, from which both passes count. X grows by 400.00000002, Y by
-  // 399.99999999.
-  EXPECT_EQ(List(Family(45, -200, 200, 300)), Line(0, -1299, 1000, -300) + Line(400, -1299, 1000, -700) +
-                                                  Line(800, -1299, 1000, -1100) + Line(0, -900, 1000, 99) +
-                                                  Line(0, -899, 1000, 100) + Line(0, -499, 899, 400));
+  // The pen slides to -1000 - trunc(299.99999999) = -1299, but the rows count from the base. X grows by
+  // 400.00000002 from 300: 700. The second pass starts at -1299 + 200 + trunc(199.99999999) = -900; then Y
+  // grows by 399.99999999 from -1000: -600, -200 is above the top.
+  EXPECT_EQ(List(Family(45, -200, 200, 300)), Line(0, -1299, 1000, -300) + Line(700, -1299, 1000, -1000) +
+                                                  Line(0, -900, 1000, 99) + Line(0, -600, 1000, 399));
+}
+
+TEST(ContinuousHatchFamily, the_second_row_of_a_line_that_slid_counts_from_the_base) {
+  // A boundary from (10, 10) to (60, 50) on a sheet of 300 x 200, and a base 5 right of its corner. X: 1500 +
+  // 424.26 = 1924.26, and so on to 5742.6, 10 rows after the first at 1000. The second pass: from -19499 +
+  // 212 + 212 = -19075; then Y: -19000 + 424.26 = -18575.74, to -15181.66, 9 rows.
+  const std::string lines = List(Family(45, -212.13, 212.13, 1500, -19000), {1000, -15000, 6000, -19000});
+  const std::string first = Line(1000, -19499, 6000, -14500) + Line(1924, -19499, 6000, -15424);
+  EXPECT_EQ(lines.substr(0, first.size()), first);
+  EXPECT_NE(lines.find(Line(1000, -19075, 6000, -14076) + Line(1000, -18575, 6000, -13576)),
+            std::string::npos);
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 2 * (11 + 10));
 }
 
 TEST(ContinuousHatchFamily, a_start_left_of_the_extent_stays_there) {
@@ -251,11 +263,20 @@ TEST(ContinuousHatchFamily, upright_lines_to_the_left_lose_their_fractions) {
   EXPECT_EQ(List(Family(90, 300.6, 0, 999)), UprightLines({999, 699, 399, 99}));
 }
 
-TEST(ContinuousHatchFamily, an_offset_that_nearly_lies_across_upright_lines_moves_them_no_further) {
-  // The second pass starts at the first line again: the offset's part across is above 0 there.
-  EXPECT_EQ(List(Family(90, -400, 1e-9)), UprightLines({0, 400, 800, 0}));
+TEST(ContinuousHatchFamily, an_offset_not_quite_across_upright_lines_leads_to_the_right_alone) {
+  // The second pass would start at -400 * tan(90), 8.9E12 below, as its offset is above 0 there.
+  EXPECT_EQ(List(Family(90, -400, 1.8e-14, 500)), UprightLines({500, 900}));
+  EXPECT_EQ(List(Family(270, -400, 1.8e-14, 500)), UprightLines({500, 900}));
+  // The other way round it starts at 500 - 400.
+  EXPECT_EQ(List(Family(90, 400, 1.8e-14, 500)), UprightLines({500, 900, 100}));
   // X grows by 400 - 50 / tan(90): 399.999999998.
   EXPECT_EQ(List(Family(90, 400, 50)), UprightLines({0, 399, 799, -400}));
+}
+
+TEST(ContinuousHatchFamily, an_offset_along_upright_lines_leads_up_to_the_top) {
+  // -1000, -700, -400; the second pass -1000 again.
+  EXPECT_EQ(List(Family(90, 0, 300)),
+            Line(0, -1000, 0, 400) + Line(0, -700, 0, 400) + Line(0, -400, 0, 400) + Line(0, -1000, 0, 400));
 }
 
 TEST(ContinuousHatchFamily, upright_lines_begin_at_the_height_of_the_first) {
@@ -408,6 +429,11 @@ TEST(ContinuousHatchFamily, lines_without_an_offset_are_drawn_once_a_pass) {
     const size_t count = Segments(List(Family(degrees, 0, 0))).size();
     EXPECT_EQ(count, 2u) << degrees;
   }
+}
+
+TEST(ContinuousHatchFamily, upright_lines_less_than_a_unit_apart_dont_step_to_the_left) {
+  // To the right 0, 0, 1, 1 .. 1000, 1000, each pair a unit apart; to the left 0 once.
+  EXPECT_EQ(Segments(List(Family(90, 0.5, 0), extent, 100000)).size(), 2002u + 1u);
 }
 
 TEST(ContinuousHatchFamily, lines_too_dense_end_with_the_hatchs_strokes) {

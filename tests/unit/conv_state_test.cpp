@@ -44,7 +44,8 @@ TEST_F(Record, a_reset_empties_the_tables) {
   state.excludedLayers.Add({});
   state.dimStyles.emplace_back();
   state.blocks.Add({});
-  state.blockSteps = 1;
+  state.blockLevel = 1;
+  state.nestedBytes = 1;
   state.excludedLtypes = {1};
   state.layerCount = state.excludedLayerCount = state.excludedLtypeCount = 1;
   state.layerNamesOwned = state.layersOwned = 1;
@@ -55,7 +56,8 @@ TEST_F(Record, a_reset_empties_the_tables) {
   EXPECT_TRUE(state.excludedLayers.empty());
   EXPECT_TRUE(state.dimStyles.empty());
   EXPECT_TRUE(state.blocks.empty());
-  EXPECT_EQ(0, state.blockSteps);
+  EXPECT_EQ(0, state.blockLevel);
+  EXPECT_EQ(0, state.nestedBytes);
   EXPECT_TRUE(state.excludedLtypes.empty());
   EXPECT_EQ(0, state.layerCount + state.excludedLayerCount + state.excludedLtypeCount);
   EXPECT_EQ(0, state.layerNamesOwned + state.layersOwned);

@@ -18,14 +18,17 @@
 namespace hexlume {
 namespace {
 
+const std::string oneLine = "0 SECTION\n2 ENTITIES\n0 LINE\n8 A\n10 0\n20 0\n11 10\n21 10\n0 ENDSEC\n0 EOF\n";
+
 // A drawing of width by height with the layers A, B and C (C frozen) and one line on A.
 std::string Drawing(int width, int height) {
   return "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 " + std::to_string(width) + "\n20 " +
          std::to_string(height) +
          "\n0 ENDSEC\n"
          "0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n"
-         "0 LAYER\n2 A\n70 0\n62 7\n0 LAYER\n2 B\n70 0\n62 7\n0 LAYER\n2 C\n70 1\n62 7\n0 ENDTAB\n0 ENDSEC\n"
-         "0 SECTION\n2 ENTITIES\n0 LINE\n8 A\n10 0\n20 0\n11 10\n21 10\n0 ENDSEC\n0 EOF\n";
+         "0 LAYER\n2 A\n70 0\n62 7\n0 LAYER\n2 B\n70 0\n62 7\n0 LAYER\n2 C\n70 1\n62 7\n0 ENDTAB\n0 "
+         "ENDSEC\n" +
+         oneLine;
 }
 
 const std::string small = Drawing(420, 297);
@@ -165,6 +168,28 @@ TEST_F(ConversionTest, a_cancelled_sheet_ends_with_16) {
   }
 }
 
+// Where no window can be made
+
+TEST_F(ConversionTest, dialogs_that_cannot_be_shown_are_as_none) {
+  // A drawing beyond A0 with a fraction that whole millimetres would lose, and one without layers, of whose
+  // none as many are left out as there are.
+  const std::string fraction =
+      "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 2000.95\n20 1500.95\n0 ENDSEC\n" + oneLine;
+  const std::string withoutLayers =
+      "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 420\n20 297\n0 ENDSEC\n" + oneLine;
+  seams.makesWindows = false;
+  for (const std::string& bytes : {small, fraction, withoutLayers}) {
+    const TemporaryDrawing drawing(bytes);
+    for (const Export which : {Export::whole, Export::part, Export::fullSize}) {
+      EXPECT_EQ(HEXLUME_OK, Run(which, drawing.Path(), 0));
+      const std::string without = Listing();
+      EXPECT_NE(std::string::npos, without.find("\nSetMapMode("));
+      EXPECT_EQ(HEXLUME_OK, Run(which, drawing.Path(), 1));
+      EXPECT_EQ(without, Listing());
+    }
+  }
+}
+
 // The short way to an empty metafile
 
 TEST_F(ConversionTest, one_more_than_all_layers_takes_the_short_way_at_the_whole_sheet) {
@@ -271,6 +296,28 @@ TEST_F(ConversionTest, what_was_excluded_is_excluded_turned_too) {
   Listing();
   EXPECT_EQ(HEXLUME_OK, Run(Export::turned, ""));
   EXPECT_EQ("Frame(0, 0, 42000, 29700)\nSetMapMode(MM_HIMETRIC)\n", Listing());
+}
+
+// 11 million lines are walked over, and 8 groups of each are never looked at.
+TEST_F(ConversionTest, a_long_block_on_an_excluded_layer_may_be_inserted_often) {
+  std::string lines;
+  for (int i = 0; i < 10'000; ++i) lines += "0 LINE\n8 A\n62 1\n39 0\n10 0\n20 0\n30 0\n11 1\n21 1\n31 0\n";
+  std::string inserts;
+  for (int i = 0; i < 1100; ++i) inserts += "0 INSERT\n8 B\n2 X\n10 0\n20 0\n";
+  std::string drawing = small;
+  const size_t entities = drawing.find("0 SECTION\n2 ENTITIES\n");
+  const size_t end = drawing.rfind("0 ENDSEC\n");
+  drawing.insert(end, inserts + "0 LINE\n8 B\n10 0\n20 0\n11 10\n21 10\n");
+  drawing.insert(entities,
+                 "0 SECTION\n2 BLOCKS\n0 BLOCK\n2 X\n10 0\n20 0\n3 X\n" + lines + "0 ENDBLK\n0 ENDSEC\n");
+  seams.selectionSheet = [] {
+    Exclude(1, {"A"});
+    return true;
+  };
+  const TemporaryDrawing file(drawing);
+  EXPECT_EQ(HEXLUME_OK, Run(Export::whole, file.Path(), 1));
+  // (0, 0) and (10, 10), from the left end.
+  EXPECT_NE(std::string::npos, Listing().find("MoveToEx(0, -29700)\nLineTo(1000, -28700)\n"));
 }
 
 TEST_F(ConversionTest, an_excluded_family_is_excluded_turned_too) {

@@ -129,6 +129,39 @@ TEST_F(ConverterRules, a_slot_without_a_record_is_undefined) {
   EXPECT_FALSE(IsLtypeDefined(-1));
 }
 
+// Dashes.
+
+TEST_F(ConverterRules, a_family_has_the_elements_that_its_slot_stores) {
+  DefineLtype(4, {300, -200, 100, -50, 10, -5});
+  const int32_t counts[] = {0, 2, 2, 4, 6};
+  for (const int32_t family : {1, 2, 3, 4}) {
+    const Dashes dashes = DashesOf({family, 4, 0});
+    ASSERT_EQ(counts[family], dashes.count);
+    EXPECT_EQ(300.0, dashes.elements[0]);
+    EXPECT_EQ(-200.0, dashes.elements[1]);
+  }
+  EXPECT_EQ(0, DashesOf({0, 4, 0}).count);
+}
+
+TEST_F(ConverterRules, stored_elements_count_though_their_slot_is_not_defined) {
+  DefineLtype(4, {300, -200});
+  state.ltypes[4].defined = 0;
+  const Dashes dashes = DashesOf({1, 4, 0});
+  ASSERT_EQ(2, dashes.count);
+  EXPECT_EQ(300.0, dashes.elements[0]);
+}
+
+TEST_F(ConverterRules, a_slot_that_no_record_has_set_is_solid) {
+  EXPECT_EQ(0, DashesOf({1, 4, 0}).count);
+  DefineLtype(4, {300, -200});
+  for (const int32_t slot : {3, 12, 13, -1}) EXPECT_EQ(0, DashesOf({1, slot, 0}).count) << slot;
+}
+
+TEST_F(ConverterRules, a_record_without_elements_is_walked) {
+  DefineLtypes({4});
+  EXPECT_EQ(2, DashesOf({1, 4, 0}).count);
+}
+
 // Group 8.
 
 TEST_F(ConverterRules, a_layer_gives_family_pattern_colour_and_width) {

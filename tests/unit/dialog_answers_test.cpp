@@ -96,6 +96,24 @@ TEST_F(DialogAnswersTest, a_name_that_no_layer_has_answers_nothing) {
   EXPECT_EQ(Names{}, Excluded());
 }
 
+TEST_F(DialogAnswersTest, it_is_known_which_names_the_last_drawing_has) {
+  AddLayer("A", 1);
+  AddLayer("OFF", 0);
+  HideLayers({"A", "OFF", "B"});
+  EXPECT_EQ(0, vzHiddenLayerExists("A"));  // not asked yet
+  ShowSelectionSheet();
+  EXPECT_EQ(1, vzHiddenLayerExists("A"));
+  EXPECT_EQ(1, vzHiddenLayerExists("OFF"));
+  EXPECT_EQ(0, vzHiddenLayerExists("B"));
+  EXPECT_EQ(0, vzHiddenLayerExists("C"));
+  EXPECT_EQ(0, vzHiddenLayerExists(nullptr));
+  FreeTables();
+  AddLayer("B", 1);
+  ShowSelectionSheet();
+  EXPECT_EQ(0, vzHiddenLayerExists("A"));
+  EXPECT_EQ(1, vzHiddenLayerExists("B"));
+}
+
 TEST_F(DialogAnswersTest, families_are_stored_in_the_order_of_the_rows) {
   const Families hidden = {4, 1, 2};
   vzSetDialogAnswers(0, nullptr, 0, hidden.data(), 3);

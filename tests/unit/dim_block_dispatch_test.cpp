@@ -20,14 +20,11 @@ constexpr int32_t dimensionColor = 6;  // magenta
 
 class DimBlockDispatchTest : public BlockWalkTest {
  protected:
-  void Walk(int32_t bodyOffset, Canvas canvas) override {
-    DrawDimBlock(bodyOffset, 1000.0, 2000.0, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont,
-                 dimensionColor, stream, canvas);
-  }
+  DimBlockDispatchTest() { wholeSheet = 1; }
 
-  int32_t wholeTextClip = 0;
-  int32_t wholeSheet = 1;
-  int32_t halfWidthFont = 0;
+  void Walk(int32_t bodyOffset, Canvas canvas) override {
+    DrawDimBlock({RunOn(canvas), 1000.0, 2000.0, dimensionColor}, bodyOffset);
+  }
 };
 
 // The header.
@@ -292,19 +289,28 @@ TEST_F(DimBlockDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
 
 // Walks without an end.
 
-TEST_F(DimBlockDispatchTest, a_block_ends_with_the_steps_that_are_left) {
-  // Eight: 70, 10, 20, 30, 3 and 1 of the header, and the two lines.
-  AddBlock("A", slanted + slanted);
-  state.blockSteps = blockStepLimit - 8;
+TEST_F(DimBlockDispatchTest, a_dimensions_block_is_never_too_long) {
+  AddBlock("A", slanted + "0 HATCH\n2 SOLID\n10 1\n20 2\n" + slanted);
+  state.nestedBytes = nestedByteLimit;
   EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(0, thrown);
+  EXPECT_EQ(nestedByteLimit, state.nestedBytes);
 }
 
-TEST_F(DimBlockDispatchTest, one_step_more_ends_it_as_a_fault_behind_what_was_drawn) {
-  AddBlock("A", slanted + slanted);
-  state.blockSteps = blockStepLimit - 7;
-  EXPECT_EQ(SlantedStroke(), DrawToThrow());
+TEST_F(DimBlockDispatchTest, what_blocks_within_it_read_is_counted) {
+  AddBlock("A", slanted + "0 INSERT\n2 B\n10 0\n20 0\n" + slanted);
+  AddBlock("B", slanted);
+  // Behind the name of B: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of the line and 9 of
+  // ENDBLK, with 50 more for the line and for ENDBLK.
+  constexpr int64_t count = 27 + 58 + 9 + 2 * 50;
+  state.nestedBytes = nestedByteLimit - count;
+  EXPECT_EQ(3u, CountLines(DrawToThrow()));
+  EXPECT_EQ(0, thrown);
+  EXPECT_EQ(nestedByteLimit, state.nestedBytes);
+  state.nestedBytes = nestedByteLimit - count + 1;
+  EXPECT_EQ(2u, CountLines(DrawToThrow()));
   EXPECT_EQ(faultCode, thrown);
+  EXPECT_EQ(0, state.blockLevel);
 }
 
 TEST_F(DimBlockDispatchTest, a_block_that_inserts_itself_ends_once_it_has_no_scope_left_of_its_own) {

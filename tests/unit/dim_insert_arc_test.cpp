@@ -23,6 +23,7 @@ class DimInsertArcTest : public ConverterTest {
     AddLayer("WALLS", {}, 1);
     AddLayer("DOORS", {0, 0, 3}, 5);
     SetInsertLayer("WALLS");
+    wholeSheet = 1;
   }
 
   // The listing of one arc with these groups.
@@ -32,7 +33,7 @@ class DimInsertArcTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawDimInsertArc(stream, canvas, blockOriginX, blockOriginY, view, wholeSheet, insertColor);
+      result = DrawDimInsertArc({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
@@ -52,9 +53,6 @@ class DimInsertArcTest : public ConverterTest {
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  int32_t wholeSheet = 1;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 const std::string centre = "10 50\n20 50\n";

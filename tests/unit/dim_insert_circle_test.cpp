@@ -32,7 +32,7 @@ class DimInsertCircleTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawDimInsertCircle(stream, canvas, blockOriginX, blockOriginY, view, insertColor);
+      result = DrawDimInsertCircle({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
@@ -52,8 +52,6 @@ class DimInsertCircleTest : public ConverterTest {
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 const std::string centre = "10 50\n20 50\n";

@@ -18,14 +18,14 @@ constexpr int32_t insertColor = 6;  // magenta
 
 class DimInsertDispatchTest : public BlockWalkTest {
  protected:
+  DimInsertDispatchTest() { wholeSheet = 1; }
+
   void Walk(int32_t bodyOffset, Canvas canvas) override {
-    result = DrawDimInsertEntities(stream, bodyOffset, canvas, blockOriginX, blockOriginY, headerVars, view,
-                                   0, wholeSheet, 0, insertColor);
+    result = DrawDimInsertEntities({RunOn(canvas), blockOriginX, blockOriginY, insertColor}, bodyOffset);
   }
 
   double blockOriginX = 1000.0;
   double blockOriginY = 2000.0;
-  int32_t wholeSheet = 1;
 };
 
 // The header.
@@ -188,18 +188,25 @@ TEST_F(DimInsertDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
 
 // Walks without an end.
 
-TEST_F(DimInsertDispatchTest, a_block_ends_with_the_steps_that_are_left) {
-  // Eight: 70, 10, 20, 30, 3 and 1 of the header, and the two lines.
+// What is read behind the block's name: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of each
+// line and 9 of ENDBLK, with 50 more for each line and for ENDBLK.
+constexpr int64_t countOfTwoLines = 27 + 2 * 58 + 9 + 3 * 50;
+
+TEST_F(DimInsertDispatchTest, within_a_dimensions_block_it_ends_with_the_bytes_that_are_left) {
   AddBlock("A", slanted + slanted);
-  state.blockSteps = blockStepLimit - 8;
+  state.blockLevel = 1;
+  state.nestedBytes = nestedByteLimit - countOfTwoLines;
   EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(0, thrown);
+  EXPECT_EQ(nestedByteLimit, state.nestedBytes);
+  EXPECT_EQ(1, state.blockLevel);
 }
 
-TEST_F(DimInsertDispatchTest, one_step_more_ends_it_as_a_fault_behind_what_was_drawn) {
-  AddBlock("A", slanted + slanted);
-  state.blockSteps = blockStepLimit - 7;
-  EXPECT_EQ(SlantedStroke(), DrawToThrow());
+TEST_F(DimInsertDispatchTest, one_byte_more_ends_it_as_a_fault_behind_what_was_drawn) {
+  AddBlock("A", slanted + slanted + slanted);
+  state.blockLevel = 1;
+  state.nestedBytes = nestedByteLimit - countOfTwoLines - (58 + 50) + 1;
+  EXPECT_EQ(SlantedStroke() + SlantedStroke() + SlantedStroke(), DrawToThrow());
   EXPECT_EQ(faultCode, thrown);
 }
 

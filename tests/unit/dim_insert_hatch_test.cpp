@@ -25,14 +25,13 @@ class DimInsertHatchTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls(
-        [this](Canvas canvas) { result = DrawDimInsertHatch(stream, canvas, blockOriginX, blockOriginY); });
+    return ListCalls([this](Canvas canvas) {
+      result = DrawDimInsertHatch({RunOn(canvas), blockOriginX, blockOriginY});
+    });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 std::string Filled(COLORREF colour, const std::string& corners) {

@@ -40,9 +40,7 @@ class DimInsertInsertTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Insert(canvas); });
   }
 
-  void Insert(Canvas canvas) {
-    result = DrawDimInsertInsert(headerVars, stream, canvas, blockOriginX, blockOriginY, view, 0, 0, 0);
-  }
+  void Insert(Canvas canvas) { result = DrawDimInsertInsert({RunOn(canvas), blockOriginX, blockOriginY}); }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
@@ -228,9 +226,7 @@ TEST_F(DimInsertInsertTest, behind_it_the_next_entitys_group_stands_in_the_buffe
 TEST_F(DimInsertInsertTest, scale_and_angle_stay_for_what_follows_in_the_block_around_it) {
   AddBlock("OUTER", nearOrigin + "0 INSERT\n2 NEAR\n41 3\n50 0\n" + nearOrigin);
   OpenAt("0 INSERT\n2 OUTER\n41 2\n0 CIRCLE\n");
-  const std::string calls = ListCalls([this](Canvas canvas) {
-    result = DrawDimInsert(headerVars, stream, canvas, 0.0, 0.0, view, 0, 0, 0, 0);
-  });
+  const std::string calls = ListCalls([this](Canvas canvas) { result = DrawDimInsert({RunOn(canvas)}); });
   EXPECT_EQ(Stroke(black, 2000, -8000, 4000, -9000) + Stroke(black, 3000, -8000, 6000, -9000) +
                 Stroke(black, 3000, -8000, 6000, -9000),
             calls);

@@ -32,15 +32,12 @@ class DimInsertLineTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawDimInsertLine(stream, canvas, blockOriginX, blockOriginY, view, wholeSheet, insertColor);
+      result = DrawDimInsertLine({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  int32_t wholeSheet = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // From (1000, -1000) to (3000, -2000).

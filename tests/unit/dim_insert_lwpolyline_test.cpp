@@ -38,14 +38,12 @@ class DimInsertLwPolylineTest : public ConverterTest {
     stream = std::move(source);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawDimInsertLwPolyline(stream, canvas, blockOriginX, blockOriginY, view, insertColor);
+      result = DrawDimInsertLwPolyline({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 std::string Vertex(double x, double y) {

@@ -33,14 +33,12 @@ class DimInsertSolidTest : public ConverterTest {
     stream = StreamOf(text);
     ReadGroup(stream);
     return ListCalls([this](Canvas canvas) {
-      result = DrawDimInsertSolid(canvas, stream, blockOriginX, blockOriginY, view, insertColor);
+      result = DrawDimInsertSolid({RunOn(canvas), blockOriginX, blockOriginY, insertColor});
     });
   }
 
   double blockOriginX = 0.0;
   double blockOriginY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A rectangle in zigzag, and its outline: 100 x, 100 y - 10000, the last two exchanged.
@@ -124,16 +122,25 @@ TEST_F(DimInsertSolidTest, on_a_turned_sheet_the_figure_is_turned) {
 
 // Groups 6, 8 and 62.
 
-TEST_F(DimInsertSolidTest, the_family_of_its_line_type_is_the_outlines_style_without_a_record) {
+TEST_F(DimInsertSolidTest, the_family_of_its_line_type_is_the_outlines_style) {
+  DefineLtypes({0, 4, 6, 10, 11});
   EXPECT_EQ(Filled(black, "PS_DOT"), Draw("6 DOT\n" + square));
   EXPECT_EQ(Filled(black, "PS_DASH"), Draw("6 hidden\n" + square));
   EXPECT_EQ(Filled(black, "PS_DASHDOT"), Draw("6 Center\n" + square));
   EXPECT_EQ(Filled(black, "PS_DASHDOTDOT"), Draw("6 DIVIDE\n" + square));
+  EXPECT_EQ(Filled(black, "PS_DASHDOTDOT"), Draw("6 PHANTOM\n" + square));
   EXPECT_EQ(Filled(black), Draw("6 MY_HIDDEN_LINE\n" + square));
 }
 
-TEST_F(DimInsertSolidTest, center2_and_phantom2_are_not_in_its_list) {
-  EXPECT_EQ(Filled(black), Draw("6 CENTER2\n" + square));
+TEST_F(DimInsertSolidTest, a_line_type_without_a_record_changes_nothing) {
+  for (const char* name : {"DOT", "HIDDEN", "CENTER", "DIVIDE", "PHANTOM2"})
+    EXPECT_EQ(Filled(black), Draw("6 " + std::string(name) + "\n" + square)) << name;
+  EXPECT_EQ(Filled(red, "PS_DASH"), Draw("8 DASHES\n6 CENTER\n" + square));
+}
+
+TEST_F(DimInsertSolidTest, center2_with_its_record_is_in_its_list_and_phantom2_never_has_one) {
+  DefineLtypes({7, 11});
+  EXPECT_EQ(Filled(black, "PS_DASHDOT"), Draw("6 CENTER2\n" + square));
   EXPECT_EQ(Filled(black), Draw("6 PHANTOM2\n" + square));
 }
 
@@ -143,9 +150,9 @@ TEST_F(DimInsertSolidTest, only_continuous_and_continuos_clear_the_layers_family
   EXPECT_EQ(Filled(red, "PS_DASH"), Draw("8 DASHES\n6 BYLAYER\n" + square));
 }
 
-TEST_F(DimInsertSolidTest, by_block_in_any_case_lets_colour_0_keep_the_layers_colour) {
+TEST_F(DimInsertSolidTest, by_block_does_not_let_colour_0_keep_the_layers_colour) {
   for (const char* name : {"BYBLOCK", "ByBlock", "byblock"})
-    EXPECT_EQ(Filled(blue), Draw("8 DOORS\n6 " + std::string(name) + "\n62 0\n" + square)) << name;
+    EXPECT_EQ(Filled(black), Draw("8 DOORS\n6 " + std::string(name) + "\n62 0\n" + square)) << name;
 }
 
 TEST_F(DimInsertSolidTest, layer_0_takes_the_inserts_colour_and_its_layers_style) {
@@ -192,7 +199,7 @@ TEST_F(DimInsertSolidTest, colour_0_keeps_the_inserts_colour_on_layer_0_alone) {
 
 TEST_F(DimInsertSolidTest, on_an_insert_of_layer_0_colour_0_does_not_take_the_inserts_colour) {
   SetInsertLayer("0");
-  EXPECT_EQ(Filled(blue), Draw("8 DOORS\n6 BYBLOCK\n62 0\n" + square));
+  EXPECT_EQ(Filled(black), Draw("8 DOORS\n62 0\n" + square));
 }
 
 TEST_F(DimInsertSolidTest, the_colour_is_kept_in_dim_color_and_starts_at_0) {
@@ -212,6 +219,7 @@ TEST_F(DimInsertSolidTest, with_monochrome_on_every_solid_is_black) {
 }
 
 TEST_F(DimInsertSolidTest, an_excluded_family_is_not_drawn) {
+  DefineLtypes({4});
   ExcludeFamily(1);
   EXPECT_EQ("", Draw("6 HIDDEN\n" + square));
   EXPECT_EQ(1, result);

@@ -43,10 +43,7 @@ class DimInsertTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Insert(canvas); });
   }
 
-  void Insert(Canvas canvas) {
-    result =
-        DrawDimInsert(headerVars, stream, canvas, offsetX, offsetY, view, 0, wholeSheet, 0, dimensionColor);
-  }
+  void Insert(Canvas canvas) { result = DrawDimInsert({RunOn(canvas), offsetX, offsetY, dimensionColor}); }
 
   // The colour that an insert with these groups hands on: no entity of its block changes it.
   int32_t ColorOf(const std::string& groups) {
@@ -56,7 +53,6 @@ class DimInsertTest : public BlockStreamTest {
 
   double offsetX = 0.0;
   double offsetY = 0.0;
-  int32_t wholeSheet = 0;
 };
 
 // Group 2.

@@ -46,9 +46,7 @@ class DimInsertTextTest : public ConverterTest {
     return ListCalls([this](Canvas canvas) { DrawOn(canvas); });
   }
 
-  void DrawOn(Canvas canvas) {
-    result = DrawDimInsertText(canvas, stream, baseX, baseY, view, wholeTextClip);
-  }
+  void DrawOn(Canvas canvas) { result = DrawDimInsertText({RunOn(canvas), blockOriginX, blockOriginY}); }
 
   // The distance of characters that a text sets on a canvas where it was 7.
   int32_t ExtraBehind(const std::string& groups) {
@@ -63,11 +61,8 @@ class DimInsertTextTest : public ConverterTest {
     return extra;
   }
 
-  double baseX = 0.0;
-  double baseY = 0.0;
-  int32_t wholeTextClip = 0;
-  TextStream stream;
-  int32_t result = -1;
+  double blockOriginX = 0.0;
+  double blockOriginY = 0.0;
   TextCall drawn;  // what plain leaves
 };
 
@@ -162,8 +157,8 @@ TEST_F(DimInsertTextTest, group_62_is_a_colour_of_the_drawing) {
 // Coordinates.
 
 TEST_F(DimInsertTextTest, its_points_are_moved_and_neither_scaled_nor_turned) {
-  baseX = 500.0;
-  baseY = -300.0;
+  blockOriginX = 500.0;
+  blockOriginY = -300.0;
   state.insertScaleX = 2.0;
   state.insertScaleY = 3.0;
   state.insertAngle = 1.0;
@@ -290,7 +285,24 @@ TEST_F(DimInsertTextTest, where_arcs_run_clockwise_any_other_fitted_text_has_hal
   // (4000 - 3000) / 2 = 500, / 2; (1998 - 3000) / 2 = -501, / 2 = -250.
   EXPECT_EQ(250, ExtraBehind(plain + "72 5\n11 40\n"));
   EXPECT_EQ(-250, ExtraBehind(plain + "72 5\n11 19.98\n"));
-  EXPECT_EQ(7, ExtraBehind(plain));
+}
+
+TEST_F(DimInsertTextTest, where_arcs_run_clockwise_a_text_that_is_not_justified_has_half_its_width) {
+  state.arcClockwise = 1;
+  EXPECT_EQ(55, ExtraBehind(plain));                                       // 110 / 2
+  EXPECT_EQ(82, ExtraBehind(plain + "41 1.5\n"));                          // 165 / 2
+  EXPECT_EQ(55, ExtraBehind("1 " + kanjiPair + "\n" + sized + "72 0\n"));  // full width makes no difference
+}
+
+TEST_F(DimInsertTextTest, where_arcs_run_clockwise_a_text_of_any_other_justification_has_none) {
+  state.arcClockwise = 1;
+  for (const char* justify : {"1", "2", "3", "4", "6", "-1"})
+    EXPECT_EQ(0, ExtraBehind(plain + "72 " + justify + "\n")) << justify;
+}
+
+TEST_F(DimInsertTextTest, where_arcs_run_clockwise_a_text_without_size_sets_the_distance_too) {
+  state.arcClockwise = 1;
+  EXPECT_EQ(0, ExtraBehind("1 AB\n" + place));
 }
 
 // Size and width.

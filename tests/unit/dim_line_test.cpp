@@ -28,13 +28,11 @@ class DimLineTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawDimLine(stream, canvas, offsetX, offsetY, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawDimLine({RunOn(canvas), offsetX, offsetY}); });
   }
 
   double offsetX = 0.0;
   double offsetY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // From (1000, -1000) to (3000, -2000), slope -0.5.

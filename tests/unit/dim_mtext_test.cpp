@@ -33,9 +33,7 @@ class DimMTextTest : public ConverterTest {
   std::string DrawText(const std::string& groups) {
     stream = StreamOf("0 MTEXT\n" + groups + "0 CIRCLE\n");
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) {
-      result = DrawDimMText(canvas, stream, baseX, baseY, view, wholeTextClip, halfWidthFont);
-    });
+    return ListCalls([this](Canvas canvas) { result = DrawDimMText({RunOn(canvas), offsetX, offsetY}); });
   }
 
   std::string DrawLines(int32_t attach, size_t count, const std::string& groups = "") {
@@ -58,12 +56,8 @@ class DimMTextTest : public ConverterTest {
     return AlignCall(8) + ParagraphCalls(font, 400, 2000, -5000, text, color);
   }
 
-  double baseX = 0.0;
-  double baseY = 0.0;
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
-  TextStream stream;
-  int32_t result = -1;
+  double offsetX = 0.0;
+  double offsetY = 0.0;
 };
 
 // Groups.
@@ -75,8 +69,8 @@ TEST_F(DimMTextTest, a_plain_text_is_measured_and_drawn_at_its_point) {
 }
 
 TEST_F(DimMTextTest, its_point_is_moved_and_kept_in_the_second_place) {
-  baseX = 500.0;
-  baseY = -1000.0;
+  offsetX = 500.0;
+  offsetY = -1000.0;
   EXPECT_EQ(AlignCall(8) + ParagraphCalls(Font(), 400, 2500, -6000, "Text"), Draw("1 Text\n"));
   EXPECT_EQ(2500.0, state.entX[1]);
   EXPECT_EQ(4000.0, state.entY[1]);
@@ -270,7 +264,7 @@ TEST_F(DimMTextTest, its_characters_are_never_spaced) {
   ReadGroup(stream);
   ListCalls([&](Canvas canvas) {
     SetTextCharacterExtra(canvas, 7);
-    DrawDimMText(canvas, stream, 0.0, 0.0, view, 0, halfWidthFont);
+    DrawDimMText({RunOn(canvas)});
     characterExtra = SetTextCharacterExtra(canvas, 0);
   });
   EXPECT_EQ(7, characterExtra);

@@ -38,9 +38,6 @@ class DimStyleTableTest : public ConverterTest {
     EXPECT_EQ(1u, state.dimStyles.size());
     return state.dimStyles.empty() ? DimStyleEntry{} : state.dimStyles[0];
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 using Strings = std::vector<std::string>;

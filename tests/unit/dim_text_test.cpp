@@ -40,9 +40,7 @@ class DimTextTest : public ConverterTest {
     return ListCalls([this](Canvas canvas) { DrawOn(canvas); });
   }
 
-  void DrawOn(Canvas canvas) {
-    result = DrawDimText(canvas, stream, baseX, baseY, view, wholeTextClip, halfWidthFont);
-  }
+  void DrawOn(Canvas canvas) { result = DrawDimText({RunOn(canvas), offsetX, offsetY}); }
 
   // 200 * 1.1 = 220 high and half as wide.
   void UseHalfWidth() {
@@ -52,12 +50,8 @@ class DimTextTest : public ConverterTest {
     drawn.face = "";
   }
 
-  double baseX = 0.0;
-  double baseY = 0.0;
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
-  TextStream stream;
-  int32_t result = -1;
+  double offsetX = 0.0;
+  double offsetY = 0.0;
   TextCall drawn;  // what plain leaves
 };
 
@@ -116,8 +110,8 @@ TEST_F(DimTextTest, a_group_62_of_0_keeps_the_layers_colour) {
 // Coordinates.
 
 TEST_F(DimTextTest, its_points_are_moved_and_stand_in_swapped_places) {
-  baseX = 500.0;
-  baseY = -300.0;
+  offsetX = 500.0;
+  offsetY = -300.0;
   EXPECT_EQ(Listing(PlacedAt(drawn, 3500, -4300)), Draw(plain + "11 70\n21 80\n"));
   EXPECT_EQ(7500.0, state.entX[0]);
   EXPECT_EQ(3500.0, state.entX[1]);

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "composite/block_dispatch.h"
 #include "platform/fault_guard.h"
 #include "support/block_stream.h"
 #include "support/mtext_calls.h"
@@ -44,19 +45,13 @@ class DimensionTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Dimension(canvas); });
   }
 
-  void Dimension(Canvas canvas) {
-    result = DrawDimension(stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont);
-  }
+  void Dimension(Canvas canvas) { result = DrawDimension({RunOn(canvas)}); }
 
   // The colour that a dimension with these groups has: no entity of its block changes it.
   int32_t ColorOf(const std::string& groups) {
     EXPECT_EQ("", Draw("2 EMPTY\n" + groups));
     return state.entColor;
   }
-
-  int32_t wholeTextClip = 0;
-  int32_t wholeSheet = 0;
-  int32_t halfWidthFont = 0;
 };
 
 // Group 2.
@@ -324,6 +319,11 @@ TEST_F(DimensionTest, numbers_beyond_all_bounds_do_not_stop_it) {
     Draw("2 *D1\n12 " + value + "22 " + value + "10 " + value + "24 " + value);
     EXPECT_TRUE(AtGroup(0, "CIRCLE")) << number;
   }
+}
+
+TEST_F(DimensionTest, its_block_is_never_too_long) {
+  state.nestedBytes = nestedByteLimit;
+  EXPECT_EQ(SlantedStroke() + SlantedStroke(), DrawSection("0 DIMENSION\n2 *D1\n0 DIMENSION\n2 *D1\n"));
 }
 
 TEST_F(DimensionTest, a_block_that_inserts_itself_ends_as_a_fault) {

@@ -60,14 +60,12 @@ class EllipseCutTest : public ConverterTest {
   std::string Draw(const std::string& groups) {
     stream = StreamOf("0 ELLIPSE\n" + groups + "0 CIRCLE\n");
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { DrawEllipse(canvas, stream, view); });
+    return ListCalls([this](Canvas canvas) { DrawEllipse({RunOn(canvas)}); });
   }
   std::string DrawWhole() { return Draw(plainShape + allRound); }
   std::string DrawPart(double startDegrees, double endDegrees) {
     return Draw(plainShape + FromTo(startDegrees, endDegrees));
   }
-
-  TextStream stream;
 };
 
 // Whole ellipses, each edge by itself.
@@ -289,7 +287,8 @@ TEST_F(EllipseCutTest, a_part_of_such_an_ellipse_is_drawn_as_it_is) {
 }
 
 // Parts. At each edge: both ends inside; the start beyond the edge; the end beyond it; both beyond it, with
-// the view in between; both beyond it and nothing in the view; both inside, with the edge in between.
+// the view in between; both beyond it with nothing of the part in the view, which draws the same; both
+// inside, with the edge in between.
 
 TEST_F(EllipseCutTest, a_part_across_the_right_edge_beyond_the_centre) {
   view.right = 5300;
@@ -299,7 +298,7 @@ TEST_F(EllipseCutTest, a_part_across_the_right_edge_beyond_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, left), DrawPart(0, -180));
   EXPECT_EQ(PlainArc(left, cutEnd), DrawPart(-180, 0));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(45, -45));
-  EXPECT_EQ("", DrawPart(-45, 45));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-45, 45));
   EXPECT_EQ(PlainArc(cutStart, up) + PlainArc(down, cutEnd), DrawPart(-90, 90));
 }
 
@@ -311,7 +310,7 @@ TEST_F(EllipseCutTest, a_part_across_a_left_edge_beyond_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, right), DrawPart(-90, 0));
   EXPECT_EQ(PlainArc(right, cutEnd), DrawPart(0, 90));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-90, 90));
-  EXPECT_EQ("", DrawPart(90, -90));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(90, -90));
   EXPECT_EQ(PlainArc(cutStart, lowerRight) + PlainArc(upperRight, cutEnd), DrawPart(45, -45));
 }
 
@@ -323,7 +322,7 @@ TEST_F(EllipseCutTest, a_part_across_the_left_edge_before_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, right), DrawPart(-180, 0));
   EXPECT_EQ(PlainArc(right, cutEnd), DrawPart(0, -180));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-135, 135));
-  EXPECT_EQ("", DrawPart(135, -135));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(135, -135));
   EXPECT_EQ(PlainArc(cutStart, down) + PlainArc(up, cutEnd), DrawPart(90, -90));
 }
 
@@ -335,7 +334,7 @@ TEST_F(EllipseCutTest, a_part_across_a_right_edge_before_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, left), DrawPart(90, -180));
   EXPECT_EQ(PlainArc(left, cutEnd), DrawPart(-180, -90));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(90, -90));
-  EXPECT_EQ("", DrawPart(-90, 90));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-90, 90));
   EXPECT_EQ(PlainArc(cutStart, upperLeft) + PlainArc(lowerLeft, cutEnd), DrawPart(-135, 135));
 }
 
@@ -347,7 +346,7 @@ TEST_F(EllipseCutTest, a_part_across_the_top_edge_above_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, down), DrawPart(90, -90));
   EXPECT_EQ(PlainArc(down, cutEnd), DrawPart(-90, 90));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(135, 45));
-  EXPECT_EQ("", DrawPart(45, 135));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(45, 135));
   EXPECT_EQ(PlainArc(cutStart, left) + PlainArc(right, cutEnd), DrawPart(0, -180));
 }
 
@@ -359,7 +358,7 @@ TEST_F(EllipseCutTest, a_part_across_a_bottom_edge_above_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, up), DrawPart(0, 90));
   EXPECT_EQ(PlainArc(up, cutEnd), DrawPart(90, -180));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(0, -180));
-  EXPECT_EQ("", DrawPart(-180, 0));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-180, 0));
   EXPECT_EQ(PlainArc(cutStart, upperRight) + PlainArc(upperLeft, cutEnd), DrawPart(135, 45));
 }
 
@@ -371,7 +370,7 @@ TEST_F(EllipseCutTest, a_part_across_the_bottom_edge_below_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, up), DrawPart(-90, 90));
   EXPECT_EQ(PlainArc(up, cutEnd), DrawPart(90, -90));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-45, -135));
-  EXPECT_EQ("", DrawPart(-135, -45));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-135, -45));
   EXPECT_EQ(PlainArc(cutStart, right) + PlainArc(left, cutEnd), DrawPart(-180, 0));
 }
 
@@ -383,7 +382,7 @@ TEST_F(EllipseCutTest, a_part_across_a_top_edge_below_the_centre) {
   EXPECT_EQ(PlainArc(cutStart, down), DrawPart(-180, -90));
   EXPECT_EQ(PlainArc(down, cutEnd), DrawPart(-90, 0));
   EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(-180, 0));
-  EXPECT_EQ("", DrawPart(0, -180));
+  EXPECT_EQ(PlainArc(cutStart, cutEnd), DrawPart(0, -180));
   EXPECT_EQ(PlainArc(cutStart, lowerLeft) + PlainArc(lowerRight, cutEnd), DrawPart(-45, -135));
 }
 
@@ -403,19 +402,74 @@ TEST_F(EllipseCutTest, a_part_all_round_is_drawn_up_to_the_cut_on_both_sides) {
   EXPECT_EQ(PlainArc("5300, -4680", "5300, -5320"), DrawPart(0, 0));
 }
 
-// Ends in the very direction of the cut: a circle of 500, 300 off whose centre half a chord is 400, and
-// radials of (2700, 3600). The shifts keep them from losing a unit. atan(4 / 3) is 53.13010235 degrees.
+// An end's radial point, and not where the part ends on the ellipse, tells whether it stays.
+
+TEST_F(EllipseCutTest, an_end_stays_up_to_the_views_left_and_right_edge) {
+  // Of 4500 to the left and the right: 500 and 9500. The cut is that of the top edge.
+  view = {500, 4700, 9500, 10000};
+  EXPECT_EQ(PlainArc(left, right), DrawPart(-180, 0));
+  view = {501, 4700, 9500, 10000};
+  EXPECT_EQ(PlainArc("4680, -4700", right), DrawPart(-180, 0));
+  view = {500, 4700, 9499, 10000};
+  EXPECT_EQ(PlainArc(left, "5320, -4700"), DrawPart(-180, 0));
+}
+
+TEST_F(EllipseCutTest, an_end_above_or_below_the_view_stays_where_another_edge_cuts) {
+  view = {0, 1000, 5300, 9000};
+  EXPECT_EQ(PlainArc(up, down), DrawPart(90, -90));
+  EXPECT_EQ(PlainArc("5300, -4680", up) + PlainArc(down, "5300, -5320"), DrawPart(-90, 90));
+}
+
+TEST_F(EllipseCutTest, where_a_level_edge_cuts_only_an_end_beyond_that_edge_gives_way) {
+  view = {0, 4700, 20000, 9000};
+  EXPECT_EQ(PlainArc(left, down), DrawPart(-180, -90));
+  EXPECT_EQ(PlainArc(left, "5320, -4700"), DrawPart(-180, 90));
+  view = {0, 1000, 20000, 5300};
+  EXPECT_EQ(PlainArc(up, left), DrawPart(90, -180));
+  EXPECT_EQ(PlainArc("5320, -5300", left), DrawPart(-90, -180));
+}
+
+// An axis of 5 to the left and the centre at x of 5.5 leave radials of 550 - 500 = 50: all are in the view.
+// L = 50, R = 1050 about (550, -5000), cut at 850 as above.
+class EllipseShortRadialsTest : public EllipseCutTest {
+ protected:
+  EllipseShortRadialsTest() { view.right = 850; }
+
+  std::string DrawShort(double startDegrees, double endDegrees) {
+    return Draw(Shape(5.5, 50, -5, 0, 0.8) + FromTo(startDegrees, endDegrees));
+  }
+  static std::string ShortArc(const std::string& start, const std::string& end) {
+    return ArcInBox("50, -5401, 1050, -4601", start, end);
+  }
+};
+
+TEST_F(EllipseShortRadialsTest, an_end_that_the_view_has_stays_also_towards_what_the_cut_takes_away) {
+  EXPECT_EQ(ShortArc("600, -5000", "550, -4950"), DrawShort(0, 90));
+  EXPECT_EQ(ShortArc("550, -5050", "600, -5000"), DrawShort(-90, 0));
+  // From 26.6 degrees below the right to 26.6 above it. 50 * cos = 44.7, 50 * sin = 22.4: 550 + 44.7, -5000 -
+  // 22.4 and -5000 + 22.4.
+  EXPECT_EQ(ShortArc("594, -5022", "594, -4977"), DrawShort(-26.6, 26.6));
+}
+
+TEST_F(EllipseShortRadialsTest, only_a_part_that_leads_through_all_that_the_cut_takes_away_is_in_two) {
+  EXPECT_EQ(ShortArc("850, -4680", "550, -4950") + ShortArc("550, -5050", "850, -5320"), DrawShort(-90, 90));
+  EXPECT_EQ(ShortArc("600, -5000", "600, -5000"), DrawShort(0, 0));
+}
+
+// Ends on the cut: a circle of 500, 300 off whose centre half a chord is 400, with radials of 1000 - 500. The
+// sheet's shift takes the centre from 10 to 50, and its halves keep the points from losing a unit. atan(4 /
+// 3) is 53.13010235 degrees.
 
 class EllipseEndsOnCutTest : public EllipseCutTest {
  protected:
   EllipseEndsOnCutTest() {
-    state.shiftX = 0.5;
+    state.shiftX = 4000.5;
     state.shiftY = -0.5;
     view.right = 5300;
   }
 
   std::string DrawCirclePart(double startDegrees, double endDegrees) {
-    return Draw(Shape(50, 50, -5, 0, 1) + FromTo(startDegrees, endDegrees));
+    return Draw(Shape(10, 50, -5, 0, 1) + FromTo(startDegrees, endDegrees));
   }
 
   static std::string CircleArc(const std::string& start, const std::string& end) {
@@ -424,38 +478,32 @@ class EllipseEndsOnCutTest : public EllipseCutTest {
 
   static constexpr double cutStart = 53.13010235;
   static constexpr double cutEnd = -53.13010235;
-  const std::string atCutStart = "7700, -1400";
-  const std::string atCutEnd = "7700, -8600";
+  const std::string left = "4500, -5000";
+  const std::string atCutStart = "5300, -4600";
+  const std::string atCutEnd = "5300, -5400";
 };
 
-TEST_F(EllipseEndsOnCutTest, a_part_from_the_cuts_start_keeps_its_start) {
+TEST_F(EllipseEndsOnCutTest, an_end_on_the_cut_stays) {
   EXPECT_EQ(CircleArc(atCutStart, left), DrawCirclePart(cutStart, -180));
-}
-
-TEST_F(EllipseEndsOnCutTest, a_part_to_the_cuts_end_keeps_its_end) {
   EXPECT_EQ(CircleArc(left, atCutEnd), DrawCirclePart(-180, cutEnd));
-}
-
-TEST_F(EllipseEndsOnCutTest, a_part_from_the_cuts_end_has_no_piece_without_length) {
-  EXPECT_EQ(CircleArc("5300, -4600", left), DrawCirclePart(cutEnd, -180));
-}
-
-TEST_F(EllipseEndsOnCutTest, a_part_to_the_cuts_start_has_no_piece_without_length) {
-  EXPECT_EQ(CircleArc(left, "5300, -5400"), DrawCirclePart(-180, cutStart));
-}
-
-TEST_F(EllipseEndsOnCutTest, what_the_cut_takes_away_is_not_drawn) {
-  EXPECT_EQ("", DrawCirclePart(cutEnd, cutStart));
-  EXPECT_EQ("", DrawCirclePart(0, cutStart));
-}
-
-TEST_F(EllipseEndsOnCutTest, a_part_of_just_what_the_cut_leaves_keeps_both_ends) {
   EXPECT_EQ(CircleArc(atCutStart, atCutEnd), DrawCirclePart(cutStart, cutEnd));
 }
 
+TEST_F(EllipseEndsOnCutTest, a_part_from_the_cuts_end_has_no_piece_without_length) {
+  EXPECT_EQ(CircleArc(atCutStart, left), DrawCirclePart(cutEnd, -180));
+}
+
+TEST_F(EllipseEndsOnCutTest, a_part_to_the_cuts_start_has_no_piece_without_length) {
+  EXPECT_EQ(CircleArc(left, atCutEnd), DrawCirclePart(-180, cutStart));
+}
+
+TEST_F(EllipseEndsOnCutTest, a_part_of_just_what_the_cut_takes_away_is_not_drawn) {
+  EXPECT_EQ("", DrawCirclePart(cutEnd, cutStart));
+}
+
 TEST_F(EllipseEndsOnCutTest, a_part_all_round_from_the_cut_ends_at_the_cut) {
-  EXPECT_EQ(CircleArc(atCutStart, "5300, -5400"), DrawCirclePart(cutStart, cutStart));
-  EXPECT_EQ(CircleArc("5300, -4600", atCutEnd), DrawCirclePart(cutEnd, cutEnd));
+  EXPECT_EQ(CircleArc(atCutStart, atCutEnd), DrawCirclePart(cutStart, cutStart));
+  EXPECT_EQ(CircleArc(atCutStart, atCutEnd), DrawCirclePart(cutEnd, cutEnd));
 }
 
 // Dashes.

@@ -50,11 +50,8 @@ class EllipseTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawEllipse(canvas, stream, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawEllipse({RunOn(canvas)}); });
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // The box.

@@ -18,16 +18,13 @@ const char canvasSetUp[] = "SetMapMode(MM_HIMETRIC)\n";
 
 class DrawEntitiesTest : public ConverterTest {
  protected:
+  DrawEntitiesTest() { wholeSheet = 1; }
+
   // The listing of a section that stands behind its name.
   std::string Draw(const std::string& groups) {
     stream = StreamOf(groups);
-    return ListCalls([this](Canvas canvas) {
-      HeaderVars headerVars;
-      DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
-    });
+    return ListCalls([this](Canvas canvas) { DrawEntities({RunOn(canvas)}); });
   }
-
-  TextStream stream;
 };
 
 // From (1000, -1000) to (3000, -2000).

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -193,6 +197,117 @@ TEST(AtGroup, a_value_with_a_blank_too_many_is_no_keyword) {
   EXPECT_FALSE(AtGroup(0, "ENDSEC"));
   ReadAll("0\n ENDSEC\n");
   EXPECT_FALSE(AtGroup(0, "ENDSEC"));
+}
+
+// WHATEVER THE BYTES ARE
+
+// A group by the two lines that it consists of.
+int32_t ReadLineByLine(TextStream& stream) {
+  if (!ReadLine(stream, state.groupValue, 256)) return 0;
+  state.groupCode = Atoi(state.groupValue);
+  if (!ReadLine(stream, state.groupValue, 256)) return 0;
+  std::string value = state.groupValue;
+  if (!value.empty() && value.back() == '\n') value.pop_back();
+  if (!value.empty() && value.back() == '\r') value.pop_back();
+  std::strcpy(state.groupValue, value.c_str());
+  return 1;
+}
+
+int32_t ReadToEntityGroupByGroup(TextStream& stream) {
+  int32_t more = ReadLineByLine(stream);
+  while (more && state.groupCode != 0) more = ReadLineByLine(stream);
+  return more;
+}
+
+// What a reader leaves each time, to the end of the file: its result, the place, and the buffer.
+std::vector<std::string> AllThatIsLeft(const std::string& bytes, int32_t (*read)(TextStream&)) {
+  const TemporaryFile file(bytes);
+  TextStream stream;
+  if (!OpenText(stream, file.Path())) return {"not opened"};
+  state.groupCode = -1;
+  std::strcpy(state.groupValue, "before");
+  std::vector<std::string> left;
+  for (int32_t result = 1; result != 0;) {
+    result = read(stream);
+    left.push_back(std::to_string(result) + " at " + std::to_string(Tell(stream)) + ": " +
+                   std::to_string(state.groupCode) + " \"" + state.groupValue + '"');
+  }
+  return left;
+}
+
+void ExpectBothReadersSame(const std::string& bytes) {
+  EXPECT_EQ(AllThatIsLeft(bytes, ReadLineByLine), AllThatIsLeft(bytes, ReadGroup));
+  EXPECT_EQ(AllThatIsLeft(bytes, ReadToEntityGroupByGroup), AllThatIsLeft(bytes, PassToEntity));
+}
+
+std::string RandomCode(std::mt19937& random) {
+  static const char* const codes[] = {"0",   "  0",       "10",   " 62",        "999",        "1000",
+                                      "\t8", "-5",        "+8",   "",           "x",          "00",
+                                      "007", "12x",       "1 2",  "-0",         "0.5",        ".5",
+                                      "9\r", "123456789", "\r62", "1234567890", "2147483648", "         7"};
+  return random() % 3 ? std::to_string(1 + random() % 1071) : codes[random() % std::size(codes)];
+}
+
+std::string RandomValue(std::mt19937& random) {
+  std::string value(random() % 12 ? random() % 12 : 248 + random() % 275, '\0');
+  const char rare[] = {'\0', '\r', '\n', '\x1A', '\xFF'};
+  for (char& byte : value)
+    byte = random() % 150 ? "0123456789.ENDBLK "[random() % 18] : rare[random() % (random() % 50 ? 3 : 5)];
+  return value;
+}
+
+std::string RandomGroups(std::mt19937& random, int count) {
+  const std::string lineEnd = random() % 2 ? "\n" : "\r\n";
+  std::string bytes;
+  for (int i = 0; i < count; ++i) bytes += RandomCode(random) + lineEnd + RandomValue(random) + lineEnd;
+  return bytes;
+}
+
+TEST(AnyBytes, random_bytes_are_read_as_two_lines_a_group) {
+  std::mt19937 random(4);
+  for (int round = 0; round < 300; ++round) {
+    std::string bytes(random() % 3000, '\0');
+    for (char& byte : bytes) byte = random() % 4 ? "01 \n\r"[random() % 5] : static_cast<char>(random());
+    ExpectBothReadersSame(bytes);
+  }
+}
+
+TEST(AnyBytes, random_groups_are_read_as_two_lines_each) {
+  std::mt19937 random(5);
+  for (int round = 0; round < 500; ++round) ExpectBothReadersSame(RandomGroups(random, 60));
+}
+
+TEST(AnyBytes, a_group_may_be_cut_off_behind_any_byte) {
+  std::mt19937 random(6);
+  const std::string bytes = RandomGroups(random, 12) + "0\nLINE\n8\r\nA\r\n10\n5\n";
+  for (size_t end = 0; end <= bytes.size(); ++end) ExpectBothReadersSame(bytes.substr(0, end));
+}
+
+TEST(AnyBytes, groups_across_the_chunks_of_a_file_are_read_alike) {
+  std::mt19937 random(7);
+  std::string bytes;
+  // Without the end mark, which would end the file early.
+  while (bytes.size() < 1'000'000) bytes += RandomGroups(random, 100);
+  std::replace(bytes.begin(), bytes.end(), '\x1A', '?');
+  ExpectBothReadersSame(bytes);
+}
+
+TEST(PassToEntity, the_group_with_code_0_is_in_the_buffer) {
+  const TemporaryFile file("8\nA\n 62\n5\n  0\nLINE\n10\n1\n");
+  TextStream stream;
+  ASSERT_TRUE(OpenText(stream, file.Path()));
+  EXPECT_EQ(1, PassToEntity(stream));
+  EXPECT_TRUE(AtGroup(0, "LINE"));
+  EXPECT_EQ(0, PassToEntity(stream));
+  EXPECT_TRUE(AtGroup(10, "1"));
+}
+
+TEST(PassToEntity, a_line_out_of_step_is_code_0) {
+  const TemporaryFile file("8\nA\n1\n" + std::string(255, 'a') + "\n 62\n5\n");
+  TextStream stream;
+  ASSERT_TRUE(OpenText(stream, file.Path()));
+  EXPECT_EQ(1, PassToEntity(stream));
+  EXPECT_TRUE(AtGroup(0, " 62"));
 }
 
 // PLACES

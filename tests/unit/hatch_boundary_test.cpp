@@ -63,9 +63,7 @@ class HatchBoundaryTest : public ConverterTest {
   }
 
   HatchBoundary boundary;
-  TextStream stream;
   std::string calls;
-  int32_t result = -1;
 };
 
 // Sheet X = 100 x, sheet Y = 100 y - 10000.
@@ -650,9 +648,9 @@ TEST_F(HatchBoundaryTest, a_full_path_is_closed_all_the_same) {
 
 TEST_F(HatchBoundaryTest, regions_beyond_the_limit_are_dropped) {
   std::string groups;
-  for (size_t i = 0; i < hatchRegionLimit + 5; ++i) groups += std::string(vertices) + "97 0\n";
+  for (size_t i = 0; i < hatchPathLimit + 5; ++i) groups += std::string(vertices) + "97 0\n";
   Read(groups + "72 3\n10 50\n20 50\n11 20\n21 0\n40 0.5\n50 0\n51 90\n");
-  EXPECT_EQ(hatchRegionLimit, boundary.regions.size());
+  EXPECT_EQ(hatchPathLimit, boundary.regions.size());
 }
 
 TEST_F(HatchBoundaryTest, a_path_beyond_the_reach_of_regions_makes_none) {
@@ -667,13 +665,43 @@ TEST_F(HatchBoundaryTest, a_path_beyond_the_reach_of_regions_makes_none) {
   EXPECT_EQ("67100000, 0, 67108863, 10000\n", Boxes());
 }
 
-TEST_F(HatchBoundaryTest, a_path_whose_edges_cross_too_many_rows_makes_no_region) {
+// 250 corners, by turns at this height and at 0.
+std::string Zigzag(double height) {
+  std::string groups;
+  for (int i = 0; i < 250; ++i)
+    groups += "10 " + std::to_string(i * 0.1) + "\n20 " + std::to_string(i % 2 ? height : 0.0) + "\n";
+  return groups + "97 0\n";
+}
+
+TEST_F(HatchBoundaryTest, the_rows_of_a_patterns_path_are_those_of_the_device) {
   MakeUnitsTiny();
-  // A rectangle's two sides of 33554432 rows are all that there may be, 2 ^ 26.
-  Read("10 0\n20 0\n10 1\n20 0\n10 1\n20 3355.4432\n10 0\n20 3355.4432\n97 0\n");
-  EXPECT_EQ("0, 0, 10000, 33554432\n", Boxes());
-  Read("10 0\n20 0\n10 1\n20 0\n10 1\n20 3355.4433\n10 0\n20 3355.4433\n97 0\n");
+  // 250 edges of 300000 rows are 37500000 rectangles. On the device of 768 points on 20300 units each has
+  // 11349 rows: 1418719 rectangles at the most.
+  Read(Zigzag(30.0));
+  EXPECT_EQ("", Boxes());
+  boundary.solidFill = false;
+  Read(Zigzag(30.0));
   EXPECT_EQ(1u, boundary.regions.size());
+}
+
+TEST_F(HatchBoundaryTest, a_patterns_path_may_reach_as_far_as_the_device_units_do) {
+  MakeUnitsTiny();
+  boundary.solidFill = false;
+  // 1000000000 units are 37785978 points.
+  Read("10 100000\n20 0\n10 0\n20 0\n10 0\n20 1\n97 0\n");
+  EXPECT_EQ(1u, boundary.regions.size());
+}
+
+TEST_F(HatchBoundaryTest, a_solid_circle_of_21_metres_has_a_region) {
+  // 2100000 units to each side of (0, -10000).
+  Read("72 3\n10 0\n20 0\n11 21000\n21 0\n40 1\n50 0\n51 360\n73 1\n97 0\n75 0\n");
+  EXPECT_EQ("-2100000, -2110000, 2099999, 2089999\n", Boxes());
+}
+
+TEST_F(HatchBoundaryTest, a_solid_circle_of_21_metres_in_corners_has_a_region) {
+  Read("72 2\n10 0\n20 0\n40 21000\n50 0\n51 360\n73 1\n97 0\n75 0\n");
+  // The lowest row, where two edges begin at one corner, is empty.
+  EXPECT_EQ("-2100000, -2109999, 2100000, 2090000\n", Boxes());
 }
 
 // Combining the regions. Two squares of 20 mm that share one of 10 mm, and a third on that one.
@@ -689,7 +717,7 @@ class HatchStyleTest : public HatchBoundaryTest {
     boundary = {};
     boundary.solidFill = true;
     Read(groups);
-    const Region region = CombineRegions(boundary);
+    const Region region = CombineRegions(boundary.regions, boundary.combineMode);
     std::string covered;
     for (const auto& place : {POINT{1500, -8500}, POINT{3500, -6500}, POINT{2500, -7500}}) {
       const Region pixel(CreateRectRgn(place.x, place.y, place.x + 1, place.y + 1));

@@ -22,8 +22,6 @@ class HatchLinesTest : public ConverterTest {
     stream = StreamOf(groups);
     return ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 5); });
   }
-
-  TextStream stream;
 };
 
 std::string Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
@@ -100,12 +98,13 @@ TEST_F(HatchLinesTest, the_base_is_truncated_as_a_sum) {
 TEST_F(HatchLinesTest, lengths_are_scaled_as_the_drawing_is) {
   state.drawScale = 2.0;
   // The base (100, -900), dashes of 150 and gaps of 100, rows 450 apart; rewound to -150. The second pass
-  // starts at -1350.
-  const auto row = [](int32_t y) {
-    return Line(-150, y, 0, y) + Line(100, y, 250, y) + Line(350, y, 500, y) + Line(600, y, 750, y) +
-           Line(850, y, 1000, y);
+  // starts at (100, -1350), not rewound.
+  const auto rowFrom100 = [](int32_t y) {
+    return Line(100, y, 250, y) + Line(350, y, 500, y) + Line(600, y, 750, y) + Line(850, y, 1000, y);
   };
-  EXPECT_EQ(Fill("53 0\n43 2\n44 2\n45 0\n46 9\n79 2\n49 3\n49 -2\n"), row(-900) + row(-450) + row(-1350));
+  EXPECT_EQ(Fill("53 0\n43 2\n44 2\n45 0\n46 9\n79 2\n49 3\n49 -2\n"),
+            Line(-150, -900, 0, -900) + rowFrom100(-900) + Line(-150, -450, 0, -450) + rowFrom100(-450) +
+                rowFrom100(-1350));
 }
 
 TEST_F(HatchLinesTest, other_groups_dont_count) {

@@ -28,11 +28,8 @@ class HatchTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawHatch(stream, canvas); });
+    return ListCalls([this](Canvas canvas) { result = DrawHatch({RunOn(canvas)}); });
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A rectangle from (10, 80) to (30, 90), and its region: 100 x, 100 y - 10000.

@@ -42,7 +42,7 @@ class InsertTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Insert(canvas); });
   }
 
-  void Insert(Canvas canvas) { result = DrawInsert(headerVars, stream, canvas, view, 0, 0, 0); }
+  void Insert(Canvas canvas) { result = DrawInsert({RunOn(canvas)}); }
 };
 
 // Group 2.
@@ -381,7 +381,7 @@ TEST_F(InsertTest, a_file_that_ends_behind_the_name_of_a_block_called_insert_com
   AddBlock("INSERT", slanted);
   OpenAt("2 ENTITIES\n0 INSERT\n2 INSERT\n");
   EXPECT_EQ("SetMapMode(MM_HIMETRIC)\n" + SlantedStroke(),
-            ListCalls([this](Canvas canvas) { DrawEntities(stream, canvas, headerVars, view, 0, 0, 0); }));
+            ListCalls([this](Canvas canvas) { DrawEntities({RunOn(canvas)}); }));
 }
 
 TEST_F(InsertTest, a_file_may_end_behind_any_byte) {
@@ -392,7 +392,7 @@ TEST_F(InsertTest, a_file_may_end_behind_any_byte) {
     EXPECT_EQ(0, ReadGroup(stream));
   });
   CutBehindEachByte("2 ENTITIES\n" + insert, [this](Canvas canvas) {
-    DrawEntities(stream, canvas, headerVars, view, 0, 0, 0);
+    DrawEntities({RunOn(canvas)});
     EXPECT_EQ(0, ReadGroup(stream));
   });
 }

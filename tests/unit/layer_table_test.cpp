@@ -59,9 +59,6 @@ class LayerTableTest : public ConverterTest {
     return StyleText(style.family, style.pattern);
   }
   static void DefineAllLtypes() { DefineLtypes({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}); }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 using Strings = std::vector<std::string>;
@@ -156,12 +153,26 @@ TEST_F(LayerTableTest, a_second_table_takes_the_place_of_the_first) {
   EXPECT_EQ(5, FindLayer("C")->color);
 }
 
-TEST_F(LayerTableTest, a_second_table_without_layers_leaves_none) {
-  Read("0 LAYER\n2 A\n");
+TEST_F(LayerTableTest, a_second_table_without_layers_leaves_the_first_one_by_its_place_alone) {
+  DefineLtypes({4});
+  Read("0 LAYER\n2 A\n6 HIDDEN\n0 LAYER\n2 B\n");
   Read("");
-  EXPECT_TRUE(state.layers.empty());
+  EXPECT_FALSE(FindLayer("A"));
+  EXPECT_FALSE(FindLayer("B"));
   EXPECT_EQ(0, state.layerCount);
   EXPECT_EQ(1, state.layersOwned);
+  ASSERT_FALSE(state.layers.empty());
+  EXPECT_EQ(1, state.layers[0].family);
+}
+
+TEST_F(LayerTableTest, a_third_table_takes_its_place) {
+  DefineLtypes({4});
+  Read("0 LAYER\n2 A\n6 HIDDEN\n");
+  Read("");
+  Read("0 LAYER\n2 C\n");
+  EXPECT_EQ((Strings{"C"}), Names());
+  EXPECT_TRUE(FindLayer("C"));
+  EXPECT_EQ(0, state.layers[0].family);
 }
 
 TEST_F(LayerTableTest, of_two_layers_of_one_name_the_first_is_found) {

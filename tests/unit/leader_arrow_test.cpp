@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "composite/block_dispatch.h"
 #include "composite/leader.h"
 #include "driver/bounded_copy.h"
 #include "entities/entity_dispatch.h"
@@ -66,15 +67,13 @@ class LeaderArrowTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Run(canvas); });
   }
 
-  void Run(Canvas canvas) {
-    result = DrawLeader(headerVars, stream, canvas, view, wholeTextClip, 0, halfWidthFont);
-  }
+  void Run(Canvas canvas) { result = DrawLeader({RunOn(canvas)}); }
 
   // The listing of an ENTITIES section, up to a throw if there is one.
   std::string DrawSection(const std::string& entities) {
     return ListSection(entities, [this](Canvas canvas) {
       try {
-        DrawEntities(stream, canvas, headerVars, view, 0, 0, 0);
+        DrawEntities({RunOn(canvas)});
       } catch (int32_t code) {
         thrown = code;
       }
@@ -87,8 +86,6 @@ class LeaderArrowTest : public BlockStreamTest {
     return state.insertAngle;
   }
 
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
   int32_t thrown = 0;
 };
 
@@ -471,6 +468,16 @@ TEST_F(LeaderArrowTest, without_a_known_style_it_has_the_scale_of_the_insert_bef
 }
 
 // Bad input.
+
+TEST_F(LeaderArrowTest, an_arrow_is_never_too_long_but_a_block_within_it_may_be) {
+  AddBlock("NESTED", openLine + "0 INSERT\n2 _DOT\n10 0\n20 0\n");
+  state.nestedBytes = nestedByteLimit;
+  const std::string leader = "0 LEADER\n3 BY_NAME\n" + toLeft;
+  EXPECT_EQ(LeaderToLeft() + Open() + LeaderToLeft() + Open(), DrawSection(leader + leader));
+  EXPECT_EQ(0, thrown);
+  EXPECT_EQ(LeaderToLeft() + Open(), DrawSection("0 LEADER\n3 NONE\n" + toLeft + "1000 NESTED\n" + leader));
+  EXPECT_EQ(faultCode, thrown);
+}
 
 TEST_F(LeaderArrowTest, a_block_inside_itself_ends_as_a_fault_behind_the_leader_whose_pen_is_gone) {
   AddBlock("_LOOP", openLine + "0 INSERT\n2 _LOOP\n");

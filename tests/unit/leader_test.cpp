@@ -55,7 +55,7 @@ class LeaderTest : public BlockStreamTest {
     return ListCalls([this](Canvas canvas) { Run(canvas); });
   }
 
-  void Run(Canvas canvas) { result = DrawLeader(headerVars, stream, canvas, view, 0, 0, 0); }
+  void Run(Canvas canvas) { result = DrawLeader({RunOn(canvas)}); }
 
   // The next entity stands in the buffer, and its first group behind that.
   void ExpectNextEntity() {

@@ -38,8 +38,8 @@ class LeftObjectsTest : public ConverterTest {
 
   // An arc about (5000, -5000) from (6000, -5000).
   void Draw(Canvas canvas, int32_t colour) {
-    TextStream stream = StreamOf("62 " + std::to_string(colour) + "\n10 50\n20 50\n40 10\n50 0\n51 90\n");
-    DrawBlockArc(stream, canvas, 0.0, 0.0, 0, 0, view);
+    stream = StreamOf("62 " + std::to_string(colour) + "\n10 50\n20 50\n40 10\n50 0\n51 90\n");
+    DrawBlockArc({RunOn(canvas)});
   }
   // One that starts outside the view, and is dropped.
   void Drop(Canvas canvas, int32_t colour) {

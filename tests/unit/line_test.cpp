@@ -22,11 +22,8 @@ class LineTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawLine(canvas, stream, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawLine({RunOn(canvas)}); });
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // From (1000, -1000) to (3000, -2000), slope -0.5.
@@ -253,7 +250,7 @@ TEST_F(LineTest, a_file_that_ends_within_a_group_does_not_act_on_it) {
   for (const char byte : {'6', '2', '\n'}) stream.bytes.push_back(byte);
   ReadGroup(stream);
   EXPECT_EQ(Stroke(black, 1000, -1000, 3000, -2000),
-            ListCalls([this](Canvas canvas) { result = DrawLine(canvas, stream, view); }));
+            ListCalls([this](Canvas canvas) { result = DrawLine({RunOn(canvas)}); }));
   EXPECT_EQ(0, result);
 }
 

@@ -54,10 +54,6 @@ class LtypeTableTest : public ConverterTest {
     Read(records);
     return DashesAt(slot);
   }
-
-  HeaderVars headerVars;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A record in the usual order of its groups.

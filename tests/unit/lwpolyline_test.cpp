@@ -34,11 +34,8 @@ class LwPolylineTest : public ConverterTest {
   std::string DrawStream(TextStream&& source) {
     stream = std::move(source);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawLwPolyline(canvas, stream, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawLwPolyline({RunOn(canvas)}); });
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 std::string Vertex(double x, double y) {

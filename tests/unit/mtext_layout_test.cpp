@@ -29,7 +29,7 @@ class MTextLayoutTest : public ConverterTest {
     stream =
         StreamOf("0 MTEXT\n10 20\n20 50\n40 10\n71 " + std::to_string(attach) + "\n" + groups + "0 CIRCLE\n");
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { DrawMText(canvas, stream, view, wholeTextClip, 0); });
+    return ListCalls([this](Canvas canvas) { DrawMText({RunOn(canvas)}); });
   }
 
   // Lines at these heights of the sheet.
@@ -38,9 +38,6 @@ class MTextLayoutTest : public ConverterTest {
     for (const int32_t y : heights) points.push_back({2000, y});
     return LineCalls({}, 400, align, points);
   }
-
-  int32_t wholeTextClip = 0;
-  TextStream stream;
 };
 
 const char oneLine[] = "1 A\n";

@@ -31,8 +31,7 @@ class MTextTest : public ConverterTest {
   std::string DrawText(const std::string& groups) {
     stream = StreamOf("0 MTEXT\n" + groups + "0 CIRCLE\n");
     ReadGroup(stream);
-    return ListCalls(
-        [this](Canvas canvas) { result = DrawMText(canvas, stream, view, wholeTextClip, halfWidthFont); });
+    return ListCalls([this](Canvas canvas) { result = DrawMText({RunOn(canvas)}); });
   }
 
   // What drawing a text with these groups throws; 0 if nothing.
@@ -42,7 +41,7 @@ class MTextTest : public ConverterTest {
     int32_t code = 0;
     ListCalls([&](Canvas canvas) {
       try {
-        DrawMText(canvas, stream, view, wholeTextClip, halfWidthFont);
+        DrawMText({RunOn(canvas)});
       } catch (int32_t thrown) {
         code = thrown;
       }
@@ -55,11 +54,6 @@ class MTextTest : public ConverterTest {
                            const std::string& color = "0x000000") {
     return AlignCall(8) + ParagraphCalls(font, 400, 2000, -2000, text, color);
   }
-
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 TEST_F(MTextTest, a_plain_text_is_measured_and_drawn_at_its_point) {
@@ -199,8 +193,7 @@ TEST_F(MTextTest, the_next_entitys_group_stays_in_the_buffer) {
 TEST_F(MTextTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has) {
   stream = StreamOf("0 MTEXT\n10 20\n20 80\n40 10\n1 Text\n");
   ReadGroup(stream);
-  EXPECT_EQ(Drawn("Text"),
-            ListCalls([this](Canvas canvas) { result = DrawMText(canvas, stream, view, 0, 0); }));
+  EXPECT_EQ(Drawn("Text"), ListCalls([this](Canvas canvas) { result = DrawMText({RunOn(canvas)}); }));
   EXPECT_EQ(0, result);
 }
 
@@ -208,8 +201,7 @@ TEST_F(MTextTest, a_file_that_ends_behind_its_name_leaves_the_alignment_alone_to
   stream = StreamOf("0 MTEXT\n");
   ReadGroup(stream);
   state.entY[0] = 8000.0;
-  EXPECT_EQ(AlignCall(8),
-            ListCalls([this](Canvas canvas) { result = DrawMText(canvas, stream, view, 0, 0); }));
+  EXPECT_EQ(AlignCall(8), ListCalls([this](Canvas canvas) { result = DrawMText({RunOn(canvas)}); }));
   EXPECT_EQ(0, result);
 }
 
@@ -346,8 +338,14 @@ TEST_F(MTextTest, a_character_is_drawn_through_another_group_1_without_what_foll
   EXPECT_EQ(Drawn("\u3042\u3044C"), Draw("1 \\U+3042\n1 \\U+3044\n1 C\n"));
 }
 
-TEST_F(MTextTest, a_gathered_character_has_its_own_bytes_even_where_there_is_a_symbol) {
-  EXPECT_EQ(Drawn("\u25CFC"), Draw("1 \\U+25CF\n1 C\n"));
+TEST_F(MTextTest, a_gathered_character_that_is_known_is_its_symbol) {
+  EXPECT_EQ(Drawn("\u03C6C"), Draw("1 \\U+2205\n1 C\n"));
+  EXPECT_EQ(Drawn("90\u00B0C"), Draw("1 90\\U+00B0\n1 C\n"));
+  EXPECT_EQ(Drawn("\u30FBC"), Draw("1 \\U+25CF\n1 C\n"));
+}
+
+TEST_F(MTextTest, a_gathered_character_that_the_code_page_lacks_becomes_one_that_looks_alike) {
+  EXPECT_EQ(Drawn("m2C"), Draw("1 m\\U+00B2\n1 C\n"));
 }
 
 TEST_F(MTextTest, a_character_cut_off_by_the_texts_end_has_the_digits_that_are_there) {

@@ -129,5 +129,16 @@ TEST(NamedTableTest, a_large_table_finds_all_of_its_names) {
   EXPECT_EQ(-1, table.First("N50000"));
 }
 
+TEST(NamedTableTest, forgotten_names_are_not_found_and_the_entries_stay) {
+  NumberedTable table({"A", "B"});
+  table.table.ForgetNames();
+  EXPECT_EQ(-1, table.First("A"));
+  EXPECT_EQ(-1, table.Last("B"));
+  ASSERT_EQ(2u, table.table.size());
+  EXPECT_STREQ("A", table.table[0].name);
+  table.Add("A");
+  EXPECT_EQ(2, table.First("A"));
+}
+
 }  // namespace
 }  // namespace hexlume

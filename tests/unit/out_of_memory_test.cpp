@@ -36,58 +36,57 @@ void operator delete(void* memory, std::size_t) noexcept {
 namespace hexlume {
 namespace {
 
-class OutOfMemory : public ConverterTest {};
-
 // A number with the exponent letter d is rewritten, and this one is too long for a string's own place.
 const char longNumber[] = "10 0.0000000000000000000000001d26\n";
 
 const std::string line = "0 LINE\n" + Ends(10, 90, 30, 80);
 const std::string drawnLine = "SetMapMode(MM_HIMETRIC)\n" + Stroke(black, 1000, -1000, 3000, -2000);
 
-// A canvas may take memory for its first line; those behind it find it there.
-void DrawFirstLine(Canvas canvas, const ViewRect& view) {
-  TextStream stream = StreamOf(line + "0 ENDSEC\n");
-  HeaderVars headerVars;
-  DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
-}
-
-int32_t ThrownByDrawEntities(TextStream& stream, Canvas canvas, const ViewRect& view) {
-  HeaderVars headerVars;
-  int32_t thrown = 0;
-  refuse = true;
-  try {
-    DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
-  } catch (int32_t code) {
-    thrown = code;
+class OutOfMemory : public ConverterTest {
+ protected:
+  // A canvas may take memory for its first line; those after it find it there.
+  void DrawFirstLine(Canvas canvas) {
+    TextStream first = StreamOf(line + "0 ENDSEC\n");
+    DrawEntities({{first, canvas, headerVars, view}});
   }
-  refuse = false;
-  return thrown;
-}
+
+  int32_t ThrownByDrawEntities(Canvas canvas) {
+    int32_t thrown = 0;
+    refuse = true;
+    try {
+      DrawEntities({RunOn(canvas)});
+    } catch (int32_t code) {
+      thrown = code;
+    }
+    refuse = false;
+    return thrown;
+  }
+};
 
 TEST_F(OutOfMemory, the_exception_leaves_the_section_as_11_with_what_was_drawn_before_it_in_the_metafile) {
-  TextStream stream = StreamOf(line + "0 LINE\n" + longNumber + line + "0 ENDSEC\n");
+  stream = StreamOf(line + "0 LINE\n" + longNumber + line + "0 ENDSEC\n");
   int32_t thrown = 0;
   const std::string listing = ListCalls([&](Canvas canvas) {
-    DrawFirstLine(canvas, view);
-    thrown = ThrownByDrawEntities(stream, canvas, view);
+    DrawFirstLine(canvas);
+    thrown = ThrownByDrawEntities(canvas);
   });
   EXPECT_EQ(11, thrown);
   EXPECT_EQ(drawnLine + drawnLine, listing);
 }
 
 TEST_F(OutOfMemory, drawing_a_line_needs_no_memory) {
-  TextStream stream = StreamOf(line + "0 ENDSEC\n");
+  stream = StreamOf(line + "0 ENDSEC\n");
   int32_t thrown = -1;
   const std::string listing = ListCalls([&](Canvas canvas) {
-    DrawFirstLine(canvas, view);
-    thrown = ThrownByDrawEntities(stream, canvas, view);
+    DrawFirstLine(canvas);
+    thrown = ThrownByDrawEntities(canvas);
   });
   EXPECT_EQ(0, thrown);
   EXPECT_EQ(drawnLine + drawnLine, listing);
 }
 
 TEST_F(OutOfMemory, the_exception_leaves_the_directory_of_blocks_as_11) {
-  TextStream stream = StreamOf("0 BLOCK\n2 A\n0 ENDBLK\n0 ENDSEC\n");
+  stream = StreamOf("0 BLOCK\n2 A\n0 ENDBLK\n0 ENDSEC\n");
   int32_t thrown = 0;
   refuse = true;
   try {
@@ -108,15 +107,13 @@ TextStream StreamBehindBlock() {
 }
 
 TEST_F(OutOfMemory, the_exception_leaves_a_block_as_11_with_what_was_drawn_before_it_in_the_metafile) {
-  TextStream stream = StreamBehindBlock();
-  const HeaderVars headerVars;
+  stream = StreamBehindBlock();
   int32_t thrown = 0;
   const std::string listing = ListCalls([&](Canvas canvas) {
-    DrawFirstLine(canvas, view);
+    DrawFirstLine(canvas);
     refuse = true;
     try {
-      DrawBlockEntities(stream, state.blocks[0].bodyOffset, canvas, 0.0, 0.0, headerVars, 0, view, 0, 0, 0,
-                        0);
+      DrawBlockEntities({RunOn(canvas)}, state.blocks[0].bodyOffset);
     } catch (int32_t code) {
       thrown = code;
     }
@@ -127,15 +124,13 @@ TEST_F(OutOfMemory, the_exception_leaves_a_block_as_11_with_what_was_drawn_befor
 }
 
 TEST_F(OutOfMemory, the_exception_leaves_a_dimensions_inserted_block_as_11_with_what_was_drawn_before_it) {
-  TextStream stream = StreamBehindBlock();
-  const HeaderVars headerVars;
+  stream = StreamBehindBlock();
   int32_t thrown = 0;
   const std::string listing = ListCalls([&](Canvas canvas) {
-    DrawFirstLine(canvas, view);
+    DrawFirstLine(canvas);
     refuse = true;
     try {
-      DrawDimInsertEntities(stream, state.blocks[0].bodyOffset, canvas, 0.0, 0.0, headerVars, view, 0, 1, 0,
-                            0);
+      DrawDimInsertEntities({RunOn(canvas)}, state.blocks[0].bodyOffset);
     } catch (int32_t code) {
       thrown = code;
     }
@@ -154,17 +149,15 @@ bool IsIn(const std::string& listing, const std::string& call) {
 TEST_F(OutOfMemory, a_hatch_deletes_its_pen_and_brush_whenever_the_exception_comes) {
   const std::string hatch =
       "0 HATCH\n2 SOLID\n10 10\n20 80\n10 30\n20 80\n10 30\n20 90\n97 0\n75 0\n0 ENDSEC\n";
-  const HeaderVars noHeader;
   int32_t thrown = faultCode;
   for (int granted = 0; thrown != 0; ++granted) {
     ASSERT_LT(granted, 100);
     thrown = 0;
     const std::string listing = ListCalls([&](Canvas canvas) {
-      TextStream stream = StreamOf(hatch);
-      HeaderVars headerVars = noHeader;
+      stream = StreamOf(hatch);
       untilRefusal = granted + 1;
       try {
-        DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
+        DrawEntities({RunOn(canvas)});
       } catch (int32_t code) {
         thrown = code;
       }

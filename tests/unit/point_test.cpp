@@ -46,17 +46,13 @@ class PointTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawPoint(stream, canvas, headerVars); });
+    return ListCalls([this](Canvas canvas) { result = DrawPoint({RunOn(canvas)}); });
   }
 
   std::string DrawMode(int32_t mode) {
     headerVars.pdMode = mode;
     return Draw(place);
   }
-
-  HeaderVars headerVars;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // Figures and frames.

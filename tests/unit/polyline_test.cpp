@@ -36,11 +36,8 @@ class PolylineTest : public ConverterTest {
   std::string DrawStream(TextStream&& source) {
     stream = std::move(source);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawPolyline(canvas, stream, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawPolyline({RunOn(canvas)}); });
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 std::string Vertex(double x, double y) {

@@ -8,6 +8,7 @@
 
 #include "platform/gdi.h"
 #include "platform/portable/font_face.h"
+#include "platform/portable/font_measure.h"
 
 namespace hexlume {
 
@@ -132,6 +133,54 @@ TEST_F(PortableFont, a_named_japanese_face_is_taken_under_both_its_names) {
   EXPECT_EQ(FaceOf(Font(0, 0, "IPA \x82\x6F\x83\x53\x83\x56\x83\x62\x83\x4E")).Measures().ascent, 1802);
 }
 
+TEST_F(PortableFont, a_vertical_face_has_the_measures_of_its_family) {
+  if (!isMeasuredFace) GTEST_SKIP() << "IPAGothic isn't installed";
+  EXPECT_EQ(Metrics(Font(448, 0, "@IPAGothic")).tmAveCharWidth, 212);
+  EXPECT_EQ(Metrics(Font(448, 0, "@ipagothic")).tmAveCharWidth, 212);
+  EXPECT_EQ(Metrics(Font(448, 0, "@IPAPGothic")).tmAveCharWidth, 185);
+}
+
+TEST_F(PortableFont, all_vertical_faces_without_a_japanese_family_are_the_same_face) {
+  const int32_t width = FaceOf(Font(0, 0, "@")).Measures().averageWidth;
+  const int64_t advance = FaceOf(Font(0, 0, "@")).Advance(0x00B0, 1000);
+  for (const char* face : {"@Arial", "@@IPAGothic", "@DejaVu Sans", "@no such face"}) {
+    EXPECT_EQ(FaceOf(Font(0, 0, face)).Measures().averageWidth, width) << face;
+    EXPECT_EQ(FaceOf(Font(0, 0, face)).Advance(0x00B0, 1000), advance) << face;
+  }
+}
+
+TEST_F(PortableFont, only_a_vertical_face_advances_downward) {
+  if (!isMeasuredFace) GTEST_SKIP() << "IPAGothic isn't installed";
+  const FontFace& level = FaceOf(Font(0, 0, "IPAPGothic"));
+  const FontFace& vertical = FaceOf(Font(0, 0, "@IPAPGothic"));
+  // GDI's answers under Wine for a height of 16 pixels, an em of 16 * 2048 / 2203 = 15: the degree sign, the
+  // section sign, a quotation mark and a letter.
+  EXPECT_EQ((level.Advance(0x00B0, 15) + 32) / 64, 5);
+  EXPECT_EQ((vertical.Advance(0x00B0, 15) + 32) / 64, 15);
+  EXPECT_EQ((level.Advance(0x00A7, 15) + 32) / 64, 9);
+  EXPECT_EQ((vertical.Advance(0x00A7, 15) + 32) / 64, 15);
+  EXPECT_EQ((level.Advance(0x2018, 15) + 32) / 64, 6);
+  EXPECT_EQ((vertical.Advance(0x2018, 15) + 32) / 64, 15);
+  EXPECT_EQ(vertical.Advance('A', 15), level.Advance('A', 15));
+}
+
+// GDI's answers under Wine.
+TEST_F(PortableFont, a_stretched_character_has_whole_pixels_and_counts_a_part_of_one) {
+  if (!isMeasuredFace) GTEST_SKIP() << "IPAGothic isn't installed";
+  FontMeasure measure = {};
+  measure.face = &FaceOf(Font(0, 0, "@IPAPGothic"));
+  measure.ppem = 7;
+  measure.naturalWidth = 3;
+  measure.averageWidth = 4;
+  EXPECT_EQ(CharacterPixels(measure, 0x0001), 10);  // an em: 7 * 4 / 3 = 9.33
+  // 197 * 125 / 108 = 228.01; with the factor cut to 75851 / 65536 it is 14592.43 64ths of a pixel, and 14592
+  // are 228 pixels.
+  measure.ppem = 232;
+  measure.naturalWidth = 108;
+  measure.averageWidth = 125;
+  EXPECT_EQ(CharacterPixels(measure, 0x30BD), 228);
+}
+
 TEST_F(PortableFont, more_faces_than_are_kept_do_no_harm) {
   for (int round = 0; round < 2; ++round) {
     for (int i = 0; i < 40; ++i) {
@@ -144,6 +193,8 @@ TEST_F(PortableFont, a_name_that_fills_its_field_needs_no_zero) {
   LOGFONTA font = Font(500);
   std::memset(font.lfFaceName, 'A', sizeof font.lfFaceName);
   EXPECT_EQ(Metrics(font).tmHeight, Metrics(Font(500)).tmHeight);
+  font.lfFaceName[0] = '@';
+  EXPECT_EQ(Metrics(font).tmHeight, Metrics(Font(500, 0, "@")).tmHeight);
 }
 
 TEST_F(PortableFont, without_a_font_of_its_own_a_context_has_one_of_16_pixels) {

@@ -86,10 +86,36 @@ TEST_F(SmallBox, extents_beyond_the_limits_in_one_direction_count_in_both) {
 }
 
 TEST_F(SmallBox, untouched_extents_of_a_header_are_measured) {
-  // -1E+20 - 1E+20 is negative, so they fit limits of 0, which are under 2; and so they are without limits.
+  // -1E+20 - 1E+20 is negative and so under 2.
   const std::string untouched = Corner("$EXTMIN", "1E+20", "1E+20") + Corner("$EXTMAX", "-1E+20", "-1E+20");
   EXPECT_TRUE(Measured(untouched));
   EXPECT_TRUE(Measured(Limits("0", "0") + untouched));
+  EXPECT_TRUE(Measured(Limits("420", "297") + untouched));
+  EXPECT_TRUE(Measured(untouched + Limits("420", "297")));
+  EXPECT_TRUE(Measured(Limits("420", "297") + Corner("$EXTMIN", "1E+10", "1E+10") +
+                       Corner("$EXTMAX", "-1E+10", "-1E+10")));
+  EXPECT_EQ(420.0, vars.limMaxX);  // the limits themselves stay
+}
+
+TEST_F(SmallBox, extents_whose_maximum_is_below_their_minimum_in_one_direction_are_measured_too) {
+  const std::string limits = Limits("420", "297");
+  EXPECT_TRUE(Measured(limits + Corner("$EXTMIN", "10", "0") + Corner("$EXTMAX", "9.99", "50")));
+  EXPECT_TRUE(Measured(limits + Corner("$EXTMIN", "0", "10") + Corner("$EXTMAX", "50", "9.99")));
+  // Of no size at all they are not below: they fit the limits, which are large enough.
+  EXPECT_FALSE(Measured(limits + Corner("$EXTMIN", "10", "10") + Corner("$EXTMAX", "10", "10")));
+}
+
+TEST_F(SmallBox, a_single_corner_makes_no_untouched_extents) {
+  EXPECT_FALSE(Measured(Limits("420", "297") + Corner("$EXTMIN", "1E+20", "1E+20")));
+  EXPECT_FALSE(Measured(Limits("420", "297") + Corner("$EXTMAX", "-1E+20", "-1E+20")));
+}
+
+TEST_F(SmallBox, untouched_extents_stand_where_the_scan_stands_on_the_entities_already) {
+  EXPECT_EQ(1, Scan(Header(Limits("420", "297") + Corner("$EXTMIN", "1E+20", "1E+20") +
+                           Corner("$EXTMAX", "-1E+20", "-1E+20")) +
+                    entities));
+  EXPECT_EQ(1e20, vars.extMinX);
+  EXPECT_EQ(-1e20, vars.extMaxX);
 }
 
 TEST_F(SmallBox, the_box_is_measured_in_sheet_units) {

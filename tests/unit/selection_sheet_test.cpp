@@ -34,7 +34,7 @@ class SelectionSheet : public ::testing::Test {
 using Names = std::vector<std::string>;
 
 TEST_F(SelectionSheet, without_layers_nothing_is_excluded) {
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(0, state.excludedLayerCount);
   EXPECT_EQ(Names{}, Excluded());
 }
@@ -42,7 +42,7 @@ TEST_F(SelectionSheet, without_layers_nothing_is_excluded) {
 TEST_F(SelectionSheet, layers_that_are_all_shown_are_not_excluded) {
   AddLayer("0", 1);
   AddLayer("WALL", 1);
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(0, state.excludedLayerCount);
   EXPECT_EQ(Names{}, Excluded());
 }
@@ -52,7 +52,7 @@ TEST_F(SelectionSheet, a_layer_that_is_not_shown_counts_twice_and_is_named_once)
   AddLayer("FROZEN", 0);
   AddLayer("WALL", 1);
   AddLayer("AXIS", 1);
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(2, state.excludedLayerCount);
   EXPECT_EQ(Names{"FROZEN"}, Excluded());
 }
@@ -62,7 +62,7 @@ TEST_F(SelectionSheet, excluded_layers_stand_in_the_order_of_the_file) {
   AddLayer("A", 0);
   AddLayer("X", 1);
   AddLayer("B", 0);
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(6, state.excludedLayerCount);
   EXPECT_EQ((Names{"C", "A", "B"}), Excluded());
 }
@@ -70,21 +70,21 @@ TEST_F(SelectionSheet, excluded_layers_stand_in_the_order_of_the_file) {
 TEST_F(SelectionSheet, an_earlier_count_does_not_stay) {
   state.excludedLayerCount = 9;
   AddLayer("FROZEN", 0);
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(2, state.excludedLayerCount);
 }
 
 TEST_F(SelectionSheet, the_list_of_layers_itself_stays) {
   AddLayer("0", 1);
   AddLayer("FROZEN", 0);
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(2, state.layerCount);
   EXPECT_EQ(2u, state.layerNames.size());
 }
 
 TEST_F(SelectionSheet, a_page_of_line_types_without_an_answer_excludes_none) {
   AddLayer("FROZEN", 0);
-  EXPECT_TRUE(ShowSelectionSheet());
+  EXPECT_EQ(DialogResult::ok, ShowSelectionSheet());
   EXPECT_EQ(0, state.excludedLtypeCount);
   EXPECT_TRUE(state.excludedLtypes.empty());
 }

@@ -13,7 +13,7 @@ namespace {
 
 // The user of the size dialog, and what the dialog was shown with.
 struct SizeDialogUser {
-  bool pressesOk;
+  DialogResult answer;
   int32_t denominator;
   int32_t asked;
   int32_t widthSeen, heightSeen;
@@ -22,12 +22,12 @@ struct SizeDialogUser {
 }  // namespace
 
 // In the place of the library's own, which waits for a real user.
-bool ShowSizeDialog() {
+DialogResult ShowSizeDialog() {
   ++user.asked;
   user.widthSeen = state.sheetWidth;
   user.heightSeen = state.sheetHeight;
   state.scaleDenominator = user.denominator;
-  return user.pressesOk;
+  return user.answer;
 }
 
 namespace {
@@ -38,7 +38,7 @@ class SheetScale : public ::testing::Test {
  protected:
   SheetScale() {
     ResetConvState();
-    user = {true, 100, 0, 0, 0};
+    user = {DialogResult::ok, 100, 0, 0, 0};
   }
 
   static void ExpectRect(int32_t width, int32_t height) {
@@ -151,7 +151,7 @@ TEST_F(SheetScale, any_value_but_0_asks_and_the_preset_does_not_count) {
   for (const int32_t showDialog : {1, 2, -1}) {
     vars = HeaderVars();
     SetLimits(vars, 0, 0, 42000, 29700);
-    user = {true, 60, 0, 0, 0};
+    user = {DialogResult::ok, 60, 0, 0, 0};
     EXPECT_EQ(0, SetupSheet(vars, showDialog, 50, 0));
     EXPECT_EQ(1, user.asked);
     EXPECT_EQ(60, state.scaleDenominator);
@@ -197,11 +197,24 @@ TEST_F(SheetScale, the_shift_is_divided_by_the_denominator_of_the_dialog) {
 
 TEST_F(SheetScale, a_dialog_that_is_cancelled_gives_16) {
   SetLimits(vars, 0, 0, 42000, 29700);
-  user.pressesOk = false;
+  user.answer = DialogResult::cancelled;
   EXPECT_EQ(16, SetupSheet(vars, 1, 0, 0));
   EXPECT_EQ(1, user.asked);
   EXPECT_EQ(1.0, vars.drawingScale);
   EXPECT_EQ(0.0, state.drawScale);
+}
+
+// 2000.95 / 100 = 20.0095 mm, and int(2000.95 + 0.1) = 2001. The whole millimetres of a dialog give 2000.
+TEST_F(SheetScale, a_dialog_that_cannot_be_shown_leaves_100_and_the_fractions) {
+  SetLimits(vars, 0, 0, 2000.95, 1500.95);
+  user.answer = DialogResult::notShown;
+  user.denominator = 5;
+  EXPECT_EQ(0, SetupSheet(vars, 1, 0, 0));
+  EXPECT_EQ(1, user.asked);
+  EXPECT_EQ(100, state.scaleDenominator);
+  ExpectRect(2001, 1501);
+  ExpectSize(2000, 1500);
+  EXPECT_EQ(100.0, state.drawScale);
 }
 
 // 1E+300 has no int, so the dialog sees -2147483648; by 100 that is -21474836.48, and its hundredths plus 0.1

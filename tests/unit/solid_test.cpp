@@ -22,13 +22,11 @@ class SolidTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawSolid(canvas, stream, offsetX, offsetY, view); });
+    return ListCalls([this](Canvas canvas) { result = DrawSolid({RunOn(canvas), offsetX, offsetY}); });
   }
 
   double offsetX = 0.0;
   double offsetY = 0.0;
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A rectangle as the format tells it, in zigzag: left and right below, left and right above.

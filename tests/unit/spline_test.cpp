@@ -46,11 +46,8 @@ class SplineTest : public ConverterTest {
   std::string DrawStream(TextStream text) {
     stream = std::move(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawSpline(canvas, stream); });
+    return ListCalls([this](Canvas canvas) { result = DrawSpline({RunOn(canvas)}); });
   }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 size_t PointsIn(const std::string& listing) {

@@ -57,7 +57,6 @@ class StackedFractionTest : public ConverterTest {
   int32_t escapement = 3600;
   int32_t attach = 0;
   double angle = 0.0;
-  int32_t halfWidthFont = 0;
 };
 
 // The pieces.

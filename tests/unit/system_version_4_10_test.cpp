@@ -26,11 +26,8 @@ class SystemVersionTest : public ConverterTest {
   // The listing of an empty section on this system.
   std::string DrawOn(const SystemVersion& system) {
     version = system;
-    TextStream stream = StreamOf("0 ENDSEC\n");
-    return ListCalls([&](Canvas canvas) {
-      HeaderVars headerVars;
-      DrawEntities(stream, canvas, headerVars, view, 0, 1, 0);
-    });
+    stream = StreamOf("0 ENDSEC\n");
+    return ListCalls([this](Canvas canvas) { DrawEntities({RunOn(canvas)}); });
   }
 };
 

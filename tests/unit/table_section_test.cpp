@@ -29,19 +29,17 @@ class TableSectionTest : public ConverterTest {
   static std::string Counts() {
     int32_t defined = 0;
     for (const LtypeEntry& ltype : state.ltypes) defined += ltype.defined;
-    return std::to_string(defined) + " " + std::to_string(state.layers.size()) + " " +
+    return std::to_string(defined) + " " + std::to_string(state.layerCount) + " " +
            std::to_string(state.dimStyles.size());
   }
   std::string CountsOf(const std::string& tables) {
     state.ltypes = {};
     state.layers = {};
+    state.layerCount = 0;
     state.dimStyles = {};
     Read(tables);
     return Counts();
   }
-
-  HeaderVars headerVars;
-  TextStream stream;
 };
 
 const std::string ltypes = "0 TABLE\n2 LTYPE\n70 1\n0 LTYPE\n2 DASHED\n73 2\n49 5\n49 -2.5\n0 ENDTAB\n";

@@ -34,8 +34,7 @@ class TextFitTest : public ConverterTest {
   std::string Draw(const std::string& text, const std::string& groups) {
     stream = StreamOf("0 TEXT\n1 " + text + "\n" + fitted + groups);
     ReadGroup(stream);
-    return ListCalls(
-        [this](Canvas canvas) { result = DrawText(canvas, stream, view, wholeTextClip, halfWidthFont); });
+    return ListCalls([this](Canvas canvas) { result = DrawText({RunOn(canvas)}); });
   }
 
   void UseHalfWidth() {
@@ -43,10 +42,6 @@ class TextFitTest : public ConverterTest {
     drawn.face = "";
   }
 
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
-  TextStream stream;
-  int32_t result = -1;
   TextCall drawn;
 };
 
@@ -220,7 +215,7 @@ TEST_F(TextFitTest, a_text_that_does_not_fit_in_full_width_throws_before_it_has_
   ReadGroup(stream);
   int32_t thrown = 0;
   try {
-    DrawText(canvas, stream, view, 0, halfWidthFont);
+    DrawText({RunOn(canvas)});
   } catch (int32_t code) {
     thrown = code;
   }

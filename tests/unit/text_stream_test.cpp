@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -134,6 +135,62 @@ TEST(TextStream, a_stream_opened_again_starts_anew) {
   EXPECT_EQ(0, Tell(stream));
   ASSERT_TRUE(ReadLine(stream, line, sizeof line));
   EXPECT_STREQ("D\n", line);
+}
+
+// THE END OF A LINE
+
+// Lines of all lengths around the limits, with everything that ends one or looks as if it did.
+std::string RandomLines(std::mt19937& random, int count) {
+  std::string bytes;
+  for (int i = 0; i < count; ++i) {
+    bytes.append(random() % 4 ? random() % 8 : 250 + random() % 12, 'a');
+    for (unsigned tail = random() % 4; tail > 0; --tail) bytes += "\r\n\ra"[random() % 4];
+    bytes += random() % 3 ? "\n" : "\r\n";
+    if (random() % 8 == 0) bytes += '\0';
+  }
+  return bytes;
+}
+
+TEST(EndOfLine, it_is_the_place_after_the_line_that_is_read) {
+  std::mt19937 random(3);
+  for (int round = 0; round < 300; ++round) {
+    const TemporaryFile file(RandomLines(random, 20));
+    for (const int32_t limit : {2, 3, 4, 7, 256}) {
+      TextStream stream;
+      ASSERT_TRUE(OpenText(stream, file.Path()));
+      char line[256];
+      for (;;) {
+        const int32_t end = EndOfLine(stream, Tell(stream), limit);
+        if (!ReadLine(stream, line, limit)) break;
+        if (end == notFetched) {
+          ASSERT_EQ(stream.bytes.size(), static_cast<size_t>(Tell(stream))) << round << ' ' << limit;
+        } else {
+          ASSERT_EQ(Tell(stream), end) << round << ' ' << limit;
+        }
+      }
+    }
+  }
+}
+
+TEST(EndOfLine, a_line_feed_as_the_character_after_the_limit_is_the_next_line) {
+  TextStream stream;
+  const std::string bytes = "abc\ndef\r\n\nghi";
+  stream.bytes.assign(bytes.begin(), bytes.end());
+  EXPECT_EQ(3, EndOfLine(stream, 0, 4));
+  EXPECT_EQ(4, EndOfLine(stream, 0, 5));
+  EXPECT_EQ(4, EndOfLine(stream, 3, 4));
+  EXPECT_EQ(7, EndOfLine(stream, 4, 4));  // three characters, and CR LF would be a fourth
+  EXPECT_EQ(9, EndOfLine(stream, 4, 5));
+  EXPECT_EQ(10, EndOfLine(stream, 9, 4));
+}
+
+TEST(EndOfLine, a_line_that_is_not_fetched_to_its_end_has_none) {
+  TextStream stream;
+  const std::string bytes = "abc";
+  stream.bytes.assign(bytes.begin(), bytes.end());
+  EXPECT_EQ(notFetched, EndOfLine(stream, 0, 4));  // a line feed may follow
+  EXPECT_EQ(2, EndOfLine(stream, 0, 3));
+  EXPECT_EQ(notFetched, EndOfLine(stream, 3, 4));
 }
 
 // CHUNK BORDERS

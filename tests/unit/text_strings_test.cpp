@@ -361,9 +361,10 @@ TEST(StripBraceCodes, without_a_semicolon_the_byte_before_the_closing_brace_is_k
 }
 
 TEST(StripBraceCodes, without_a_semicolon_the_closing_brace_is_looked_for_from_the_start) {
-  // "A}" is in front: "A}B", the byte before that brace, "A", and all behind it, "B{\L". No shorter than
-  // before, so it ends there.
-  EXPECT_EQ(BracesStripped("A}B{\\L"), "A}BAB{\\L");
+  // "A}" is in front: "A}B", the byte before that brace, "A", and all after it, "B{\L". So it grows round by
+  // round: the part before "{\" has 3, 5, 9, 17, 33, 65, 129 and 257 bytes.
+  EXPECT_EQ(Thrown(BracesStripped, "A}B{\\L"), -1);
+  EXPECT_EQ(Thrown(BracesStripped, "{A} {\\LB}"), -1);
 }
 
 TEST(StripBraceCodes, a_closing_brace_at_the_very_start_has_no_byte_before_it) {
@@ -373,8 +374,19 @@ TEST(StripBraceCodes, a_closing_brace_at_the_very_start_has_no_byte_before_it) {
 }
 
 TEST(StripBraceCodes, a_semicolon_in_front_of_the_brace_makes_a_mess) {
-  // "A;B", then what lies between that ";" and the "}", "B{\C1;C", then "D": 11 bytes as before.
-  EXPECT_EQ(BracesStripped("A;B{\\C1;C}D"), "A;BB{\\C1;CD");
+  // "A;B", then what is between that ";" and the "}", "B{\C1;C", then "D": "A;BB{\C1;CD", 11 bytes as before.
+  // Then no "}" is left, and "A;BB" stays.
+  EXPECT_EQ(BracesStripped("A;B{\\C1;C}D"), "A;BB");
+  // "NOTE 1;  {\LSEE B", then without a "}".
+  EXPECT_EQ(BracesStripped("NOTE 1; {\\LSEE B}"), "NOTE 1;  ");
+  // "AB\H1.5x;CD" and "CD{\fArial|b0;EF".
+  EXPECT_EQ(BracesStripped("AB\\H1.5x;CD{\\fArial|b0;EF}"), "AB\\H1.5x;CDCD");
+}
+
+TEST(StripBraceCodes, a_semicolon_in_front_doubles_what_is_between_it_and_the_brace_for_each_closing_brace) {
+  // One blank, after the first "}" two: "SUS304;  {\fArial|b0;A and {\C1;B}", after the second one four, and
+  // then all from "{\" on is lost.
+  EXPECT_EQ(BracesStripped("SUS304; {\\fArial|b0;A} and {\\C1;B}"), "SUS304;    ");
 }
 
 TEST(StripBraceCodes, the_closing_brace_behind_the_semicolon_counts_where_one_stands_in_front_of_it) {
@@ -385,14 +397,15 @@ TEST(StripBraceCodes, a_semicolon_behind_the_brace_leaves_out_what_is_between) {
   EXPECT_EQ(BracesStripped("{\\L}A;B}C"), "BC");
 }
 
-TEST(StripBraceCodes, a_text_that_a_round_leaves_as_long_as_it_was_ends_there) {
-  // "A;}", then what lies between ";" and "}", nothing, then what is behind the "}", "{\x".
+TEST(StripBraceCodes, a_text_that_a_round_leaves_unchanged_ends_there) {
+  // "A;}", then what is between ";" and "}", nothing, then what is after the "}", "{\x".
   EXPECT_EQ(BracesStripped("A;}{\\x"), "A;}{\\x");
 }
 
-TEST(StripBraceCodes, a_text_that_a_round_lets_grow_within_its_buffer_ends_there) {
-  // "A;B}", then "B" with nothing behind the "}" but "{\x": 8 bytes out of 7.
-  EXPECT_EQ(BracesStripped("A;B}{\\x"), "A;B}B{\\x");
+TEST(StripBraceCodes, a_text_that_grows_from_round_to_round_throws_minus_1) {
+  // "A;B}", then "B" with nothing after the "}" but "{\x": 8 bytes out of 7, then 10, 14, 22, 38, 70, 134,
+  // 262.
+  EXPECT_EQ(Thrown(BracesStripped, "A;B}{\\x"), -1);
 }
 
 TEST(StripBraceCodes, a_text_of_255_bytes_that_grows_throws_minus_1) {
@@ -418,12 +431,17 @@ TEST(StripBraceCodes, a_kanji_that_looks_like_a_brace_with_a_code_starts_no_othe
   EXPECT_EQ(BracesStripped("{\\C1;\\H2;}A\x81\x7B\\;"), "\\H2;A\x81\x7B\\;");
 }
 
-// A text that the brace codes let grow to 256 bytes: 127 in front of the brace, the 100 between ";" and "}",
-// and the 29 behind the "}".
-const std::string growsTo256 = ";" + std::string(100, 'A') + "}" + std::string(25, 'B') + "{\\xy";
+// A text that grows for one round: 101 bytes in front of the brace, then the 129 between ";" and "}", and
+// what is after the "}". The next round finds no "}" and leaves what is in front of "{\".
+std::string Growing(size_t grownLength) {
+  return ";" + std::string(100, 'A') + "{\\x" + std::string(26, 'B') + "}" +
+         std::string(grownLength - 230, 'C');
+}
+const std::string grown = ";" + std::string(200, 'A');
 
 TEST(StripBraceCodes, the_buffer_holds_255_bytes) {
-  EXPECT_EQ(Thrown(BracesStripped, growsTo256), -1);
+  EXPECT_EQ(BracesStripped(Growing(255)), grown);
+  EXPECT_EQ(Thrown(BracesStripped, Growing(256)), -1);
 }
 
 // StripBlockBraceCodes
@@ -436,15 +454,14 @@ TEST(StripBlockBraceCodes, codes_go_as_they_do_outside_blocks) {
   EXPECT_EQ(BlockBracesStripped("A{\\C1;B"), "A");
 }
 
-TEST(StripBlockBraceCodes, the_buffer_holds_a_byte_more_than_that_of_the_entities) {
-  const std::string grown = ";" + std::string(100, 'A') + "}" + std::string(25, 'B') + std::string(100, 'A') +
-                            std::string(25, 'B') + "{\\xy";
-  ASSERT_EQ(grown.length(), 256u);
-  EXPECT_EQ(BlockBracesStripped(growsTo256), grown);
+TEST(StripBlockBraceCodes, a_semicolon_in_front_of_the_brace_makes_the_same_mess) {
+  EXPECT_EQ(BlockBracesStripped("SUS304; {\\fArial|b0;A} and {\\C1;B}"), "SUS304;    ");
+  EXPECT_EQ(Thrown(BlockBracesStripped, "{A} {\\LB}"), -1);
 }
 
-TEST(StripBlockBraceCodes, a_text_that_grows_beyond_the_buffer_throws_minus_1) {
-  EXPECT_EQ(Thrown(BlockBracesStripped, growsTo256 + "z"), -1);
+TEST(StripBlockBraceCodes, the_buffer_holds_a_byte_more_than_that_of_the_entities) {
+  EXPECT_EQ(BlockBracesStripped(Growing(256)), grown);
+  EXPECT_EQ(Thrown(BlockBracesStripped, Growing(257)), -1);
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ class TextTest : public ConverterTest {
     return ListCalls([this](Canvas canvas) { DrawOn(canvas); });
   }
 
-  void DrawOn(Canvas canvas) { result = DrawText(canvas, stream, view, wholeTextClip, halfWidthFont); }
+  void DrawOn(Canvas canvas) { result = DrawText({RunOn(canvas)}); }
 
   // The text and the cell in half-width mode: half as wide as high, in the default face.
   void UseHalfWidth() {
@@ -52,10 +52,6 @@ class TextTest : public ConverterTest {
     drawn.face = "";
   }
 
-  int32_t wholeTextClip = 0;
-  int32_t halfWidthFont = 0;
-  TextStream stream;
-  int32_t result = -1;
   TextCall drawn;  // what plain leaves
 };
 

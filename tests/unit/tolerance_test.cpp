@@ -40,13 +40,10 @@ class ToleranceTest : public ConverterTest {
   std::string DrawText(const std::string& text) {
     stream = StreamOf(text);
     ReadGroup(stream);
-    return ListCalls([this](Canvas canvas) { result = DrawTolerance(stream, canvas); });
+    return ListCalls([this](Canvas canvas) { result = DrawTolerance({RunOn(canvas)}); });
   }
 
   std::string DrawString(const std::string& string) { return Draw(frame + "1 " + string + "\n"); }
-
-  TextStream stream;
-  int32_t result = -1;
 };
 
 // A character in the first row: 1000 * 0.7 high, 1000 * 0.1 above the bottom.

@@ -214,8 +214,8 @@ LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 std::wstring TextOf(HWND window) {
-  wchar_t text[256] = L"";
-  Ask(window, WM_GETTEXT, 256, reinterpret_cast<LPARAM>(text));
+  wchar_t text[512] = L"";
+  Ask(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
   return text;
 }
 
@@ -249,8 +249,23 @@ HWND FocusBeside(HWND window) {
   return info.hwndFocus;
 }
 
+int Resolution() {
+  const HDC screen = GetDC(nullptr);
+  const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dotsPerInch;
+}
+
+int Scaled(int distance) {
+  return MulDiv(distance, Resolution(), 96);
+}
+
 void WaitForFocus(HWND dialog) {
   WaitFor("focus on a dialog", [&] { return IsChild(dialog, FocusBeside(dialog)); });
+}
+
+void PointAt(POINT place) {
+  Send(MouseEvent(place, 0));
 }
 
 void Click(POINT place) {

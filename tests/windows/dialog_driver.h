@@ -35,10 +35,15 @@ RECT PlaceIn(HWND parent, HWND child);             // in the parent's points
 RECT DialogUnits(HWND dialog, RECT placeInUnits);  // the same place in points
 HWND FocusBeside(HWND window);                     // of the thread that the window belongs to
 
+// The screen's dots per inch, and a distance that is told for 96 of them.
+int Resolution();
+int Scaled(int distance);
+
 // Waits until a window of the dialog has the focus.
 void WaitForFocus(HWND dialog);
 
 // Real input, as from the devices: places are on the screen, keys go to the window with the focus.
+void PointAt(POINT place);
 void Click(POINT place);
 void DoubleClick(POINT place);
 void ClickMiddle(HWND window);

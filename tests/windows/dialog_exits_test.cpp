@@ -3,6 +3,7 @@
 
 #include <prsht.h>
 
+#include "windows/import_patch.h"
 #include "windows/process_resources.h"
 
 namespace hexlume {
@@ -10,6 +11,21 @@ namespace {
 
 void Cancel() {
   SheetWindow().Cancel();
+}
+
+// The sheet's own result, as a test wants it: systems differ in what it says where no page declares a change.
+WNDPROC sheetProcedure;
+LRESULT sheetResult;
+
+LRESULT CALLBACK TellResult(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == PSM_GETRESULT) return sheetResult;
+  return CallWindowProcW(sheetProcedure, window, message, wParam, lParam);
+}
+
+void LetTellResult(HWND sheet, LRESULT result) {
+  sheetResult = result;
+  sheetProcedure = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(sheet, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TellResult)));
 }
 
 class Exits : public DialogTest {
@@ -73,6 +89,36 @@ TEST_F(Exits, a_message_that_closes_the_window_is_cancel) {
     const SheetWindow sheet;
     PostMessageW(sheet.window, WM_CLOSE, 0, 0);
     WaitUntilGone(sheet.window);
+  }));
+}
+
+TEST_F(Exits, ok_is_ok_whatever_the_sheets_own_result_is) {
+  for (const LRESULT result : {0, -1}) {
+    const Conversion drawn = Select(three, [&] {
+      const SheetWindow sheet;
+      LetTellResult(sheet.window, result);
+      sheet.ClickBox(1);
+      sheet.ExpectTicks("x-x");
+      sheet.Ok();
+    });
+    EXPECT_EQ(0, drawn.code);
+    EXPECT_EQ((Numbers{0, 2}), drawn.Lines());
+  }
+}
+
+TEST_F(Exits, cancel_is_cancel_whatever_the_sheets_own_result_is) {
+  ExpectCancelled(Select(three, [] {
+    const SheetWindow sheet;
+    LetTellResult(sheet.window, 1);
+    sheet.Cancel();
+  }));
+}
+
+TEST_F(Exits, cancel_after_an_apply_is_cancel) {
+  ExpectCancelled(Select(three, [] {
+    const SheetWindow sheet;
+    Ask(sheet.window, PSM_APPLY);
+    sheet.Cancel();
   }));
 }
 
@@ -180,6 +226,54 @@ TEST_F(Exits, cancel_of_the_sheet_behind_the_size_dialog_cancels_all) {
 
 TEST_F(Exits, a_file_that_is_no_drawing_shows_no_sheet) {
   EXPECT_EQ(30, Whole("0 EOF\n", 1, NoUser).code);
+}
+
+// Where no window can be made
+
+INT_PTR WINAPI MakeNoSheet(const PROPSHEETHEADERW*) {
+  return -1;
+}
+
+HWND WINAPI MakeNoDialog(HINSTANCE, const wchar_t*, HWND, DLGPROC, LPARAM) {
+  return nullptr;
+}
+
+class NoWindows : public Exits {
+ protected:
+  // Each conversion draws with dialogs what it draws without them.
+  void ExpectAsWithoutDialogs(const std::string& drawing) {
+    const ImportPatch<decltype(PropertySheetW)> sheet(GetModuleHandleW(L"Hexlume.dll"), "PropertySheetW",
+                                                      &MakeNoSheet);
+    const ImportPatch<decltype(CreateDialogParamW)> dialog(GetModuleHandleW(L"Hexlume.dll"),
+                                                           "CreateDialogParamW", &MakeNoDialog);
+    for (const int32_t showDialogs : {1, 2}) {
+      ExpectSame(Whole(drawing, 0, NoUser), Whole(drawing, showDialogs, NoUser));
+      ExpectSame(Part(drawing, 0, NoUser), Part(drawing, showDialogs, NoUser));
+      ExpectSame(FullSize(drawing, 0, NoUser), FullSize(drawing, showDialogs, NoUser));
+    }
+  }
+
+  static void ExpectSame(const Conversion& without, const Conversion& with) {
+    EXPECT_EQ(0, with.code);
+    EXPECT_EQ(without.listing, with.listing);
+  }
+};
+
+TEST_F(NoWindows, a_drawing_without_layers_is_drawn_as_without_dialogs) {
+  ExpectAsWithoutDialogs(LayersDrawing({}, {"A"}));
+}
+
+TEST_F(NoWindows, a_drawing_with_hidden_layers_is_drawn_as_without_dialogs) {
+  ExpectAsWithoutDialogs(LayersDrawing({{"A", 7}, {"B", -7}, {"C", 7, 1}}));
+}
+
+TEST_F(NoWindows, a_drawing_beyond_a0_keeps_the_fractions_of_its_size) {
+  // 2000.95 / 100 * 100 + 0.1 = 2001.05; whole millimetres give 2000.
+  std::string drawing = LargeDrawing();
+  for (size_t at = drawing.find("10 2000\n"); at != std::string::npos; at = drawing.find("10 2000\n"))
+    drawing.replace(at, 8, "10 2000.95\n");
+  ExpectAsWithoutDialogs(drawing);
+  EXPECT_EQ("Frame(0, 0, 2001, 1500)", Whole(drawing, 0, NoUser).Frame());
 }
 
 // The twins with a monochrome switch

@@ -1,6 +1,8 @@
 // The page of the layers.
 #include "windows/dialog_test.h"
 
+#include <algorithm>
+
 namespace hexlume {
 namespace {
 
@@ -220,6 +222,89 @@ TEST_F(LayerPage, clicks_below_the_last_row_flip_nothing) {
     sheet.Ok();
   });
   EXPECT_EQ((Numbers{0, 1, 2}), drawn.Lines());
+}
+
+// The tooltip
+
+class LayerTip : public LayerPage {
+ protected:
+  // Waits for the tooltip of a row, and returns its text without the ends of its lines.
+  static std::wstring TipOf(const SheetWindow& sheet, int row) {
+    sheet.ClickText(0);  // so that the pointer comes to the row, and doesn't lie there from before
+    sheet.PointAtText(row);
+    WaitFor("tooltip", [] { return SheetWindow::Tip() != nullptr; });
+    std::wstring text = TextOf(SheetWindow::Tip());
+    for (const wchar_t end : {L'\r', L'\n'})
+      text.erase(std::remove(text.begin(), text.end(), end), text.end());
+    return text;
+  }
+
+  static void ExpectNoTip() {
+    WaitFor("end of the tooltip", [] { return SheetWindow::Tip() == nullptr; });
+  }
+
+  // Looks at the rows of a drawing with a layer A and another one, and cancels.
+  void Look(const std::string& name, const std::function<void(const SheetWindow&)>& look) {
+    ExpectCancelled(Select(LayersDrawing({{"A", 7}, {name.c_str(), 7}}), [&] {
+      const SheetWindow sheet;
+      look(sheet);
+      sheet.Cancel();
+    }));
+  }
+
+  // The list has room for about 30.
+  const std::string longName = std::string(40, 'n') + "-end";
+};
+
+TEST_F(LayerTip, a_name_that_is_cut_shows_whole_while_the_pointer_is_on_it) {
+  Look(longName, [&](const SheetWindow& sheet) {
+    EXPECT_EQ(std::wstring(longName.begin(), longName.end()), TipOf(sheet, 1));
+    sheet.PointAtText(0);
+    ExpectNoTip();
+    TipOf(sheet, 1);
+  });
+}
+
+TEST_F(LayerTip, a_name_that_has_room_has_none) {
+  Look("&B", [](const SheetWindow& sheet) {
+    for (const int row : {0, 1}) {
+      sheet.PointAtText(row);
+      Sleep(2 * GetDoubleClickTime());  // longer than a tooltip waits
+      EXPECT_EQ(nullptr, SheetWindow::Tip());
+    }
+  });
+}
+
+TEST_F(LayerTip, a_japanese_name_and_one_with_an_ampersand_show_as_they_are) {
+  std::string tables;
+  for (int i = 0; i < 30; ++i) tables += table;
+  Look(tables, [](const SheetWindow& sheet) { EXPECT_EQ(std::wstring(30, L'表'), TipOf(sheet, 1)); });
+  Look("A&B" + longName, [&](const SheetWindow& sheet) {
+    EXPECT_EQ(L"A&B" + std::wstring(longName.begin(), longName.end()), TipOf(sheet, 1));
+  });
+}
+
+TEST_F(LayerTip, a_name_wider_than_the_screen_is_in_lines) {
+  const std::string longest(longestName, 'W');
+  Look(longest, [&](const SheetWindow& sheet) {
+    EXPECT_EQ(std::wstring(longest.begin(), longest.end()), TipOf(sheet, 1));
+    const RECT tip = PlaceOf(SheetWindow::Tip());
+    EXPECT_LE(0, tip.left);
+    EXPECT_GE(GetSystemMetrics(SM_CXSCREEN), tip.right);
+  });
+}
+
+TEST_F(LayerTip, it_goes_when_a_key_is_pressed) {
+  Look(longName, [&](const SheetWindow& sheet) {
+    TipOf(sheet, 1);
+    Press(VK_HOME);
+    ExpectNoTip();
+  });
+}
+
+TEST_F(LayerTip, it_goes_with_the_sheet) {
+  Look(longName, [&](const SheetWindow& sheet) { TipOf(sheet, 1); });
+  EXPECT_EQ(nullptr, SheetWindow::Tip());
 }
 
 // The keyboard

@@ -128,6 +128,7 @@ int main(int argumentCount, char** arguments) {
     std::fprintf(stderr, "usage: hexlume_dialog_pictures DRAWING FOLDER\n");
     return 64;
   }
+  SetProcessDPIAware();  // at the screen's resolution
   try {
     const hexlume::Photographer photographer(arguments[1], std::filesystem::path(arguments[2]).wstring());
     photographer.TakeAll(0, L".png");

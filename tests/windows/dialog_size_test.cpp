@@ -496,6 +496,16 @@ TEST_F(SizeDialog, a_pasted_fraction_stays_and_its_whole_part_is_the_scale) {
   EXPECT_EQ("Frame(0, 0, 16666, 12500)", drawn.Frame());
 }
 
+// Shown by its value, 5; but no digit is in front, so the sheet is divided by 0 and all lines are outside.
+TEST_F(SizeDialog, a_pasted_exponent_without_a_digit_in_front_leaves_the_sheet_empty) {
+  const Conversion drawn = ScaleAfter([](const SizeWindow& dialog) {
+    PasteAnew(dialog, L".5e1");
+    See(dialog, ".5e1: 400.000 x 300.000");
+  });
+  EXPECT_EQ(0, drawn.code);
+  EXPECT_EQ(drawn.Frame() + "\nSetMapMode(MM_HIMETRIC)\n", drawn.listing);
+}
+
 TEST_F(SizeDialog, a_pasted_fraction_below_1_becomes_1) {
   SeeAfter([](const SizeWindow& dialog) { PasteAnew(dialog, L"0.9"); }, "1: 2000.000 x 1500.000");
 }

@@ -30,6 +30,17 @@ int CountMarks(const RECT& place) {
   return marks;
 }
 
+BOOL CALLBACK TakeShownTip(HWND window, LPARAM found) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  wchar_t name[32] = L"";
+  GetClassNameW(window, name, 32);
+  const bool isTip = std::wstring(name) == TOOLTIPS_CLASSW;
+  if (process != GetCurrentProcessId() || !isTip || !IsWindowVisible(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
 }  // namespace
 
 SheetWindow::SheetWindow() : window(WaitForDialog(L"レイヤ/線種選択")) {
@@ -83,12 +94,12 @@ RECT SheetWindow::RowPlace(int row) const {
 
 POINT SheetWindow::BoxPlace(int row) const {
   const RECT place = RowPlace(row);
-  return {place.left + inBox, (place.top + place.bottom) / 2};
+  return {place.left + Scaled(inBox), (place.top + place.bottom) / 2};
 }
 
 POINT SheetWindow::TextPlace(int row) const {
   const RECT place = RowPlace(row);
-  return {place.left + inText, (place.top + place.bottom) / 2};
+  return {place.left + Scaled(inText), (place.top + place.bottom) / 2};
 }
 
 // Inside the box's frame there is nothing or a tick.
@@ -96,7 +107,8 @@ bool SheetWindow::IsTicked(int row) const {
   Ask(List(), WM_NULL);
   UpdateWindow(List());
   const POINT middle = BoxPlace(row);
-  return CountMarks({middle.x - 3, middle.y - 3, middle.x + 4, middle.y + 4}) > 5;
+  const int reach = Scaled(3);
+  return CountMarks({middle.x - reach, middle.y - reach, middle.x + reach + 1, middle.y + reach + 1}) > 5;
 }
 
 void SheetWindow::ExpectTicks(const std::string& ticks) const {
@@ -119,6 +131,16 @@ void SheetWindow::ExpectTick(int row, bool ticked) const {
 
 void SheetWindow::ExpectSelected(int row) const {
   WaitFor("selection of row " + std::to_string(row), [&] { return Selected() == row; });
+}
+
+HWND SheetWindow::Tip() {
+  HWND tip = nullptr;
+  EnumWindows(TakeShownTip, reinterpret_cast<LPARAM>(&tip));
+  return tip;
+}
+
+void SheetWindow::PointAtText(int row) const {
+  PointAt(TextPlace(row));
 }
 
 void SheetWindow::ClickBox(int row) const {

@@ -29,6 +29,10 @@ class SheetWindow {
   void ExpectTick(int row, bool ticked) const;
   void ExpectSelected(int row) const;
 
+  // The tooltip of this process that is shown, null if none is.
+  static HWND Tip();
+
+  void PointAtText(int row) const;
   void ClickBox(int row) const;
   void ClickText(int row) const;
   void DoubleClickText(int row) const;

@@ -1,6 +1,9 @@
-#include <cstdlib>
-
 #include "support/run_command.h"
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <stdexcept>
 
 namespace hexlume {
 
@@ -8,6 +11,16 @@ int RunCommand(const std::string& program, const std::string& arguments) {
   // The shell takes away the outermost pair of quotes.
   const std::string command = "\"\"" + program + "\" " + arguments + "\"";
   return std::system(command.c_str());
+}
+
+void GrowFile(const std::string& file, int64_t size) {
+  const HANDLE handle =
+      CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  LARGE_INTEGER end = {};
+  end.QuadPart = size;
+  const bool isGrown = SetFilePointerEx(handle, end, nullptr, FILE_BEGIN) && SetEndOfFile(handle);
+  CloseHandle(handle);
+  if (!isGrown) throw std::runtime_error("a file can't be made larger");
 }
 
 std::string JapaneseName() {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <type_traits>
 
+#include "tools/hexlume/emf_record.h"
 #include "tools/hexlume/host_convert.h"
 #include "tools/hexlume/host_guard.h"
 
@@ -99,9 +100,18 @@ Conversion Convert(const std::string& drawing, const Options& options) {
   const Outcome outcome = CallExports(drawing, options);
   Conversion conversion;
   conversion.status = ExitStatusOf(outcome);
-  if (conversion.status != 0) conversion.messages.push_back(FailureInWords(outcome));
+  if (conversion.status != 0) conversion.failure = FailureInWords(outcome);
+  if (conversion.status == 0) conversion.unknownLayers = UnknownHiddenLayers(options.dialogAnswers);
   if (outcome.metafile) conversion.metafile = BytesOf(outcome.metafile.get());
   return conversion;
+}
+
+bool GaveNoDrawing(const Conversion& conversion) {
+  const MetafileBytes& bytes = conversion.metafile;
+  if (bytes.empty()) return conversion.status == HEXLUME_NOT_A_DRAWING;
+  // The first call of any drawing sets the mapping mode: without one there are a header and an end.
+  constexpr size_t headerSize = 88, recordCount = 52;
+  return bytes.size() >= headerSize && EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
 }
 
 }  // namespace hexlume

@@ -1,7 +1,6 @@
 // One drawing through the library.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,12 +10,16 @@
 namespace hexlume {
 
 struct Conversion {
-  int status = 0;                     // of the process: 0 if all is well
-  std::vector<std::string> messages;  // what happened, for the user
-  MetafileBytes metafile;             // also when a fault ended the drawing, if it had been begun
+  int status = 0;                          // of the process: 0 if all is well
+  std::string failure;                     // what happened, for the user; only for a conversion that failed
+  std::vector<std::string> unknownLayers;  // that --hide-layer names
+  MetafileBytes metafile;                  // also when a fault ended the drawing, if it had been begun
 };
 
 // By the nine exports, or by the host library where an option needs it.
 Conversion Convert(const std::string& drawing, const Options& options);
+
+// Whether the library found nothing that could be drawn: no drawing, or one without entities.
+bool GaveNoDrawing(const Conversion& conversion);
 
 }  // namespace hexlume

@@ -46,9 +46,9 @@ Conversion ConvertByHostLibrary(const std::string& drawing, const Options& optio
   const host::Result result = host::Convert(Utf8Text(drawing), HostOptionsOf(options));
   Conversion conversion;
   conversion.status = ExitStatusOf(result);
-  if (!result) conversion.messages.emplace_back(result.Message());
+  if (conversion.status != 0) conversion.failure = result.Message();
   for (const hexlume_remark& remark : result.Remarks())
-    if (remark.code == HEXLUME_REMARK_NO_SUCH_LAYER) conversion.messages.emplace_back(remark.english);
+    if (remark.code == HEXLUME_REMARK_NO_SUCH_LAYER) conversion.unknownLayers.emplace_back(remark.detail);
   conversion.metafile.assign(result.Metafile().begin(), result.Metafile().end());
   return conversion;
 }

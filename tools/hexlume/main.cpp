@@ -2,9 +2,11 @@
 
 #include <iostream>
 #include <new>
+#include <optional>
 
 #include "tools/hexlume/convert.h"
 #include "tools/hexlume/dialog_answers.h"
+#include "tools/hexlume/file_trouble.h"
 #include "tools/hexlume/options.h"
 #include "tools/hexlume/output.h"
 #include "tools/hexlume/system.h"
@@ -18,11 +20,25 @@ void Report(const std::string& words) {
   std::cerr << "hexlume: " << words << std::endl;
 }
 
+// Why a conversion failed, or why it drew less than was to be expected.
+void ReportConversion(const Job& job, const Conversion& conversion) {
+  constexpr int noDrawing = 30;
+  std::optional<std::string> trouble;
+  if (conversion.status == 0 || conversion.status == noDrawing)
+    trouble = TroubleWith(job.drawing, GaveNoDrawing(conversion));
+  if (trouble) Report(job.drawing + ": " + *trouble);
+  const bool isExplained = trouble && conversion.metafile.empty();
+  if (conversion.status != 0 && !isExplained) Report(job.drawing + ": " + conversion.failure);
+  if (conversion.status != 0) return;
+  for (const std::string& name : conversion.unknownLayers)
+    Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
+}
+
 // 0, or the exit status that tells what went wrong; of two troubles the later one.
 int RunJob(const Job& job, const Options& options) {
   try {
     const Conversion conversion = Convert(job.drawing, options);
-    for (const std::string& message : conversion.messages) Report(job.drawing + ": " + message);
+    ReportConversion(job, conversion);
     if (!conversion.metafile.empty()) WriteOutputs(conversion.metafile, job, options);
     return conversion.status;
   } catch (const OutputError& error) {
@@ -35,7 +51,7 @@ int RunJob(const Job& job, const Options& options) {
 
 int RunJobs(const Options& options) {
   if (options.dialogFont) vzDXFSetFontMode(*options.dialogFont);
-  GiveDialogAnswers(options.dialogAnswers);
+  if (options.dialogs != 0) GiveDialogAnswers(options.dialogAnswers);
   int status = 0;
   for (const Job& job : options.jobs) {
     if (const int failure = RunJob(job, options)) status = failure;

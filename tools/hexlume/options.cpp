@@ -45,7 +45,7 @@ constexpr OptionDeclaration resultOptions[] = {
     {"dpi", "N", "Dots per inch of a picture in pixels (default 96)"},
     {"list", nullptr, "List the calls in the metafile on standard output, one a line"},
     {"version", nullptr, "Show the version"},
-    {"help", nullptr, "Show this help"},
+    {"h,help", nullptr, "Show this help"},
 };
 
 void AddOption(cxxopts::OptionAdder& add, const OptionDeclaration& option) {
@@ -112,11 +112,18 @@ View ParseView(const std::string& text) {
     }
     at = stop + (i < 3);
   }
+  if (edges[0] > edges[2]) throw UsageError("--view needs a left edge that isn't right of the right one");
+  if (edges[1] > edges[3]) throw UsageError("--view needs a top edge that isn't below the bottom one");
   return {edges[0], edges[1], edges[2], edges[3]};
+}
+
+std::string WithHyphens(const std::string& option) {
+  return (option.size() == 1 ? "-" : "--") + option;
 }
 
 std::optional<std::string> TextOf(const cxxopts::ParseResult& parsed, const char* option) {
   if (parsed.count(option) == 0) return std::nullopt;
+  if (parsed.count(option) > 1) throw UsageError(WithHyphens(option) + " is given more than once");
   return parsed[option].as<std::string>();
 }
 
@@ -279,7 +286,12 @@ Options ParseOptions(int argc, const char* const* argv) {
 }
 
 std::string HelpText() {
-  return Declare().help() + helpTail;
+  std::string text = Declare().help();
+  // The library for options shows a blank before the equals sign, where the command line allows none.
+  const std::string shown = "--dialogs [=N(=1)]", typed = "--dialogs[=N]";
+  if (const size_t at = text.find(shown); at != std::string::npos)
+    text.replace(at, shown.size(), typed + std::string(shown.size() - typed.size(), ' '));
+  return text + helpTail;
 }
 
 }  // namespace hexlume

@@ -61,4 +61,11 @@ void GiveDialogAnswers(const DialogAnswers& answers) {
                      answers.hiddenFamilies.data(), static_cast<int32_t>(answers.hiddenFamilies.size()));
 }
 
+std::vector<std::string> UnknownHiddenLayers(const DialogAnswers& answers) {
+  std::vector<std::string> unknown;
+  for (const std::string& text : answers.hiddenLayers)
+    if (!vzHiddenLayerExists(LayerName(text).c_str())) unknown.push_back(text);
+  return unknown;
+}
+
 }  // namespace hexlume

@@ -10,4 +10,8 @@ void CheckAnswersToDialogs(const Options& options) {
 
 void GiveDialogAnswers(const DialogAnswers&) {}
 
+std::vector<std::string> UnknownHiddenLayers(const DialogAnswers&) {
+  return {};
+}
+
 }  // namespace hexlume

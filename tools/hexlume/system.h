@@ -1,6 +1,8 @@
 // What the tool needs to know of the system's files and streams.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace hexlume {
@@ -10,6 +12,9 @@ void UsePlainLineEnds();
 
 // A text of the command line in UTF-8.
 std::string Utf8Text(const std::string& text);
+
+// In bytes; none if there is no such file, or if it is a folder or a device.
+std::optional<uint64_t> FileSize(const std::string& path);
 
 // Where the file's name begins in a path.
 size_t FileNameStart(const std::string& path);

@@ -25,6 +25,13 @@ std::string Utf8Text(const std::string& text) {
   return utf8;
 }
 
+std::optional<uint64_t> FileSize(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA file = {};
+  if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file)) return std::nullopt;
+  if (file.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
+  return uint64_t{file.nFileSizeHigh} << 32 | file.nFileSizeLow;
+}
+
 size_t FileNameStart(const std::string& path) {
   size_t start = 0;
   for (size_t i = 0; i < path.size(); ++i) {

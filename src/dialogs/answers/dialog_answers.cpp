@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <string_view>
 
 #include "hexlume_answers.h"
 
@@ -18,7 +19,7 @@ DialogAnswers MakeAnswers(int32_t scaleDenominator, const char* const* hiddenLay
   DialogAnswers answers;
   if (scaleDenominator != 0) answers.scaleDenominator = std::clamp(scaleDenominator, 1, largestDenominator);
   for (int32_t i = 0; hiddenLayers && i < hiddenLayerCount; ++i)
-    if (hiddenLayers[i]) answers.hiddenLayers.emplace(hiddenLayers[i]);
+    if (hiddenLayers[i]) answers.hiddenLayers.emplace(hiddenLayers[i], false);
   for (int32_t i = 0; hiddenFamilies && i < hiddenFamilyCount; ++i)
     answers.hiddenFamilies.push_back(hiddenFamilies[i]);
   return answers;
@@ -36,4 +37,11 @@ void vzSetDialogAnswers(int32_t scaleDenominator, const char* const* hiddenLayer
   } catch (const std::bad_alloc&) {
     // The answers stay as they were.
   }
+}
+
+int32_t vzHiddenLayerExists(const char* name) {
+  if (!name) return 0;
+  const auto& layers = hexlume::dialogAnswers.hiddenLayers;
+  const auto found = layers.find(std::string_view(name));
+  return found != layers.end() && found->second;
 }

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -13,9 +13,8 @@ constexpr int32_t defaultDenominator = 100;
 
 struct DialogAnswers {
   int32_t scaleDenominator = defaultDenominator;
-  std::set<std::string, std::less<>> hiddenLayers;
+  std::map<std::string, bool, std::less<>> hiddenLayers;  // and whether the last drawing has them
   std::vector<int32_t> hiddenFamilies;
-  std::vector<std::string> unknownLayers;  // of hiddenLayers: names that the last drawing lacks, sorted
 };
 
 extern DialogAnswers dialogAnswers;

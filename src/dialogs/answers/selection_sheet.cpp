@@ -23,6 +23,14 @@ bool IsUnticked(const LayerNameEntry& layer) {
   return dialogAnswers.hiddenLayers.count(layer.name) != 0;
 }
 
+// Notes which of the names to be unticked are there.
+void FindHiddenLayers() {
+  auto& hidden = dialogAnswers.hiddenLayers;
+  for (auto& [name, exists] : hidden) exists = false;
+  for (const LayerNameEntry& layer : state.layerNames)
+    if (const auto found = hidden.find(layer.name); found != hidden.end()) found->second = true;
+}
+
 // The page of the layers offers those that are shown. A layer that isn't offered counts twice: as not
 // offered, and as a row that the list doesn't have, which counts as one without a tick. The conversions
 // compare this count with the number of layers, so it stays so.
@@ -40,12 +48,6 @@ void AnswerLayers() {
   }
 }
 
-void NoteUnknownLayers() {
-  std::set<std::string, std::less<>> unknown = dialogAnswers.hiddenLayers;
-  for (const LayerNameEntry& layer : state.layerNames) unknown.erase(layer.name);
-  dialogAnswers.unknownLayers.assign(unknown.begin(), unknown.end());
-}
-
 void AnswerFamilies() {
   state.excludedLtypeCount = 0;
   const auto& hidden = dialogAnswers.hiddenFamilies;
@@ -58,11 +60,11 @@ void AnswerFamilies() {
 
 }  // namespace
 
-bool ShowSelectionSheet() {
-  NoteUnknownLayers();
+DialogResult ShowSelectionSheet() {
+  FindHiddenLayers();
   AnswerLayers();
   AnswerFamilies();
-  return true;
+  return DialogResult::ok;
 }
 
 }  // namespace hexlume

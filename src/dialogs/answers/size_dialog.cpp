@@ -5,9 +5,9 @@
 
 namespace hexlume {
 
-bool ShowSizeDialog() {
+DialogResult ShowSizeDialog() {
   state.scaleDenominator = dialogAnswers.scaleDenominator;
-  return true;
+  return DialogResult::ok;
 }
 
 }  // namespace hexlume

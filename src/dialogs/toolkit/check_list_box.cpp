@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "dialogs/toolkit/gdi_objects.h"
 #include "dialogs/toolkit/wide_text.h"
 
 namespace hexlume {
@@ -58,6 +59,7 @@ void CCheckListBox::Toggle(int row) {
 }
 
 LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+  FollowRows(message, wParam, lParam);
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: {
@@ -101,13 +103,8 @@ void CCheckListBox::PreSubclassWindow() {
 // A list asks for its rows' height while it is made, when it has neither font nor object yet.
 void CCheckListBox::FitItemHeight() {
   m_image.Open(m_hWnd);
-  const HDC canvas = GetDC(m_hWnd);
-  const auto font = reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
-  const HGDIOBJ before = SelectObject(canvas, font ? font : GetStockObject(SYSTEM_FONT));
   TEXTMETRICW metrics = {};
-  GetTextMetricsW(canvas, &metrics);
-  SelectObject(canvas, before);
-  ReleaseDC(m_hWnd, canvas);
+  GetTextMetricsW(CFontDC(m_hWnd).m_hDC, &metrics);
   const LONG height = std::max(metrics.tmHeight, m_image.Size().cy + 2 * boxMargin - 1);
   SendMessage(LB_SETITEMHEIGHT, 0, height);
   InvalidateRect(m_hWnd, nullptr, TRUE);
@@ -117,12 +114,48 @@ int CCheckListBox::TextStart() const {
   return m_image.Size().cx + 2 * boxMargin;
 }
 
-// The row whose box is at a place of the list, -1 if none.
-int CCheckListBox::BoxAt(int x, int y) const {
-  if (x < 0 || x >= TextStart() || y < 0) return -1;
+// The row at a height of the list, -1 if none.
+int CCheckListBox::RowAt(int y) const {
+  if (y < 0) return -1;
   const auto height = static_cast<int>(SendMessage(LB_GETITEMHEIGHT));
   const int row = static_cast<int>(SendMessage(LB_GETTOPINDEX)) + y / std::max(height, 1);
   return row < GetCount() ? row : -1;
+}
+
+// The row whose box is at a place of the list, -1 if none.
+int CCheckListBox::BoxAt(int x, int y) const {
+  return x >= 0 && x < TextStart() ? RowAt(y) : -1;
+}
+
+bool CCheckListBox::IsCut(const std::wstring& text) const {
+  SIZE size = {};
+  GetTextExtentPoint32W(CFontDC(m_hWnd).m_hDC, text.data(), static_cast<int>(text.size()), &size);
+  RECT inner = {};
+  GetClientRect(m_hWnd, &inner);
+  return TextStart() + textMargin + size.cx > inner.right;
+}
+
+void CCheckListBox::FollowPointer(int y) {
+  const int row = RowAt(y);
+  if (row == m_tip.Row()) return;
+  RECT place = {};
+  SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+  const std::wstring text = row < 0 ? std::wstring() : RowText(m_hWnd, static_cast<UINT>(row));
+  m_tip.SetRow(m_hWnd, row, place, IsCut(text) ? text : std::wstring());
+}
+
+// Keeps the tip on the row under the pointer.
+void CCheckListBox::FollowRows(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+    case WM_KEYDOWN: m_tip.Clear(); break;
+    case WM_MOUSEMOVE: FollowPointer(GET_Y_LPARAM(lParam)); [[fallthrough]];
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP: m_tip.Relay(message, wParam, lParam); break;
+  }
 }
 
 void CCheckListBox::DrawItem(const DRAWITEMSTRUCT& item) {

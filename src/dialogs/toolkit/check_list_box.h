@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/toolkit/check_box_image.h"
+#include "dialogs/toolkit/row_tip.h"
 #include "dialogs/toolkit/wnd.h"
 
 namespace hexlume {
@@ -14,7 +15,7 @@ class CListBox : public CWnd {
   int SetCurSel(int row) { return static_cast<int>(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(row))); }
 };
 
-// A click on a box and the space key turn the row's tick round.
+// A click on a box and the space key turn the row's tick round. A text that is cut shows whole in a tooltip.
 class CCheckListBox : public CListBox {
  public:
   // 1 for a row with a tick, 0 for one without and for one that isn't there.
@@ -31,10 +32,15 @@ class CCheckListBox : public CListBox {
   void DrawText(const DRAWITEMSTRUCT& item, RECT rect);
   void FitItemHeight();
   int TextStart() const;
+  int RowAt(int y) const;
   int BoxAt(int x, int y) const;
   void Toggle(int row);
+  bool IsCut(const std::wstring& text) const;
+  void FollowPointer(int y);
+  void FollowRows(UINT message, WPARAM wParam, LPARAM lParam);
 
   CheckBoxImage m_image;
+  RowTip m_tip;
 };
 
 }  // namespace hexlume

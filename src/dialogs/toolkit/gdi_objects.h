@@ -42,4 +42,19 @@ class CWindowDC {
   HWND m_hWnd;
 };
 
+// The device context of a window's inside, with the window's font in it.
+class CFontDC {
+ public:
+  explicit CFontDC(HWND window);
+  ~CFontDC();
+  CFontDC(const CFontDC&) = delete;
+  CFontDC& operator=(const CFontDC&) = delete;
+
+  const HDC m_hDC;
+
+ private:
+  const HWND m_hWnd;
+  const HGDIOBJ m_fontBefore;
+};
+
 }  // namespace hexlume

@@ -52,8 +52,14 @@ LRESULT CPropertyPage::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CPropertyPage::OnNotify(const NMHDR& notification) {
-  if (notification.code == static_cast<UINT>(PSN_KILLACTIVE)) return !UpdateData(TRUE);
-  if (notification.code == static_cast<UINT>(PSN_APPLY)) OnOK();
+  switch (notification.code) {
+    case static_cast<UINT>(PSN_KILLACTIVE): return !UpdateData(TRUE);
+    case static_cast<UINT>(PSN_APPLY):
+      OnOK();
+      m_sheet->SetApplied(true);
+      break;
+    case static_cast<UINT>(PSN_RESET): m_sheet->SetApplied(false); break;
+  }
   return PSNRET_NOERROR;
 }
 
@@ -105,14 +111,29 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SYSCOMMAND:
     case WM_CLOSE:
     case PSM_PRESSBUTTON: EndIfClosed(); break;
+    // By a click on a tab, by a message, or by a key.
+    case WM_NOTIFY:
+    case PSM_SETCURSEL:
+    case PSM_ISDIALOGMESSAGE: TakeFocusFromHiddenPage(); break;
   }
   return result;
 }
 
-// A modeless sheet that was closed stays, without an active page.
+// A modeless sheet that was closed stays, without an active page. Its own result isn't asked: it may be about
+// changes that a page has declared, and ours declare none.
 void CPropertySheet::EndIfClosed() {
   if (SendMessage(PSM_GETCURRENTPAGEHWND) != 0) return;
-  ModalRun::End(SendMessage(PSM_GETRESULT) > 0 ? IDOK : IDCANCEL);
+  ModalRun::End(m_applied ? IDOK : IDCANCEL);
+}
+
+// The focus may stay where it was when another page becomes active: keys would work on what nobody sees.
+void CPropertySheet::TakeFocusFromHiddenPage() const {
+  const auto active = reinterpret_cast<HWND>(SendMessage(PSM_GETCURRENTPAGEHWND));
+  const HWND focus = GetFocus();
+  const bool isHidden = std::any_of(m_pages.begin(), m_pages.end(), [&](const CPropertyPage* page) {
+    return page->m_hWnd && page->m_hWnd != active && IsChild(page->m_hWnd, focus);
+  });
+  if (active && isHidden) SetFocus(GetNextDlgTabItem(active, nullptr, FALSE));
 }
 
 }  // namespace hexlume

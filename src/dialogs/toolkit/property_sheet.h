@@ -51,6 +51,10 @@ class CPropertySheet : public CWnd {
   int GetActiveIndex() const;
   CPropertyPage* GetActivePage() const;
   BOOL SetActivePage(CPropertyPage* page);
+  CPropertyPage* GetPage(size_t index) const { return m_pages[index]; }
+
+  // The pages have taken the user's OK, or the sheet was cancelled after all.
+  void SetApplied(bool applied) { m_applied = applied; }
 
   BOOL PreTranslateMessage(MSG* message) override;
 
@@ -59,8 +63,10 @@ class CPropertySheet : public CWnd {
 
  private:
   void EndIfClosed();
+  void TakeFocusFromHiddenPage() const;
 
   std::vector<CPropertyPage*> m_pages;
+  bool m_applied = false;
   std::wstring m_caption;
 };
 

@@ -54,12 +54,23 @@ char16_t SingleByteCharacter(uint8_t byte) {
   return noCharacter;  // a lead byte alone
 }
 
+struct BestFit {
+  char16_t character;
+  uint16_t bytes;
+};
+
+// Characters that the code page doesn't have, and what Windows puts in their place as it looks alike.
+constexpr BestFit bestFits[] = {
+#include "platform/portable/code_page_932_best_fit.inc"
+};
+
 constexpr size_t utf16Units = 0x10000;
 
 struct BytesOfCharacters {
   uint16_t bytes[utf16Units] = {};
 
   BytesOfCharacters() {
+    for (const BestFit& fit : bestFits) Add(fit.bytes, fit.character);
     // The last one written stays: JIS before NEC's row 13, that before IBM's characters and these before
     // NEC's choice of them.
     AddRows(0xED, 0xEE);

@@ -1,17 +1,44 @@
+#include "platform/ellipse_scan.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/portable/polygon_scan.h"
-#include "platform/portable/region_data.h"
+#include "platform/polygon_scan.h"
 
 namespace hexlume {
 
 namespace {
 
-constexpr int64_t widestEllipse = int64_t{1} << 26;
+constexpr int64_t widestEllipse = int64_t{1} << 27;
 
-__extension__ typedef __int128 Wide;
+// A whole number of 128 bits.
+struct Wide {
+  int64_t high = 0;
+  uint64_t low = 0;
+
+  Wide() = default;
+  explicit Wide(int64_t value) : high(value < 0 ? -1 : 0), low(static_cast<uint64_t>(value)) {}
+
+  Wide& operator+=(const Wide& other) {
+    low += other.low;
+    high += other.high + (low < other.low ? 1 : 0);
+    return *this;
+  }
+  bool operator<=(const Wide& other) const {
+    return high != other.high ? high < other.high : low <= other.low;
+  }
+};
+
+// a is below 2 ^ 31, b from 0 to below 2 ^ 63.
+Wide Product(int64_t a, int64_t b) {
+  const int64_t upper = a * (b >> 32);
+  Wide product(a * (b & 0xffffffff));
+  Wide shifted;
+  shifted.high = upper >> 32;
+  shifted.low = static_cast<uint64_t>(upper) << 32;
+  return product += shifted;
+}
 
 // Walks from the ends of the row or the two rows in the middle to the tips, inwards by a pixel and to the
 // next pair of rows by turns. The error is the ellipse's equation, in whole numbers, at the corner between
@@ -20,20 +47,23 @@ class EllipseWalk {
  public:
   EllipseWalk(int64_t width, int64_t height)
       : right(width - 1), lower(height / 2), upper((height - 1) / 2), rows(height) {
-    const Wide across = width - 1;
-    const Wide down = height - 1;
-    const Wide isEven = (height - 1) % 2;
-    stepAcross = 4 * (1 - across) * down * down;
-    stepDown = 4 * (isEven + 1) * across * across;
-    error = stepAcross + stepDown + isEven * across * across;
-    growthAcross = 8 * down * down;
-    growthDown = 8 * across * across;
+    const int64_t across = width - 1;
+    const int64_t down = height - 1;
+    const int64_t isEven = down % 2;
+    growthAcross = Wide(8 * down * down);
+    growthDown = Wide(8 * across * across);
+    stepAcross = Product(1 - across, 4 * down * down);
+    stepDown = Wide(4 * (isEven + 1) * across * across);
+    error = stepAcross;
+    error += stepDown;
+    error += Wide(isEven * across * across);
   }
 
   bool IsDone() const { return left > right || lower >= rows; }
 
   void Step() {
-    const Wide twice = 2 * error;
+    Wide twice = error;
+    twice += error;
     const bool goesDown = twice <= stepDown;
     if (goesDown) {
       ++lower;
@@ -41,7 +71,7 @@ class EllipseWalk {
       stepDown += growthDown;
       error += stepDown;
     }
-    if (twice >= stepAcross || !goesDown) {
+    if (stepAcross <= twice || !goesDown) {
       ++left;
       --right;
       stepAcross += growthAcross;
@@ -63,18 +93,29 @@ class EllipseWalk {
   Wide growthDown;
 };
 
+bool WithoutLastPixels(RECT& box) {
+  if (box.right == INT32_MIN || box.bottom == INT32_MIN) return false;
+  box = OrderedBox(box.left, box.top, box.right - 1, box.bottom - 1);
+  return true;
+}
+
 }  // namespace
 
-bool ScanEllipse(const RECT& box, std::vector<pixman_box32_t>& boxes) {
+RECT OrderedBox(int left, int top, int right, int bottom) {
+  return {std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
+}
+
+bool ScanEllipse(RECT box, std::vector<RECT>& boxes) {
+  if (!WithoutLastPixels(box)) return false;
   const int64_t width = static_cast<int64_t>(box.right) - box.left;
   const int64_t height = static_cast<int64_t>(box.bottom) - box.top;
   if (width > widestEllipse || height > static_cast<int64_t>(mostRegionBoxes)) return false;
   if (width == 0 || height == 0) return true;
   boxes.assign(static_cast<size_t>(height), {0, 0, 0, 0});
   const auto setRow = [&](int64_t row, int64_t left, int64_t right) {
-    boxes[static_cast<size_t>(row)] = {
-        static_cast<int32_t>(box.left + left), static_cast<int32_t>(box.top + row),
-        static_cast<int32_t>(box.left + right + 1), static_cast<int32_t>(box.top + row + 1)};
+    boxes[static_cast<size_t>(row)] = {static_cast<LONG>(box.left + left), static_cast<LONG>(box.top + row),
+                                       static_cast<LONG>(box.left + right + 1),
+                                       static_cast<LONG>(box.top + row + 1)};
   };
   EllipseWalk walk(width, height);
   int64_t lastRow = walk.lower - 1;

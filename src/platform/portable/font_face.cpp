@@ -5,14 +5,18 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/code_page_932.h"
+#include "platform/portable/vertical_glyphs.h"
 #include FT_FREETYPE_H
 #include FT_ADVANCES_H
 #include FT_TRUETYPE_TABLES_H
+#include FT_TRUETYPE_TAGS_H
 
 namespace hexlume {
 
@@ -47,20 +51,32 @@ using Pattern = std::unique_ptr<FcPattern, PatternCloser>;
 using FontSet = std::unique_ptr<FcFontSet, FontSetCloser>;
 using ObjectSet = std::unique_ptr<FcObjectSet, ObjectSetCloser>;
 
+int64_t SixtyFourths(int64_t units, int ppem, int32_t unitsPerEm) {
+  return (2 * 64 * units * ppem + unitsPerEm) / (2 * unitsPerEm);
+}
+
 // Where there is no font file.
 class PlainFace : public FontFace {
  public:
   PlainFace() { measures = {1000, 880, 120, 500, 1000, true}; }
 
-  int32_t Advance(char16_t character) const override {
+  int64_t Advance(char16_t character, int ppem) const override {
     const bool isHalfWidth = character < 0x1100 || (character >= 0xFF61 && character <= 0xFFDC);
-    return isHalfWidth ? 500 : 1000;
+    return SixtyFourths(isHalfWidth ? 500 : 1000, ppem, measures.unitsPerEm);
   }
 };
 
+std::vector<uint8_t> TableOf(FT_Face face, FT_ULong tag) {
+  FT_ULong size = 0;
+  if (FT_Load_Sfnt_Table(face, tag, 0, nullptr, &size) != 0) return {};
+  std::vector<uint8_t> bytes(size);
+  if (FT_Load_Sfnt_Table(face, tag, 0, bytes.data(), &size) != 0) return {};
+  return bytes;
+}
+
 class FileFace : public FontFace {
  public:
-  explicit FileFace(OpenFace opened) : face(std::move(opened)) {
+  FileFace(OpenFace opened, bool isForVerticalText) : face(std::move(opened)), isVertical(isForVerticalText) {
     const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face.get(), FT_SFNT_OS2));
     measures.unitsPerEm = face->units_per_EM;
     measures.ascent = face->ascender;
@@ -73,16 +89,21 @@ class FileFace : public FontFace {
     if (os2 && os2->xAvgCharWidth > 0) measures.averageWidth = os2->xAvgCharWidth;
     measures.boxWidth = static_cast<int32_t>(face->bbox.xMax - face->bbox.xMin);
     measures.isFixedPitch = IsFixedPitch();
+    if (isVertical) verticalGlyphs = VerticalGlyphs(TableOf(face.get(), TTAG_GSUB));
   }
 
   // Whether text can be measured with it at all.
   bool IsUsable() const { return measures.unitsPerEm > 0 && measures.ascent + measures.descent > 0; }
 
-  int32_t Advance(char16_t character) const override {
-    FT_Fixed advance = 0;
+  // In vertical text a character with a glyph of its own there, or one that stands upright, advances
+  // downward.
+  int64_t Advance(char16_t character, int ppem) const override {
     const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
-    if (FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance) != 0) return measures.averageWidth;
-    return static_cast<int32_t>(std::clamp<FT_Fixed>(advance, 0, INT16_MAX));
+    if (!isVertical) return AdvanceAcross(glyph, ppem);
+    const FT_UInt verticalGlyph = verticalGlyphs.Of(glyph);
+    const bool isUpright = verticalGlyph != glyph || StandsUpright(character);
+    return isUpright && FT_HAS_VERTICAL(face.get()) ? AdvanceDown(verticalGlyph, ppem)
+                                                    : AdvanceAcross(verticalGlyph, ppem);
   }
 
  private:
@@ -90,11 +111,34 @@ class FileFace : public FontFace {
   // itself.
   bool IsFixedPitch() const {
     if (FT_IS_FIXED_WIDTH(face.get())) return true;
-    const int32_t narrow = Advance('i');
-    return narrow == Advance('W') && narrow == Advance(0xFF71);
+    const int32_t narrow = UnitsOf('i');
+    return narrow == UnitsOf('W') && narrow == UnitsOf(0xFF71);
+  }
+
+  int32_t UnitsOf(char16_t character) const { return UnitsAcross(FT_Get_Char_Index(face.get(), character)); }
+
+  int32_t UnitsAcross(FT_UInt glyph) const {
+    FT_Fixed advance = 0;
+    if (FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance) != 0) return measures.averageWidth;
+    return static_cast<int32_t>(std::clamp<FT_Fixed>(advance, 0, INT16_MAX));
+  }
+
+  int64_t AdvanceAcross(FT_UInt glyph, int ppem) const {
+    return SixtyFourths(UnitsAcross(glyph), ppem, measures.unitsPerEm);
+  }
+
+  // The scaler's own: it scales a glyph's upper and lower end by themselves, so that the face's units don't
+  // give it.
+  int64_t AdvanceDown(FT_UInt glyph, int ppem) const {
+    if (FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem)) != 0 ||
+        FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) != 0)
+      return AdvanceAcross(glyph, ppem);
+    return std::max<FT_Pos>(face->glyph->metrics.vertAdvance, 0);
   }
 
   OpenFace face;
+  bool isVertical;
+  VerticalGlyphs verticalGlyphs;
 };
 
 std::string Utf8Name(const LOGFONTA& font) {
@@ -151,8 +195,52 @@ Pattern PatternOfGothic(FcConfig* config) {
   return pattern;
 }
 
+// A family's name in Japanese, if it has one.
+std::string JapaneseNameOf(FcPattern* font) {
+  FcChar8* name = nullptr;
+  FcChar8* language = nullptr;
+  FcPatternGetString(font, FC_FAMILY, 0, &name);
+  for (int i = 0; FcPatternGetString(font, FC_FAMILYLANG, i, &language) == FcResultMatch; ++i) {
+    if (FcStrCmp(language, reinterpret_cast<const FcChar8*>("ja")) == 0)
+      FcPatternGetString(font, FC_FAMILY, i, &name);
+  }
+  return name ? reinterpret_cast<const char*>(name) : "";
+}
+
+bool ComesBefore(const std::string& name, const std::string& other) {
+  return FcStrCmpIgnoreCase(reinterpret_cast<const FcChar8*>(name.c_str()),
+                            reinterpret_cast<const FcChar8*>(other.c_str())) < 0;
+}
+
+// The Japanese family whose name comes first; empty without any.
+std::string FirstJapaneseFamily(FcConfig* config) {
+  const Pattern pattern = ScalablePattern();
+  const ObjectSet objects(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, static_cast<const char*>(nullptr)));
+  if (!pattern || !objects) return {};
+  AddLanguage(pattern.get());
+  const FontSet found(FcFontList(config, pattern.get(), objects.get()));
+  std::string first;
+  for (int i = 0; found && i < found->nfont; ++i) {
+    const std::string name = JapaneseNameOf(found->fonts[i]);
+    if (first.empty() || ComesBefore(name, first)) first = name;
+  }
+  return first;
+}
+
+bool IsVertical(const LOGFONTA& font) {
+  return font.lfFaceName[0] == '@';
+}
+
+// What has no family of its own takes the first one, whatever its pitch.
+Pattern PatternOfVertical(FcConfig* config, const std::string& family) {
+  if (!family.empty() && IsInstalled(config, family, true)) return PatternOfFamily(family);
+  const std::string first = FirstJapaneseFamily(config);
+  return first.empty() ? PatternOfGothic(config) : PatternOfFamily(first);
+}
+
 Pattern PatternFor(FcConfig* config, const LOGFONTA& font) {
   const std::string name = Utf8Name(font);
+  if (IsVertical(font)) return PatternOfVertical(config, name.substr(1));
   const bool inJapanese = font.lfCharSet == SHIFTJIS_CHARSET;
   const bool isNamed = !name.empty() && IsInstalled(config, name, inJapanese);
   return isNamed ? PatternOfFamily(name) : PatternOfGothic(config);
@@ -176,7 +264,7 @@ std::unique_ptr<FontFace> MakeFace(FcConfig* config, FT_Library library, const L
   const Pattern pattern = PatternFor(config, font);
   OpenFace opened = pattern ? OpenBestMatch(config, library, pattern.get()) : nullptr;
   if (!opened) return std::make_unique<PlainFace>();
-  auto face = std::make_unique<FileFace>(std::move(opened));
+  auto face = std::make_unique<FileFace>(std::move(opened), IsVertical(font));
   if (!face->IsUsable()) return std::make_unique<PlainFace>();
   return face;
 }

@@ -65,6 +65,15 @@ LONG ToLogical(int pixels, double pixelsPerUnit) {
       std::clamp(rounded, static_cast<double>(INT32_MIN), static_cast<double>(INT32_MAX)));
 }
 
+// The scaler stretches by a factor of 16 binary places, which is cut, to 64ths of a pixel, which are rounded;
+// a part of a pixel counts as a whole one. The limits are beyond any font's.
+int Stretched(const FontMeasure& measure, int64_t pixels) {
+  const int64_t factor =
+      std::min<int64_t>((int64_t{measure.averageWidth} << 16) / measure.naturalWidth, UINT32_MAX);
+  const int64_t sixtyFourths = ((std::min<int64_t>(pixels, 1 << 24) * 64 * factor) + 0x8000) >> 16;
+  return static_cast<int>(std::min<int64_t>((sixtyFourths + 63) / 64, INT32_MAX));
+}
+
 constexpr LOGFONTA noFont = {};
 
 const LOGFONTA& LogFontOf(const DeviceContext& dc) {
@@ -97,15 +106,11 @@ FontMeasure MeasureFont(const DeviceContext& dc) {
 }
 
 int CharacterPixels(const FontMeasure& measure, char16_t character) {
-  const FaceMeasures& face = measure.face->Measures();
   // Two roundings, the first to 64ths of a pixel, as the scaler works.
-  const int64_t sixtyFourths =
-      RoundedQuotient(64LL * measure.face->Advance(character) * measure.ppem, face.unitsPerEm);
-  const int64_t natural = (sixtyFourths + 32) / 64;
-  const int64_t stretched = natural * measure.averageWidth;
-  if (face.isFixedPitch && natural >= measure.ppem)
-    return 2 * RoundedQuotient(stretched, 2LL * measure.naturalWidth);
-  return RoundedQuotient(stretched, measure.naturalWidth);
+  const int64_t natural = (measure.face->Advance(character, measure.ppem) + 32) / 64;
+  if (measure.face->Measures().isFixedPitch && natural >= measure.ppem)
+    return 2 * RoundedQuotient(natural * measure.averageWidth, 2LL * measure.naturalWidth);
+  return Stretched(measure, natural);
 }
 
 LONG LogicalWidth(const DeviceContext& dc, int pixels) {

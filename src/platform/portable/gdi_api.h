@@ -88,7 +88,7 @@ constexpr int RGN_DIFF = 4;
 constexpr int RGN_COPY = 5;
 
 // What the region calls return.
-constexpr int ERROR_REGION = 0;
+constexpr int RGN_ERROR = 0;
 constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
 constexpr int COMPLEXREGION = 3;

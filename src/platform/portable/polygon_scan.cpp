@@ -1,11 +1,9 @@
-#include "platform/portable/polygon_scan.h"
+#include "platform/polygon_scan.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
-
-#include "platform/portable/region_data.h"
 
 namespace hexlume {
 
@@ -73,27 +71,27 @@ bool IsTooMuch(const std::vector<Edge>& edges) {
 // The rectangles found so far, with the last row apart so that the next can join it.
 class RowCollector {
  public:
-  explicit RowCollector(std::vector<pixman_box32_t>& collected) : boxes(collected) {}
+  explicit RowCollector(std::vector<RECT>& collected) : boxes(collected) {}
 
   void BeginRow(int64_t rowTop, int64_t rowBottom) {
-    top = static_cast<int32_t>(rowTop);
-    bottom = static_cast<int32_t>(rowBottom);
+    top = static_cast<LONG>(rowTop);
+    bottom = static_cast<LONG>(rowBottom);
     rowStart = boxes.size();
   }
 
   void AddSpan(int64_t from, int64_t to) {
     if (from >= to) return;
-    if (boxes.size() > rowStart && boxes.back().x2 >= from) {
-      boxes.back().x2 = std::max(boxes.back().x2, static_cast<int32_t>(to));
+    if (boxes.size() > rowStart && boxes.back().right >= from) {
+      boxes.back().right = std::max(boxes.back().right, static_cast<LONG>(to));
     } else {
-      boxes.push_back({static_cast<int32_t>(from), top, static_cast<int32_t>(to), bottom});
+      boxes.push_back({static_cast<LONG>(from), top, static_cast<LONG>(to), bottom});
     }
   }
 
   // False if there are too many rectangles.
   bool EndRow() {
     if (IsLikeTheRowAbove()) {
-      for (size_t i = previousStart; i < rowStart; ++i) boxes[i].y2 = bottom;
+      for (size_t i = previousStart; i < rowStart; ++i) boxes[i].bottom = bottom;
       boxes.resize(rowStart);
     } else {
       previousStart = rowStart;
@@ -104,18 +102,17 @@ class RowCollector {
  private:
   bool IsLikeTheRowAbove() const {
     const size_t count = boxes.size() - rowStart;
-    if (count == 0 || rowStart - previousStart != count || boxes[previousStart].y2 != top) return false;
-    return std::equal(
-        boxes.begin() + static_cast<ptrdiff_t>(rowStart), boxes.end(),
-        boxes.begin() + static_cast<ptrdiff_t>(previousStart),
-        [](const pixman_box32_t& a, const pixman_box32_t& b) { return a.x1 == b.x1 && a.x2 == b.x2; });
+    if (count == 0 || rowStart - previousStart != count || boxes[previousStart].bottom != top) return false;
+    return std::equal(boxes.begin() + static_cast<ptrdiff_t>(rowStart), boxes.end(),
+                      boxes.begin() + static_cast<ptrdiff_t>(previousStart),
+                      [](const RECT& a, const RECT& b) { return a.left == b.left && a.right == b.right; });
   }
 
-  std::vector<pixman_box32_t>& boxes;
+  std::vector<RECT>& boxes;
   size_t previousStart = 0;
   size_t rowStart = 0;
-  int32_t top = 0;
-  int32_t bottom = 0;
+  LONG top = 0;
+  LONG bottom = 0;
 };
 
 using ActiveEdges = std::vector<Edge*>;
@@ -163,7 +160,7 @@ void DropEnded(ActiveEdges& active, int64_t y) {
 
 }  // namespace
 
-bool ScanPolygon(const POINT* points, int count, int fillMode, std::vector<pixman_box32_t>& boxes) {
+bool ScanPolygon(const POINT* points, int count, int fillMode, std::vector<RECT>& boxes) {
   std::vector<Edge> edges = EdgesFromTheTop(points, count);
   if (IsTooMuch(edges)) return false;
   RowCollector rows(boxes);

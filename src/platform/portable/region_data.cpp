@@ -1,14 +1,17 @@
 #include "platform/portable/region_data.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <new>
 #include <utility>
+
+#include "platform/polygon_scan.h"
 
 namespace hexlume {
 
 namespace {
 
-constexpr int64_t mostCombinedBoxes = 8 * static_cast<int64_t>(mostRegionBoxes);
+constexpr int64_t mostCombinedBoxes = 2 * static_cast<int64_t>(mostRegionBoxes);
 
 // Walks down the rows of a region.
 struct RowWalk {
@@ -87,8 +90,11 @@ RegionData::RegionData(const RECT& box) noexcept {
   }
 }
 
-RegionData::RegionData(const std::vector<pixman_box32_t>& boxes, Rows howRows) : rows(howRows) {
-  Check(pixman_region32_init_rects(&region, boxes.data(), static_cast<int>(boxes.size())));
+RegionData::RegionData(const std::vector<RECT>& boxes, Rows howRows) : rows(howRows) {
+  static_assert(sizeof(RECT) == sizeof(pixman_box32_t) &&
+                offsetof(RECT, bottom) == offsetof(pixman_box32_t, y2));
+  const auto* const same = reinterpret_cast<const pixman_box32_t*>(boxes.data());
+  Check(pixman_region32_init_rects(&region, same, static_cast<int>(boxes.size())));
 }
 
 RegionData::RegionData(const RegionData& other) : RegionData() {

@@ -20,7 +20,7 @@ class RegionData {
   RegionData() noexcept;
   explicit RegionData(const RECT& box) noexcept;  // an empty box makes an empty region
   enum class Rows { joined, apart };
-  explicit RegionData(const std::vector<pixman_box32_t>& boxes, Rows rows = Rows::joined);
+  explicit RegionData(const std::vector<RECT>& boxes, Rows rows = Rows::joined);
   RegionData(const RegionData& other);
   RegionData(RegionData&& other) noexcept;
   RegionData& operator=(RegionData other) noexcept;
@@ -46,8 +46,5 @@ class RegionData {
   pixman_region32_t region;
   Rows rows = Rows::joined;
 };
-
-// No region gets more rectangles than this.
-constexpr size_t mostRegionBoxes = size_t{1} << 22;
 
 }  // namespace hexlume

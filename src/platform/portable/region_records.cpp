@@ -100,7 +100,7 @@ int CombineClip(Clip& clip, const RegionData& region, int mode) {
   if (mode == RGN_COPY) {
     result = region;
   } else if (!result.Combine(result, region, mode)) {
-    return ERROR_REGION;
+    return RGN_ERROR;
   }
   clip.region = std::move(result);
   clip.isSet = true;
@@ -122,10 +122,10 @@ BOOL FillRgn(HDC dc, HRGN region, HBRUSH brush) {
 }
 
 int ExtSelectClipRgn(HDC dc, HRGN region, int mode) {
-  if (!IsOpen(dc)) return ERROR_REGION;
-  if (!region) return mode == RGN_COPY ? RemoveClip(*dc) : ERROR_REGION;
+  if (!IsOpen(dc)) return RGN_ERROR;
+  if (!region) return mode == RGN_COPY ? RemoveClip(*dc) : RGN_ERROR;
   const RegionData* const area = DataOf<RegionData>(region);
-  if (!area) return ERROR_REGION;
+  if (!area) return RGN_ERROR;
   AppendClip(*dc, *area, mode);
   return CombineClip(dc->clip, *area, mode);
 }

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Makes the table of the characters that Windows replaces by others that look alike in code page 932, from what the
+# system itself answers for all 65,536 UTF-16 units.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. scripts/wine_environment.sh
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+x86_64-w64-mingw32-g++-win32 -O1 -static scripts/best_fit_932.cpp -o "$scratch/best_fit_932.exe"
+prepare_wine
+{
+  echo "// Made by scripts/make_best_fit_932.sh."
+  wine "$scratch/best_fit_932.exe" | tr -d '\r'
+} >src/platform/portable/code_page_932_best_fit.inc

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Runs a Windows program through Wine: scripts/wine.sh [--screen] PROGRAM [ARGUMENT ...]
+#
+# --screen gives it a screen of its own, which nobody sees.
+set -euo pipefail
+scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+. "$scripts/wine_environment.sh"
+prepare_wine
+
+command=(wine)
+if [ "${1:-}" = --screen ]; then
+  command=("$scripts/with_screen.sh" wine)
+  shift
+fi
+exec "${command[@]}" "$@"

@@ -1,0 +1,167 @@
+#include "composite/hatch_regions.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+#include "platform/path_region.h"
+
+namespace hexlume {
+
+namespace {
+
+// Rectangles. On a row of the region each two edges have one between them at the most. Rows on which all
+// edges are upright are one, and so it is when regions are combined.
+
+// Where an edge begins or ends, from the top.
+struct EdgeEnd {
+  int32_t y;
+  int32_t edges;         // 1 or -1
+  int32_t slantedEdges;  // the same, 0 for an upright edge
+};
+
+void AddEdge(std::vector<EdgeEnd>& ends, const POINT& from, const POINT& to, bool isSlanted) {
+  if (from.y == to.y) return;
+  ends.push_back({static_cast<int32_t>(std::min(from.y, to.y)), 1, isSlanted ? 1 : 0});
+  ends.push_back({static_cast<int32_t>(std::max(from.y, to.y)), -1, isSlanted ? -1 : 0});
+}
+
+void AddEdges(std::vector<EdgeEnd>& ends, const HatchPath& path) {
+  const std::vector<POINT>& corners = path.corners;
+  for (size_t i = 0; i < corners.size(); ++i) {
+    const POINT& before = corners[i == 0 ? corners.size() - 1 : i - 1];
+    AddEdge(ends, before, corners[i], path.isEllipse || before.x != corners[i].x);
+  }
+}
+
+// The rows of each edge by itself: a bound that needs no order.
+int64_t RowsOf(const HatchPath& path) {
+  int64_t rows = 0;
+  const std::vector<POINT>& corners = path.corners;
+  for (size_t i = 0; i < corners.size(); ++i) {
+    const POINT& before = corners[i == 0 ? corners.size() - 1 : i - 1];
+    rows += std::abs(int64_t{corners[i].y} - before.y);
+  }
+  return rows;
+}
+
+bool HaveFewRows(const HatchPath* paths, size_t count) {
+  int64_t rows = 0;
+  for (size_t i = 0; i < count; ++i) rows += RowsOf(paths[i]);
+  return rows <= 2 * hatchRectangleLimit;
+}
+
+bool HaveFewRectangles(const HatchPath* paths, size_t count) {
+  if (HaveFewRows(paths, count)) return true;
+  std::vector<EdgeEnd> ends;
+  for (size_t i = 0; i < count; ++i) AddEdges(ends, paths[i]);
+  std::sort(ends.begin(), ends.end(), [](const EdgeEnd& a, const EdgeEnd& b) { return a.y < b.y; });
+  int64_t rectangles = 0;
+  int64_t edges = 0;
+  int64_t slantedEdges = 0;
+  for (size_t i = 0; i + 1 < ends.size() && rectangles <= hatchRectangleLimit; ++i) {
+    edges += ends[i].edges;
+    slantedEdges += ends[i].slantedEdges;
+    const int64_t rows = int64_t{ends[i + 1].y} - ends[i].y;
+    if (rows > 0) rectangles += edges / 2 * (slantedEdges > 0 ? rows : 1);
+  }
+  return rectangles <= hatchRectangleLimit;
+}
+
+// How many paths, from the first on, have few enough rectangles.
+size_t CountFitting(const std::vector<HatchPath>& paths) {
+  size_t fitting = 0;
+  size_t tooMany = paths.size() + 1;
+  while (fitting + 1 < tooMany) {
+    // All of them first: it is rare that they don't fit.
+    const size_t tried = tooMany > paths.size() ? paths.size() : fitting + (tooMany - fitting) / 2;
+    (HaveFewRectangles(paths.data(), tried) ? fitting : tooMany) = tried;
+  }
+  return fitting;
+}
+
+HRGN CreateRegion(const HatchPath& path) {
+  const std::vector<POINT>& corners = path.corners;
+  if (!path.isEllipse) return CreatePathRegion(corners.data(), static_cast<int>(corners.size()));
+  return CreateEllipseRegion(corners[0], corners[1]);
+}
+
+// Combining.
+
+// The regions are within bounds, so what fails is for want of memory.
+void Combine(const Region& result, const Region& first, const Region& second, int32_t mode) {
+  if (CombineRgn(result.get(), first.get(), second.get(), mode) == RGN_ERROR) throw std::bad_alloc();
+}
+
+Region EmptyRegion() {
+  return Region(CreateRectRgn(0, 0, 0, 0));
+}
+
+// Makes one of all, at the first place, with combine(first, second) for two that follow each other. What it
+// makes grows, so neighbours are joined to pairs, then these, and so on, and not one after the other to the
+// whole.
+template <typename Combine>
+void CombineNeighbours(size_t count, Combine combine) {
+  for (size_t apart = 1; apart < count; apart *= 2)
+    for (size_t i = 0; i + apart < count; i += 2 * apart) combine(i, i + apart);
+}
+
+void CombineByMode(const Region& result, std::vector<Region>& regions, int32_t mode) {
+  CombineNeighbours(regions.size(), [&](size_t first, size_t second) {
+    Combine(regions[first], regions[first], regions[second], mode);
+    regions[second].reset();
+  });
+  Combine(result, result, regions.front(), mode);
+}
+
+// What exactly one region covers: all without what any two share.
+void CombineCoveredOnce(const Region& result, std::vector<Region>& regions) {
+  const Region common = EmptyRegion();
+  std::vector<Region> shared;
+  for (size_t i = 0; i < regions.size(); ++i) shared.push_back(EmptyRegion());
+  CombineNeighbours(regions.size(), [&](size_t first, size_t second) {
+    const Region& all = regions[first];
+    Combine(common, all, regions[second], RGN_AND);
+    Combine(shared[first], shared[first], shared[second], RGN_OR);
+    Combine(shared[first], shared[first], common, RGN_OR);
+    Combine(all, all, regions[second], RGN_OR);
+    shared[second].reset();
+    regions[second].reset();
+  });
+  Combine(result, regions.front(), shared.front(), RGN_XOR);
+}
+
+}  // namespace
+
+bool FitsARegion(const HatchPath& path) {
+  for (const POINT& corner : path.corners) {
+    for (const int64_t side : {corner.x, corner.y}) {
+      if (std::abs(side) > regionReach) return false;
+    }
+  }
+  return HaveFewRectangles(&path, 1);
+}
+
+std::vector<Region> MakeRegions(const std::vector<HatchPath>& paths) {
+  std::vector<Region> regions;
+  const size_t count = CountFitting(paths);
+  for (size_t i = 0; i < count; ++i) {
+    Region region(CreateRegion(paths[i]));
+    if (region) regions.push_back(std::move(region));
+  }
+  return regions;
+}
+
+Region CombineRegions(std::vector<Region>& regions, int32_t combineMode) {
+  Region result = EmptyRegion();
+  // Without a style nothing is covered.
+  if (regions.empty() || combineMode == -1) return result;
+  if (combineMode == coveredOnce)
+    CombineCoveredOnce(result, regions);
+  else
+    CombineByMode(result, regions, combineMode);
+  return result;
+}
+
+}  // namespace hexlume

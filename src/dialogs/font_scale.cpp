@@ -1,0 +1,17 @@
+#include "dialogs/font_scale.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace hexlume {
+
+int AtFontScale(const CPropertyPage& page, int distance) {
+  constexpr LONG heightAt96 = 12;  // the template's 9 points
+  LOGFONTW font = {};
+  // A dialog answers with the font that it was made with, also once its controls have the menu's.
+  const auto handle = reinterpret_cast<HFONT>(page.SendMessage(WM_GETFONT));
+  GetObjectW(handle, sizeof font, &font);
+  return MulDiv(distance, std::max(std::abs(font.lfHeight), heightAt96), heightAt96);
+}
+
+}  // namespace hexlume

@@ -1,0 +1,18 @@
+// What the converters of a block are called with, in an INSERT's block as well as in a block that is inserted
+// in a dimension's block. Each returns the result of its last ReadGroup, unless its header says otherwise.
+#pragma once
+
+#include <cstdint>
+
+#include "entities/conversion_run.h"
+
+namespace hexlume {
+
+struct BlockRun : ConversionRun {
+  double blockOriginX = 0.0;  // where the block's own (0, 0) is in the model, model units times 100
+  double blockOriginY = 0.0;  //
+  int32_t insertColor = 0;    // colour index that the INSERT hands on
+  int32_t byBlockFlag = 0;    // 1 if the outermost INSERT is by block or on layer "0". It changes no stroke.
+};
+
+}  // namespace hexlume
