@@ -7,6 +7,9 @@ cd "$root" || exit 1
 passed=0
 failed=0
 
+drawings=(examples tests/drawings)
+[ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
+
 # Adds up the closing lines of a GoogleTest program; one that ends without them, or badly without a failed test (a crash,
 # nothing run), counts as a failure.
 count_results() {
@@ -72,6 +75,9 @@ test_build() {
   run_tests "$preset" hexlume_conversion_tests
   run_tests "$preset" hexlume_drawing_tests "$(drawings_folder "$preset")"
   run_tests "$preset" hexlume_export_tests
+  run_tests "$preset" hexlume_host_unit_tests
+  run_tests "$preset" hexlume_host_tests
+  run_tests "$preset" hexlume_host_comparison 500 "${drawings[@]}"
   run_tests "$preset" hexlume_tool_tests
   case "$preset" in
     linux*)
@@ -108,10 +114,10 @@ for preset in linux linux-asan win-x64 win-x86; do test_build "$preset"; done
 for preset in win-x64 win-x86; do
   check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
 done
-drawings=(examples tests/drawings)
-[ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
 check "our GDI records what Windows' does" compare_gdi
 check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
+for preset in linux win-x64 win-x86; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
+check "the reference pages" scripts/reference.sh
 check "the installed package" scripts/test_install.sh
 
 echo

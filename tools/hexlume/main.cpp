@@ -35,7 +35,7 @@ int RunJob(const Job& job, const Options& options) {
 
 int RunJobs(const Options& options) {
   if (options.dialogFont) vzDXFSetFontMode(*options.dialogFont);
-  GiveDialogAnswers(options.dialogAnswers);
+  if (options.dialogs != 0) GiveDialogAnswers(options.dialogAnswers);
   int status = 0;
   for (const Job& job : options.jobs) {
     if (const int failure = RunJob(job, options)) status = failure;
