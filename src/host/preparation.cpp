@@ -17,7 +17,8 @@ constexpr int32_t familyCount = 5;
 DialogAnswers AnswersOf(const HostOptions& options) {
   DialogAnswers answers;
   if (options.AnswersScale()) answers.scaleDenominator = options.plain.denominator;
-  for (const HiddenLayer& layer : options.hiddenLayers) answers.hiddenLayers.emplace(layer.inCodePage932, false);
+  for (const HiddenLayer& layer : options.hiddenLayers)
+    answers.hiddenLayers.emplace(layer.inCodePage932, false);
   for (int32_t family = 0; family < familyCount; ++family)
     if (options.plain.hidden_line_types >> family & 1) answers.hiddenFamilies.push_back(family);
   return answers;

@@ -122,6 +122,12 @@ TEST_F(CommandLineLinux, answers_need_the_dialog_that_asks) {
                    "--hide-line-type needs --dialogs=1, or no dialogs");
 }
 
+// Without dialogs the host library takes any name.
+TEST_F(CommandLineLinux, a_name_that_no_layer_can_have_hides_none) {
+  ExpectFailure(RunReal("--hide-layer 😀 missing.dxf"), 30,
+                "hexlume: missing.dxf: There is no such file: missing.dxf\n");
+}
+
 TEST_F(CommandLineLinux, answers_that_cannot_be) {
   ExpectWrongUsage("--dialogs --hide-layer 😀 plan.dxf", "code page 932 can hold, not '😀'");
   ExpectWrongUsage("--dialogs --hide-layer \"$(printf '\\377')\" plan.dxf",
