@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace hexlume {
 
@@ -15,11 +16,14 @@ constexpr char endOfText = 0x1A;
 
 class FileSource : public TextSource {
  public:
-  explicit FileSource(std::FILE* opened) : file(opened) {}
-  ~FileSource() override { std::fclose(file); }
+  explicit FileSource(const char* path) : file(std::fopen(path, "rb")) {}
+  ~FileSource() override {
+    if (file) std::fclose(file);
+  }
   FileSource(const FileSource&) = delete;
   FileSource& operator=(const FileSource&) = delete;
 
+  bool IsOpen() const { return file != nullptr; }
   size_t Read(char* buffer, size_t size) override { return std::fread(buffer, 1, size, file); }
   bool HasFailed() const override { return std::ferror(file) != 0; }
 
@@ -28,8 +32,8 @@ class FileSource : public TextSource {
 };
 
 std::unique_ptr<TextSource> OpenFile(const char* path) {
-  std::FILE* const file = std::fopen(path, "rb");
-  return file ? std::make_unique<FileSource>(file) : nullptr;
+  auto source = std::make_unique<FileSource>(path);
+  return source->IsOpen() ? std::move(source) : nullptr;
 }
 
 // Fetches the next chunk of the file. False if there is nothing more.

@@ -34,11 +34,18 @@ class MemorySource : public TextSource {
 
 class FileSource : public TextSource {
  public:
-  FileSource(std::FILE* opened, HostRun& noted) : file(opened), run(noted) {}
-  ~FileSource() override { std::fclose(file); }
+  explicit FileSource(HostRun& noted) : run(noted) {}
+  ~FileSource() override {
+    if (file) std::fclose(file);
+  }
   FileSource(const FileSource&) = delete;
   FileSource& operator=(const FileSource&) = delete;
 
+  FileTrouble Open(const char* path) {
+    const OpenedFile opened = OpenUtf8File(path);
+    file = opened.file;
+    return opened.trouble;
+  }
   size_t Read(char* buffer, size_t size) override {
     const size_t got = std::fread(buffer, 1, size, file);
     if (std::ferror(file)) run.readFailed = true;
@@ -47,7 +54,7 @@ class FileSource : public TextSource {
   bool HasFailed() const override { return std::ferror(file) != 0; }
 
  private:
-  std::FILE* file;
+  std::FILE* file = nullptr;
   HostRun& run;
 };
 
@@ -97,9 +104,9 @@ int64_t HostRun::Size() {
 
 std::unique_ptr<TextSource> HostRun::OpenRaw() {
   if (input.bytes) return std::make_unique<MemorySource>(input.bytes, input.byteCount);
-  const OpenedFile opened = OpenUtf8File(input.path.c_str());
-  trouble = opened.trouble;
-  return opened.file ? std::make_unique<FileSource>(opened.file, *this) : nullptr;
+  auto source = std::make_unique<FileSource>(*this);
+  trouble = source->Open(input.path.c_str());
+  return trouble == FileTrouble::none ? std::move(source) : nullptr;
 }
 
 std::unique_ptr<TextSource> HostRun::Open(FormatChanges& noted) {
