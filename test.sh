@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything and runs all tests, in every build. Installs what is missing first. The last line gives the result.
+# Installs what is missing, builds everything and runs all tests in every build. The last line has the result.
 #
 #   ./test.sh             all tests
 #   ./test.sh --native    those that need no Wine
@@ -31,8 +31,8 @@ esac
 passed=0
 failed=0
 
-# Adds up the closing lines of the GoogleTest programs in ctest's report. A program that ends without them, or badly without
-# a failed test (a crash, nothing run), counts as a failed test.
+# Adds up the closing lines of the GoogleTest programs in ctest's report. A program that ends without them, or badly
+# without a failed test (a crash, nothing run), counts as a failed test.
 count_results() {
   local ok bad
   read -r ok bad < <(awk '
@@ -71,15 +71,15 @@ test_build() {
     return
   fi
   report=$(mktemp)
-  # Of a long output the report has the end, with the closing lines.
+  # The report has the end of a long output, with the closing lines.
   ctest --preset "$preset" --output-junit "$report" --test-output-truncation head </dev/null || status=$?
   count_results "$report"
-  # ctest found no test, or could not run at all.
+  # ctest found no test, or couldn't run.
   [ "$status" -eq 0 ] || [ "$failed" -gt "$failed_before" ] || failed=$((failed + 1))
   rm -f "$report"
 }
 
-# Whether our own GDI records what the system's does.
+# Checks that our own GDI writes the same records as the system's.
 compare_gdi() {
   local scratch status=0 preset
   scratch=$(mktemp -d)

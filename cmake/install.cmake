@@ -1,4 +1,5 @@
-# The installed package: library, public headers, tool and documents, and what CMake and pkg-config need to find them.
+# The installed package: library, public headers, tool, documents with the examples, and the files by which CMake and
+# pkg-config find the library.
 include(CMakePackageConfigHelpers)
 
 set(HEXLUME_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Hexlume)
@@ -10,9 +11,9 @@ install(TARGETS hexlume hexlume_host EXPORT HexlumeTargets
 install(TARGETS hexlume_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES include/hexlume.h include/hexlume_system.h include/hexlume_answers.h include/hexlume_host.h include/hexlume_host.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN Doxyfile EXCLUDE)
-install(DIRECTORY examples/hosts DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+# All that a link in one of the documents leads to.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN Doxyfile EXCLUDE)
 # The reference pages, if scripts/reference.sh has made them.
 install(DIRECTORY build/reference/html/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/reference OPTIONAL)
 
@@ -23,7 +24,7 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/HexlumeConfigVersion.cmake 
 install(FILES ${CMAKE_BINARY_DIR}/HexlumeConfig.cmake ${CMAKE_BINARY_DIR}/HexlumeConfigVersion.cmake
   DESTINATION ${HEXLUME_CMAKE_DIR})
 
-# Told from where the file itself lies, so that an installed tree can be moved.
+# The prefix is relative to the directory of the pkg-config file, so that an installed tree can be moved.
 file(RELATIVE_PATH PKGCONFIG_TO_PREFIX /${HEXLUME_PKGCONFIG_DIR} /)
 configure_file(cmake/hexlume.pc.in ${CMAKE_BINARY_DIR}/hexlume.pc @ONLY)
 configure_file(cmake/hexlume_host.pc.in ${CMAKE_BINARY_DIR}/hexlume_host.pc @ONLY)

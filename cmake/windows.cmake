@@ -1,12 +1,13 @@
 enable_language(RC)
 
 set(SYSTEM_DIALOGS_SOURCES
-  src/dialogs/check_dlg.cpp
+  src/dialogs/check_page.cpp
   src/dialogs/font_scale.cpp
   src/dialogs/layer_page.cpp
   src/dialogs/line_page.cpp
   src/dialogs/menu_font.cpp
-  src/dialogs/size_dlg.cpp
+  src/dialogs/selection_sheet.cpp
+  src/dialogs/size_dialog.cpp
   src/dialogs/theme.cpp
   src/dialogs/toolkit/check_box_image.cpp
   src/dialogs/toolkit/check_list_box.cpp
@@ -22,10 +23,10 @@ set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/toolkit/wnd.cpp
 )
 set(PLATFORM_SOURCES
-  src/platform/portable/code_page_932.cpp
-  src/platform/portable/ellipse_scan.cpp
-  src/platform/portable/path_region.cpp
-  src/platform/portable/polygon_scan.cpp
+  src/platform/code_page_932.cpp
+  src/platform/ellipse_scan.cpp
+  src/platform/path_region.cpp
+  src/platform/polygon_scan.cpp
   src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
   src/platform/windows/full_width.cpp
@@ -38,7 +39,7 @@ set(PLATFORM_SOURCES
 )
 set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)
 
-# In UTF-8.
+# The resource script is in UTF-8.
 set(CMAKE_RC_FLAGS "-c 65001")
 set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
   COMPILE_DEFINITIONS "HEXLUME_VERSION=${PROJECT_VERSION};HEXLUME_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0"
@@ -46,5 +47,5 @@ set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
 set(EXPORTS_SOURCES src/driver/hexlume.def src/dialogs/hexlume.rc)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)
-# The C++ runtime goes into the library: a host needs nothing but Windows.
+# Links the C++ runtime into the library, so that a host needs nothing but Windows.
 set(LIBRARY_LINK_OPTIONS -static)

@@ -23,7 +23,7 @@ std::string WithIniExtension(const std::string& path) {
 int CHexlumeApp::InitInstance() {
   lastLayerCount = 0;
   lastLtypeCount = 0;
-  // Nothing here writes such a file; one that a host left there must be gone after the load.
+  // The library writes no such file. One that a host has left must not exist after the load.
   char module[1024];
   if (ModuleFileName(module, sizeof module)) DeleteFileIfThere(WithIniExtension(module).c_str());
   return CWinApp::InitInstance();

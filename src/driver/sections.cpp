@@ -10,7 +10,7 @@ namespace hexlume {
 
 namespace {
 
-// A drawing that has layers, but told no table of them in front of its entities.
+// Adds a layer "0" if the drawing has layers, but no layer table before its entities.
 void AddDefaultLayer() {
   if (state.layersOwned != 0 || state.layerCount == 0) return;
   state.layers.Add({"0", 0, unnamedLtype, 0, 0});
@@ -25,8 +25,8 @@ void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
     if (AtGroup(0, "EOF")) runWatch.endMarkSeen = true;
     if (!AtGroup(0, "SECTION")) continue;
     if (!ReadGroup(stream)) return;
-    // In the order of the file: entities in front of the tables are drawn with what tables there are by then.
-    // Any other section is passed over group by group.
+    // In file order: entities before the tables are drawn with the tables read so far. Other sections are
+    // skipped group by group.
     if (AtGroup(2, "TABLES")) {
       ReadTables(stream, headerVars);
     } else if (AtGroup(2, "BLOCKS")) {

@@ -36,7 +36,7 @@ std::unique_ptr<TextSource> OpenFile(const char* path) {
   return source->IsOpen() ? std::move(source) : nullptr;
 }
 
-// Fetches the next chunk of the file. False if there is nothing more.
+// Reads the next chunk of the file. Returns false if there is no more text.
 bool Fetch(TextStream& stream) {
   if (stream.complete) return false;
   const size_t oldSize = stream.bytes.size();
@@ -51,7 +51,7 @@ bool Fetch(TextStream& stream) {
   return stream.bytes.size() > oldSize;
 }
 
-// Whether there is a next byte; it stands at the stream's position then.
+// Returns whether there is a byte at the stream's position, and fetches it if needed.
 bool HasByte(TextStream& stream) {
   return static_cast<size_t>(stream.position) < stream.bytes.size() || Fetch(stream);
 }
@@ -69,7 +69,7 @@ bool OpenText(TextStream& stream, const char* path) {
   stream.source = openSource(path);
   if (!stream.source) return false;
   Fetch(stream);
-  // A folder opens on some systems, but can't be read.
+  // On some systems a folder can be opened, but not read.
   return !stream.source->HasFailed();
 }
 
@@ -93,7 +93,7 @@ int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit) {
   const void* found = std::memchr(line, '\n', static_cast<size_t>(std::min(left, limit)));
   if (!found) return left < limit ? notFetched : place + limit - 1;
   const auto feed = static_cast<int32_t>(static_cast<const char*>(found) - line);
-  // There it is a character too many, unless it follows a CR, which isn't counted.
+  // The line is full before this line feed. A CR before it isn't counted.
   if (feed == limit - 1 && line[feed - 1] != '\r') return place + feed;
   return place + feed + 1;
 }

@@ -56,7 +56,7 @@ const ConverterRow<EntityRun> converters[] = {
 };
 
 void SetUpCanvas(Canvas canvas) {
-  // That one system draws arcs the other way round until it is told.
+  // This version draws arcs in the opposite direction unless it is set.
   const SystemVersion version = GetSystemVersion();
   state.arcClockwise = version.major == 4 && version.minor == 10;
   if (state.arcClockwise) SetArcDirection(canvas, AD_CLOCKWISE);

@@ -20,7 +20,7 @@ class HatchLinesTest : public ConverterTest {
   // The listing of a pattern's groups over an extent of 1000 x 600 units.
   std::string Fill(const std::string& groups) {
     stream = StreamOf(groups);
-    return ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 5); });
+    return ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 5}); });
   }
 };
 
@@ -215,7 +215,7 @@ TEST_F(HatchLinesTest, a_pattern_too_dense_is_cut_off_and_read_to_its_end) {
   const std::string dense = "53 0\n43 0\n44 0\n45 0\n46 0.0000000001\n79 0\n";
   stream = StreamOf(dense + OneRow("45", "79 0\n") + "98 1\n0 LINE\n");
   const HDC canvas = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-  FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0);
+  FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0});
   EXPECT_EQ(state.groupCode, 98);
   const HENHMETAFILE metafile = CloseEnhMetaFile(canvas);
   // Two records of 16 bytes each, a header and an end.
@@ -229,7 +229,7 @@ TEST_F(HatchLinesTest, a_pattern_cut_off_anywhere_ends) {
   for (size_t length = 0; length <= whole.size(); ++length) {
     stream = StreamOf(whole);
     stream.bytes.resize(stream.bytes.size() - length);
-    ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0); });
+    ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0}); });
   }
 }
 
@@ -242,7 +242,7 @@ TEST_F(HatchLinesTest, absurd_scales_and_numbers_end) {
                                  "\n46 " + value + "\n79 1\n49 " + value + "\n79 0\n";
       stream = StreamOf(family);
       const HDC canvas = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-      FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0);
+      FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0});
       DeleteEnhMetaFile(CloseEnhMetaFile(canvas));
     }
   }

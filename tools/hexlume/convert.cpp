@@ -27,7 +27,7 @@ struct Outcome {
   Metafile metafile;
 };
 
-// Runs a conversion that stores its metafile through the pointer that it gets.
+// Runs a conversion that stores its metafile through the given pointer.
 template <typename Call>
 Outcome Run(Call&& call) {
   Outcome outcome;
@@ -109,7 +109,7 @@ Conversion Convert(const std::string& drawing, const Options& options) {
 bool GaveNoDrawing(const Conversion& conversion) {
   const MetafileBytes& bytes = conversion.metafile;
   if (bytes.empty()) return conversion.status == HEXLUME_NOT_A_DRAWING;
-  // The first call of any drawing sets the mapping mode: without one there are a header and an end.
+  // The library calls SetMapMode first, so an empty metafile has two records: the header and the end.
   constexpr size_t headerSize = 88, recordCount = 52;
   return bytes.size() >= headerSize && EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
 }

@@ -1,4 +1,4 @@
-// One drawing through the library.
+// Converts one drawing with the library.
 #pragma once
 
 #include <string>

@@ -19,7 +19,7 @@ struct DialogAnswers {
 // Gives the answers to the dialogs of the library, for all conversions to come, where these take any.
 void GiveDialogAnswers(const DialogAnswers& answers);
 
-// The texts of the hidden layers that the drawing converted last, with the answers, hasn't got.
+// Returns the texts of the hidden layers that the last converted drawing doesn't have.
 std::vector<std::string> UnknownHiddenLayers(const DialogAnswers& answers);
 
 }  // namespace hexlume

@@ -20,7 +20,7 @@ void Report(const std::string& words) {
   std::cerr << "hexlume: " << words << std::endl;
 }
 
-// Why a conversion failed, or why it drew less than was to be expected.
+// Reports why a conversion failed, or why it drew less than expected.
 void ReportConversion(const Job& job, const Conversion& conversion) {
   constexpr int noDrawing = 30;
   std::optional<std::string> trouble;
@@ -34,7 +34,8 @@ void ReportConversion(const Job& job, const Conversion& conversion) {
     Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
 }
 
-// 0, or the exit status that tells what went wrong; of two troubles the later one.
+// Returns 0, or the exit status for what went wrong. If both the conversion and an output failed, that
+// of the output.
 int RunJob(const Job& job, const Options& options) {
   try {
     const Conversion conversion = Convert(job.drawing, options);

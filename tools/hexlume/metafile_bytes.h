@@ -1,4 +1,4 @@
-// A metafile as the bytes of a file.
+// Returns the bytes of a metafile, as in a file.
 #pragma once
 
 #include <cstdint>

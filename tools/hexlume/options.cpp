@@ -182,7 +182,7 @@ void CheckConversion(const Options& options) {
   if (options.wholeText && !options.view) throw UsageError("--whole-text needs --view");
 }
 
-// The path with another extension in the place of its own.
+// Replaces the extension of a path.
 std::string WithExtension(const std::string& path, const std::string& extension) {
   const size_t name = FileNameStart(path);
   const size_t point = path.rfind('.');
@@ -197,7 +197,7 @@ bool LooksLikeADrawing(const std::string& path) {
 Job SingleJob(const std::vector<std::string>& files, const Options& options) {
   if (files.size() > 2) throw UsageError("several drawings need -d DIR");
   if (files.size() == 2) {
-    // Two drawings without -d, most likely: the second one must not be lost.
+    // Probably two drawings without -d. The second one must not be overwritten.
     if (LooksLikeADrawing(files[1])) {
       throw UsageError("the output '" + files[1] + "' looks like a drawing; several drawings need -d DIR");
     }
@@ -287,7 +287,7 @@ Options ParseOptions(int argc, const char* const* argv) {
 
 std::string HelpText() {
   std::string text = Declare().help();
-  // The library for options shows a blank before the equals sign, where the command line allows none.
+  // cxxopts prints a blank before the equals sign, which the command line doesn't allow.
   const std::string shown = "--dialogs [=N(=1)]", typed = "--dialogs[=N]";
   if (const size_t at = text.find(shown); at != std::string::npos)
     text.replace(at, shown.size(), typed + std::string(shown.size() - typed.size(), ' '));

@@ -18,7 +18,7 @@ class CodePageConverter {
   CodePageConverter(const CodePageConverter&) = delete;
   CodePageConverter& operator=(const CodePageConverter&) = delete;
 
-  // False if a character of the UTF-8 text has no place in the code page.
+  // Converts a text from UTF-8. Returns false if a character isn't in the code page.
   bool Convert(std::string text, std::string& converted) {
     converted.resize(2 * text.size());
     char* from = text.data();

@@ -1,4 +1,4 @@
-// What becomes of a converted drawing: the metafile's file, the listing, the picture.
+// Writes the outputs of a converted drawing: the metafile, the listing and the pictures.
 #pragma once
 
 #include <stdexcept>
@@ -8,13 +8,13 @@
 
 namespace hexlume {
 
-// Names the output that can't be written and says why.
+// Contains the name of the output that can't be written, and the reason.
 struct OutputError : std::runtime_error {
   OutputError(const std::string& output, const std::string& reason)
       : std::runtime_error(output + ": can't be written: " + reason) {}
 };
 
-// Makes all that is asked for of one drawing.
+// Writes all outputs that the options ask for.
 void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options);
 
 }  // namespace hexlume

@@ -47,13 +47,13 @@ MetafileFrame FrameOf(const Bytes& metafile) {
   return frame;
 }
 
-// The metafile on white.
+// Draws the metafile on a white background.
 void Paint(const Surface& surface, const Bytes& metafile, double width, double height, double hairline,
            bool hasPixels) {
   const Context context(cairo_create(surface.get()));
   cairo_set_source_rgb(context.get(), 1, 1, 1);
   cairo_paint(context.get());
-  // Cut to the frame: what lies outside is no part of the picture.
+  // Clips to the frame.
   cairo_rectangle(context.get(), 0, 0, width, height);
   cairo_clip(context.get());
   const PlayerTarget target{context.get(), width, height, hairline, hasPixels};
@@ -62,7 +62,7 @@ void Paint(const Surface& surface, const Bytes& metafile, double width, double h
   if (!sound) throw PictureError("the metafile is malformed");
 }
 
-// Chunks of a PNG file end in a checksum of their name and contents.
+// Returns the CRC-32 of a PNG chunk, over its type and data.
 uint32_t ChunkChecksum(const uint8_t* bytes, size_t size) {
   uint32_t remainder = 0xFFFFFFFF;
   for (size_t i = 0; i < size; ++i) {
@@ -76,8 +76,8 @@ void PutBigEndian(uint8_t* place, uint32_t number) {
   for (int i = 0; i < 4; ++i) place[i] = static_cast<uint8_t>(number >> (24 - 8 * i));
 }
 
-// Cairo doesn't tell the resolution in a file, so it's told here, in pixels to a metre, behind the first
-// chunk.
+// Inserts a pHYs chunk, in pixels per metre, after the first chunk, because cairo doesn't
+// write the resolution.
 void AddResolution(Bytes& png, int32_t dotsPerInch) {
   constexpr size_t signatureAndFirstChunk = 8 + 25;
   constexpr double inchesInAMetre = 1 / 0.0254;
@@ -104,11 +104,11 @@ Bytes PngPicture(const MetafileBytes& metafile, int32_t dotsPerInch) {
 using CreateSurface = cairo_surface_t* (*)(cairo_write_func_t write, void* closure, double width,
                                            double height);
 
-// A file of strokes, not of pixels, in points.
+// Makes a vector file, in points.
 Bytes VectorPicture(const MetafileBytes& metafile, CreateSurface create) {
   constexpr double pointsInAHundredth = 72 / 2540.0;
   constexpr double hairline = 10 * pointsInAHundredth;
-  constexpr double mostOnASide = 14400;  // of a PDF page
+  constexpr double mostOnASide = 14400;  // limit of a PDF page
   const MetafileFrame frame = FrameOf(metafile);
   if (frame.right <= frame.left || frame.bottom <= frame.top)
     throw PictureError("the metafile's frame is empty");

@@ -35,7 +35,7 @@ std::optional<uint64_t> FileSize(const std::string& path) {
 size_t FileNameStart(const std::string& path) {
   size_t start = 0;
   for (size_t i = 0; i < path.size(); ++i) {
-    // In a Japanese name the second byte of a character may look like a backslash.
+    // The second byte of a Japanese character can equal a backslash.
     if (IsDBCSLeadByte(static_cast<BYTE>(path[i]))) {
       ++i;
     } else if (path[i] == '\\' || path[i] == '/' || path[i] == ':') {

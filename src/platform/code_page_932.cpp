@@ -6,15 +6,15 @@ namespace hexlume {
 
 namespace {
 
-constexpr size_t leadByteCount = 50;  // those with a row in the table
+constexpr size_t leadByteCount = 50;  // lead bytes with a row in the table
 constexpr uint8_t firstTrailByte = 0x40;
 constexpr size_t trailByteCount = 0xFC - firstTrailByte + 1;
 
 constexpr char16_t doubleBytes[leadByteCount][trailByteCount] = {
-#include "platform/portable/code_page_932_table.inc"
+#include "platform/code_page_932_table.inc"
 };
 
-// Characters of the user's own: F040 to F9FC but for the trail byte 7F, one after the other.
+// User-defined characters: the codes F040 to F9FC, without the trail byte 7F, are consecutive.
 constexpr uint8_t firstUserLeadByte = 0xF0;
 constexpr uint8_t lastUserLeadByte = 0xF9;
 constexpr char16_t firstUserCharacter = 0xE000;
@@ -51,7 +51,7 @@ char16_t SingleByteCharacter(uint8_t byte) {
   if (byte >= 0xA1 && byte <= 0xDF)
     return static_cast<char16_t>(0xFF61 + byte - 0xA1);  // half-width katakana
   if (byte >= 0xFD) return static_cast<char16_t>(0xF8F1 + byte - 0xFD);
-  return noCharacter;  // a lead byte alone
+  return noCharacter;  // a lead byte without a trail byte
 }
 
 struct BestFit {
@@ -59,9 +59,9 @@ struct BestFit {
   uint16_t bytes;
 };
 
-// Characters that the code page doesn't have, and what Windows puts in their place as it looks alike.
+// Characters that the code page doesn't have, and the similar ones that Windows substitutes.
 constexpr BestFit bestFits[] = {
-#include "platform/portable/code_page_932_best_fit.inc"
+#include "platform/code_page_932_best_fit.inc"
 };
 
 constexpr size_t utf16Units = 0x10000;
@@ -71,8 +71,8 @@ struct BytesOfCharacters {
 
   BytesOfCharacters() {
     for (const BestFit& fit : bestFits) Add(fit.bytes, fit.character);
-    // The last one written stays: JIS before NEC's row 13, that before IBM's characters and these before
-    // NEC's choice of them.
+    // A character with several codes gets the code added last. In ascending order of preference: NEC's
+    // selection of IBM characters, IBM's characters, NEC's row 13, JIS.
     AddRows(0xED, 0xEE);
     AddRows(0xFA, 0xFC);
     AddRows(0x87, 0x87);

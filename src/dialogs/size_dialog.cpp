@@ -1,11 +1,15 @@
-#include "dialogs/size_dlg.h"
+#include "dialogs/size_dialog.h"
 
+#include <cstdint>
 #include <cstring>
+#include <string>
 
 #include "dialogs/menu_font.h"
 #include "dialogs/modal_result.h"
 #include "dialogs/resource.h"
-#include "dialogs/size_dialog.h"
+#include "dialogs/toolkit/combo_box.h"
+#include "dialogs/toolkit/dialog.h"
+#include "dialogs/toolkit/gdi_objects.h"
 #include "driver/conv_state.h"
 #include "platform/code_page_932.h"
 
@@ -13,10 +17,11 @@ namespace hexlume {
 
 namespace {
 
-constexpr const char* denominators[] = {"400", "300", "200", "100", "50", "30", "20", "10", "5", "3", "1"};
-constexpr int defaultRow = 3;  // "100"
+constexpr int32_t denominators[] = {400, 300, 200, defaultDenominator, 50, 30, 20, 10, 5, 3, 1};
+constexpr int defaultRow = 3;
+static_assert(denominators[defaultRow] == defaultDenominator);
 
-// Where the last character of a text that isn't empty begins.
+// Returns the byte index of the last character. The text must not be empty.
 int LastCharacter(const CString& text) {
   const char* bytes = text;
   size_t start = 0;
@@ -29,7 +34,30 @@ int LastCharacter(const CString& text) {
   return static_cast<int>(start);
 }
 
-}  // namespace
+class CSizeDlg : public CDialog {
+ public:
+  CSizeDlg();
+
+  BOOL PreTranslateMessage(MSG* message) override;
+
+ protected:
+  BOOL OnInitDialog() override;
+  void DoDataExchange(CDataExchange* exchange) override;
+  void OnOK() override;
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void OnSelchangeScale();
+  void OnEditupdateScale();
+  void ShowSize();
+
+  CComboBox m_combo;
+  CString heightText;
+  CString widthText;
+  CFont dlgFont;
+  int32_t typed = 0;  // 1 after the first WM_CHAR; nothing reads it
+  CString scaleText;  // the denominator as text
+};
 
 CSizeDlg::CSizeDlg() : CDialog(IDD_SIZE) {}
 
@@ -42,9 +70,9 @@ void CSizeDlg::DoDataExchange(CDataExchange* exchange) {
 
 BOOL CSizeDlg::OnInitDialog() {
   CDialog::OnInitDialog();
-  for (const char* denominator : denominators) m_combo.AddString(denominator);
+  for (const int32_t denominator : denominators) m_combo.AddString(std::to_string(denominator).c_str());
   m_combo.SetCurSel(defaultRow);
-  scaleText = denominators[defaultRow];
+  scaleText = std::to_string(denominators[defaultRow]);
   ShowSize();
   if (state.fontMode == 1) UseMenuFont(m_hWnd, dlgFont);
   return TRUE;
@@ -74,12 +102,13 @@ BOOL CSizeDlg::OnCommand(WPARAM wParam, LPARAM lParam) {
 void CSizeDlg::OnSelchangeScale() {
   UpdateData(TRUE);
   const int row = m_combo.GetCurSel();
-  if (row >= 0 && row < static_cast<int>(std::size(denominators))) scaleText = denominators[row];
+  if (row >= 0 && row < static_cast<int>(std::size(denominators)))
+    scaleText = std::to_string(denominators[row]);
   ShowSize();
 }
 
-// What is typed stays a number from 1 to 1000. An empty field thus becomes "1" at once, to go on from, and a
-// point goes as soon as it is typed.
+// Keeps the text a number from 1 to 1000 after each edit. An empty field becomes "1" at once, and a decimal
+// point is removed as soon as it is typed.
 void CSizeDlg::OnEditupdateScale() {
   m_combo.GetWindowText(scaleText);
   if (Atof(scaleText) < 1.0) {
@@ -90,7 +119,7 @@ void CSizeDlg::OnEditupdateScale() {
     scaleText = "1000";
     m_combo.SetWindowText(scaleText);
   }
-  // The last character alone is looked at; those in front of it stay what they are.
+  // Only the last character is checked; the characters before it are kept.
   const int last = LastCharacter(scaleText);
   const char* lastCharacter = scaleText + last;
   if (Atoi(lastCharacter) < 1 && std::strcmp(lastCharacter, "0") != 0) {
@@ -111,6 +140,8 @@ BOOL CSizeDlg::PreTranslateMessage(MSG* message) {
   if (message->message == WM_CHAR) typed = 1;
   return CDialog::PreTranslateMessage(message);
 }
+
+}  // namespace
 
 DialogResult ShowSizeDialog() {
   CSizeDlg dialog;

@@ -9,15 +9,15 @@ namespace hexlume {
 
 namespace {
 
-// Seconds at the most.
+// A limit on the time: some seconds.
 constexpr int64_t mostEdgeSteps = int64_t{1} << 29;
 
-// An edge that isn't level, from its upper end.
+// An edge that isn't horizontal, from its upper end.
 struct Edge {
   int64_t top;
   int64_t bottom;
-  int direction;  // 1 if the polygon goes down here, otherwise -1
-  // Where it crosses the present row: x + remainder / height, 0 <= remainder < height.
+  int direction;  // 1 if the polygon runs downward along the edge, otherwise -1
+  // The crossing with the current row is at x + remainder / height, 0 <= remainder < height.
   int64_t x;
   int64_t remainder;
   int64_t stepX;
@@ -50,7 +50,7 @@ Edge MakeEdge(POINT from, POINT to) {
   return edge;
 }
 
-// Those that begin on the same row from the left.
+// Returns the edges sorted by their top, and from left to right if their tops are equal.
 std::vector<Edge> EdgesFromTheTop(const POINT* points, int count) {
   std::vector<Edge> edges;
   for (int i = 0; i < count; ++i) {
@@ -68,7 +68,7 @@ bool IsTooMuch(const std::vector<Edge>& edges) {
   return steps > mostEdgeSteps;
 }
 
-// The rectangles found so far, with the last row apart so that the next can join it.
+// Collects rectangles row by row and joins a row that equals the one above it.
 class RowCollector {
  public:
   explicit RowCollector(std::vector<RECT>& collected) : boxes(collected) {}
@@ -88,7 +88,7 @@ class RowCollector {
     }
   }
 
-  // False if there are too many rectangles.
+  // Returns false if there are too many rectangles.
   bool EndRow() {
     if (IsLikeTheRowAbove()) {
       for (size_t i = previousStart; i < rowStart; ++i) boxes[i].bottom = bottom;
@@ -117,7 +117,7 @@ class RowCollector {
 
 using ActiveEdges = std::vector<Edge*>;
 
-// They were in order a row ago, so few have to move.
+// An insertion sort, because the edges are nearly in order from the row above.
 void SortByX(ActiveEdges& active) {
   for (size_t i = 1; i < active.size(); ++i) {
     Edge* const edge = active[i];
@@ -141,8 +141,8 @@ void AddSpans(const ActiveEdges& active, int fillMode, RowCollector& rows) {
   }
 }
 
-// How far down all is as on this row: to the next row, or where edges begin or end if all that are there are
-// upright.
+// Returns the first row that can differ from row y: the next one, or the next top or bottom of an edge if all
+// active edges are vertical.
 int64_t NextRow(const ActiveEdges& active, int64_t y, int64_t nextTop) {
   int64_t next = nextTop;
   for (const Edge* edge : active) {
