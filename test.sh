@@ -110,6 +110,8 @@ if [ "${#windows_builds[@]}" -gt 0 ]; then
   check "our GDI records what Windows' does" compare_gdi
   check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
 fi
+for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
+check "the reference pages" scripts/reference.sh
 check "the installed package" scripts/test_install.sh
 
 echo

@@ -1,4 +1,5 @@
-/* Hexlume: turns an ASCII DXF drawing into an enhanced metafile.
+/** @file hexlume.h
+ * Hexlume: turns an ASCII DXF drawing into an enhanced metafile.
  *
  * A host calls one of the conversions below with the path of a drawing and gets the handle of a memory metafile, which
  * it shows with PlayEnhMetaFile, prints, or saves with GetEnhMetaFileBits (on Linux only the last).
@@ -61,17 +62,18 @@
 extern "C" {
 #endif
 
+/** Return codes. */
 enum {
-  HEXLUME_OK = 0,
-  HEXLUME_NOT_OPENED = 2,
-  HEXLUME_CANCELLED = 16,
-  HEXLUME_NOT_A_DRAWING = 30
+  HEXLUME_OK = 0,            /**< a metafile */
+  HEXLUME_NOT_OPENED = 2,    /**< measured, but not opened again */
+  HEXLUME_CANCELLED = 16,    /**< a dialog was cancelled */
+  HEXLUME_NOT_A_DRAWING = 30 /**< no drawing, or a fault ended it */
 };
 
-/* Converts the whole sheet, fitted to at most A0. */
+/** Converts the whole sheet, fitted to at most A0. */
 int32_t vzMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);
 
-/* Converts a part of the sheet: view, in sheet hundredths, is what is drawn and the frame of the metafile. A view
+/** Converts a part of the sheet: view, in sheet hundredths, is what is drawn and the frame of the metafile. A view
  * outside the sheet gives an empty metafile with that frame. wholeTextClip other than 0 drops every text that
  * extends beyond the view's top (an MTEXT also its bottom, by its alignment). Only 1 also drops those that extend
  * beyond its right edge (an MTEXT also its left one), by the average width of their characters. vzRotMetaMake
@@ -79,24 +81,31 @@ int32_t vzMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int
 int32_t vzReMetaMake(const char *path, HENHMETAFILE *out, int32_t halfWidthFont, RECT view, int32_t wholeTextClip,
                      int32_t showDialogs);
 
-/* Repeats the last conversion of vzMetaMake or vzFullSizeMetaMake (or their twins), rotated by 180 degrees, with the
+/** Repeats the last conversion of vzMetaMake or vzFullSizeMetaMake (or their twins), rotated by 180 degrees, with the
  * same layers and line types left out. The file is read again. Returns HEXLUME_NOT_A_DRAWING if there was none. */
 int32_t vzRotMetaMake(HENHMETAFILE *out);
 
-/* Converts the whole sheet with the model at full size, ignoring the drawing's own scale. */
+/** Converts the whole sheet with the model at full size, ignoring the drawing's own scale. */
 int32_t vzFullSizeMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);
 
-/* The same four with a monochrome switch: other than 0, everything is drawn in black. The switch is kept: a
- * conversion without the argument uses the value of the last of these four calls, even if that call failed. */
+/** @name The same four with a monochrome switch
+ * Other than 0, everything is drawn in black. The switch is kept: a conversion without the argument uses the value of
+ * the last of these four calls, even if that call failed. */
+/**@{*/
+/** vzMetaMake() with the switch. */
 int32_t vzDXFMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont,
                       int32_t monochrome);
+/** vzReMetaMake() with the switch. */
 int32_t vzDXFReMetaMake(const char *path, HENHMETAFILE *out, int32_t halfWidthFont, RECT view, int32_t wholeTextClip,
                         int32_t showDialogs, int32_t monochrome);
+/** vzRotMetaMake() with the switch. */
 int32_t vzDXFRotMetaMake(HENHMETAFILE *out, int32_t monochrome);
+/** vzFullSizeMetaMake() with the switch. */
 int32_t vzDXFFullSizeMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont,
                               int32_t monochrome);
+/**@}*/
 
-/* Sets the font of the following dialogs: 1 for the system's menu font, any other value for the dialogs' own
+/** Sets the font of the following dialogs: 1 for the system's menu font, any other value for the dialogs' own
  * Japanese font. Returns mode. */
 uint8_t vzDXFSetFontMode(uint8_t mode);
 

@@ -14,10 +14,10 @@ imports_of() {
 
 allowed=$(grep -v '^#' scripts/windows_xp_imports.txt)
 status=0
-for file in Hexlume.dll hexlume.exe; do
+for file in Hexlume.dll HexlumeHost.dll hexlume.exe; do
   imports=$(imports_of "build/$1/bin/$file")
   [ -n "$imports" ] || { echo "$file: no imports found" >&2; status=1; }
-  [ "$file" = Hexlume.dll ] || imports=$(grep -v '^hexlume\.dll ' <<<"$imports")
+  [ "$file" != hexlume.exe ] || imports=$(grep -vE '^hexlume(host)?\.dll ' <<<"$imports")
   others=$(comm -23 - <(sort -u <<<"$allowed") <<<"$imports")
   if [ -n "$others" ]; then
     printf '%s imports functions that scripts/windows_xp_imports.txt does not list:\n%s\n' "$file" "$others" >&2

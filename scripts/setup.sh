@@ -21,7 +21,10 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
-native_test_packages=(clang-format googletest libbenchmark-dev libemf2svg-dev libuemf-dev)
+native_test_packages=(
+  clang-format doxygen googletest libbenchmark-dev libemf2svg-dev libuemf-dev
+  libmono-system-core4.0-cil mono-mcs mono-runtime python3
+)
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
 

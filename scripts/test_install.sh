@@ -46,7 +46,9 @@ if grep -rqI "$scratch/first" "$scratch/package"; then
   echo "The installed files name the folder they were installed to." >&2
   exit 1
 fi
-for header in hexlume hexlume_system hexlume_answers; do test -f "$scratch/package/include/$header.h"; done
+for header in hexlume.h hexlume_system.h hexlume_answers.h hexlume_host.h hexlume_host.hpp; do
+  test -f "$scratch/package/include/$header"
+done
 documents=$(find "$scratch/package" -type d -name docs -printf '%h\n')
 links=$(broken_links "$documents")
 test -f "$documents/README.md"
@@ -61,7 +63,12 @@ read -ra flags <<<"$(pkg-config --cflags --libs hexlume)"
 run cc -Wall -Wextra -Werror examples/host/host.c "${flags[@]}" -o "$scratch/host"
 run env LD_LIBRARY_PATH="$libraries" "$scratch/host" examples/FIRST.dxf "$scratch/pkg_config.emf"
 
+read -ra flags <<<"$(pkg-config --cflags --libs hexlume_host)"
+run cc -std=c11 -Wall -Wextra -Werror examples/hosts/convert.c "${flags[@]}" -o "$scratch/convert"
+run env LD_LIBRARY_PATH="$libraries" "$scratch/convert" examples/FIRST.dxf "$scratch/host_library.emf"
+
 run "$scratch/package/bin/hexlume" examples/FIRST.dxf "$scratch/tool.emf"
 test -s "$scratch/tool.emf"
 cmp "$scratch/tool.emf" "$scratch/cmake.emf"
 cmp "$scratch/tool.emf" "$scratch/pkg_config.emf"
+cmp "$scratch/tool.emf" "$scratch/host_library.emf"

@@ -59,6 +59,7 @@ POINT PointOnArc(const POINT& centre, const ArcWalk& walk) {
 }
 
 void DrawDash(Canvas canvas, const POINT& centre, int32_t radius, const ArcWalk& walk) {
+  CountStroke();
   AngleArc(canvas, centre.x, centre.y, static_cast<DWORD>(radius),
            static_cast<float>(-180.0 * walk.angle / pi), static_cast<float>(walk.dashAngle * -180.0 / pi));
 }
@@ -66,7 +67,7 @@ void DrawDash(Canvas canvas, const POINT& centre, int32_t radius, const ArcWalk&
 void DrawDashes(Canvas canvas, const POINT& centre, int32_t radius, ArcWalk walk, const double* pattern,
                 int32_t count) {
   POINT position = PointOnArc(centre, walk);
-  for (int32_t i = 0; i < maxWalkElements && !walk.ended; ++i) {
+  for (int32_t i = 0; i < maxWalkElements && !walk.ended && !RunHasEnded(); ++i) {
     const int32_t index = i % count;
     StepOn(walk, pattern[index], index);
     if (IsGapPlace(index)) {

@@ -108,7 +108,7 @@ void DrawPart(Canvas canvas, const EllipseShape& ellipse, const POINT& start, co
 
 void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, const double* pattern,
                 int32_t count) {
-  for (int32_t i = 0; i < maxWalkElements && !walk.ended; ++i) {
+  for (int32_t i = 0; i < maxWalkElements && !walk.ended && !RunHasEnded(); ++i) {
     const int32_t index = i % count;
     StepOn(walk, pattern[index], index);
     if (IsGapPlace(index)) continue;
@@ -117,6 +117,7 @@ void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, co
     if (IsDot(pattern[index])) {
       DrawDot(canvas, position.x, position.y);
     } else {
+      CountStroke();
       DrawPart(canvas, ellipse, position, PointOnEllipse(ellipse, walk.dashEnd));
     }
   }

@@ -5,6 +5,7 @@
 
 #include "canvas/canvas.h"
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
@@ -14,6 +15,7 @@ constexpr int32_t maxWalkElements = 10000000;
 
 // Doesn't change the current position.
 inline void DrawDot(Canvas canvas, int32_t x, int32_t y) {
+  CountStroke();
   Ellipse(canvas, WrapSub(x, 1), WrapAdd(y, 1), WrapAdd(x, 1), WrapSub(y, 1));
 }
 

@@ -5,6 +5,7 @@
 
 #include "canvas/canvas.h"
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
@@ -38,6 +39,7 @@ struct SelectedPen {
 };
 
 inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF color) {
+  CountStroke();
   const HPEN pen = CreatePen(style, width, color);
   return {pen, SelectObject(canvas, pen)};
 }

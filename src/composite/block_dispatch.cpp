@@ -4,6 +4,7 @@
 #include "composite/insert.h"
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -104,7 +105,7 @@ void WalkBlock(const ConverterRow<Run> (&converters)[count], int32_t bodyOffset,
   for (;;) {
     CountNested(Tell(run.stream) - counted);
     counted = Tell(run.stream);
-    if (!more || AtGroup(0, "ENDBLK")) return;
+    if (!more || RunHasEnded() || AtGroup(0, "ENDBLK")) return;
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
     more = converter ? converter->draw(run) : PassToEntity(run.stream);
@@ -140,6 +141,10 @@ void DrawDimBlock(const EntityRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return;
   Seek(run.stream, bodyOffset);
   WalkBlock(dimConverters, bodyOffset, run);
+}
+
+bool DrawsBlockEntity() {
+  return FindConverter(blockConverters) != nullptr;
 }
 
 }  // namespace hexlume

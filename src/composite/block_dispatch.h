@@ -28,4 +28,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset);
 // inserts in the block use. A processor fault is handled by the guard around the ENTITIES section.
 void DrawDimBlock(const EntityRun& run, int32_t bodyOffset);
 
+// Whether blocks draw the kind of entity that the group at hand names.
+bool DrawsBlockEntity();
+
 }  // namespace hexlume

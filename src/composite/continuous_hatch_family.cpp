@@ -7,6 +7,7 @@
 
 #include "composite/hatch_families.h"
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
@@ -24,8 +25,10 @@ struct LineSweep {
 };
 
 void DrawStroke(LineSweep& sweep, int32_t dx, int32_t dy) {
+  if (RunHasEnded()) sweep.strokesLeft = 0;
   if (sweep.strokesLeft <= 0) return;
   --sweep.strokesLeft;
+  CountStroke();
   MoveToEx(sweep.canvas, sweep.penX, sweep.penY, nullptr);
   LineTo(sweep.canvas, WrapAdd(sweep.penX, dx), WrapAdd(sweep.penY, dy));
 }

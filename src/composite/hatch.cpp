@@ -9,6 +9,7 @@
 #include "composite/hatch_boundary.h"
 #include "composite/hatch_lines.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -24,6 +25,7 @@ struct HatchTools {
 };
 
 HatchTools SelectTools(Canvas canvas, COLORREF color) {
+  CountStroke();
   Owned<HPEN> pen(CreatePen(PS_SOLID, 0, color));
   Owned<HBRUSH> brush(CreateSolidBrush(color));
   const HGDIOBJ previousPen = SelectObject(canvas, pen.get());

@@ -101,6 +101,7 @@ struct ConvState {
   int32_t arcClockwise;  // 1 if the system needed an explicit arc direction
   int32_t monochrome;    // kept between calls
   uint8_t fontMode;      // font of the dialogs; kept between calls
+  uint8_t measureSheet;  // 1 to ignore the header's limits and extents; set by the host library only
 
   // The current entity, in model units times 100: one set of fields for each scope, so that an inner scope
   // doesn't overwrite those of an outer one. The coordinates aren't cleared: an entity without a group takes

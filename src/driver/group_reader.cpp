@@ -4,14 +4,11 @@
 #include <cstring>
 
 #include "driver/conv_state.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
 namespace {
-
-// Longer lines aren't an error: the rest is read as the next line, so codes and values are out of step
-// from there on.
-constexpr int32_t lineLimit = 256;
 
 int32_t EndOfFetched(const TextStream& stream) {
   return static_cast<int32_t>(stream.bytes.size());
@@ -42,7 +39,7 @@ bool FindPlainGroup(const TextStream& stream, PlainGroup& group) {
   if (i < length && line[i] == '\r') ++i;
   if (i >= length || line[i] != '\n') return false;
   group.value = Tell(stream) + i + 1;
-  group.end = EndOfLine(stream, group.value, lineLimit);
+  group.end = EndOfLine(stream, group.value, groupLineLimit);
   return group.end != notFetched;
 }
 
@@ -75,9 +72,9 @@ void DropLineEnd(char* text) {
 
 // Reads a group of any form. If its value is missing, the code line is left in the buffer.
 int32_t ReadAnyGroup(TextStream& stream) {
-  if (!ReadLine(stream, state.groupValue, lineLimit)) return 0;
+  if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   state.groupCode = Atoi(state.groupValue);
-  if (!ReadLine(stream, state.groupValue, lineLimit)) return 0;
+  if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   DropLineEnd(state.groupValue);
   return 1;
 }
@@ -85,6 +82,7 @@ int32_t ReadAnyGroup(TextStream& stream) {
 }  // namespace
 
 int32_t ReadGroup(TextStream& stream) {
+  if (!MayReadGroup(Tell(stream))) return 0;
   PlainGroup group;
   if (!FindPlainGroup(stream, group)) return ReadAnyGroup(stream);
   TakePlainGroup(stream, group);

@@ -17,8 +17,12 @@
 
 namespace hexlume {
 
-// Reads the next group into state.groupCode and state.groupValue. Returns 1, or 0 at the end of the file. If
-// the file ends within a group, groupCode is that of the incomplete group.
+// Bytes of a line with its terminating 0. Longer lines aren't an error: the rest is read as the next line, so codes and values
+// are out of step from there on.
+constexpr int32_t groupLineLimit = 256;
+
+// Reads the next group into state.groupCode and state.groupValue. Returns 1, or 0 at the end of the file and
+// once the run has ended. If the file ends within a group, groupCode is that of the incomplete group.
 int32_t ReadGroup(TextStream& stream);
 
 // Reads up to the next group with code 0. Equivalent to repeated calls of ReadGroup, but faster, because

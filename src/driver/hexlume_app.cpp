@@ -11,12 +11,6 @@ CHexlumeApp theApp;
 
 namespace {
 
-// Calls InitInstance and ExitInstance when the library is loaded and unloaded.
-struct ModuleLife {
-  ModuleLife() { theApp.InitInstance(); }
-  ~ModuleLife() { theApp.ExitInstance(); }
-} moduleLife;
-
 std::string WithIniExtension(const std::string& path) {
   const size_t fileName = path.find_last_of("\\/") + 1;
   const size_t dot = path.find_last_of('.');

@@ -172,6 +172,13 @@ bool FindEntities(TextStream& stream) {
   return true;
 }
 
+// As if the header had neither limits nor extents.
+void ForgetBoxes(HeaderVars& vars) {
+  vars.limMaxSet = vars.limMinSet = vars.extMaxSet = vars.extMinSet = 0;
+  vars.limMaxX = vars.limMaxY = vars.limMinX = vars.limMinY = 0.0;
+  vars.extMaxX = vars.extMaxY = vars.extMinX = vars.extMinY = 0.0;
+}
+
 // A header's box that is smaller than this in width or height isn't plausible.
 constexpr double smallestBox = 2.0;
 
@@ -220,6 +227,7 @@ int32_t ScanDrawing(const char* path, HeaderVars& headerVars) {
   if (!OpenText(stream, path)) return 0;
   const WalkEnd walkEnd = WalkSections(stream, headerVars);
   if (walkEnd == WalkEnd::layersCutOff) return 0;
+  if (state.measureSheet) ForgetBoxes(headerVars);
   const bool moreToRead = walkEnd != WalkEnd::endOfFile;
 
   if (!HasBox(headerVars) && moreToRead && FindEntities(stream)) {

@@ -1,6 +1,7 @@
 #include "driver/sections.h"
 
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/entity_dispatch.h"
 #include "tables/block_directory.h"
 #include "tables/table_section.h"
@@ -21,6 +22,7 @@ void AddDefaultLayer() {
 void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, const ViewRect& view,
                   int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont) {
   while (ReadGroup(stream)) {
+    if (AtGroup(0, "EOF")) runWatch.endMarkSeen = true;
     if (!AtGroup(0, "SECTION")) continue;
     if (!ReadGroup(stream)) return;
     // In file order: entities before the tables are drawn with the tables read so far. Other sections are
@@ -30,6 +32,7 @@ void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
     } else if (AtGroup(2, "BLOCKS")) {
       ReadBlocks(stream);
     } else if (AtGroup(2, "ENTITIES")) {
+      runWatch.entitiesSeen = true;
       AddDefaultLayer();
       DrawEntities({{stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont}});
     }

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <vector>
+
+#include "driver/text_source.h"
 
 namespace hexlume {
 
@@ -12,11 +13,7 @@ namespace hexlume {
 // again by position. So the bytes are kept in memory, fetched as far as needed, and a position is an
 // index into them.
 struct TextStream {
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
-  std::unique_ptr<std::FILE, CloseFile> file;
+  std::unique_ptr<TextSource> source;
   std::vector<char> bytes;  // fetched so far, without the end mark
   bool complete = false;    // the whole text has been fetched
   int32_t position = 0;     // index of the next byte to be read

@@ -10,4 +10,7 @@ namespace hexlume {
 // as `throw faultCode`.
 void DrawEntities(const EntityRun& run);
 
+// Whether the ENTITIES section draws the kind of entity that the group at hand names.
+bool DrawsEntity();
+
 }  // namespace hexlume

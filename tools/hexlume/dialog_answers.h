@@ -1,5 +1,4 @@
-// The user's answers to the dialogs, given on the command line where the dialogs have no windows. On other
-// systems there are none.
+// What the user answers beforehand to the questions of the dialogs.
 #pragma once
 
 #include <cstdint>
@@ -8,18 +7,16 @@
 
 namespace hexlume {
 
-struct HiddenLayer {
-  std::string text;  // as entered by the user
-  std::string name;  // in code page 932
-};
-
 struct DialogAnswers {
-  int32_t scale = 0;  // N of 1:N, or 0 for the default of the dialog
-  std::vector<HiddenLayer> hiddenLayers;
-  std::vector<int32_t> hiddenFamilies;  // of line types
+  bool IsGiven() const { return scale != 0 || ChoosesLines(); }
+  bool ChoosesLines() const { return !hiddenLayers.empty() || !hiddenFamilies.empty(); }
+
+  int32_t scale = 0;                      // N of 1:N; 0: the dialog's own choice
+  std::vector<std::string> hiddenLayers;  // in UTF-8
+  std::vector<int32_t> hiddenFamilies;    // of line types
 };
 
-// Passes the answers to the library, for all following conversions.
+// Gives the answers to the dialogs of the library, for all conversions to come, where these take any.
 void GiveDialogAnswers(const DialogAnswers& answers);
 
 // Returns the texts of the hidden layers that the last converted drawing doesn't have.

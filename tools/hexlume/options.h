@@ -30,6 +30,9 @@ struct PictureOrder {
 };
 
 struct Options {
+  // Without dialogs only the host library takes answers to them.
+  bool NeedsHostLibrary() const { return dialogs == 0 && dialogAnswers.IsGiven(); }
+
   std::vector<Job> jobs;  // in the order given
 
   std::optional<View> view;

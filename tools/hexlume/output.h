@@ -1,10 +1,9 @@
 // Writes the outputs of a converted drawing: the metafile, the listing and the pictures.
 #pragma once
 
-#include <hexlume.h>
-
 #include <stdexcept>
 
+#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/options.h"
 
 namespace hexlume {
@@ -16,6 +15,6 @@ struct OutputError : std::runtime_error {
 };
 
 // Writes all outputs that the options ask for.
-void WriteOutputs(HENHMETAFILE metafile, const Job& job, const Options& options);
+void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options);
 
 }  // namespace hexlume

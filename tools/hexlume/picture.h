@@ -1,11 +1,11 @@
 // Pictures of a metafile, in the formats that the system supports.
 #pragma once
 
-#include <hexlume.h>
-
 #include <cstdint>
 #include <stdexcept>
 #include <vector>
+
+#include "tools/hexlume/metafile_bytes.h"
 
 namespace hexlume {
 
@@ -18,8 +18,9 @@ struct PictureError : std::runtime_error {
 struct PictureKind {
   const char* option;  // command-line option, without hyphens
   const char* help;
-  bool hasPixels;                                                            // whether dotsPerInch is used
-  std::vector<uint8_t> (*make)(HENHMETAFILE metafile, int32_t dotsPerInch);  // returns the bytes of the file
+  bool hasPixels;  // whether dotsPerInch is used
+  std::vector<uint8_t> (*make)(const MetafileBytes& metafile,
+                               int32_t dotsPerInch);  // returns the bytes of the file
 };
 
 // Returns the formats of this system, in the order of the help text.

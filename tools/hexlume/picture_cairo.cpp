@@ -8,7 +8,6 @@
 #include <new>
 #include <string>
 
-#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/metafile_player.h"
 #include "tools/hexlume/picture.h"
 
@@ -90,8 +89,7 @@ void AddResolution(Bytes& png, int32_t dotsPerInch) {
   png.insert(png.begin() + signatureAndFirstChunk, chunk.begin(), chunk.end());
 }
 
-Bytes PngPicture(HENHMETAFILE handle, int32_t dotsPerInch) {
-  const Bytes metafile = MetafileBytes(handle);
+Bytes PngPicture(const MetafileBytes& metafile, int32_t dotsPerInch) {
   const MetafileFrame frame = FrameOf(metafile);
   const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, dotsPerInch);
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height));
@@ -107,11 +105,10 @@ using CreateSurface = cairo_surface_t* (*)(cairo_write_func_t write, void* closu
                                            double height);
 
 // Makes a vector file, in points.
-Bytes VectorPicture(HENHMETAFILE handle, CreateSurface create) {
+Bytes VectorPicture(const MetafileBytes& metafile, CreateSurface create) {
   constexpr double pointsInAHundredth = 72 / 2540.0;
   constexpr double hairline = 10 * pointsInAHundredth;
   constexpr double mostOnASide = 14400;  // limit of a PDF page
-  const Bytes metafile = MetafileBytes(handle);
   const MetafileFrame frame = FrameOf(metafile);
   if (frame.right <= frame.left || frame.bottom <= frame.top)
     throw PictureError("the metafile's frame is empty");
@@ -129,11 +126,11 @@ Bytes VectorPicture(HENHMETAFILE handle, CreateSurface create) {
   return file;
 }
 
-Bytes SvgPicture(HENHMETAFILE metafile, int32_t) {
+Bytes SvgPicture(const MetafileBytes& metafile, int32_t) {
   return VectorPicture(metafile, cairo_svg_surface_create_for_stream);
 }
 
-Bytes PdfPicture(HENHMETAFILE metafile, int32_t) {
+Bytes PdfPicture(const MetafileBytes& metafile, int32_t) {
   return VectorPicture(metafile, cairo_pdf_surface_create_for_stream);
 }
 

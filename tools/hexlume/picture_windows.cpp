@@ -1,5 +1,6 @@
 #include <objidl.h>
 #include <wincodec.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <cstring>
@@ -20,6 +21,7 @@ struct Release {
   }
 };
 using DeviceContext = std::unique_ptr<std::remove_pointer_t<HDC>, Release<DeleteDC>>;
+using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, Release<DeleteEnhMetaFile>>;
 using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, Release<DeleteObject>>;
 
 struct ReleaseInterface {
@@ -148,9 +150,11 @@ struct ComLibrary {
   ~ComLibrary() { CoUninitialize(); }
 };
 
-std::vector<uint8_t> PngPicture(HENHMETAFILE metafile, int32_t dotsPerInch) {
-  const Canvas canvas(SizeOf(metafile, dotsPerInch));
-  Play(metafile, canvas);
+std::vector<uint8_t> PngPicture(const MetafileBytes& bytes, int32_t dotsPerInch) {
+  const Metafile metafile(SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data()));
+  if (!metafile) throw std::bad_alloc();
+  const Canvas canvas(SizeOf(metafile.get(), dotsPerInch));
+  Play(metafile.get(), canvas);
   const ComLibrary com;
   return Encode(canvas, dotsPerInch);
 }

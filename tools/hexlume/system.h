@@ -11,6 +11,9 @@ namespace hexlume {
 //  on standard output, so that a listing is the same on every system.
 void UsePlainLineEnds();
 
+// A text of the command line in UTF-8.
+std::string Utf8Text(const std::string& text);
+
 // Returns the size in bytes, or none if there is no such file, or if it is a folder or a device.
 std::optional<uint64_t> FileSize(const std::string& path);
 
