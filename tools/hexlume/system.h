@@ -7,8 +7,7 @@
 
 namespace hexlume {
 
-// Turns off the conversion of
-//  on standard output, so that a listing is the same on every system.
+// Turns off the conversion of \n on standard output, so that a listing is the same on every system.
 void UsePlainLineEnds();
 
 // Returns the size in bytes, or none if there is no such file, or if it is a folder or a device.
