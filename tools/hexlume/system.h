@@ -7,8 +7,7 @@
 
 namespace hexlume {
 
-// Turns off the conversion of
-//  on standard output, so that a listing is the same on every system.
+// Turns off the conversion of \n on standard output, so that a listing is the same on every system.
 void UsePlainLineEnds();
 
 // A text of the command line in UTF-8.
