@@ -7,8 +7,6 @@
 
 namespace hexlume {
 
-CHexlumeApp theApp;
-
 namespace {
 
 std::string WithIniExtension(const std::string& path) {

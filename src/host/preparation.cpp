@@ -10,6 +10,9 @@
 
 namespace hexlume {
 
+// Set by each run; what the exports keep between calls is in an object of their own library.
+CHexlumeApp theApp;
+
 namespace {
 
 constexpr int32_t familyCount = 5;
