@@ -6,6 +6,7 @@
 #   scripts/setup.sh windows    the cross compilers and Wine for the Windows ones
 #   scripts/setup.sh test       both, and what the tests need besides
 #   scripts/setup.sh fuzz       what the native library and the fuzzer need
+#   scripts/setup.sh package    what making and testing the packages needs
 set -euo pipefail
 
 native_packages=(
@@ -25,13 +26,15 @@ test_packages=(
   libmono-system-core4.0-cil mono-mcs mono-runtime python3
 )
 fuzz_packages=(clang googletest libclang-rt-14-dev)
+package_packages=(debootstrap doxygen dpkg-dev file lintian llvm unzip zip)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
   windows) packages=("${windows_packages[@]}") ;;
   test) packages=("${native_packages[@]}" "${windows_packages[@]}" "${test_packages[@]}") ;;
   fuzz) packages=("${native_packages[@]}" "${fuzz_packages[@]}") ;;
-  *) echo "usage: scripts/setup.sh native|windows|test|fuzz" >&2; exit 64 ;;
+  package) packages=("${native_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}") ;;
+  *) echo "usage: scripts/setup.sh native|windows|test|fuzz|package" >&2; exit 64 ;;
 esac
 
 as_root() {
