@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Builds everything and runs all tests, in every build. Installs what is missing first. The last line tells the result.
+# With --packages the packages are made and tested too.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 cd "$root" || exit 1
@@ -119,6 +120,10 @@ check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
 for preset in linux win-x64 win-x86; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
 check "the reference pages" scripts/reference.sh
 check "the installed package" scripts/test_install.sh
+if [ "${1:-}" = --packages ]; then
+  check "making the packages" scripts/package.sh
+  check "the packages" scripts/test_packages.sh
+fi
 
 echo
 echo "$passed passed, $failed failed"
