@@ -35,43 +35,45 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL tool library development)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/package_times.cmake)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/lib)
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME hexlume)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOL_DESCRIPTION "converter of DXF drawings to enhanced metafiles
- hexlume converts drawings in ASCII DXF to enhanced metafiles (EMF), and to
- pictures in PNG, SVG and PDF. It draws a part of a sheet, turned, in colour
- or black, and lists what a metafile holds.")
+hexlume converts drawings in ASCII DXF to enhanced metafiles (EMF), and to
+pictures in PNG, SVG and PDF. It draws a part of a sheet, turned, in colour
+or black, and lists what a metafile holds.")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libhexlume1)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+file(WRITE ${CMAKE_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_BINARY_DIR}/triggers)
 # Texts are measured with a Japanese Gothic font.
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "fonts-ipafont-gothic")
 set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "libraries that turn DXF drawings into enhanced metafiles
- Hexlume reads a drawing in ASCII DXF group by group and draws each entity at
- once into an enhanced metafile (EMF): the same picture as on Windows, stroke
- for stroke.
- .
- This package has the libraries: libhexlume for programs that know its nine
- functions from Windows, libhexlume_host for all others.")
+Hexlume reads a drawing in ASCII DXF group by group and draws each entity at
+once into an enhanced metafile (EMF): the same picture as on Windows, stroke
+for stroke.
+
+This package has the libraries: libhexlume for programs that know its nine
+functions from Windows, libhexlume_host for all others.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libhexlume-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "libraries that turn DXF drawings into enhanced metafiles - development
- Hexlume reads a drawing in ASCII DXF group by group and draws each entity at
- once into an enhanced metafile (EMF): the same picture as on Windows, stroke
- for stroke.
- .
- This package has headers, files for CMake and pkg-config, documents, and
- examples of hosts in several languages.")
+Hexlume reads a drawing in ASCII DXF group by group and draws each entity at
+once into an enhanced metafile (EMF): the same picture as on Windows, stroke
+for stroke.
+
+This package has headers, files for CMake and pkg-config, documents, and
+examples of hosts in several languages.")
 include(CPack)

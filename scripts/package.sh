@@ -31,6 +31,7 @@ debian_packages() {
 repack() {
   rm -rf "$scratch/repacked"
   dpkg-deb -R "$1" "$scratch/repacked"
+  rm -f "$scratch"/repacked/DEBIAN/post{inst,rm} # these only call ldconfig, which the trigger does
   find "$scratch/repacked" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
   run dpkg-deb --root-owner-group -Zxz -b "$scratch/repacked" "$2"
 }

@@ -7,6 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 [ $# -gt 0 ] || set -- debian win-x64 win-x86
 version=$(sed -n 's/^project(Hexlume VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+version_number=$(awk -F . '{ print $1 * 10000 + $2 * 100 + $3 }' <<<"$version")
 scratch=$(mktemp -d)
 trap 'rm -rf --one-file-system "$scratch"' EXIT
 
@@ -76,12 +77,20 @@ test_debian() {
   run as_user hexlume --png text.png TEXT.dxf TEXT.emf
   test -s "$scratch/system/home/user/text.png"
   cp "$scratch/system/home/user/FIRST.emf" "$scratch/debian.emf"
-  cmp "$scratch/system/home/user/TEXT.emf" <(build/package-linux/bin/hexlume examples/TEXT.dxf /dev/stdout)
+  compare_with_this_system
 
   install_in_system --no-install-recommends /srv/libhexlume-dev_*.deb gcc g++ libc6-dev make cmake pkg-config python3
   test_debian_hosts
   run in_system apt-get purge -y "${debian_packages[@]}"
   [ -z "$(find "$scratch"/system/usr -iname '*hexlume*')" ] || fail "The purged packages have left something."
+}
+
+# Texts are measured with the same font there and here.
+compare_with_this_system() {
+  local here=$scratch/here
+  for file in "dist/${debian_files[0]}" "dist/${debian_files[1]}"; do dpkg-deb -x "$file" "$here"; done
+  run env LD_LIBRARY_PATH="$(echo "$here"/usr/lib/*)" "$here/usr/bin/hexlume" examples/TEXT.dxf "$scratch/TEXT.emf"
+  cmp "$scratch/TEXT.emf" "$scratch/system/home/user/TEXT.emf"
 }
 
 # The examples, as the package brings them.
@@ -98,6 +107,8 @@ test_debian_hosts() {
   run as_user ./wrapper FIRST.dxf wrapper.emf
   run as_user python3 examples/hosts/convert.py FIRST.dxf python.emf
   prints "$version" as_user pkg-config --modversion hexlume_host
+  prints "$version_number" as_user python3 -c \
+    'import ctypes; print(ctypes.CDLL("libhexlume_host.so.1").hexlume_version())'
   for made in cmake host convert wrapper python; do
     cmp "$scratch/debian.emf" "$scratch/system/home/user/$made.emf"
   done
@@ -109,7 +120,7 @@ test_debian_hosts() {
 test_windows() {
   local preset=$1 processor=x86_64 folder
   [ "$preset" = win-x64 ] || processor=i686
-  HEXLUME_WINEPREFIX=$scratch/prefix-$preset
+  export HEXLUME_WINEPREFIX=$scratch/prefix-$preset
   . scripts/wine_environment.sh
   prepare_wine
   run unzip "dist/hexlume-$version-$preset.zip" -d "$WINEPREFIX/drive_c"
@@ -150,7 +161,7 @@ scripts/setup.sh package
 mapfile -t missing < <(
   for package in "$@"; do
     case "$package" in
-      debian) [ -e "dist/${debian_files[0]}" ] || echo debian ;;
+      debian) [ -e "dist/${debian_files[2]}" ] || echo debian ;;
       *) [ -e "dist/hexlume-$version-$package.zip" ] || echo "$package" ;;
     esac
   done

@@ -36,8 +36,9 @@ class LibraryImage {
     const auto symbols = Rows<ElfW(Sym)>(table);
     const auto versions = Rows<ElfW(Versym)>(Section(SHT_GNU_versym));
     for (size_t i = 0; i < symbols.size(); ++i) {
-      const bool named = symbols[i].st_shndx != SHN_UNDEF && symbols[i].st_shndx != SHN_ABS;  // a node is absolute
-      if (named && ELF64_ST_BIND(symbols[i].st_info) != STB_LOCAL && NodeOf(versions.at(i)) == node)
+      // The node itself is a symbol too, an absolute one.
+      const bool defined = symbols[i].st_shndx != SHN_UNDEF && symbols[i].st_shndx != SHN_ABS;
+      if (defined && ELF64_ST_BIND(symbols[i].st_info) != STB_LOCAL && NodeOf(versions.at(i)) == node)
         names.insert(TextOf(table, symbols[i].st_name));
     }
     return names;
