@@ -70,7 +70,7 @@ test_debian() {
   run in_system apt-get update
 
   # The tool brings the libraries and the font.
-  install_in_system /srv/hexlume_*.deb /srv/libhexlume1_*.deb
+  install_in_system "/srv/${debian_files[0]}" "/srv/${debian_files[1]}"
   cp examples/FIRST.dxf examples/TEXT.dxf "$scratch/system/home/user"
   prints "hexlume $version" as_user hexlume --version
   run as_user hexlume FIRST.dxf
@@ -79,7 +79,7 @@ test_debian() {
   cp "$scratch/system/home/user/FIRST.emf" "$scratch/debian.emf"
   compare_with_this_system
 
-  install_in_system --no-install-recommends /srv/libhexlume-dev_*.deb gcc g++ libc6-dev make cmake pkg-config python3
+  install_in_system --no-install-recommends "/srv/${debian_files[2]}" gcc g++ libc6-dev make cmake pkg-config python3
   test_debian_hosts
   run in_system apt-get purge -y "${debian_packages[@]}"
   [ -z "$(find "$scratch"/system/usr -iname '*hexlume*')" ] || fail "The purged packages have left something."
