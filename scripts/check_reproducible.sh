@@ -6,10 +6,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-git clone --quiet . "$scratch/another folder"
-CCACHE_DISABLE=1 "$scratch/another folder/scripts/package.sh" "$@"
+git clone --quiet . "$scratch/another"
+CCACHE_DISABLE=1 "$scratch/another/scripts/package.sh" "$@"
 status=0
-for package in "$scratch/another folder"/dist/*; do
+for package in "$scratch/another"/dist/*; do
   cmp "$package" "dist/$(basename "$package")" || status=1
 done
 exit "$status"

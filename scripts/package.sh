@@ -48,6 +48,7 @@ windows_zip() {
 
 scripts/setup.sh package
 mkdir -p dist
+rm -rf build/reference # what is left of another version would be packed too
 run scripts/reference.sh
 for package in "$@"; do
   case "$package" in

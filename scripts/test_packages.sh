@@ -154,7 +154,7 @@ test_windows() {
 
 # Whether a DLL's version resource has the version of the release.
 in_resource() {
-  tr -d '\0' <"$1" | grep -aq "FileVersion$version"
+  LC_ALL=C grep -aq "FileVersion$version" <(tr -d '\0' <"$1")
 }
 
 scripts/setup.sh package
