@@ -1,4 +1,5 @@
-// The compiler's library has no std::mutex with the system's own threads.
+// The compiler's library has no std::mutex with the system's own threads, and the oldest systems have no
+// locks but critical sections.
 #include "platform/call_lock.h"
 
 #include <windows.h>
@@ -7,7 +8,15 @@ namespace hexlume {
 
 namespace {
 
-SRWLOCK lock = SRWLOCK_INIT;
+struct Section {
+  Section() { InitializeCriticalSection(&section); }
+  ~Section() { DeleteCriticalSection(&section); }
+  Section(const Section&) = delete;
+  Section& operator=(const Section&) = delete;
+
+  CRITICAL_SECTION section;
+} lock;
+
 // The thread in a call; 0 if there is none. Only that thread itself can find its own number here.
 volatile LONG owner = 0;
 
@@ -16,14 +25,14 @@ volatile LONG owner = 0;
 bool EnterCall() {
   const LONG self = static_cast<LONG>(GetCurrentThreadId());
   if (owner == self) return false;
-  AcquireSRWLockExclusive(&lock);
+  EnterCriticalSection(&lock.section);
   owner = self;
   return true;
 }
 
 void LeaveCall() {
   owner = 0;
-  ReleaseSRWLockExclusive(&lock);
+  LeaveCriticalSection(&lock.section);
 }
 
 }  // namespace hexlume
