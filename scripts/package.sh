@@ -33,7 +33,7 @@ repack() {
   dpkg-deb -R "$1" "$scratch/repacked"
   rm -f "$scratch"/repacked/DEBIAN/post{inst,rm} # these only call ldconfig, which the trigger does
   find "$scratch/repacked" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
-  run dpkg-deb --root-owner-group -Zxz -b "$scratch/repacked" "$2"
+  run dpkg-deb --root-owner-group -Zxz --threads-max=1 -b "$scratch/repacked" "$2"
 }
 
 windows_zip() {

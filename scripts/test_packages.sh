@@ -149,7 +149,7 @@ test_windows() {
     cmp "$WINEPREFIX/drive_c/FIRST.emf" "$WINEPREFIX/drive_c/$made.emf"
   done
   cp "$WINEPREFIX/drive_c/FIRST.emf" "$scratch/$preset.emf"
-  wineserver --wait
+  wineserver --wait # before the prefix goes
 }
 
 # Whether a DLL's version resource has the version of the release.
