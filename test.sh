@@ -1,25 +1,29 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds everything and runs all tests in every build. The last line has the result.
 #
-#   ./test.sh             all tests
-#   ./test.sh --native    those that need no Wine
+#   ./test.sh               all tests but those of the packages
+#   ./test.sh --native      those that need no Wine
+#   ./test.sh --packages    makes and tests the packages too
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 cd "$root" || exit 1
 
-usage="usage: ./test.sh [--native]"
+usage="usage: ./test.sh [--native | --packages]"
 native_builds=(linux linux-asan)
 windows_builds=(win-x64 win-x86)
 packages="test"
+with_packages=0
 case "$*" in
   "") ;;
+  --packages) with_packages=1 ;;
   --native)
     windows_builds=()
     packages=native-test
     ;;
   --help)
     echo "$usage"
-    echo "Builds and tests everything; with --native only what needs no Wine. The last line counts the tests."
+    echo "Builds and tests everything; with --native only what needs no Wine, with --packages the packages too."
+    echo "The last line counts the tests."
     exit 0
     ;;
   *)
@@ -113,6 +117,10 @@ fi
 for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
 check "the reference pages" scripts/reference.sh
 check "the installed package" scripts/test_install.sh
+if [ "$with_packages" -eq 1 ]; then
+  check "making the packages" scripts/package.sh
+  check "the packages" scripts/test_packages.sh
+fi
 
 echo
 echo "$passed passed, $failed failed"

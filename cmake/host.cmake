@@ -39,7 +39,7 @@ else()
     src/platform/portable/utf8_file.cpp
   )
   set(HOST_EXPORTS src/host/hexlume_host.map)
-  set(HOST_PROPERTIES OUTPUT_NAME hexlume_host VERSION ${PROJECT_VERSION} SOVERSION 0
+  set(HOST_PROPERTIES OUTPUT_NAME hexlume_host VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
     LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/host/hexlume_host.map)
   set(HOST_LINK_OPTIONS -Wl,--version-script=${CMAKE_SOURCE_DIR}/src/host/hexlume_host.map -Wl,--no-undefined)
 endif()

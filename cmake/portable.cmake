@@ -45,6 +45,6 @@ set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 # Only the exports are visible outside the library.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(EXPORTS_SOURCES src/driver/hexlume.map)
-set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION 0
+set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
   LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/driver/hexlume.map)
 set(LIBRARY_LINK_OPTIONS -Wl,--version-script=${CMAKE_SOURCE_DIR}/src/driver/hexlume.map -Wl,--no-undefined)

@@ -1,5 +1,8 @@
 enable_language(RC)
 
+# The same sources give the same bytes: no time of the build in libraries and programs.
+add_link_options(-Wl,--no-insert-timestamp)
+
 set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/check_page.cpp
   src/dialogs/font_scale.cpp

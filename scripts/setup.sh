@@ -7,6 +7,7 @@
 #   scripts/setup.sh windows       for the Windows library and tool: cross compilers and Wine
 #   scripts/setup.sh test          for all builds and all tests
 #   scripts/setup.sh fuzz          for the native library and the fuzzer
+#   scripts/setup.sh package       for making and testing the packages
 set -euo pipefail
 
 native_packages=(
@@ -27,6 +28,7 @@ native_test_packages=(
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
+package_packages=(debootstrap doxygen dpkg-dev file lintian llvm unzip zip)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
@@ -36,7 +38,8 @@ case "${1:-}" in
     packages=("${native_packages[@]}" "${native_test_packages[@]}" "${windows_packages[@]}" "${windows_test_packages[@]}")
     ;;
   fuzz) packages=("${native_packages[@]}" "${fuzz_packages[@]}") ;;
-  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz" >&2; exit 64 ;;
+  package) packages=("${native_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}") ;;
+  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz|package" >&2; exit 64 ;;
 esac
 
 as_root() {
