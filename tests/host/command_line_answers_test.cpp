@@ -69,15 +69,15 @@ TEST_F(CommandLineAnswers, go_with_the_other_options) {
 TEST_F(CommandLineAnswers, a_layer_that_is_not_there_is_named) {
   Write("plan.dxf", TwoLayers());
   ExpectFailure(RunReal("--hide-layer NOWHERE plan.dxf"), 0,
-                "hexlume: plan.dxf: no layer has the name 'NOWHERE' that --hide-layer gives\n");
+                "hexlume: plan.dxf: warning: no-such-layer: no layer has the name 'NOWHERE' that --hide-layer gives\n");
 }
 
 TEST_F(CommandLineAnswers, a_drawing_that_fails_has_its_status_and_sentence) {
-  ExpectFailure(RunReal("--hide-layer A missing.dxf"), 30,
-                "hexlume: missing.dxf: There is no such file: missing.dxf\n");
+  ExpectFailure(RunReal("--hide-layer A missing.dxf"), 32,
+                "hexlume: missing.dxf: not-found: there is no such file\n");
   Write("plan.dxf", "no drawing");
-  ExpectFailure(RunReal("--hide-layer A plan.dxf"), 30,
-                "hexlume: plan.dxf: the file has no ENTITIES section, so there is nothing to draw\n");
+  ExpectFailure(RunReal("--hide-layer A plan.dxf"), 39,
+                "hexlume: plan.dxf: no-dxf: the file is no DXF: it has no section\n");
   EXPECT_FALSE(Exists("plan.emf"));
 }
 

@@ -62,7 +62,7 @@ TEST_F(CommandLineLinux, pictures_of_strokes_need_a_frame_of_a_size_that_can_be)
 
 TEST_F(CommandLineLinux, wrong_usage_of_pictures) {
   ExpectWrongUsage("--svg a.svg --dpi 30 plan.dxf", "--dpi needs --png");
-  ExpectWrongUsage("-d . --pdf a.pdf a.dxf b.dxf", "--pdf takes a single drawing");
+  ExpectWrongUsage("-d . --pdf a.pdf a.dxf b.dxf", "--pdf takes a single drawing; --to pdf takes many");
   ExpectWrongUsage("--svg a --pdf ./A plan.dxf", "the output './A' is also a drawing or another output");
 }
 
@@ -94,7 +94,8 @@ TEST_F(CommandLineLinux, a_hidden_layer_that_a_drawing_has_not_got_is_named) {
       RunReal("-d . --dialogs --hide-layer a --hide-layer OFF --hide-layer 寸法 a.dxf b.dxf");
   EXPECT_EQ(0, outcome.status);
   const auto message = [](const std::string& drawing, const std::string& layer) {
-    return "hexlume: " + drawing + ": no layer has the name '" + layer + "' that --hide-layer gives\n";
+    return "hexlume: " + drawing + ": warning: no-such-layer: no layer has the name '" + layer +
+           "' that --hide-layer gives\n";
   };
   EXPECT_EQ(message("a.dxf", "a") + message("a.dxf", "寸法") + message("b.dxf", "a") +
                 message("b.dxf", "OFF") + message("b.dxf", "寸法"),
@@ -103,7 +104,7 @@ TEST_F(CommandLineLinux, a_hidden_layer_that_a_drawing_has_not_got_is_named) {
 
 TEST_F(CommandLineLinux, a_hidden_layer_is_not_looked_for_in_what_is_no_drawing) {
   Write("a.dxf", "");
-  ExpectFailure(RunReal("--dialogs --hide-layer A a.dxf"), 30, "hexlume: a.dxf: the file is empty\n");
+  ExpectFailure(RunReal("--dialogs --hide-layer A a.dxf"), 35, "hexlume: a.dxf: empty: the file is empty\n");
 }
 
 TEST_F(CommandLineLinux, without_answers_the_user_changes_nothing) {
@@ -124,8 +125,8 @@ TEST_F(CommandLineLinux, answers_need_the_dialog_that_asks) {
 
 // Without dialogs the host library takes any name.
 TEST_F(CommandLineLinux, a_name_that_no_layer_can_have_hides_none) {
-  ExpectFailure(RunReal("--hide-layer 😀 missing.dxf"), 30,
-                "hexlume: missing.dxf: There is no such file: missing.dxf\n");
+  ExpectFailure(RunReal("--hide-layer 😀 missing.dxf"), 32,
+                "hexlume: missing.dxf: not-found: there is no such file\n");
 }
 
 TEST_F(CommandLineLinux, answers_that_cannot_be) {

@@ -22,4 +22,8 @@ std::string JapaneseName() {
   return "\u56F3\u9762\u8868";
 }
 
+std::string JapaneseMessage() {
+  return "\u56F3\u9762\u8868";
+}
+
 }  // namespace hexlume

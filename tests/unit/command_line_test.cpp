@@ -150,7 +150,7 @@ TEST_F(CommandLine, metafile_listing_and_picture_at_once) {
 
 TEST_F(CommandLine, several_drawings_go_into_a_folder) {
   std::filesystem::create_directory("out");
-  ExpectSuccess(RunScripted("-d out one.dxf elsewhere/two.DXF three"));
+  ExpectSuccess(RunScripted("--jobs 0 -d out one.dxf elsewhere/two.DXF three"));
   EXPECT_TRUE(Exists("out/one.emf"));
   EXPECT_TRUE(Exists("out/two.emf"));
   EXPECT_TRUE(Exists("out/three.emf"));
@@ -195,10 +195,10 @@ TEST_F(CommandLine, japanese_names) {
 }
 
 TEST_F(CommandLine, a_japanese_name_in_a_listing_and_in_a_message) {
-  EXPECT_TRUE(
-      Contains(RunScripted("--list -d . a.dxf " + japanese + ".dxf").out, "# " + japanese + ".dxf\n"));
-  EXPECT_TRUE(
-      Contains(RunScripted(japanese + "returns16.dxf").err, "hexlume: " + japanese + "returns16.dxf: "));
+  EXPECT_TRUE(Contains(RunScripted("--list -d . a.dxf " + japanese + ".dxf").out,
+                       "# " + JapaneseMessage() + ".dxf\n"));
+  EXPECT_TRUE(Contains(RunScripted(japanese + "returns16.dxf").err,
+                       "hexlume: " + JapaneseMessage() + "returns16.dxf: "));
 }
 
 // Pictures.
@@ -279,15 +279,6 @@ TEST_F(CommandLine, mono_does_not_stay_for_the_next_start) {
   Write("plan.dxf", oneLine);
   EXPECT_EQ(0, RunReal("--mono plan.dxf").status);
   EXPECT_TRUE(Contains(RunReal("--list plan.dxf").out, ", 0x0000FF)"));
-}
-
-TEST_F(CommandLine, a_missing_file_is_no_drawing) {
-  EXPECT_EQ(30, RunReal("missing.dxf").status);
-  EXPECT_FALSE(Exists("missing.emf"));
-  std::filesystem::create_directory("folder.dxf");
-  EXPECT_EQ(30, RunReal("folder.dxf").status);
-  Write("empty.dxf", "");
-  EXPECT_EQ(30, RunReal("empty.dxf").status);
 }
 
 TEST_F(CommandLine, a_japanese_drawing_name) {

@@ -1,38 +1,40 @@
 #include "tools/hexlume/output.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <iostream>
-#include <memory>
+#include <new>
 
+#include "tools/hexlume/drawing_source.h"
 #include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/path_text.h"
 #include "tools/hexlume/picture.h"
+#include "tools/hexlume/system.h"
 
 namespace hexlume {
 namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-void WriteFile(const std::string& path, const Bytes& bytes) {
-  errno = 0;
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  const bool closed = file && std::fclose(file) == 0;
-  if (!written || !closed) throw OutputError(path, std::strerror(errno));
+// The folders of the tree below -d are made when they are needed.
+void WriteFile(const std::string& path, const Bytes& bytes, bool makesFolders) {
+  if (path == standardStream) return WriteToStandardOutput(bytes.data(), bytes.size());
+  if (makesFolders && !StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path)))
+    throw OutputError(path, std::strerror(errno));
+  ReplaceFile(path, bytes);
 }
 
-void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
+void WriteListing(const Bytes& bytes, const std::string& heading) {
   constexpr const char* standardOutput = "standard output";
-  if (options.jobs.size() > 1) std::cout << "# " << job.drawing << '\n';
+  if (!heading.empty()) std::cout << "# " << heading << '\n';
   const bool sound = ListMetafile(bytes.data(), bytes.size(), std::cout);
   if (!std::cout.flush()) throw OutputError(standardOutput, "the listing is cut off");
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, int32_t dotsPerInch) {
+Bytes MakePicture(const MetafileBytes& metafile, const PictureOrder& picture, int32_t dotsPerInch) {
   try {
-    WriteFile(picture.file, picture.kind->make(metafile, dotsPerInch));
+    return picture.kind->make(metafile, dotsPerInch);
   } catch (const PictureError& error) {
     throw OutputError(picture.file, error.what());
   } catch (const std::bad_alloc&) {
@@ -42,10 +44,18 @@ void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, in
 
 }  // namespace
 
-void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options) {
-  if (job.metafile) WriteFile(*job.metafile, metafile);
-  if (options.list) WriteListing(metafile, job, options);
-  for (const PictureOrder& picture : options.pictures) WritePicture(metafile, picture, options.dotsPerInch);
+std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
+                                        bool hasHeading) {
+  const bool makesFolders = options.folder.has_value();
+  std::vector<WrittenOutput> written;
+  if (options.list) WriteListing(metafile, hasHeading ? job.drawing : "");
+  for (const PictureOrder& output : job.outputs) {
+    const Bytes picture = output.kind ? MakePicture(metafile, output, options.dotsPerInch) : Bytes();
+    const Bytes& bytes = output.kind ? picture : metafile;
+    WriteFile(output.file, bytes, makesFolders);
+    written.push_back({output.file, static_cast<int64_t>(bytes.size())});
+  }
+  return written;
 }
 
 }  // namespace hexlume
