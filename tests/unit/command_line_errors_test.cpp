@@ -59,6 +59,7 @@ TEST_F(CommandLineErrors, a_drawing_that_a_fault_ended_is_written_as_far_as_it_g
 }
 
 TEST_F(CommandLineErrors, a_drawing_that_a_fault_ended_is_not_turned) {
+  Write("begun.dxf", header + entities);
   EXPECT_EQ(30, RunScripted("--rotate begun.dxf").status);
   EXPECT_FALSE(Exists("begun.emf"));
 }
@@ -132,7 +133,7 @@ TEST_F(CommandLineErrors, a_dwg) {
 
 TEST_F(CommandLineErrors, a_compressed_file) {
   for (const char* start : {"\x1F\x8B\x08", "PK\x03\x04", "BZh9"}) {
-    Write("a.dxf", start + header);
+    Write("a.dxf", start + std::string(100, '\xEE'));
     ExpectFailure(RunReal("a.dxf"), 38,
                   "hexlume: a.dxf: compressed: the file is compressed; unpack it first\n");
   }

@@ -35,7 +35,7 @@ std::string Suggestion(const std::string& word, const std::vector<std::string>& 
   size_t least = most + 1;
   for (const std::string& each : words) {
     const bool isStart = word.size() >= shortestStart && BeginsWith(each, word);
-    const size_t distance = isStart ? 1 : Distance(word, each);
+    const size_t distance = isStart ? 0 : Distance(word, each);
     if (distance < least) {
       least = distance;
       nearest = &each;
