@@ -16,9 +16,9 @@ struct OutputError : std::runtime_error {
 
 // Writes a file beside the one of this name and renames it, so that after any failure, also the end of the process,
 // the earlier file or the whole new one is there. A pipe or a device is written directly. Throws OutputError.
-void ReplaceFile(const std::string& path, const std::vector<uint8_t>& bytes);
+void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes);
 
-// Removes from a folder what a process that has been ended left in the middle of ReplaceFile().
+// Removes from a folder what a process that has been ended left in the middle of WriteWholeFile().
 void RemoveLeftovers(const std::string& folder);
 
 void WriteToStandardOutput(const void* bytes, size_t size);

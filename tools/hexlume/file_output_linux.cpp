@@ -108,7 +108,7 @@ bool IsLeftover(const std::string& name, const std::string& prefix) {
 
 }  // namespace
 
-void ReplaceFile(const std::string& path, const std::vector<uint8_t>& bytes) {
+void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) {
   struct stat earlier = {};
   const bool exists = stat(path.c_str(), &earlier) == 0;
   if (exists && S_ISDIR(earlier.st_mode)) {

@@ -73,7 +73,7 @@ bool IsLeftover(const std::string& name, const std::string& prefix) {
 
 }  // namespace
 
-void ReplaceFile(const std::string& path, const std::vector<uint8_t>& bytes) {
+void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) {
   const auto earlier = StampOf(path);
   if (earlier && earlier->kind == FileKind::other)
     return WriteNew(WidePath(path), OPEN_EXISTING, bytes, path);

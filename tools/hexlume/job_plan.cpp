@@ -142,12 +142,13 @@ void JobPlan::CheckFolder() const {
 }
 
 void JobPlan::PlanSingle(const Options& options) {
+  if (options.filesFrom) throw UsageError("several drawings need -d DIR");
   std::vector<std::string> files = options.inputs;
   // A wildcard can match one file.
   Options first = options;
   if (!files.empty()) first.inputs = {files[0]};
   const DrawingList list = ListDrawings(first);
-  if (files.size() > 2 || options.filesFrom || list.drawings.size() != 1 || !list.unreadableFolders.empty())
+  if (files.size() > 2 || list.drawings.size() != 1 || !list.unreadableFolders.empty())
     throw UsageError("several drawings need -d DIR");
   const std::string& drawing = list.drawings[0].path;
   drawings.push_back({drawing, ""});

@@ -21,7 +21,7 @@ void WriteFile(const std::string& path, const Bytes& bytes, bool makesFolders) {
   if (path == standardStream) return WriteToStandardOutput(bytes.data(), bytes.size());
   if (makesFolders && !StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path)))
     throw OutputError(path, std::strerror(errno));
-  ReplaceFile(path, bytes);
+  WriteWholeFile(path, bytes);
 }
 
 void WriteListing(const Bytes& bytes, const std::string& heading) {

@@ -147,7 +147,7 @@ void StateFile::Finish() {
     bytes.insert(bytes.end(), line.begin(), line.end());
   }
   reading.reset();
-  ReplaceFile(path, bytes);
+  WriteWholeFile(path, bytes);
 }
 
 }  // namespace hexlume
