@@ -15,6 +15,12 @@ void CollectStandardOutput(std::string* text) {
   collected = text;
 }
 
+void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) {
+  WholeFile file(path);
+  file.Write(bytes.data(), bytes.size());
+  file.Commit();
+}
+
 void WriteToStandardOutput(const void* bytes, size_t size) {
   if (collected) {
     collected->append(static_cast<const char*>(bytes), size);

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "tools/hexlume/file_output.h"
 #include "tools/hexlume/system.h"
@@ -20,36 +21,6 @@ constexpr const char* temporarySuffix = ".tmp";
 [[noreturn]] void Fail(const std::string& path) {
   throw OutputError(path, std::strerror(errno));
 }
-
-void WriteAll(int descriptor, const std::vector<uint8_t>& bytes, const std::string& path) {
-  size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t written = write(descriptor, bytes.data() + done, bytes.size() - done);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) Fail(path);
-    done += static_cast<size_t>(written);
-  }
-}
-
-class Descriptor {
- public:
-  explicit Descriptor(int opened) : number(opened) {}
-  ~Descriptor() {
-    if (number >= 0) close(number);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int Number() const { return number; }
-  bool Close() {
-    const int closed = number;
-    number = -1;
-    return close(closed) == 0;
-  }
-
- private:
-  int number;
-};
 
 // Of the machine, as folders can be shared by several.
 std::string HostKey() {
@@ -75,31 +46,6 @@ std::string BehindLinks(const std::string& path) {
   return real ? real.get() : path;
 }
 
-// A name of its own for each attempt, so a file that a crash has left isn't in the way.
-void WriteBeside(const std::string& path, const std::vector<uint8_t>& bytes, const struct stat* earlier) {
-  if (earlier && access(path.c_str(), W_OK) != 0) Fail(path);
-  const std::string target = earlier ? BehindLinks(path) : path;
-  const std::string temporary = target.substr(0, FileNameStart(target)) + TemporaryName();
-  constexpr mode_t allowed = 0666;
-  Descriptor file(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, allowed));
-  if (file.Number() < 0) Fail(path);
-  try {
-    if (earlier && fchmod(file.Number(), earlier->st_mode & 07777) != 0) Fail(path);
-    WriteAll(file.Number(), bytes, path);
-    if (!file.Close() || rename(temporary.c_str(), target.c_str()) != 0) Fail(path);
-  } catch (const OutputError&) {
-    unlink(temporary.c_str());
-    throw;
-  }
-}
-
-void WriteDirectly(const std::string& path, const std::vector<uint8_t>& bytes) {
-  Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
-  if (file.Number() < 0) Fail(path);
-  WriteAll(file.Number(), bytes, path);
-  if (!file.Close()) Fail(path);
-}
-
 bool IsLeftover(const std::string& name, const std::string& prefix) {
   if (name.compare(0, prefix.size(), prefix) != 0) return false;
   const auto process = static_cast<pid_t>(std::strtol(name.c_str() + prefix.size(), nullptr, 10));
@@ -108,17 +54,68 @@ bool IsLeftover(const std::string& name, const std::string& prefix) {
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) {
-  struct stat earlier = {};
-  const bool exists = stat(path.c_str(), &earlier) == 0;
-  if (exists && S_ISDIR(earlier.st_mode)) {
-    errno = EISDIR;
-    Fail(path);
+struct WholeFile::Target {
+  explicit Target(const std::string& given) : path(given) {
+    struct stat earlier = {};
+    const bool exists = stat(path.c_str(), &earlier) == 0;
+    if (exists && S_ISDIR(earlier.st_mode)) {
+      errno = EISDIR;
+      Fail(path);
+    }
+    if (exists && !S_ISREG(earlier.st_mode))
+      descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    else
+      OpenBeside(exists ? &earlier : nullptr);
+    if (descriptor < 0) Fail(path);
   }
-  if (exists && !S_ISREG(earlier.st_mode))
-    WriteDirectly(path, bytes);
-  else
-    WriteBeside(path, bytes, exists ? &earlier : nullptr);
+
+  ~Target() {
+    if (descriptor >= 0) close(descriptor);
+    if (!temporary.empty()) unlink(temporary.c_str());
+  }
+  Target(const Target&) = delete;
+  Target& operator=(const Target&) = delete;
+
+  // The new file has the permissions of the one that it replaces.
+  void OpenBeside(const struct stat* earlier) {
+    if (earlier && access(path.c_str(), W_OK) != 0) Fail(path);
+    final = earlier ? BehindLinks(path) : path;
+    const std::string name = final.substr(0, FileNameStart(final)) + TemporaryName();
+    constexpr mode_t allowed = 0666;
+    descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, allowed);
+    if (descriptor < 0) return;
+    temporary = name;
+    // Where the system refuses that, the file is still the user's own.
+    if (earlier) fchmod(descriptor, earlier->st_mode & 07777);
+  }
+
+  std::string path;       // as the user gave it
+  std::string final;      // after links
+  std::string temporary;  // empty once it is renamed, and for a pipe or a device
+  int descriptor = -1;
+};
+
+WholeFile::WholeFile(const std::string& path) : target(std::make_unique<Target>(path)) {}
+
+WholeFile::~WholeFile() = default;
+
+void WholeFile::Write(const void* bytes, size_t size) {
+  const char* at = static_cast<const char*>(bytes);
+  while (size > 0) {
+    const ssize_t written = write(target->descriptor, at, size);
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) Fail(target->path);
+    at += written;
+    size -= static_cast<size_t>(written);
+  }
+}
+
+void WholeFile::Commit() {
+  const int descriptor = std::exchange(target->descriptor, -1);
+  if (close(descriptor) != 0) Fail(target->path);
+  if (target->temporary.empty()) return;
+  if (rename(target->temporary.c_str(), target->final.c_str()) != 0) Fail(target->path);
+  target->temporary.clear();
 }
 
 void RemoveLeftovers(const std::string& folder) {

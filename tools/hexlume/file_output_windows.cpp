@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "tools/hexlume/file_output.h"
 #include "tools/hexlume/system.h"
@@ -13,32 +14,6 @@ constexpr const char* temporaryPrefix = ".hexlume-";
 
 [[noreturn]] void Fail(const std::string& path) {
   throw OutputError(path, WordsOfError(GetLastError()));
-}
-
-void WriteAll(HANDLE file, const std::vector<uint8_t>& bytes, const std::string& path) {
-  constexpr size_t most = 1 << 24;
-  size_t done = 0;
-  while (done < bytes.size()) {
-    const DWORD part = static_cast<DWORD>(std::min(bytes.size() - done, most));
-    DWORD written = 0;
-    if (!WriteFile(file, bytes.data() + done, part, &written, nullptr) || written == 0) Fail(path);
-    done += written;
-  }
-}
-
-// Closes the file, also where the writing fails. The error of the failure stays.
-void WriteNew(const std::wstring& name, DWORD creation, const std::vector<uint8_t>& bytes,
-              const std::string& path) {
-  const HANDLE file =
-      CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) Fail(path);
-  try {
-    WriteAll(file, bytes, path);
-  } catch (const OutputError&) {
-    CloseHandle(file);
-    throw;
-  }
-  if (!CloseHandle(file)) Fail(path);
 }
 
 // The machine doesn't share its numbers of processes with others.
@@ -73,19 +48,53 @@ bool IsLeftover(const std::string& name, const std::string& prefix) {
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) {
-  const auto earlier = StampOf(path);
-  if (earlier && earlier->kind == FileKind::other)
-    return WriteNew(WidePath(path), OPEN_EXISTING, bytes, path);
-  const std::wstring target = WidePath(path);
-  const std::wstring temporary = WidePath(path.substr(0, FileNameStart(path)) + TemporaryName());
-  try {
-    WriteNew(temporary, CREATE_NEW, bytes, path);
-    if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING)) Fail(path);
-  } catch (const OutputError&) {
-    DeleteFileW(temporary.c_str());
-    throw;
+struct WholeFile::Target {
+  explicit Target(const std::string& given) : path(given) {
+    const auto earlier = StampOf(path);
+    const bool isDevice = earlier && earlier->kind == FileKind::other;
+    const std::wstring name =
+        WidePath(isDevice ? path : path.substr(0, FileNameStart(path)) + TemporaryName());
+    file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, isDevice ? OPEN_EXISTING : CREATE_NEW,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) Fail(path);
+    if (!isDevice) temporary = name;
   }
+
+  ~Target() {
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    if (!temporary.empty()) DeleteFileW(temporary.c_str());
+  }
+  Target(const Target&) = delete;
+  Target& operator=(const Target&) = delete;
+
+  std::string path;
+  std::wstring temporary;  // empty once it is renamed, and for a pipe or a device
+  HANDLE file = INVALID_HANDLE_VALUE;
+};
+
+WholeFile::WholeFile(const std::string& path) : target(std::make_unique<Target>(path)) {}
+
+WholeFile::~WholeFile() = default;
+
+void WholeFile::Write(const void* bytes, size_t size) {
+  constexpr size_t most = 1 << 24;
+  const char* at = static_cast<const char*>(bytes);
+  while (size > 0) {
+    DWORD written = 0;
+    if (!WriteFile(target->file, at, static_cast<DWORD>(std::min(size, most)), &written, nullptr) ||
+        written == 0)
+      Fail(target->path);
+    at += written;
+    size -= written;
+  }
+}
+
+void WholeFile::Commit() {
+  if (!CloseHandle(std::exchange(target->file, INVALID_HANDLE_VALUE))) Fail(target->path);
+  if (target->temporary.empty()) return;
+  if (!MoveFileExW(target->temporary.c_str(), WidePath(target->path).c_str(), MOVEFILE_REPLACE_EXISTING))
+    Fail(target->path);
+  target->temporary.clear();
 }
 
 void RemoveLeftovers(const std::string& folder) {
