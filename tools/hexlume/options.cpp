@@ -241,7 +241,7 @@ void ReadPictures(const cxxopts::ParseResult& parsed, Options& options) {
   }
   if (const auto number = TextOf(parsed, "dpi")) {
     if (!hasPixels) throw UsageError("--dpi needs --png");
-    options.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
+    options.pictureSettings.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
   }
 }
 

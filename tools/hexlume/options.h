@@ -46,7 +46,7 @@ struct Options {
   DialogAnswers dialogAnswers;
 
   std::vector<PictureOrder> pictures;
-  int32_t dotsPerInch = 96;
+  PictureSettings pictureSettings;
   bool list = false;
 
   bool showVersion = false;

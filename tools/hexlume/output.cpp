@@ -30,9 +30,13 @@ void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, int32_t dotsPerInch) {
+void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, const PictureSettings& settings) {
+  Bytes file;
   try {
-    WriteFile(picture.file, picture.kind->make(metafile, dotsPerInch));
+    picture.kind->write(metafile, settings, [&file](const uint8_t* bytes, size_t size) {
+      file.insert(file.end(), bytes, bytes + size);
+    });
+    WriteFile(picture.file, file);
   } catch (const PictureError& error) {
     throw OutputError(picture.file, error.what());
   } catch (const std::bad_alloc&) {
@@ -45,7 +49,7 @@ void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, in
 void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options) {
   if (job.metafile) WriteFile(*job.metafile, metafile);
   if (options.list) WriteListing(metafile, job, options);
-  for (const PictureOrder& picture : options.pictures) WritePicture(metafile, picture, options.dotsPerInch);
+  for (const PictureOrder& picture : options.pictures) WritePicture(metafile, picture, options.pictureSettings);
 }
 
 }  // namespace hexlume
