@@ -227,9 +227,15 @@ void StrokeRaster::DrawLine(Point from, Point to, double width, uint32_t rgb) {
   MakeCapsule(from, to);
   if (!FitCapsule()) return;
   SplitCapsule();
-  const int first = static_cast<int>(sides[0].corners.front().y);
-  const int end = std::min(image.height, static_cast<int>(std::ceil(sides[0].corners.back().y)));
+  const Point top = sides[0].corners.front(), bottom = sides[0].corners.back();
+  const int first = static_cast<int>(top.y), end = std::min(image.height, static_cast<int>(std::ceil(bottom.y)));
+  // Strokes are anywhere in an image that is larger than the processor's caches, so pixels are fetched early.
+  constexpr int rowsAhead = 16;
+  const double slope = top.y < bottom.y ? (bottom.x - top.x) / (bottom.y - top.y) : 0;
+  int fetched = first;
   for (int row = first; row < end; ++row) {
+    for (; fetched < std::min(end, row + rowsAhead); ++fetched)
+      __builtin_prefetch(image.Row(fetched) + static_cast<int>(top.x + (fetched - top.y) * slope), 1);
     touched = {image.width, 0};
     AddSide(sides[0], row);
     AddSide(sides[1], row);
