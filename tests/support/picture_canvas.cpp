@@ -1,5 +1,7 @@
 #include "support/picture_canvas.h"
 
+#include <stdexcept>
+
 #include "tools/hexlume/metafile_player.h"
 
 namespace hexlume {
@@ -14,22 +16,16 @@ PictureCanvas::PictureCanvas(const void* bytes, size_t size) {
 }
 
 void PictureCanvas::Play(const void* bytes, size_t size) {
-  surface.reset(cairo_image_surface_create(CAIRO_FORMAT_RGB24, side, side));
-  cairo_t* const context = cairo_create(surface.get());
-  cairo_set_source_rgb(context, 1, 1, 1);
-  cairo_paint(context);
-  sound = PlayMetafile(static_cast<const uint8_t*>(bytes), size, {context, side, side, 1, true});
-  usable = cairo_status(context) == CAIRO_STATUS_SUCCESS;
-  cairo_destroy(context);
-  cairo_surface_flush(surface.get());
+  sound = PlayMetafile(static_cast<const uint8_t*>(bytes), size, canvas);
+  try {
+    image = canvas.Finish();
+    usable = true;
+  } catch (const std::runtime_error&) {
+  }
 }
 
 uint32_t PictureCanvas::At(int x, int y) const {
-  const uint8_t* const row = cairo_image_surface_get_data(surface.get()) +
-                             static_cast<ptrdiff_t>(y) * cairo_image_surface_get_stride(surface.get());
-  uint32_t pixel;
-  std::memcpy(&pixel, row + 4 * static_cast<ptrdiff_t>(x), sizeof pixel);
-  return pixel & 0xFFFFFF;
+  return image.Row(y)[x] & 0xFFFFFF;
 }
 
 bool PictureCanvas::IsMarked(int left, int top, int right, int bottom) const {

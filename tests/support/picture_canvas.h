@@ -1,11 +1,8 @@
 // A picture of a metafile made by hand, to look at its pixels.
 #pragma once
 
-#include <cairo.h>
-
-#include <memory>
-
 #include "support/emf_words.h"
+#include "tools/hexlume/raster_canvas.h"
 
 namespace hexlume {
 
@@ -30,13 +27,10 @@ class PictureCanvas {
   bool operator==(const PictureCanvas& other) const;
 
  private:
-  struct FreeSurface {
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-  };
-
   void Play(const void* bytes, size_t size);
 
-  std::unique_ptr<cairo_surface_t, FreeSurface> surface;
+  RasterCanvas canvas{side, side};
+  RasterImage image{};
   bool sound = false, usable = false;
 };
 

@@ -156,7 +156,7 @@ Conversion Choose(const DrawingSource& drawing, DrawingParts& parts, int32_t for
     // Only the exports have dialogs.
     return path ? ConvertByExports(drawing, *path, parts, options) : Ended(notAllowedStatus, " with dialogs");
   }
-  const bool isForHost = converter == Converter::host || options.dialogAnswers.IsGiven() ||
+  const bool isForHost = converter == Converter::host || options.dialogAnswers.IsGiven() || options.fit ||
                          format == HEXLUME_FORMAT_AUTO || !path;
   return isForHost ? ConvertByHostLibrary(drawing, options, format)
                    : ConvertByExports(drawing, *path, parts, options);

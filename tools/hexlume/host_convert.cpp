@@ -24,6 +24,7 @@ host::Options HostOptionsOf(const Options& options, int32_t format) {
   asked.format = format;
   asked.sheet = options.fullSize ? HEXLUME_SHEET_FULL_SIZE : HEXLUME_SHEET_WHOLE;
   asked.turned = options.rotate;
+  asked.fit = options.fit;
   asked.monochrome = options.monochrome;
   asked.half_width = options.halfWidth;
   asked.denominator = options.dialogAnswers.scale;

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "tools/hexlume/emf_record.h"
+#include "tools/hexlume/player_canvas.h"
 #include "tools/hexlume/player_state.h"
 #include "tools/hexlume/utf16.h"
 
@@ -58,10 +59,10 @@ double AngleOn(const Ellipse& ellipse, Point point) {
 
 void DrawBezier(PlayerState& state, const std::vector<Point>& points) {
   if (points.size() < 4) return;
-  PlayerPath path(state.target.context);
+  PlayerPath path = state.EmptyPath();
   path.MoveTo(points[0]);
   for (size_t i = 1; i + 3 <= points.size(); i += 3) path.CurveTo(points[i], points[i + 1], points[i + 2]);
-  state.Stroke();
+  state.Stroke(path);
 }
 
 void PlayPolyBezier(const EmfRecord& record, PlayerState& state) {
@@ -74,11 +75,11 @@ void PlayPolyBezier16(const EmfRecord& record, PlayerState& state) {
 
 void DrawPolygon(PlayerState& state, const std::vector<Point>& points) {
   if (points.size() < 2) return;
-  PlayerPath path(state.target.context);
+  PlayerPath path = state.EmptyPath();
   path.MoveTo(points[0]);
   for (size_t i = 1; i < points.size(); ++i) path.LineTo(points[i]);
   path.Close();
-  state.FillAndStroke();
+  state.FillAndStroke(path);
 }
 
 void PlayPolygon(const EmfRecord& record, PlayerState& state) {
@@ -91,12 +92,8 @@ void PlayPolygon16(const EmfRecord& record, PlayerState& state) {
 
 void PlaySetPixelV(const EmfRecord& record, PlayerState& state) {
   const Point at = Place(state, PointAt(record, 8));
-  const double half = state.target.hairline / 2;
-  const Point middle = {state.mapping.InMiddle(at.x), state.mapping.InMiddle(at.y)};
-  SetColor(state.target.context, record.UInt(16));
-  cairo_new_path(state.target.context);
-  AddRectangle(state.target.context, {middle.x - half, middle.y - half}, {middle.x + half, middle.y + half});
-  cairo_fill(state.target.context);
+  if (!state.IsWithinReach(at)) return;
+  state.canvas.DrawDot({state.mapping.InMiddle(at.x), state.mapping.InMiddle(at.y)}, record.UInt(16));
 }
 
 void PlaySetMapMode(const EmfRecord& record, PlayerState& state) {
@@ -152,20 +149,20 @@ void PlayAngleArc(const EmfRecord& record, PlayerState& state) {
   const double startAngle = std::fmod(start, 360) * pi / 180, turn = sweep * pi / 180;
   const double end = startAngle + turn;
   const double sense = state.mapping.IsUpward() ? 1 : -1;
-  PlayerPath path(state.target.context);
+  PlayerPath path = state.EmptyPath();
   path.MoveTo(Place(state, state.current));
   path.ArcTo(Place(state, centre), radius * state.mapping.UnitX(), radius * state.mapping.UnitY(),
              sense * startAngle, sense * turn);
-  state.Stroke();
+  state.Stroke(path);
   state.current = {centre.x + radius * std::cos(end), centre.y - radius * std::sin(end)};
 }
 
 void PlayEllipse(const EmfRecord& record, PlayerState& state) {
   const Ellipse ellipse = EllipseAt(record, state, 8);
-  PlayerPath path(state.target.context);
+  PlayerPath path = state.EmptyPath();
   path.ArcTo(ellipse.centre, ellipse.radiusX, ellipse.radiusY, 0, 2 * pi);
   path.Close();
-  state.FillAndStroke();
+  state.FillAndStroke(path);
 }
 
 // The direction is that of the picture, whatever the direction of Y in the map mode is.
@@ -175,9 +172,9 @@ void PlayArc(const EmfRecord& record, PlayerState& state) {
   double sweep = AngleOn(ellipse, Place(state, PointAt(record, 32))) - start;
   if (state.clockwiseArcs && sweep <= 0) sweep += 2 * pi;
   if (!state.clockwiseArcs && sweep >= 0) sweep -= 2 * pi;
-  PlayerPath path(state.target.context);
+  PlayerPath path = state.EmptyPath();
   path.ArcTo(ellipse.centre, ellipse.radiusX, ellipse.radiusY, start, sweep);
-  state.Stroke();
+  state.Stroke(path);
 }
 
 void PlayLineTo(const EmfRecord& record, PlayerState& state) {
@@ -200,14 +197,11 @@ void PlayFillRgn(const EmfRecord& record, PlayerState& state) {
   const auto* const fill = object ? std::get_if<PlayerBrush>(&*object) : nullptr;
   if (!fill || fill->style == PlayerBrush::null) return;
   const PlayerMapping& mapping = state.mapping;
-  cairo_new_path(state.target.context);
-  for (const EmfRectangle& box : rectangles) {
-    AddRectangle(state.target.context, mapping.OnEdge(mapping.FromLogical(box.left, box.top)),
-                 mapping.OnEdge(mapping.FromLogical(box.right, box.bottom)));
-  }
-  SetColor(state.target.context, fill->color);
-  cairo_set_fill_rule(state.target.context, CAIRO_FILL_RULE_WINDING);
-  cairo_fill(state.target.context);
+  CanvasBoxes boxes;
+  boxes.reserve(rectangles.size());
+  for (const EmfRectangle& box : rectangles)
+    mapping.AddBox(boxes, mapping.FromLogical(box.left, box.top), mapping.FromLogical(box.right, box.bottom));
+  state.canvas.FillBoxes(boxes, fill->color);
 }
 
 void PlayExtSelectClipRgn(const EmfRecord& record, PlayerState& state) {
@@ -217,7 +211,7 @@ void PlayExtSelectClipRgn(const EmfRecord& record, PlayerState& state) {
   } else if (mode == PlayerClip::copy) {
     state.clip.Clear();
   }
-  state.clip.Apply(state.target.context, state.mapping);
+  state.clip.Apply(state.canvas, state.mapping);
 }
 
 std::string FaceName(const EmfRecord& record, size_t offset, size_t units) {
@@ -284,8 +278,8 @@ void PlayExtTextOutW(const EmfRecord& record, PlayerState& state) {
   text.opaque = state.opaqueText;
   // Like AngleArc, the angle counts as if Y grew downward.
   const double escapement = state.font.escapement * pi / 1800;
-  state.textPainter.Paint(
-      state.target.context, state.font, text,
+  PaintText(
+      state.canvas, state.font, text,
       {Place(state, reference), state.mapping.IsUpward() ? escapement : -escapement, state.mapping.UnitX()});
 }
 
@@ -355,17 +349,14 @@ bool ReadMetafileFrame(const uint8_t* bytes, size_t size, MetafileFrame& frame) 
   }
 }
 
-bool PlayMetafile(const uint8_t* bytes, size_t size, const PlayerTarget& target) {
+bool PlayMetafile(const uint8_t* bytes, size_t size, PlayerCanvas& canvas) {
   try {
     const EmfRecord header(bytes, size);
     const MetafileMeasures measures = MeasuresOf(header);
     if (measures.frame.right <= measures.frame.left || measures.frame.bottom <= measures.frame.top)
       return true;
-    cairo_save(target.context);
-    PlayerState state(measures, target);
-    const bool sound = PlayRecords(bytes, size, header.Size(), state);
-    cairo_restore(target.context);
-    return sound;
+    PlayerState state(measures, canvas);
+    return PlayRecords(bytes, size, header.Size(), state);
   } catch (const MalformedRecord&) {
     return false;
   }

@@ -56,9 +56,14 @@ const OptionRow toRow = {
 const OptionRow resultRows[] = {
     {outputGroup, "dpi", "N", number, "Dots per inch of a picture in pixels (default 96)", "", false, nullptr,
      nullptr},
+    {outputGroup, "size", "N", number, "Longest side of a picture in pixels, instead of --dpi", "", false,
+     nullptr, nullptr},
     {outputGroup, "list", nullptr, none, "List the calls in the metafile on standard output",
      "One call in each line.", false, nullptr, nullptr},
 };
+
+const OptionRow textsRow = {outputGroup, "svg-text", nullptr, none,   "Keep texts as texts in an SVG file",
+                            "",          false,      nullptr, nullptr};
 
 const OptionRow conversionRows[] = {
     {conversionGroup, "view", "L,T,R,B", text, "Convert only this part of the sheet, in 0.01 mm",
@@ -68,6 +73,8 @@ const OptionRow conversionRows[] = {
      "", false, nullptr, nullptr},
     {conversionGroup, "full-size", nullptr, none, "Draw the model at full size, without the drawing's scale",
      "", false, nullptr, nullptr},
+    {conversionGroup, "fit", nullptr, none, "Measure the sheet from what is drawn, not from the header",
+     "For previews, as many headers are wrong.", false, nullptr, nullptr},
     {conversionGroup, "rotate", nullptr, none, "Turn the sheet by 180 degrees", "", false, nullptr, nullptr},
     {conversionGroup, "mono", nullptr, none, "Draw everything in black", "", false, nullptr, nullptr},
     {conversionGroup, "half-width", nullptr, none, "Draw texts with half-width cells", "", false, nullptr,
@@ -120,6 +127,8 @@ std::vector<OptionRow> MakeTable() {
   table.push_back(toRow);
   for (const PictureKind& kind : PictureKinds())
     table.push_back({outputGroup, kind.option, "FILE", file, kind.help, "", false, nullptr, nullptr});
+  for (const PictureKind& kind : PictureKinds())
+    if (kind.canKeepTexts) table.push_back(textsRow);
   table.insert(table.end(), std::begin(resultRows), std::end(resultRows));
   table.insert(table.end(), std::begin(conversionRows), std::end(conversionRows));
   table.insert(table.end(), std::begin(answerRows), std::end(answerRows));

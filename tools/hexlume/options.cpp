@@ -1,5 +1,6 @@
 #include "tools/hexlume/options.h"
 
+#include <algorithm>
 #include <limits>
 
 // It would part the values of an option that may be repeated, and the names of drawings, at every comma.
@@ -54,6 +55,7 @@ void ReadConversion(const cxxopts::ParseResult& parsed, Options& options) {
   options.monochrome = parsed["mono"].as<bool>();
   options.halfWidth = parsed["half-width"].as<bool>();
   options.wholeText = parsed["whole-text"].as<bool>();
+  options.fit = parsed["fit"].as<bool>();
   if (const auto view = TextOf(parsed, "view")) options.view = ParseView(*view);
   if (const auto number = TextOf(parsed, "dialogs")) {
     options.dialogs = ParseNumber("--dialogs", *number, lowest, highest);
@@ -83,6 +85,7 @@ void CheckConversion(const Options& options) {
   if (options.view && options.fullSize) throw UsageError("--view and --full-size exclude each other");
   if (options.view && options.rotate) throw UsageError("--view and --rotate exclude each other");
   if (options.wholeText && !options.view) throw UsageError("--whole-text needs --view");
+  if (options.fit && options.dialogs != 0) throw UsageError("--fit and --dialogs exclude each other");
 }
 
 void ReadInputs(const cxxopts::ParseResult& parsed, Options& options) {
@@ -115,8 +118,28 @@ void ReadPictures(const cxxopts::ParseResult& parsed, Options& options) {
                      " exclude each other");
   if (const auto number = TextOf(parsed, "dpi")) {
     if (!HasPixels(options)) throw UsageError("--dpi needs --png");
-    options.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
+    options.pictureSettings.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
   }
+  if (const auto number = TextOf(parsed, "size")) {
+    if (!HasPixels(options)) throw UsageError("--size needs --png");
+    if (parsed.count("dpi") > 0) throw UsageError("--size and --dpi exclude each other");
+    options.pictureSettings.longestSide = ParseNumber("--size", *number, 1, 20000);
+  }
+}
+
+// Only the systems whose pictures can keep texts have the option.
+void ReadTexts(const cxxopts::ParseResult& parsed, Options& options) {
+  const auto canKeep = [](const PictureKind* kind) { return kind && kind->canKeepTexts; };
+  const auto& kinds = PictureKinds();
+  if (std::none_of(kinds.begin(), kinds.end(), [&](const PictureKind& kind) { return canKeep(&kind); }))
+    return;
+  options.pictureSettings.keepsTexts = parsed["svg-text"].as<bool>();
+  if (!options.pictureSettings.keepsTexts) return;
+  const auto& pictures = options.pictures;
+  if (std::none_of(pictures.begin(), pictures.end(),
+                   [&](const PictureOrder& picture) { return canKeep(picture.kind); }) &&
+      std::none_of(options.kinds.begin(), options.kinds.end(), canKeep))
+    throw UsageError("--svg-text needs --svg");
 }
 
 void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
@@ -124,6 +147,7 @@ void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
   options.folder = TextOf(parsed, "d");
   if (options.folder && options.folder->empty()) throw UsageError("-d needs the name of a folder");
   ReadPictures(parsed, options);
+  ReadTexts(parsed, options);
 }
 
 void ReadMany(const cxxopts::ParseResult& parsed, Options& options) {
@@ -209,14 +233,17 @@ std::string ResultKey(const Options& options) {
     for (const int32_t edge :
          {options.view->left, options.view->top, options.view->right, options.view->bottom})
       add(std::to_string(edge));
-  for (const bool flag :
-       {options.fullSize, options.rotate, options.monochrome, options.halfWidth, options.wholeText})
+  for (const bool flag : {options.fullSize, options.rotate, options.monochrome, options.halfWidth,
+                          options.wholeText, options.fit, options.pictureSettings.keepsTexts})
     add(flag ? "1" : "0");
   add(std::to_string(options.dialogAnswers.scale));
   for (const std::string& layer : options.dialogAnswers.hiddenLayers) add("layer " + layer);
   for (const int32_t family : options.dialogAnswers.hiddenFamilies) add("family " + std::to_string(family));
   for (const PictureKind* const kind : options.kinds) add(kind ? kind->option : "emf");
-  if (HasPixels(options)) add(std::to_string(options.dotsPerInch));
+  if (HasPixels(options)) {
+    add(std::to_string(options.pictureSettings.dotsPerInch));
+    add(std::to_string(options.pictureSettings.longestSide.value_or(0)));
+  }
   return key;
 }
 

@@ -35,7 +35,7 @@ struct Options {
   std::optional<std::string> folder;
   std::vector<const PictureKind*> kinds;  // of --to; nullptr: the metafile
   std::vector<PictureOrder> pictures;
-  int32_t dotsPerInch = 96;
+  PictureSettings pictureSettings;
   bool list = false;
 
   std::optional<View> view;
@@ -44,6 +44,7 @@ struct Options {
   bool monochrome = false;
   bool halfWidth = false;
   bool wholeText = false;
+  bool fit = false;
   int32_t dialogs = 0;
   std::optional<uint8_t> dialogFont;
   DialogAnswers dialogAnswers;
@@ -55,7 +56,6 @@ struct Options {
   std::optional<std::string> report;
   bool quiet = false;
 
-  bool isWorker = false;
   bool showVersion = false;
   bool showHelp = false;
 };

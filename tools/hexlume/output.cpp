@@ -4,6 +4,7 @@
 #include <cstring>
 #include <iostream>
 #include <new>
+#include <optional>
 
 #include "tools/hexlume/drawing_source.h"
 #include "tools/hexlume/metafile_listing.h"
@@ -16,14 +17,6 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-// The folders of the tree below -d are made when they are needed.
-void WriteFile(const std::string& path, const Bytes& bytes, bool makesFolders) {
-  if (path == standardStream) return WriteToStandardOutput(bytes.data(), bytes.size());
-  if (makesFolders && !StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path)))
-    throw OutputError(path, std::strerror(errno));
-  WriteWholeFile(path, bytes);
-}
-
 void WriteListing(const Bytes& bytes, const std::string& heading) {
   constexpr const char* standardOutput = "standard output";
   if (!heading.empty()) std::cout << "# " << heading << '\n';
@@ -32,13 +25,50 @@ void WriteListing(const Bytes& bytes, const std::string& heading) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-Bytes MakePicture(const MetafileBytes& metafile, const PictureOrder& picture, int32_t dotsPerInch) {
+// A file, or standard output.
+class Output {
+ public:
+  explicit Output(const std::string& path) {
+    if (path != standardStream) file.emplace(path);
+  }
+
+  void Write(const uint8_t* bytes, size_t count) {
+    if (file)
+      file->Write(bytes, count);
+    else
+      WriteToStandardOutput(bytes, count);
+    size += static_cast<int64_t>(count);
+  }
+
+  int64_t Commit() {
+    if (file) file->Commit();
+    return size;
+  }
+
+ private:
+  std::optional<WholeFile> file;
+  int64_t size = 0;
+};
+
+// The folders of the tree below -d are made when they are needed.
+void MakeFolderOf(const std::string& path) {
+  if (!StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path))) throw OutputError(path, std::strerror(errno));
+}
+
+int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
+                    const PictureSettings& settings) {
   try {
-    return picture.kind->make(metafile, dotsPerInch);
+    Output output(order.file);
+    const auto write = [&output](const uint8_t* bytes, size_t size) { output.Write(bytes, size); };
+    if (order.kind)
+      order.kind->write(metafile, settings, write);
+    else
+      write(metafile.data(), metafile.size());
+    return output.Commit();
   } catch (const PictureError& error) {
-    throw OutputError(picture.file, error.what());
+    throw OutputError(order.file, error.what());
   } catch (const std::bad_alloc&) {
-    throw OutputError(picture.file, "not enough memory");
+    throw OutputError(order.file, "not enough memory");
   }
 }
 
@@ -46,14 +76,11 @@ Bytes MakePicture(const MetafileBytes& metafile, const PictureOrder& picture, in
 
 std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
                                         bool hasHeading) {
-  const bool makesFolders = options.folder.has_value();
   std::vector<WrittenOutput> written;
   if (options.list) WriteListing(metafile, hasHeading ? job.drawing : "");
   for (const PictureOrder& output : job.outputs) {
-    const Bytes picture = output.kind ? MakePicture(metafile, output, options.dotsPerInch) : Bytes();
-    const Bytes& bytes = output.kind ? picture : metafile;
-    WriteFile(output.file, bytes, makesFolders);
-    written.push_back({output.file, static_cast<int64_t>(bytes.size())});
+    if (options.folder) MakeFolderOf(output.file);
+    written.push_back({output.file, WriteOutput(metafile, output, options.pictureSettings)});
   }
   return written;
 }

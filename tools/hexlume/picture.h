@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
+#include "tools/hexlume/byte_sink.h"
 #include "tools/hexlume/metafile_bytes.h"
 
 namespace hexlume {
@@ -14,13 +16,20 @@ struct PictureError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+struct PictureSettings {
+  int32_t dotsPerInch = 96;
+  std::optional<int32_t> longestSide;  // in pixels, instead of dotsPerInch
+  bool keepsTexts = false;             // whether texts stay texts where the format's default is outlines
+};
+
 // A picture format. A picture shows the metafile's frame on white, in its true size.
 struct PictureKind {
   const char* option;  // command-line option, without hyphens
   const char* help;
-  bool hasPixels;  // whether dotsPerInch is used
-  std::vector<uint8_t> (*make)(const MetafileBytes& metafile,
-                               int32_t dotsPerInch);  // returns the bytes of the file
+  bool hasPixels;      // whether dotsPerInch and longestSide are used
+  bool canKeepTexts;   // whether keepsTexts is used
+  // Passes the bytes of the file on as they are made. When it throws, they aren't whole.
+  void (*write)(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink);
 };
 
 // Returns the formats of this system, in the order of the help text.
@@ -28,10 +37,11 @@ const std::vector<PictureKind>& PictureKinds();
 
 struct PixelSize {
   int32_t width, height;
+  int32_t dotsPerMetre;
 };
 
 // Returns the size of a picture of a frame in hundredths of a millimetre. Throws PictureError if the frame is
 // empty or a side would exceed 20000 pixels. Each side is at least one pixel.
-PixelSize PictureSize(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t dotsPerInch);
+PixelSize PictureSize(int32_t left, int32_t top, int32_t right, int32_t bottom, const PictureSettings& settings);
 
 }  // namespace hexlume

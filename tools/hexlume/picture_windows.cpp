@@ -48,13 +48,13 @@ size_t RowBytes(PixelSize size) {
   return (static_cast<size_t>(size.width) * 3 + 3) / 4 * 4;
 }
 
-PixelSize SizeOf(HENHMETAFILE metafile, int32_t dotsPerInch) {
+PixelSize SizeOf(HENHMETAFILE metafile, const PictureSettings& settings) {
   ENHMETAHEADER header;
   if (GetEnhMetaFileHeader(metafile, sizeof header, &header) == 0) {
     throw PictureError("the metafile has no header");
   }
   const RECTL& frame = header.rclFrame;
-  return PictureSize(frame.left, frame.top, frame.right, frame.bottom, dotsPerInch);
+  return PictureSize(frame.left, frame.top, frame.right, frame.bottom, settings);
 }
 
 // A bitmap in memory, 24 bits per pixel, rows from top to bottom as the encoder expects
@@ -103,7 +103,8 @@ void WriteRows(IWICBitmapFrameEncode& frame, const Canvas& canvas) {
   }
 }
 
-void WriteFrame(IWICBitmapFrameEncode& frame, const Canvas& canvas, int32_t dotsPerInch) {
+void WriteFrame(IWICBitmapFrameEncode& frame, const Canvas& canvas) {
+  const double dotsPerInch = canvas.size.dotsPerMetre * 0.0254;
   WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
   Require(frame.Initialize(nullptr), "begin a picture");
   Require(frame.SetSize(canvas.size.width, canvas.size.height), "set the picture's size");
@@ -126,7 +127,7 @@ std::vector<uint8_t> StreamBytes(IStream& stream) {
   return bytes;
 }
 
-std::vector<uint8_t> Encode(const Canvas& canvas, int32_t dotsPerInch) {
+std::vector<uint8_t> Encode(const Canvas& canvas) {
   const auto factory = Make<IWICImagingFactory>("be started", [](IWICImagingFactory** out) {
     return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
                             reinterpret_cast<void**>(out));
@@ -139,7 +140,7 @@ std::vector<uint8_t> Encode(const Canvas& canvas, int32_t dotsPerInch) {
   Require(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), "begin a file");
   const auto frame = Make<IWICBitmapFrameEncode>(
       "make a picture", [&](IWICBitmapFrameEncode** out) { return encoder->CreateNewFrame(out, nullptr); });
-  WriteFrame(*frame, canvas, dotsPerInch);
+  WriteFrame(*frame, canvas);
   Require(encoder->Commit(), "end the file");
   return StreamBytes(*stream);
 }
@@ -150,20 +151,21 @@ struct ComLibrary {
   ~ComLibrary() { CoUninitialize(); }
 };
 
-std::vector<uint8_t> PngPicture(const MetafileBytes& bytes, int32_t dotsPerInch) {
+void WritePngPicture(const MetafileBytes& bytes, const PictureSettings& settings, const ByteSink& sink) {
   const Metafile metafile(SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data()));
   if (!metafile) throw std::bad_alloc();
-  const Canvas canvas(SizeOf(metafile.get(), dotsPerInch));
+  const Canvas canvas(SizeOf(metafile.get(), settings));
   Play(metafile.get(), canvas);
   const ComLibrary com;
-  return Encode(canvas, dotsPerInch);
+  const std::vector<uint8_t> file = Encode(canvas);
+  sink(file.data(), file.size());
 }
 
 }  // namespace
 
 const std::vector<PictureKind>& PictureKinds() {
   static const std::vector<PictureKind> kinds = {
-      {"png", "Write a picture of the metafile", true, PngPicture},
+      {"png", "Write a picture of the metafile", true, false, WritePngPicture},
   };
   return kinds;
 }

@@ -18,13 +18,6 @@ constexpr cairo_rectangle_int_t everything = {-farthest, -farthest, 2 * farthest
 
 }  // namespace
 
-void AddRectangle(cairo_t* context, Point corner, Point opposite) {
-  const auto limit = [](double value) { return std::clamp(value, -farthestSeen, farthestSeen); };
-  const double left = limit(std::min(corner.x, opposite.x)), right = limit(std::max(corner.x, opposite.x));
-  const double top = limit(std::min(corner.y, opposite.y)), bottom = limit(std::max(corner.y, opposite.y));
-  if (left < right && top < bottom) cairo_rectangle(context, left, top, right - left, bottom - top);
-}
-
 void PlayerClip::Combine(const std::vector<EmfRectangle>& rectangles, uint32_t mode) {
   std::vector<cairo_rectangle_int_t> boxes;
   boxes.reserve(rectangles.size());
@@ -45,19 +38,19 @@ void PlayerClip::Combine(const std::vector<EmfRectangle>& rectangles, uint32_t m
   }
 }
 
-void PlayerClip::Apply(cairo_t* context, const PlayerMapping& mapping) const {
-  cairo_reset_clip(context);
-  if (!region) return;
-  cairo_new_path(context);
-  for (int i = 0; i < cairo_region_num_rectangles(region.get()); ++i) {
+void PlayerClip::Apply(PlayerCanvas& canvas, const PlayerMapping& mapping) const {
+  if (!region) return canvas.RemoveClip();
+  CanvasBoxes boxes;
+  const int count = cairo_region_num_rectangles(region.get());
+  boxes.reserve(static_cast<size_t>(count));
+  for (int i = 0; i < count; ++i) {
     cairo_rectangle_int_t box;
     cairo_region_get_rectangle(region.get(), i, &box);
     const double right = static_cast<double>(box.x) + box.width,
                  bottom = static_cast<double>(box.y) + box.height;
-    AddRectangle(context, mapping.OnEdge(mapping.FromDevice(box.x, box.y)),
-                 mapping.OnEdge(mapping.FromDevice(right, bottom)));
+    mapping.AddBox(boxes, mapping.FromDevice(box.x, box.y), mapping.FromDevice(right, bottom));
   }
-  cairo_clip(context);
+  canvas.Clip(boxes);
 }
 
 }  // namespace hexlume

@@ -7,12 +7,10 @@
 #include <vector>
 
 #include "tools/hexlume/emf_region.h"
+#include "tools/hexlume/player_canvas.h"
 #include "tools/hexlume/player_mapping.h"
 
 namespace hexlume {
-
-// Appends a rectangle to the context's path.
-void AddRectangle(cairo_t* context, Point corner, Point opposite);
 
 class PlayerClip {
  public:
@@ -22,7 +20,7 @@ class PlayerClip {
   void Clear() { region.reset(); }
   void Combine(const std::vector<EmfRectangle>& rectangles, uint32_t mode);
 
-  void Apply(cairo_t* context, const PlayerMapping& mapping) const;
+  void Apply(PlayerCanvas& canvas, const PlayerMapping& mapping) const;
 
  private:
   struct FreeRegion {

@@ -4,9 +4,12 @@
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
+#include <map>
+#include <tuple>
 
 #include "platform/portable/gothic_families.h"
 
@@ -81,6 +84,65 @@ class LockedFace {
   FT_Face face;
 };
 
+// Appends an outline to a path, in thousandths of the em.
+class OutlineWriter {
+ public:
+  OutlineWriter(PlayerPath& outline, double unitsInAnEm) : path(outline), scale(1000 / unitsInAnEm) {}
+
+  void Append(FT_Outline& outline) {
+    constexpr FT_Outline_Funcs calls = {Move, Line, Conic, Cubic, 0, 0};
+    FT_Outline_Decompose(&outline, &calls, this);
+    if (begun) path.Close();
+  }
+
+ private:
+  static OutlineWriter& Self(void* writer) { return *static_cast<OutlineWriter*>(writer); }
+
+  Point At(const FT_Vector* place) const {
+    return {static_cast<double>(place->x) * scale, -static_cast<double>(place->y) * scale};
+  }
+
+  static int Move(const FT_Vector* to, void* writer) {
+    OutlineWriter& self = Self(writer);
+    if (self.begun) self.path.Close();
+    self.begun = true;
+    self.current = self.At(to);
+    self.path.MoveTo(self.current);
+    return 0;
+  }
+
+  static int Line(const FT_Vector* to, void* writer) {
+    OutlineWriter& self = Self(writer);
+    self.current = self.At(to);
+    self.path.LineTo(self.current);
+    return 0;
+  }
+
+  // A curve with one control point has the same shape with two.
+  static int Conic(const FT_Vector* control, const FT_Vector* to, void* writer) {
+    OutlineWriter& self = Self(writer);
+    const Point middle = self.At(control), from = self.current;
+    self.current = self.At(to);
+    const auto between = [&middle](Point end) {
+      return Point{(end.x + 2 * middle.x) / 3, (end.y + 2 * middle.y) / 3};
+    };
+    self.path.CurveTo(between(from), between(self.current), self.current);
+    return 0;
+  }
+
+  static int Cubic(const FT_Vector* control1, const FT_Vector* control2, const FT_Vector* to, void* writer) {
+    OutlineWriter& self = Self(writer);
+    self.current = self.At(to);
+    self.path.CurveTo(self.At(control1), self.At(control2), self.current);
+    return 0;
+  }
+
+  PlayerPath& path;
+  double scale;
+  Point current{0, 0};
+  bool begun = false;
+};
+
 }  // namespace
 
 PlayerFace::PlayerFace(const PlayerFont& font) {
@@ -88,6 +150,9 @@ PlayerFace::PlayerFace(const PlayerFont& font) {
   FcResult result = FcResultNoMatch;
   const Pattern found(wanted ? FcFontMatch(nullptr, wanted.get(), &result) : nullptr);
   if (!found) return;
+  FcChar8* name = nullptr;
+  if (FcPatternGetString(found.get(), FC_FAMILY, 0, &name) == FcResultMatch)
+    family = reinterpret_cast<const char*>(name);
   face.reset(cairo_ft_font_face_create_for_pattern(found.get()));
   const std::unique_ptr<cairo_font_options_t, void (*)(cairo_font_options_t*)> options(
       cairo_font_options_create(), cairo_font_options_destroy);
@@ -125,6 +190,12 @@ void PlayerFace::Measure() {
 }
 
 FaceGlyph PlayerFace::Glyph(uint32_t codePoint) const {
+  const auto [place, isNew] = glyphs.try_emplace(codePoint, FaceGlyph{0, 0});
+  if (isNew) place->second = FindGlyph(codePoint);
+  return place->second;
+}
+
+FaceGlyph PlayerFace::FindGlyph(uint32_t codePoint) const {
   const LockedFace locked(unit.get());
   const FT_Face ft = locked.Get();
   if (!ft) return {0, 0};
@@ -132,6 +203,22 @@ FaceGlyph PlayerFace::Glyph(uint32_t codePoint) const {
   FT_Fixed advance = 0;
   if (FT_Load_Glyph(ft, index, FT_LOAD_NO_SCALE) == 0) advance = ft->glyph->advance.x;
   return {index, static_cast<double>(advance) / ft->units_per_EM};
+}
+
+PlayerPath PlayerFace::Outline(unsigned long index) const {
+  PlayerPath path({100'000, 1});
+  const LockedFace locked(unit.get());
+  const FT_Face ft = locked.Get();
+  if (!ft || FT_Load_Glyph(ft, static_cast<FT_UInt>(index), FT_LOAD_NO_SCALE) != 0) return path;
+  if (ft->glyph->format == FT_GLYPH_FORMAT_OUTLINE)
+    OutlineWriter(path, ft->units_per_EM).Append(ft->glyph->outline);
+  return path;
+}
+
+const PlayerFace& FaceOf(const PlayerFont& font) {
+  using Key = std::tuple<std::string, bool, bool, int32_t>;
+  static std::map<Key, PlayerFace> faces;
+  return faces.try_emplace({font.face, font.japanese, font.italic, font.weight}, font).first->second;
 }
 
 }  // namespace hexlume

@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
+
+#include "tools/hexlume/player_path.h"
 
 namespace hexlume {
 
@@ -48,15 +51,26 @@ class PlayerFace {
   double StrikeOutHeight() const { return strikeOutHeight; }
   double LineThickness() const { return lineThickness; }
 
+  // The family's name, for files that name fonts instead of containing them.
+  const std::string& Family() const { return family; }
+
   FaceGlyph Glyph(uint32_t codePoint) const;
+  // Returns the outline of a glyph in thousandths of the em, Y downward; empty for a blank.
+  PlayerPath Outline(unsigned long index) const;
 
  private:
   void Measure();
+  FaceGlyph FindGlyph(uint32_t codePoint) const;
 
   std::unique_ptr<cairo_font_face_t, FreeCairo> face;
   std::unique_ptr<cairo_scaled_font_t, FreeCairo> unit;  // to look up glyphs
+  mutable std::unordered_map<uint32_t, FaceGlyph> glyphs;
+  std::string family;
   double ascent = 0.8, descent = 0.2, averageWidth = 0.5;
   double underlineDepth = 0.1, strikeOutHeight = 0.3, lineThickness = 0.05;
 };
+
+// Faces are kept for the pictures to come.
+const PlayerFace& FaceOf(const PlayerFont& font);
 
 }  // namespace hexlume

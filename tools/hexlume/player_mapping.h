@@ -7,7 +7,7 @@
 
 #include "tools/hexlume/emf_record.h"
 #include "tools/hexlume/metafile_player.h"
-#include "tools/hexlume/player_path.h"
+#include "tools/hexlume/player_canvas.h"
 
 namespace hexlume {
 
@@ -36,11 +36,12 @@ inline MetafileMeasures MeasuresOf(const EmfRecord& header) {
 
 class PlayerMapping {
  public:
-  PlayerMapping(const MetafileMeasures& metafile, const PlayerTarget& target)
+  PlayerMapping(const MetafileMeasures& metafile, const CanvasMeasures& canvas)
       : measures(metafile),
-        scaleX(target.width / (static_cast<double>(metafile.frame.right) - metafile.frame.left)),
-        scaleY(target.height / (static_cast<double>(metafile.frame.bottom) - metafile.frame.top)),
-        hasPixels(target.hasPixels) {}
+        scaleX(canvas.width / (static_cast<double>(metafile.frame.right) - metafile.frame.left)),
+        scaleY(canvas.height / (static_cast<double>(metafile.frame.bottom) - metafile.frame.top)),
+        hasPixels(canvas.hasPixels),
+        reach(canvas.limits.reach) {}
 
   void SetMode(uint32_t mode) {
     constexpr uint32_t text = 1, himetric = 3;
@@ -64,9 +65,14 @@ class PlayerMapping {
   // The length of a hundredth of a millimetre on the context.
   double SheetUnit() const { return scaleX; }
 
-  // Rounds a corner of a region to pixels, if the context has pixels.
-  Point OnEdge(Point point) const {
-    return hasPixels ? Point{std::round(point.x), std::round(point.y)} : point;
+  // Adds the visible part of a region's rectangle, if there is one. On pixels its edges are rounded to theirs.
+  void AddBox(CanvasBoxes& boxes, Point corner, Point opposite) const {
+    const auto edge = [this](double place) {
+      return std::clamp(hasPixels ? std::round(place) : place, -reach, reach);
+    };
+    const CanvasBox box{edge(std::min(corner.x, opposite.x)), edge(std::min(corner.y, opposite.y)),
+                        edge(std::max(corner.x, opposite.x)), edge(std::max(corner.y, opposite.y))};
+    if (box.left < box.right && box.top < box.bottom) boxes.push_back(box);
   }
 
   // Returns the middle of the pixel that contains the coordinate, if the context has pixels.
@@ -80,6 +86,7 @@ class PlayerMapping {
   MetafileMeasures measures;
   double scaleX, scaleY;
   bool hasPixels;
+  double reach;
   bool isHimetric = false;
 };
 

@@ -1,22 +1,30 @@
-// A path on a cairo context for coordinates of any size. Cairo stores coordinates in 24 bits and wraps larger
-// ones, so the parts of a path that are far outside of the picture are moved closer, but not inside.
+// A path for coordinates of any size. The parts of a path that are far outside of the picture are moved closer,
+// but not inside, as what draws them has its limits: cairo stores coordinates in 24 bits and wraps larger ones.
 #pragma once
 
-#include <cairo.h>
+#include <cstdint>
+#include <vector>
 
 namespace hexlume {
 
 struct Point {
   double x, y;
+
+  bool operator==(const Point& other) const { return x == other.x && y == other.y; }
+  bool operator!=(const Point& other) const { return !(*this == other); }
 };
 
-// The limit of the visible area. No surface and no pen is that large.
-constexpr double farthestSeen = 65536;
+// In the units of the canvas.
+struct PathLimits {
+  double reach;   // of the visible area. No canvas and no pen is that large
+  double finest;  // what is smaller can't be seen
+};
 
-// A path in the units of the context, which must have no transformation. Only one can be built at a time.
 class PlayerPath {
  public:
-  explicit PlayerPath(cairo_t* pathContext);  // starts an empty path
+  enum class Step : uint8_t { moveTo, lineTo, curveTo, close };
+
+  explicit PlayerPath(const PathLimits& pathLimits) : limits(pathLimits) {}
 
   void MoveTo(Point point);
   // These add to the path. If it is empty, LineTo starts it at its point and CurveTo at its
@@ -28,15 +36,36 @@ class PlayerPath {
   void ArcTo(Point centre, double radiusX, double radiusY, double start, double sweep);
   void Close();
 
-  Point Current() const { return current; }
+  // Calls MoveTo, LineTo, CurveTo and Close of the writer.
+  template <typename Writer>
+  void WriteTo(Writer&& writer) const {
+    const Point* at = points.data();
+    for (const Step step : steps) {
+      switch (step) {
+        case Step::moveTo: writer.MoveTo(*at++); break;
+        case Step::lineTo: writer.LineTo(*at++); break;
+        case Step::curveTo:
+          writer.CurveTo(at[0], at[1], at[2]);
+          at += 3;
+          break;
+        case Step::close: writer.Close(); break;
+      }
+    }
+  }
 
  private:
+  void Add(Step step, Point point);
+  Point Clamp(Point point) const;
+  bool IsSafe(Point point) const;
+  template <typename Points>
+  bool AreBeyond(const Points& points) const;
   void AddLine(Point from, Point to, int splits);
   void AddCurve(const Point (&points)[4], int splits);
 
-  cairo_t* context;
+  PathLimits limits;
+  std::vector<Step> steps;
+  std::vector<Point> points;
   Point current{0, 0};
-  bool begun = false;
 };
 
 }  // namespace hexlume

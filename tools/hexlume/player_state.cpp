@@ -41,17 +41,6 @@ const std::vector<double>& DashesOf(uint32_t style) {
   }
 }
 
-// Dashes have the same length at every resolution, but are longer if the thinnest pen is wider than a pixel
-// at 96 dpi.
-void SetDashes(const PlayerState& state) {
-  constexpr double hundredthsOfAPixel = 2540.0 / 96;
-  std::vector<double> dashes = state.HasThinPen() ? DashesOf(state.pen.style) : std::vector<double>();
-  const double pixel = std::max(state.target.hairline, hundredthsOfAPixel * state.mapping.SheetUnit());
-  for (double& length : dashes) length *= pixel;
-  cairo_set_dash(state.target.context, dashes.data(), static_cast<int>(dashes.size()), 0);
-  cairo_set_line_cap(state.target.context, dashes.empty() ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
-}
-
 }  // namespace
 
 std::optional<PlayerObject> StockObject(uint32_t handle) {
@@ -67,44 +56,50 @@ double PlayerState::PenWidth() const {
 }
 
 bool PlayerState::HasThinPen() const {
-  return PenWidth() <= target.hairline;
+  return PenWidth() <= canvas.Measures().hairline;
 }
 
-void PlayerState::Stroke() {
-  cairo_t* const context = target.context;
-  if (pen.style != PlayerPen::null) {
-    constexpr double widest = farthestSeen / 2;
-    SetColor(context, pen.color);
-    cairo_set_line_width(context, std::clamp(PenWidth(), target.hairline, widest));
-    cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
-    SetDashes(*this);
-    cairo_stroke_preserve(context);
-  }
-  cairo_new_path(context);
+// Dashes have the same length at every resolution, but are longer if the thinnest pen is wider than a pixel
+// at 96 dpi.
+StrokeStyle PlayerState::Style() const {
+  constexpr double hundredthsOfAPixel = 2540.0 / 96;
+  const CanvasMeasures& measures = canvas.Measures();
+  StrokeStyle style{pen.color, std::clamp(PenWidth(), measures.hairline, measures.limits.reach / 2), {}};
+  if (HasThinPen()) style.dashes = DashesOf(pen.style);
+  const double pixel = std::max(measures.hairline, hundredthsOfAPixel * mapping.SheetUnit());
+  for (double& length : style.dashes) length *= pixel;
+  return style;
 }
 
-void PlayerState::FillAndStroke() {
-  if (brush.style != PlayerBrush::null) {
-    cairo_set_fill_rule(target.context, windingFill ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
-    SetColor(target.context, brush.color);
-    cairo_fill_preserve(target.context);
-  }
-  Stroke();
+void PlayerState::Stroke(const PlayerPath& path) {
+  if (pen.style != PlayerPen::null) canvas.Stroke(path, Style());
+}
+
+void PlayerState::FillAndStroke(const PlayerPath& path) {
+  if (brush.style != PlayerBrush::null) canvas.Fill(path, brush.color, windingFill);
+  Stroke(path);
 }
 
 void PlayerState::StrokeLine(Point from, Point to) {
+  if (pen.style == PlayerPen::null) return;
   if (HasThinPen()) {
     // The thinnest pen leaves out the last pixel of a line, so a line of length 0 is empty.
-    if (from.x == to.x && from.y == to.y) return;
+    if (from == to) return;
     if (from.x == to.x || from.y == to.y) {
       from = {mapping.InMiddle(from.x), mapping.InMiddle(from.y)};
       to = {mapping.InMiddle(to.x), mapping.InMiddle(to.y)};
     }
   }
-  PlayerPath path(target.context);
+  if (IsWithinReach(from) && IsWithinReach(to)) return canvas.DrawLine(from, to, Style());
+  PlayerPath path = EmptyPath();
   path.MoveTo(from);
   path.LineTo(to);
-  Stroke();
+  canvas.Stroke(path, Style());
+}
+
+bool PlayerState::IsWithinReach(Point point) const {
+  const double reach = canvas.Measures().limits.reach;
+  return std::fabs(point.x) <= reach && std::fabs(point.y) <= reach;
 }
 
 void PlayerState::Select(const PlayerObject& object) {

@@ -28,21 +28,25 @@ struct PlayerBrush {
 using PlayerObject = std::variant<PlayerPen, PlayerBrush, PlayerFont>;
 
 struct PlayerState {
-  PlayerState(const MetafileMeasures& measures, const PlayerTarget& playerTarget)
-      : target(playerTarget), mapping(measures, playerTarget) {}
+  PlayerState(const MetafileMeasures& measures, PlayerCanvas& playerCanvas)
+      : canvas(playerCanvas), mapping(measures, playerCanvas.Measures()) {}
 
-  // Draw the path: Stroke with the pen, FillAndStroke first with the brush.
-  void Stroke();
-  void FillAndStroke();
+  PlayerPath EmptyPath() const { return PlayerPath(canvas.Measures().limits); }
+  // Draw a path: Stroke with the pen, FillAndStroke first with the brush.
+  void Stroke(const PlayerPath& path);
+  void FillAndStroke(const PlayerPath& path);
   // Whether the pen's width is at most that of the thinnest pen.
   bool HasThinPen() const;
   // Draws a line. A thin horizontal or vertical one is aligned to pixels.
   void StrokeLine(Point from, Point to);
 
+  // Whether a canvas can draw at this point.
+  bool IsWithinReach(Point point) const;
+
   void Select(uint32_t handle);
   void Select(const PlayerObject& object);
 
-  PlayerTarget target;
+  PlayerCanvas& canvas;
   PlayerMapping mapping;
 
   std::map<uint32_t, PlayerObject> objects;  // by their index in the metafile
@@ -58,10 +62,10 @@ struct PlayerState {
   bool opaqueText = true;
 
   PlayerClip clip;
-  TextPainter textPainter;
 
  private:
   double PenWidth() const;
+  StrokeStyle Style() const;
 };
 
 // Returns a stock object that a metafile may select.

@@ -12,7 +12,7 @@ constexpr uint32_t alignAlong = 24, alignBottom = 8, alignBaseline = 24;
 // A line of text in its own coordinate system: x along the baseline, y downward, the reference point
 // at the origin.
 struct Layout {
-  std::vector<cairo_glyph_t> glyphs;
+  std::vector<PlacedGlyph> glyphs;
   double start, length, baseline;
 };
 
@@ -32,8 +32,8 @@ CharacterSize SizeOf(const PlayerFace& face, const PlayerFont& font, double unit
 
 // Cairo fails permanently after a character of size 0, or one too large for a bitmap. Neither
 // would be visible.
-bool CanBeDrawn(const CharacterSize& size) {
-  constexpr double least = 0.05, most = 20000;
+bool CanBeDrawn(const CharacterSize& size, const PathLimits& limits) {
+  const double least = 2.5 * limits.finest, most = 0.3 * limits.reach;
   const double width = size.height * size.stretch;
   return size.height >= least && size.height <= most && width >= least && width <= most;
 }
@@ -54,7 +54,7 @@ Layout LayOut(const PlayerFace& face, const PlayerText& text, const CharacterSiz
   layout.glyphs.reserve(text.characters.size());
   for (const TextCharacter& character : text.characters) {
     const FaceGlyph glyph = face.Glyph(character.codePoint);
-    layout.glyphs.push_back({glyph.index, layout.length, layout.baseline});
+    layout.glyphs.push_back({glyph.index, character.codePoint, {layout.length, layout.baseline}});
     layout.length += text.hasAdvances ? character.advance * unit : glyph.advance * size.height * size.stretch;
   }
   layout.start = StartOf(text.align, layout.length);
@@ -70,74 +70,59 @@ struct TextFrame {
   }
 };
 
-void FillBox(cairo_t* context, const TextFrame& frame, double left, double top, double right, double bottom) {
-  PlayerPath path(context);
-  path.MoveTo(frame.At(left, top));
-  path.LineTo(frame.At(right, top));
-  path.LineTo(frame.At(right, bottom));
-  path.LineTo(frame.At(left, bottom));
+void FillBox(PlayerCanvas& canvas, const TextFrame& frame, const CanvasBox& box, uint32_t color) {
+  PlayerPath path(canvas.Measures().limits);
+  path.MoveTo(frame.At(box.left, box.top));
+  path.LineTo(frame.At(box.right, box.top));
+  path.LineTo(frame.At(box.right, box.bottom));
+  path.LineTo(frame.At(box.left, box.bottom));
   path.Close();
-  cairo_fill(context);
-}
-
-void PaintGlyphs(cairo_t* context, const PlayerFace& face, const Layout& layout, const CharacterSize& size,
-                 const TextFrame& frame) {
-  std::vector<cairo_glyph_t> seen;
-  seen.reserve(layout.glyphs.size());
-  for (const cairo_glyph_t& glyph : layout.glyphs) {
-    const Point at = frame.At(layout.start + glyph.x, glyph.y);
-    if (std::fabs(at.x) < farthestSeen && std::fabs(at.y) < farthestSeen) {
-      seen.push_back({glyph.index, at.x, at.y});
-    }
-  }
-  const double width = size.height * size.stretch;
-  cairo_matrix_t matrix;
-  cairo_matrix_init(&matrix, width * frame.along.x, width * frame.along.y, -size.height * frame.along.y,
-                    size.height * frame.along.x, 0, 0);
-  cairo_set_font_face(context, face.Cairo());
-  cairo_set_font_matrix(context, &matrix);
-  cairo_show_glyphs(context, seen.data(), static_cast<int>(seen.size()));
+  canvas.Fill(path, color, true);
 }
 
 // Draws a line parallel to the baseline, its middle at y.
-void PaintRule(cairo_t* context, const Layout& layout, const TextFrame& frame, double y, double thickness) {
-  FillBox(context, frame, layout.start, y - thickness / 2, layout.start + layout.length, y + thickness / 2);
+void PaintRule(PlayerCanvas& canvas, const Layout& layout, const TextFrame& frame, double y, double thickness,
+               uint32_t color) {
+  FillBox(canvas, frame, {layout.start, y - thickness / 2, layout.start + layout.length, y + thickness / 2},
+          color);
+}
+
+// Converts the places of the glyphs, and leaves out those that are far outside.
+std::vector<PlacedGlyph> GlyphsInReach(const Layout& layout, const TextFrame& frame, double reach) {
+  std::vector<PlacedGlyph> seen;
+  seen.reserve(layout.glyphs.size());
+  for (const PlacedGlyph& glyph : layout.glyphs) {
+    const Point at = frame.At(layout.start + glyph.at.x, glyph.at.y);
+    if (std::fabs(at.x) < reach && std::fabs(at.y) < reach)
+      seen.push_back({glyph.index, glyph.codePoint, at});
+  }
+  return seen;
 }
 
 }  // namespace
 
-void SetColor(cairo_t* context, uint32_t color) {
-  cairo_set_source_rgb(context, (color & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
-                       (color >> 16 & 0xFF) / 255.0);
-}
-
-const PlayerFace& TextPainter::FaceOf(const PlayerFont& font) {
-  return faces.try_emplace({font.face, font.japanese, font.italic, font.weight}, font).first->second;
-}
-
-void TextPainter::Paint(cairo_t* context, const PlayerFont& font, const PlayerText& text,
-                        const TextPlace& place) {
+void PaintText(PlayerCanvas& canvas, const PlayerFont& font, const PlayerText& text, const TextPlace& place) {
   constexpr uint32_t white = 0xFFFFFF;
+  const PathLimits& limits = canvas.Measures().limits;
   const PlayerFace& face = FaceOf(font);
   if (face.IsEmpty()) return;
   const CharacterSize size = SizeOf(face, font, place.unit);
-  if (!CanBeDrawn(size)) return;
+  if (!CanBeDrawn(size, limits)) return;
   const Layout layout = LayOut(face, text, size, place.unit);
   const TextFrame frame{place.reference, {std::cos(place.angle), std::sin(place.angle)}};
-  if (text.opaque) {
-    SetColor(context, white);
-    FillBox(context, frame, layout.start, layout.baseline - size.height * face.Ascent(),
-            layout.start + layout.length, layout.baseline + size.height * face.Descent());
-  }
-  SetColor(context, text.color);
-  PaintGlyphs(context, face, layout, size, frame);
+  const double ascent = size.height * face.Ascent(), descent = size.height * face.Descent();
+  if (text.opaque)
+    FillBox(canvas, frame,
+            {layout.start, layout.baseline - ascent, layout.start + layout.length, layout.baseline + descent},
+            white);
+  const double width = size.height * size.stretch;
+  canvas.DrawGlyphs({face, font, GlyphsInReach(layout, frame, limits.reach), width, size.height, frame.along,
+                     text.color});
   const double thickness = size.height * face.LineThickness();
-  if (font.underline) {
-    PaintRule(context, layout, frame, layout.baseline + size.height * face.UnderlineDepth(), thickness);
-  }
-  if (font.strikeOut) {
-    PaintRule(context, layout, frame, layout.baseline - size.height * face.StrikeOutHeight(), thickness);
-  }
+  const double under = layout.baseline + size.height * face.UnderlineDepth();
+  const double middle = layout.baseline - size.height * face.StrikeOutHeight();
+  if (font.underline) PaintRule(canvas, layout, frame, under, thickness, text.color);
+  if (font.strikeOut) PaintRule(canvas, layout, frame, middle, thickness, text.color);
 }
 
 }  // namespace hexlume

@@ -1,15 +1,11 @@
 // Texts of a metafile.
 #pragma once
 
-#include <cairo.h>
-
-#include <map>
-#include <string>
-#include <tuple>
+#include <cstdint>
 #include <vector>
 
+#include "tools/hexlume/player_canvas.h"
 #include "tools/hexlume/player_face.h"
-#include "tools/hexlume/player_path.h"
 
 namespace hexlume {
 
@@ -34,18 +30,6 @@ struct TextPlace {
   double unit;   // length of a logical unit
 };
 
-class TextPainter {
- public:
-  void Paint(cairo_t* context, const PlayerFont& font, const PlayerText& text, const TextPlace& place);
-
- private:
-  const PlayerFace& FaceOf(const PlayerFont& font);
-
-  using FaceKey = std::tuple<std::string, bool, bool, int32_t>;
-  std::map<FaceKey, PlayerFace> faces;
-};
-
-// Sets the colour of the context from a COLORREF.
-void SetColor(cairo_t* context, uint32_t color);
+void PaintText(PlayerCanvas& canvas, const PlayerFont& font, const PlayerText& text, const TextPlace& place);
 
 }  // namespace hexlume
