@@ -43,6 +43,9 @@ class ToolRun : public testing::Test {
   std::filesystem::path folder;
 };
 
+// Where the tool is, beside the test program.
+std::filesystem::path ProgramFolder();
+
 std::string Contents(const std::string& file);
 bool Exists(const std::string& file);
 void Write(const std::string& file, const std::string& contents);
