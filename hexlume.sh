@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Converts a drawing and says where the metafile and its picture are. Installs and builds what is missing first.
+# Converts a drawing and prints the paths of the metafile and its picture. First installs and builds what is missing.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
@@ -42,7 +42,7 @@ case "$drawing" in
 esac
 [ -f "$drawing" ] || fail 30 "$drawing: there is no such drawing"
 
-# The tool refuses a second --png and writes no metafile elsewhere than -d says, so both are read here too.
+# Reads the user's own -d and --png, because the tool accepts each of them only once.
 name=$(basename -- "$drawing")
 name=${name%.*}
 folder= picture= option=

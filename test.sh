@@ -1,25 +1,29 @@
 #!/usr/bin/env bash
-# Builds everything and runs all tests, in every build. Installs what is missing first. The last line gives the result.
+# Installs what is missing, builds everything and runs all tests in every build. The last line has the result.
 #
-#   ./test.sh             all tests
-#   ./test.sh --native    those that need no Wine
+#   ./test.sh               all tests but those of the packages
+#   ./test.sh --native      those that need no Wine
+#   ./test.sh --packages    makes and tests the packages too
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 cd "$root" || exit 1
 
-usage="usage: ./test.sh [--native]"
+usage="usage: ./test.sh [--native | --packages]"
 native_builds=(linux linux-asan)
 windows_builds=(win-x64 win-x86)
 packages="test"
+with_packages=0
 case "$*" in
   "") ;;
+  --packages) with_packages=1 ;;
   --native)
     windows_builds=()
     packages=native-test
     ;;
   --help)
     echo "$usage"
-    echo "Builds and tests everything; with --native only what needs no Wine. The last line counts the tests."
+    echo "Builds and tests everything; with --native only what needs no Wine, with --packages the packages too."
+    echo "The last line counts the tests."
     exit 0
     ;;
   *)
@@ -31,8 +35,8 @@ esac
 passed=0
 failed=0
 
-# Adds up the closing lines of the GoogleTest programs in ctest's report. A program that ends without them, or badly without
-# a failed test (a crash, nothing run), counts as a failed test.
+# Adds up the closing lines of the GoogleTest programs in ctest's report. A program that ends without them, or badly
+# without a failed test (a crash, nothing run), counts as a failed test.
 count_results() {
   local ok bad
   read -r ok bad < <(awk '
@@ -71,15 +75,15 @@ test_build() {
     return
   fi
   report=$(mktemp)
-  # Of a long output the report has the end, with the closing lines.
+  # The report has the end of a long output, with the closing lines.
   ctest --preset "$preset" --output-junit "$report" --test-output-truncation head </dev/null || status=$?
   count_results "$report"
-  # ctest found no test, or could not run at all.
+  # ctest found no test, or couldn't run.
   [ "$status" -eq 0 ] || [ "$failed" -gt "$failed_before" ] || failed=$((failed + 1))
   rm -f "$report"
 }
 
-# Whether our own GDI records what the system's does.
+# Checks that our own GDI writes the same records as the system's.
 compare_gdi() {
   local scratch status=0 preset
   scratch=$(mktemp -d)
@@ -110,7 +114,13 @@ if [ "${#windows_builds[@]}" -gt 0 ]; then
   check "our GDI records what Windows' does" compare_gdi
   check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
 fi
+for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
+check "the reference pages" scripts/reference.sh
 check "the installed package" scripts/test_install.sh
+if [ "$with_packages" -eq 1 ]; then
+  check "making the packages" scripts/package.sh
+  check "the packages" scripts/test_packages.sh
+fi
 
 echo
 echo "$passed passed, $failed failed"

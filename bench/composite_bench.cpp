@@ -1,5 +1,4 @@
-// Dimensions, hatches with a pattern, and a hatch with a long boundary: n, 2n and 4n of them or of its
-// points. Linux only:
+// Measures n, 2n and 4n dimensions, hatches with a pattern, and points of a hatch's boundary. Linux only:
 //
 //   build/linux/bin/hexlume_composite_bench
 #include <benchmark/benchmark.h>
@@ -27,7 +26,7 @@ std::string Section(const char* name, const std::string& groups) {
   return "0\nSECTION\n2\n" + (name + ('\n' + groups)) + "0\nENDSEC\n";
 }
 
-// On a sheet of 800 x 500 with a layer of each kind.
+// A drawing of 800 x 500 with the layers "0" and "DIM".
 std::string DrawingOf(const std::string& blocks, const std::string& entities) {
   return Section("HEADER", "9\n$LIMMIN\n10\n0\n20\n0\n9\n$LIMMAX\n10\n800\n20\n500\n") +
          Section("TABLES",
@@ -44,8 +43,8 @@ std::string Line(double x1, double y1, double x2, double y2) {
   return "0\nLINE\n8\n0\n62\n0\n" + Place(x1, y1) + Group(11, x2) + Group(21, y2);
 }
 
-// A level dimension 8 wide, as drawing programs write it: two extension lines, the dimension line, an arrow
-// at each end, and the text.
+// The block of a level dimension with a width of 8, as drawing programs write it: two extension lines, the
+// dimension line, an arrow at each end, and the text.
 std::string DimensionBlock(const std::string& name, double x, double y) {
   const auto arrow = [y](double tip, int angle) {
     return "0\nINSERT\n8\n0\n2\n_ARROW\n" + Place(tip, y + 3) + "50\n" + std::to_string(angle) + '\n';
@@ -70,7 +69,7 @@ std::string DrawingOfDimensions(int64_t count) {
   return DrawingOf(blocks, entities);
 }
 
-// The groups of a hatch around those of its paths and behind its style.
+// A hatch: boundary has the groups of its paths, definition those after its style.
 std::string Hatch(const char* pattern, int64_t paths, const std::string& boundary,
                   const std::string& definition) {
   return "0\nHATCH\n8\n0\n10\n0\n20\n0\n30\n0\n210\n0\n220\n0\n230\n1\n2\n" + std::string(pattern) +
@@ -83,13 +82,13 @@ std::string Path(int64_t points, const std::string& places) {
   return "92\n3\n72\n0\n73\n1\n93\n" + std::to_string(points) + '\n' + places + "97\n0\n";
 }
 
-// A family of lines at 45 degrees, so many units apart. dashes are the groups 79 and 49.
+// A family of lines at 45 degrees with this distance between them. dashes has the groups 79 and 49.
 std::string Family(double distance, const std::string& dashes) {
   const double offset = distance * std::sqrt(0.5);
   return "53\n45\n43\n0\n44\n0\n" + Group(45, -offset) + Group(46, offset) + dashes;
 }
 
-// Squares of 20 x 20, lined and dashed by turns.
+// Squares of 20 x 20, alternately with unbroken and with dashed lines.
 std::string DrawingOfPatternHatches(int64_t count) {
   const std::string lined = "52\n0\n41\n1\n77\n0\n78\n1\n" + Family(1, "79\n0\n");
   const std::string dashed = "52\n0\n41\n1\n77\n0\n78\n2\n" + Family(4, "79\n0\n") +
@@ -105,8 +104,7 @@ std::string DrawingOfPatternHatches(int64_t count) {
   return DrawingOf("", entities);
 }
 
-// Discs in ten columns. Each path takes its share of the points that a hatch may have: no more than a hundred
-// paths, and three thousand corners in each.
+// Discs in ten columns, a path of 1000 points each. A hatch can have 1,000 paths of 30,000 corners.
 std::string DrawingOfALongBoundary(int64_t points) {
   constexpr int64_t pointsOfAPath = 1000;
   const double step = 2 * std::acos(-1.0) / pointsOfAPath;

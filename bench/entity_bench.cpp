@@ -1,5 +1,4 @@
-// Entities with many points, and many of them: n, 2n and 4n vertices, splines or points of one spline. Linux
-// only:
+// Measures n, 2n and 4n vertices of a polyline, splines, and points of one spline. Linux only:
 //
 //   build/linux/bin/hexlume_entity_bench
 #include <benchmark/benchmark.h>
@@ -18,7 +17,7 @@ std::string Group(int code, int64_t value) {
   return std::to_string(code) + '\n' + std::to_string(value) + '\n';
 }
 
-// Places in rows over the sheet, up and down, so that neighbours are joined by slanted strokes.
+// The i-th point, in rows over the sheet. Neighbours have different heights, so that the strokes are slanted.
 std::string PlaceOf(int64_t i) {
   return Group(10, i % 790) + Group(20, i / 790 % 490 + i % 2);
 }
@@ -39,8 +38,8 @@ std::string DrawingOfAnLwPolyline(int64_t vertices) {
   return DrawingOf(entity);
 }
 
-// A spline of this many control points, from a place on: each point but the outer ones has its own interior
-// knot.
+// A cubic spline with this number of control points, which are PlaceOf(place) and its successors. Its interior
+// knots are all different.
 std::string Spline(int64_t points, int64_t place) {
   std::string entity = "0\nSPLINE\n8\n0\n70\n8\n71\n3\n" + Group(73, points) + "40\n0\n40\n0\n40\n0\n";
   for (int64_t i = 0; i <= points - 3; ++i) entity += Group(40, i);

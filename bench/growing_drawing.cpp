@@ -5,7 +5,7 @@
 
 #include "hexlume.h"
 
-// A file of the drawing, to be deleted by the caller. Empty if it can't be written.
+// Writes the drawing to a new file, which the caller deletes. Returns its path, empty if it can't be written.
 static std::string WriteDrawing(const std::string& drawing) {
   char path[] = "/tmp/hexlume_bench_XXXXXX";
   const int file = mkstemp(path);

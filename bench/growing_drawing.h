@@ -1,6 +1,6 @@
-// Whole conversions of drawings of growing size, through the library's own door. Only ratios within one run
-// count: time/item should stay flat from line to line. bytes/item tells the length of the metafile, and so
-// that every item was drawn.
+// Measures whole conversions of drawings of growing size, through the public interface. Only ratios within one
+// run count: time/item should be the same in all lines. bytes/item is the length of the metafile for each item
+// and shows that all items were drawn.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -8,5 +8,5 @@
 #include <cstdint>
 #include <string>
 
-// Converts the drawing of so many items as the state's first argument asks for.
+// Converts draw(items), where items is the first argument of the benchmark.
 void Convert(benchmark::State& state, std::string (*draw)(int64_t items));

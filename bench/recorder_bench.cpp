@@ -1,5 +1,5 @@
-// What the recorder of metafiles costs: a stroke beside a plain copy of its 96 bytes, and the memory of a
-// metafile beside its length.
+// Measures the recorder of metafiles: the time for a stroke compared with a copy of its 96 bytes, and the
+// memory for a metafile compared with its length.
 #include <benchmark/benchmark.h>
 
 #include "platform/gdi.h"
@@ -13,12 +13,12 @@
 
 namespace {
 
-constexpr int strokesOfAMetafile = 10000;  // a drawing of middle size, 1 MB
+constexpr int strokesOfAMetafile = 10000;  // as in a drawing of medium size, 1 MB
 constexpr size_t strokeSize = 96;
 constexpr size_t strokesSize = strokesOfAMetafile * strokeSize;
 constexpr RECT sheet = {0, 0, 42000, 29700};
 
-// Both take memory that the process has already: pages fresh from the system would hide the rest.
+// Lets the allocator keep freed memory: new pages from the system would take most of the time.
 const bool keepsMemory = mallopt(M_MMAP_THRESHOLD, 1 << 30) != 0 && mallopt(M_TRIM_THRESHOLD, 1 << 30) != 0;
 
 benchmark::Counter TimePerStroke(const benchmark::State& state) {
@@ -72,8 +72,7 @@ size_t BytesInUse() {
   return info.uordblks + info.hblkhd;
 }
 
-// What the allocator has given out for a metafile right before it is closed, when it has most, as a ratio of
-// its length.
+// The memory in use for a metafile just before it is closed, when it is largest, divided by its length.
 void BM_MemoryOfAMetafile(benchmark::State& state) {
   double ratio = 0;
   for (auto _ : state) {

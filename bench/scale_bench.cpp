@@ -1,4 +1,4 @@
-// Tables, blocks and dashes in numbers, each kind of drawing with n, 2n and 4n items. Linux only:
+// Measures n, 2n and 4n blocks, layers, inserts, groups of blocks, and dashes. Linux only:
 //
 //   build/linux/bin/hexlume_scale_bench
 #include <benchmark/benchmark.h>
@@ -12,7 +12,7 @@
 
 namespace {
 
-// A sheet no wider than this fits whatever its height, and so nothing is scaled.
+// A sheet of this width fits A0 whatever its height, so the drawing isn't scaled.
 constexpr int sheetWidth = 800;
 
 std::string Group(int code, const std::string& value) {
@@ -41,7 +41,7 @@ std::string Header(double height) {
   return Section("HEADER", groups);
 }
 
-// Layer 0 and others, and DASHED with dashes and gaps of a unit of the sheet, 0.01 mm.
+// Layer 0, more layers, and the line type DASHED with dashes and gaps of one unit of the sheet (0.01 mm).
 std::string Tables(const std::string& layers = "") {
   return Section("TABLES",
                  "0\nTABLE\n2\nLTYPE\n0\nLTYPE\n2\nDASHED\n73\n2\n49\n0.01\n49\n-0.01\n0\nENDTAB\n"
@@ -62,7 +62,7 @@ std::string Insert(const std::string& block, double x, double y) {
   return "0\nINSERT\n8\n0\n2\n" + block + '\n' + Point(0, x, y);
 }
 
-// Places for many small things, in rows over a sheet of 800 x 500.
+// The place of the i-th small item, in rows over a sheet of 800 x 500.
 constexpr double rowsHeight = 500;
 double ColumnOf(int64_t i) {
   return static_cast<double>(i % 790);
@@ -100,8 +100,8 @@ std::string DrawingOfInserts(int64_t count) {
          Section("ENTITIES", entities);
 }
 
-// A line of a block that is inserted again and again, with so many groups of no meaning in all: its own, or
-// those of an entity of a kind that isn't drawn in a block.
+// A block that is inserted many times. It has a line, and groups without meaning, which belong to the line or
+// to an entity of a kind that isn't drawn in a block. All inserts together read this number of groups.
 std::string DrawingOfGroups(int64_t groups, const char* entity) {
   constexpr int64_t groupsOfABlock = 20000;
   std::string block = Line("0", 0, 0, 5, 3) + entity;
@@ -124,7 +124,7 @@ std::string DrawingOfADashedLine(int64_t dashes) {
          Section("ENTITIES", Line("0", 400, 50, 400, 50 + length) + "6\nDASHED\n");
 }
 
-// Arcs with a radius of 100 mm and 25,000 dashes each, in a block of a block.
+// Arcs with a radius of 100 mm and 25,000 dashes each, in a block within a block.
 std::string DrawingOfNestedDashes(int64_t dashes) {
   constexpr int64_t dashesOfAnArc = 25000;
   const double degrees = dashesOfAnArc * 0.02 / 100 * 180 / std::acos(-1.0);

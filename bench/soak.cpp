@@ -1,4 +1,4 @@
-// Converts over and over in one process, and tells whether its memory grows: hexlume_soak [CONVERSIONS]
+// Converts many times in one process and checks that its memory doesn't grow: hexlume_soak [CONVERSIONS]
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -16,7 +16,7 @@ const char* const drawing =
     "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n62\n1\n10\n0\n20\n0\n11\n10\n21\n10\n"
     "0\nLINE\n8\nB\n10\n5\n20\n5\n11\n90\n21\n5\n0\nENDSEC\n0\nEOF\n";
 
-// Kilobytes of memory in use. The cheaper /proc/self/statm can lag behind.
+// Kilobytes of memory in use. The cheaper /proc/self/statm can be out of date.
 long ResidentKilobytes() {
   std::ifstream rollup("/proc/self/smaps_rollup");
   std::string word;

@@ -1,4 +1,4 @@
-// Texts of all kinds: n, 2n and 4n of them. Linux only:
+// Measures n, 2n and 4n TEXTs, MTEXTs and ATTRIBs. Linux only:
 //
 //   build/linux/bin/hexlume_text_bench
 #include <benchmark/benchmark.h>
@@ -16,13 +16,13 @@ std::string DrawingOf(const std::string& entities) {
          entities + "0\nENDSEC\n";
 }
 
-// Places in rows over the sheet, at layer 0 with a text height of 3.
+// The groups of the i-th text, in rows over the sheet: layer 0, colour 7, height 3.
 std::string TextAt(int64_t i) {
   return "8\n0\n62\n7\n10\n" + std::to_string(i % 790) + "\n20\n" + std::to_string(10 + i / 790 % 480) +
          "\n40\n3\n";
 }
 
-// Latin and Japanese by turns, as the two are measured and placed differently.
+// Alternately Latin and Japanese, because the two are measured and placed differently.
 std::string DrawingOfTexts(int64_t count) {
   std::string entities;
   for (int64_t i = 0; i < count; ++i)
@@ -51,7 +51,7 @@ void BM_Texts(benchmark::State& state) {
 }
 BENCHMARK(BM_Texts)->Arg(25000)->Arg(50000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-// Of three paragraphs each.
+// With three paragraphs each.
 void BM_MTexts(benchmark::State& state) {
   Convert(state, DrawingOfMTexts);
 }

@@ -1,7 +1,7 @@
-# The part that both cross compilers share; the toolchain file sets CMAKE_SYSTEM_PROCESSOR first.
+# The common part of both toolchain files, which set CMAKE_SYSTEM_PROCESSOR before they include this one.
 set(CMAKE_SYSTEM_NAME Windows)
 set(MINGW_PREFIX ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32)
-set(CMAKE_C_COMPILER ${MINGW_PREFIX}-gcc-win32)  # GoogleTest asks for one
+set(CMAKE_C_COMPILER ${MINGW_PREFIX}-gcc-win32)  # for GoogleTest
 set(CMAKE_CXX_COMPILER ${MINGW_PREFIX}-g++-win32)
 set(CMAKE_RC_COMPILER ${MINGW_PREFIX}-windres)
 set(CMAKE_FIND_ROOT_PATH /usr/${MINGW_PREFIX})

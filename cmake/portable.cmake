@@ -1,18 +1,21 @@
-# Our own GDI stands on a region library and a font library.
+# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1 freetype2 fontconfig)
 
-# In place of dialogs, what the host answers.
+# The host's answers replace the dialogs.
 set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/answers/dialog_answers.cpp
   src/dialogs/answers/selection_sheet.cpp
   src/dialogs/answers/size_dialog.cpp
 )
 set(PLATFORM_SOURCES
+  src/platform/code_page_932.cpp
+  src/platform/ellipse_scan.cpp
+  src/platform/path_region.cpp
+  src/platform/polygon_scan.cpp
   src/platform/portable/arc_bounds.cpp
-  src/platform/portable/code_page_932.cpp
+  src/platform/portable/box_region.cpp
   src/platform/portable/device_context.cpp
-  src/platform/portable/ellipse_scan.cpp
   src/platform/portable/emf_writer.cpp
   src/platform/portable/fault_guard.cpp
   src/platform/portable/font_face.cpp
@@ -20,14 +23,12 @@ set(PLATFORM_SOURCES
   src/platform/portable/full_width.cpp
   src/platform/portable/gdi_object.cpp
   src/platform/portable/host_exception.cpp
+  src/platform/portable/japanese_locale.cpp
   src/platform/portable/kept_libraries.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
-  src/platform/portable/japanese_locale.cpp
   src/platform/portable/module_file.cpp
   src/platform/portable/objects.cpp
-  src/platform/portable/path_region.cpp
-  src/platform/portable/polygon_scan.cpp
   src/platform/portable/reference_dc.cpp
   src/platform/portable/region_data.cpp
   src/platform/portable/region_records.cpp
@@ -41,9 +42,9 @@ set(PLATFORM_SOURCES
 )
 set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 
-# Nothing but the exports is to be seen from outside.
+# Only the exports are visible outside the library.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(EXPORTS_SOURCES src/driver/hexlume.map)
-set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION 0
+set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
   LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/driver/hexlume.map)
 set(LIBRARY_LINK_OPTIONS -Wl,--version-script=${CMAKE_SOURCE_DIR}/src/driver/hexlume.map -Wl,--no-undefined)

@@ -1,12 +1,16 @@
 enable_language(RC)
 
+# The same sources give the same bytes: no time of the build in libraries and programs.
+add_link_options(-Wl,--no-insert-timestamp)
+
 set(SYSTEM_DIALOGS_SOURCES
-  src/dialogs/check_dlg.cpp
+  src/dialogs/check_page.cpp
   src/dialogs/font_scale.cpp
   src/dialogs/layer_page.cpp
   src/dialogs/line_page.cpp
   src/dialogs/menu_font.cpp
-  src/dialogs/size_dlg.cpp
+  src/dialogs/selection_sheet.cpp
+  src/dialogs/size_dialog.cpp
   src/dialogs/theme.cpp
   src/dialogs/toolkit/check_box_image.cpp
   src/dialogs/toolkit/check_list_box.cpp
@@ -22,21 +26,23 @@ set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/toolkit/wnd.cpp
 )
 set(PLATFORM_SOURCES
-  src/platform/portable/code_page_932.cpp
-  src/platform/portable/polygon_scan.cpp
+  src/platform/code_page_932.cpp
+  src/platform/ellipse_scan.cpp
+  src/platform/path_region.cpp
+  src/platform/polygon_scan.cpp
+  src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
   src/platform/windows/japanese_locale.cpp
   src/platform/windows/module_file.cpp
-  src/platform/windows/path_region.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/stack_room.cpp
   src/platform/windows/system_version.cpp
 )
 set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)
 
-# In UTF-8.
+# The resource script is in UTF-8.
 set(CMAKE_RC_FLAGS "-c 65001")
 set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
   COMPILE_DEFINITIONS "HEXLUME_VERSION=${PROJECT_VERSION};HEXLUME_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0"
@@ -44,5 +50,5 @@ set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
 set(EXPORTS_SOURCES src/driver/hexlume.def src/dialogs/hexlume.rc)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)
-# The C++ runtime goes into the library: a host needs nothing but Windows.
+# Links the C++ runtime into the library, so that a host needs nothing but Windows.
 set(LIBRARY_LINK_OPTIONS -static)

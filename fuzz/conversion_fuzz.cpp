@@ -1,5 +1,5 @@
-// Converts what the fuzzer makes up, as a host does. The first bytes of an input choose the call and the
-// dialogs' answers, the rest is the drawing. Whatever breaks the contract of hexlume.h ends the process.
+// Converts the fuzzer's inputs, as a host does. The first nine bytes of an input choose the call and the
+// dialogs' answers, the rest is the drawing. A violation of the contract in hexlume.h ends the process.
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -13,13 +13,12 @@
 #include "hexlume.h"
 #include "hexlume_answers.h"
 
-// The library's own guard must not take a fault of the processor for one that may happen: the sanitizer keeps
-// it.
+// Processor faults go to the sanitizer and not to the library's own guard, which would hide them.
 extern "C" const char* __asan_default_options() {
   return "handle_segv=2:handle_sigbus=2:handle_sigfpe=2:handle_sigill=2:handle_sigtrap=2";
 }
 
-// Fontconfig keeps memory where the leak checker doesn't see it.
+// Fontconfig refers to memory by offsets, which the leak checker can't follow.
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:libfontconfig";
 }
@@ -28,7 +27,7 @@ namespace {
 
 enum Conversion { whole, part, turned, fullSize, conversionCount };
 
-// What the first bytes of an input say. scripts/fuzz.sh writes some before each seed.
+// The size of the head of an input, in bytes. scripts/fuzz.sh writes one before each seed.
 constexpr size_t headSize = 9;
 
 struct Head {
@@ -57,7 +56,7 @@ Head ReadHead(const uint8_t* bytes) {
   for (int32_t family = 0; family < 5; ++family)
     if (bytes[2] >> family & 1) head.hiddenFamilies.push_back(family);
   head.scaleDenominator = bytes[3] * 5 - 5;
-  // Each side of the view is a number of small, middle or huge steps.
+  // Each side of the view is -128 to 127 steps of 1 to 2^23.
   const int32_t step = int32_t{1} << bytes[4] % 24;
   const auto side = [&](int32_t i) { return static_cast<int8_t>(bytes[5 + i]) * step; };
   head.view = {side(0), side(1), side(2), side(3)};
@@ -73,7 +72,7 @@ void Check(bool holds, const char* what) {
   if (!holds) Fail(what);
 }
 
-// The one drawing of the process, in memory. Returns its path.
+// Writes the drawing to the one file of the process, which is in memory. Returns its path.
 const char* WriteDrawing(const uint8_t* bytes, size_t size) {
   static const int file = memfd_create("drawing", 0);
   static const std::string path = "/proc/self/fd/" + std::to_string(file);
@@ -88,7 +87,7 @@ uint32_t WordAt(const std::vector<uint8_t>& bytes, size_t place) {
   return word;
 }
 
-// The records must walk to the metafile's end, with what the first one tells of them.
+// Checks that the records fill the metafile and agree with the size and the count in the header.
 void CheckRecords(HENHMETAFILE metafile) {
   constexpr uint32_t headerType = 1, endType = 14;
   constexpr size_t smallestHeader = 100;
@@ -96,13 +95,13 @@ void CheckRecords(HENHMETAFILE metafile) {
   Check(bytes.size() >= smallestHeader, "the metafile has no header");
   Check(GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data()) == bytes.size(),
         "the metafile's size changes");
-  Check(WordAt(bytes, 0) == headerType && WordAt(bytes, 48) == bytes.size(), "the header tells another size");
+  Check(WordAt(bytes, 0) == headerType && WordAt(bytes, 48) == bytes.size(), "the header has another size");
   size_t place = 0;
   uint32_t count = 0;
   uint32_t type = 0;
   while (place < bytes.size()) {
     Check(bytes.size() - place >= 8, "a record is cut off");
-    Check(type != endType, "a record stands behind the end");
+    Check(type != endType, "there is a record after the end");
     type = WordAt(bytes, place);
     const uint32_t size = WordAt(bytes, place + 4);
     Check(size >= 8 && size % 4 == 0 && size <= bytes.size() - place, "a record has no valid size");
@@ -110,7 +109,7 @@ void CheckRecords(HENHMETAFILE metafile) {
     ++count;
   }
   Check(type == endType, "the metafile has no end");
-  Check(WordAt(bytes, 52) == count, "the header tells another number of records");
+  Check(WordAt(bytes, 52) == count, "the header has another number of records");
 }
 
 int32_t Convert(const Head& head, Conversion conversion, const char* path, HENHMETAFILE* out) {
@@ -124,7 +123,7 @@ int32_t Convert(const Head& head, Conversion conversion, const char* path, HENHM
   }
 }
 
-// The file is always there and no dialog is ever cancelled, so only two codes can come.
+// The file always exists and no dialog is cancelled, so only two return codes are possible.
 void ConvertAndCheck(const Head& head, Conversion conversion, const char* path) {
   char place;
   const auto untouched = reinterpret_cast<HENHMETAFILE>(&place);

@@ -1,5 +1,5 @@
-/* What hexlume.h needs of the system: the rectangle and the metafile's handle, with the calls a host makes on one. On
- * Windows they are the system's own. Elsewhere the library brings them along, with the meaning that they have there. */
+/* The types of the system that hexlume.h needs: the rectangle and the metafile's handle, with the functions that a host
+ * calls on it. On Windows they are the system's own. Elsewhere the library defines them, with the same meaning. */
 #ifndef HEXLUME_SYSTEM_H
 #define HEXLUME_SYSTEM_H
 
@@ -28,11 +28,11 @@ typedef struct tagRECT {
 
 typedef struct HENHMETAFILE__ *HENHMETAFILE;
 
-/* Copies the metafile's bytes, those of a .emf file, to buffer and returns their number; 0 if size is too small. With
- * buffer NULL it only returns the number. */
+/* Copies the metafile's bytes, which are those of a .emf file, to buffer and returns their number, or 0 if size is too
+ * small. If buffer is NULL, only returns the number. */
 UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t *buffer);
 
-/* Gives a metafile back. Returns 0 for NULL. */
+/* Frees a metafile. Returns 0 for NULL. */
 BOOL DeleteEnhMetaFile(HENHMETAFILE metafile);
 
 #ifdef __cplusplus

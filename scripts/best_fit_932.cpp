@@ -1,13 +1,12 @@
-// Lists what Windows makes of each UTF-16 unit in code page 932, where it isn't what the unit's own character
-// would be: substitutes that look alike. One row a unit, its number and the bytes.
-// scripts/make_best_fit_932.sh builds and runs it.
+// Lists the UTF-16 units that aren't in code page 932 and that Windows converts to a similar character of it.
+// One row a unit: its number and the bytes. scripts/make_best_fit_932.sh builds and runs this program.
 #include <windows.h>
 
 #include <cstdio>
 
 namespace {
 
-// The bytes as a number, the first one high; 0 if there are none.
+// Returns the bytes as a number, the first byte high. Returns 0 if there are none.
 unsigned Bytes(wchar_t unit, DWORD flags) {
   char bytes[2] = {};
   const int count = WideCharToMultiByte(932, flags, &unit, 1, bytes, sizeof bytes, nullptr, nullptr);

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds one preset: scripts/build.sh PRESET [TARGET ...]. Prints what the compiler says only if there is something to say.
+# Builds one preset: scripts/build.sh PRESET [TARGET ...]. Prints the compiler's output only if there are errors or
+# warnings.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -14,7 +15,7 @@ if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "${targets[@
   cat "$log" >&2
   exit 1
 fi
-# A whole build says what it leaves out because a package is missing.
+# A build of everything also prints which parts it leaves out because a package is missing.
 [ "${#targets[@]}" -gt 0 ] || sed -n '/^CMake Warning/,/^$/p' "$log" >&2
 if grep -q 'warning:' "$log"; then
   grep -A 8 'warning:' "$log" >&2

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Whether all sources stand as clang-format puts them. The public headers are C and stand as a C reader expects them.
+# Checks that all sources are formatted as clang-format does it, except the public headers, which are in C style.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 find . -path ./build -prune -o \( -name '*.h' -o -name '*.cpp' \) ! -path './include/*' -print0 |

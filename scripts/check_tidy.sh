@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Runs clang-tidy with the checks of .clang-tidy over the native library and tool, which must have been configured.
+# Runs clang-tidy with the checks of .clang-tidy on the native library and tool. The preset linux must have been
+# configured.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 database=build/linux
 [ -f "$database/compile_commands.json" ] || { echo "cmake --preset linux comes first" >&2; exit 1; }
-# Only what this build compiles: the database has no entry for the other systems' sources.
+# Only the sources in the database of this build: it has no entry for those of other systems.
 python3 -c '
 import json, os, sys
 root = os.getcwd() + "/"

@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
-# Whether all builds draw the same, stroke for stroke: scripts/compare_builds.sh FOLDER...
+# Checks that all builds draw the same, stroke for stroke: scripts/compare_builds.sh FOLDER...
 #
-# The drawings are those below the folders and 500 made by chance. Each is converted in several ways by each build, and
-# the listings must be equal to the letter, what is said of failed conversions too. Where dialogs are shown, a user presses
-# OK.
+# The drawings are those below the folders and 500 random ones. Each build converts each of them in several ways. The
+# listings must be identical, including the messages about failed conversions. Dialogs are answered with OK.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 . "$root/scripts/wine_environment.sh"
@@ -15,7 +14,7 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 mkdir "$scratch/random" "$scratch/out"
 "$root/build/linux/bin/hexlume_random_drawings" "$scratch/random" "$random_drawings"
-# Each under a name of its own, as all metafiles go to one folder.
+# Each drawing gets a unique name, because all metafiles are written to one folder.
 count=0
 mkdir "$scratch/drawings"
 while IFS= read -r -d '' drawing; do
@@ -24,8 +23,8 @@ while IFS= read -r -d '' drawing; do
 done < <(find "$@" "$scratch/random" -iname '*.dxf' -print0 | sort -z)
 [ "$count" -gt "$random_drawings" ] || { echo "no drawings found in $*" >&2; exit 1; }
 
-# The drawings are named from within their folder, so that all builds say the same of them; some hundreds a time, as a
-# command of Windows has 32767 characters at most.
+# The names are relative to the folder of the drawings, so that all builds print the same messages. A Windows command
+# has at most 32767 characters, hence 400 drawings at a time.
 list() {
   local build=$1 way=$2 screen=() tool
   local folder=$root/build/$build/bin
@@ -38,7 +37,7 @@ list() {
     *) tool=(wine "$folder/hexlume.exe") ;;
   esac
   cd "$scratch/drawings"
-  # shellcheck disable=SC2086 # a way is several words
+  # shellcheck disable=SC2086 # a way has several words
   printf '%s\0' ./*.dxf | "${screen[@]}" xargs -0 -n 400 "${tool[@]}" $way --list -d ../out \
     2>&1 | tr -d '\r' >"$scratch/$build.txt" || true # standard error has the system's line ends
 }

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Fuzzes the native library: scripts/fuzz.sh SECONDS [OPTION OF THE FUZZER ...]
 #
-# The seeds are the drawings of the tests and some made by chance, each with a head that says how it is converted. What the
-# fuzzer learns stays in build/linux-fuzz/corpus for the next run, what it finds in build/linux-fuzz/findings. A finding
-# alone: build/linux-fuzz/bin/hexlume_conversion_fuzz FINDING
+# The seeds are the drawings of the tests and some random ones, each with a head that chooses the conversion. The fuzzer
+# keeps its corpus in build/linux-fuzz/corpus for the next run, and writes what it finds to build/linux-fuzz/findings.
+# To run one finding again: build/linux-fuzz/bin/hexlume_conversion_fuzz FINDING
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 [ $# -gt 0 ] || { echo "usage: scripts/fuzz.sh SECONDS [OPTION OF THE FUZZER ...]" >&2; exit 64; }
@@ -17,8 +17,8 @@ rm -rf "$folder/seeds" "$folder/random"
 mkdir -p "$folder/seeds" "$folder/random" "$folder/corpus" "$folder/findings"
 build/linux/bin/hexlume_random_drawings "$folder/random" 300
 
-# The bytes of ReadHead in fuzz/conversion_fuzz.cpp: conversion and dialogs, switches, families, scale, the view's step
-# and its sides.
+# The nine bytes that ReadHead in fuzz/conversion_fuzz.cpp reads: conversion and dialogs, switches, families, scale, the
+# view's step and its four sides.
 heads=(
   '\x00\x00\x00\x01\x00\x00\x00\x00\x00'
   '\x01\x02\x00\x01\x0A\x01\x02\x0C\x0A'

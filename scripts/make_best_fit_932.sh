@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the table of the characters that Windows replaces by others that look alike in code page 932, from what the
-# system itself answers for all 65,536 UTF-16 units.
+# Writes the table of the UTF-16 units that Windows replaces by similar characters of code page 932. It asks the system
+# for each of the 65,536 units.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/wine_environment.sh
@@ -12,4 +12,4 @@ prepare_wine
 {
   echo "// Made by scripts/make_best_fit_932.sh."
   wine "$scratch/best_fit_932.exe" | tr -d '\r'
-} >src/platform/portable/code_page_932_best_fit.inc
+} >src/platform/code_page_932_best_fit.inc

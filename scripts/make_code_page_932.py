@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Writes the table of code page 932's double-byte characters from Python's codec.
 
-    scripts/make_code_page_932.py >src/platform/portable/code_page_932_table.inc
+    scripts/make_code_page_932.py >src/platform/code_page_932_table.inc
 
-A row for each lead byte that has characters of its own (the user's own, F0 to F9, follow a rule), a column for each
-trail byte from 40 to FC, 0 where there is no character.
+There is a row for each lead byte with characters (except F0 to F9, the user-defined ones, which are computed) and a
+column for each trail byte from 40 to FC; 0 if there is no character.
 """
 
 LEAD_BYTES = [*range(0x81, 0xA0), *range(0xE0, 0xF0), *range(0xFA, 0xFD)]

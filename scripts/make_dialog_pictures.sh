@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures of the dialogs in docs/gallery.md: scripts/make_dialog_pictures.sh, after a build of the preset win-x64.
-# The tests do without the fonts that it sets up, so it has a Wine of its own.
+# Makes the pictures of the dialogs in docs/gallery.md: scripts/make_dialog_pictures.sh, after a build of the preset
+# win-x64. It installs fonts that the tests must not have, so it uses a Wine prefix of its own.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -10,13 +10,13 @@ export HEXLUME_WINEPREFIX="$scratch/wine"
 . scripts/wine_environment.sh
 prepare_wine
 
-# The sign on the close button is a letter of this font.
-chmod 755 "$scratch" # apt fetches as its own user
+# The cross on the close button is a character of this font.
+chmod 755 "$scratch" # apt downloads as a user of its own
 mkdir -m 777 "$scratch/fonts"
 (cd "$scratch/fonts" && apt-get download -qq fonts-wine && dpkg -x fonts-wine_*.deb .)
 cp "$scratch/fonts/usr/share/wine/fonts/marlett.ttf" "$WINEPREFIX/drive_c/windows/Fonts"
 
-# The fonts of a Japanese Windows, by their free likeness.
+# Replaces the fonts of a Japanese Windows by a similar free one.
 for face in 'ＭＳ Ｐゴシック' 'MS UI Gothic' 'MS PGothic'; do
   wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$face" /d IPAPGothic /f >/dev/null
 done

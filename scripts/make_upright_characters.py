@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Writes the table of the characters that stand upright in vertical text from the Unicode data (Debian's package
+"""Writes the table of the characters that are upright in vertical text, from the Unicode data (Debian's package
 unicode-data has it in /usr/share/unicode).
 
     scripts/make_upright_characters.py VerticalOrientation.txt >src/platform/portable/upright_characters.inc
 
-A row for each range of UTF-16 units whose orientation is U or Tu, with its first and last unit.
+There is a row for each range of UTF-16 units whose orientation is U or Tu: its first and its last unit.
 """
 
 import re

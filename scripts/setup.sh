@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Installs what building and testing Hexlume needs on Debian 12. A machine that has it all is left untouched, without a
-# look at the network, so the callers can run this every time.
+# Installs the packages for building and testing Hexlume on Debian 12. If all are installed, nothing is changed and the
+# network isn't used, so other scripts can call this every time.
 #
-#   scripts/setup.sh native        what the native library and tool need
-#   scripts/setup.sh native-test   the same, and what their tests need
-#   scripts/setup.sh windows       the cross compilers and Wine for the Windows ones
-#   scripts/setup.sh test          both, and what all tests need
-#   scripts/setup.sh fuzz          what the native library and the fuzzer need
+#   scripts/setup.sh native        for the native library and tool
+#   scripts/setup.sh native-test   for the native library and tool and their tests
+#   scripts/setup.sh windows       for the Windows library and tool: cross compilers and Wine
+#   scripts/setup.sh test          for all builds and all tests
+#   scripts/setup.sh fuzz          for the native library and the fuzzer
+#   scripts/setup.sh package       for making and testing the packages
 set -euo pipefail
 
 native_packages=(
@@ -21,9 +22,13 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
-native_test_packages=(clang-format googletest libbenchmark-dev libemf2svg-dev libuemf-dev)
+native_test_packages=(
+  clang-format doxygen googletest libbenchmark-dev libemf2svg-dev libuemf-dev
+  libmono-system-core4.0-cil mono-mcs mono-runtime python3
+)
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
+package_packages=(debootstrap doxygen dpkg-dev file lintian llvm unzip zip)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
@@ -33,7 +38,8 @@ case "${1:-}" in
     packages=("${native_packages[@]}" "${native_test_packages[@]}" "${windows_packages[@]}" "${windows_test_packages[@]}")
     ;;
   fuzz) packages=("${native_packages[@]}" "${fuzz_packages[@]}") ;;
-  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz" >&2; exit 64 ;;
+  package) packages=("${native_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}") ;;
+  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz|package" >&2; exit 64 ;;
 esac
 
 as_root() {
@@ -52,19 +58,19 @@ needs_wine() {
 }
 
 install_from_configured_archives() {
-  as_root apt-get update || true # a broken index of one archive need not stop us: the install tells
+  as_root apt-get update || true # one archive's broken index may not matter: the install shows
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"
 }
 
-# The security archive's i386 index is at times out of step with its release file and can't be fetched. Without it apt
-# sees newer amd64 libraries than i386 ones and refuses Wine. The main archive alone is consistent in itself, so it is
-# asked through a source list and an index folder of our own. All Wine packages go in one call: apt would remove wine64
-# to make room for wine32 otherwise.
+# At times the security archive's i386 index doesn't match its release file and can't be downloaded. Without it apt sees
+# newer libraries for amd64 than for i386 and refuses to install Wine. The main archive alone is consistent, so it is
+# used through a source list and an index folder of our own. All Wine packages are installed in one call; otherwise apt
+# would remove wine64 to install wine32.
 install_from_main_archive() {
   local site
   scratch=$(mktemp -d)
   trap 'as_root rm -rf "$scratch"' EXIT
-  chmod 755 "$scratch" # apt fetches as its own user
+  chmod 755 "$scratch" # apt downloads as a user of its own
   mkdir -p "$scratch/sources" "$scratch/lists/partial"
   site=$(apt-get indextargets --format '$(SITE) $(LABEL) $(CODENAME)' 2>/dev/null |
     awk '$2 == "Debian" && $3 == "bookworm" { print $1; exit }' || true)
@@ -81,8 +87,8 @@ simulate_main_archive() {
   LC_ALL=C apt-get "${main_archive[@]}" install --simulate --no-install-recommends "$@"
 }
 
-# A library must have the same version for amd64 and i386. One that came from the security archive for amd64 goes back to
-# the main archive's version.
+# A library must have the same version for amd64 and i386. An amd64 library from the security archive is replaced by the
+# main archive's version.
 prefer_main_archive() {
   local older
   printf 'Package: *\nPin: release n=bookworm\nPin-Priority: 1001\n' >"$scratch/preferences"
@@ -96,7 +102,7 @@ has_japanese_locale() {
   [ "$(LC_ALL=ja_JP.UTF-8 locale charmap 2>/dev/null)" = UTF-8 ]
 }
 
-# Other packages run locale-gen, which drops every locale that its list doesn't name.
+# Other packages run locale-gen, which removes all locales that aren't in /etc/locale.gen.
 make_japanese_locale() {
   grep -q '^ja_JP\.UTF-8 UTF-8' /etc/locale.gen || echo 'ja_JP.UTF-8 UTF-8' | as_root tee -a /etc/locale.gen >/dev/null
   has_japanese_locale || as_root localedef -i ja_JP -f UTF-8 ja_JP.UTF-8

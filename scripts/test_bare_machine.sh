@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Whether a bare Debian 12 gets all it needs, in either order: scripts/test_bare_machine.sh
+# Checks that hexlume.sh and setup.sh install all they need on a bare Debian 12, in both orders:
+# scripts/test_bare_machine.sh
 #
-# It needs root, debootstrap and the network, and takes a quarter of an hour. The machines are folders below /var/tmp. Their
-# security archive has packages for amd64 only, as on the days when its i386 index can't be fetched: the hardest case for
-# Wine.
+# Needs root, debootstrap and the network, and takes a quarter of an hour. The machines are folders below /var/tmp.
+# Their security archive has packages for amd64 only, as on days when its i386 index can't be downloaded: the hardest
+# case for Wine.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -23,14 +24,14 @@ END
   git ls-files -z | tar --null -T - -c | tar -x -C "$machine/hexlume"
 }
 
-# Its processes and its mount end with the command.
+# Runs one command on a machine. All its processes and its mount end with the command.
 on_machine() {
   local machine=$1 command=$2
   unshare --mount --propagation private --pid --fork --kill-child bash -c 'mount -t proc proc "$0/proc" && exec chroot "$0" "$@"' \
     "$machine" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin bash -c "cd /hexlume && $command"
 }
 
-# Runs commands one after the other on a machine of their own.
+# Runs commands in order on a new machine.
 try() {
   local machine="$scratch/machine" command
   cp -a "$scratch/bare" "$machine"

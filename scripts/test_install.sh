@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Installs a native build into a temporary folder, moves it, builds the example host against it with CMake and with
-# pkg-config, and has the hosts and the installed tool convert a drawing: scripts/test_install.sh [BUILD_FOLDER]
+# Tests the installed package: scripts/test_install.sh [BUILD_FOLDER]
+#
+# Installs a native build into a temporary folder, moves it, follows the links of its documents, builds the example host
+# with CMake and with pkg-config, and converts a drawing with these hosts and the installed tool.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -13,7 +15,30 @@ run() {
   "$@" >"$log" 2>&1 || { echo "failed: $*" >&2; cat "$log" >&2; exit 1; }
 }
 
-# An installed tree names no place, so it can be moved.
+# Prints the anchors of a document's headings: lower case, without punctuation, hyphens for blanks.
+anchors_of() {
+  sed -n 's/^#\+ //p' "$1" | tr '[:upper:]' '[:lower:]' | sed 's/[^a-z0-9 _-]//g; s/ /-/g'
+}
+
+# Prints each link in the documents below a folder that leads to no file or to no heading.
+broken_links() {
+  local document link file anchor
+  while IFS= read -r -d '' document; do
+    while IFS= read -r link; do
+      case "$link" in http://* | https://*) continue ;; esac
+      file=${link%%#*}
+      [ -n "$file" ] && file=$(dirname "$document")/$file || file=$document
+      anchor=${link#"${link%%#*}"}
+      if [ ! -e "$file" ]; then
+        echo "$document: $link"
+      elif [ -n "$anchor" ] && ! anchors_of "$file" | grep -xF -e "${anchor#\#}" >/dev/null; then
+        echo "$document: $link"
+      fi
+    done < <(grep -o '](\([^)]*\))' "$document" | sed 's/^](//; s/)$//')
+  done < <(find "$1" -name '*.md' -print0)
+}
+
+# An installed tree contains no path of its own, so it can be moved.
 run cmake --install "$build" --prefix "$scratch/first"
 mv "$scratch/first" "$scratch/package"
 libraries=$(dirname "$(find "$scratch/package" -name libhexlume.so)")
@@ -21,7 +46,13 @@ if grep -rqI "$scratch/first" "$scratch/package"; then
   echo "The installed files name the folder they were installed to." >&2
   exit 1
 fi
-for header in hexlume hexlume_system hexlume_answers; do test -f "$scratch/package/include/$header.h"; done
+for header in hexlume.h hexlume_system.h hexlume_answers.h hexlume_host.h hexlume_host.hpp; do
+  test -f "$scratch/package/include/$header"
+done
+documents=$(find "$scratch/package" -type d -name docs -printf '%h\n')
+links=$(broken_links "$documents")
+test -f "$documents/README.md"
+[ -z "$links" ] || { echo "Links that lead nowhere: $links" >&2; exit 1; }
 
 run cmake -G Ninja -S examples/host -B "$scratch/cmake" "-DCMAKE_PREFIX_PATH=$scratch/package" -DCMAKE_C_FLAGS="-Wall -Wextra -Werror"
 run cmake --build "$scratch/cmake"
@@ -32,7 +63,12 @@ read -ra flags <<<"$(pkg-config --cflags --libs hexlume)"
 run cc -Wall -Wextra -Werror examples/host/host.c "${flags[@]}" -o "$scratch/host"
 run env LD_LIBRARY_PATH="$libraries" "$scratch/host" examples/FIRST.dxf "$scratch/pkg_config.emf"
 
+read -ra flags <<<"$(pkg-config --cflags --libs hexlume_host)"
+run cc -std=c11 -Wall -Wextra -Werror examples/hosts/convert.c "${flags[@]}" -o "$scratch/convert"
+run env LD_LIBRARY_PATH="$libraries" "$scratch/convert" examples/FIRST.dxf "$scratch/host_library.emf"
+
 run "$scratch/package/bin/hexlume" examples/FIRST.dxf "$scratch/tool.emf"
 test -s "$scratch/tool.emf"
 cmp "$scratch/tool.emf" "$scratch/cmake.emf"
 cmp "$scratch/tool.emf" "$scratch/pkg_config.emf"
+cmp "$scratch/tool.emf" "$scratch/host_library.emf"

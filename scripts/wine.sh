@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs a Windows program through Wine: scripts/wine.sh [--screen] PROGRAM [ARGUMENT ...]
 #
-# --screen gives it a screen of its own, which nobody sees.
+# --screen gives the program a virtual screen.
 set -euo pipefail
 scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 . "$scripts/wine_environment.sh"

@@ -1,4 +1,4 @@
-// The circle of a bulge, the tangent of a quarter of the arc's angle, between two vertices.
+// The circle of a bulge between two vertices. The bulge is the tangent of a quarter of the arc's angle.
 
 #include <cmath>
 
@@ -9,9 +9,9 @@ namespace hexlume {
 
 namespace {
 
-struct BulgeArc {
-  double radius, centreX, centreY;
-  double startAngle, sweep;  // degrees
+// The fields of the record that hold one scope's circle.
+struct ScopeCircle {
+  double &radius, &centreX, &centreY;
 };
 
 }  // namespace
@@ -20,7 +20,7 @@ static double Degrees(double radians) {
   return radians * 180.0 / pi;
 }
 
-// The angle under which the centre sees (x, y), negated as AngleArc needs it.
+// The angle of (x, y) as seen from the centre in degrees, negated as AngleArc needs it.
 static double NegatedAngle(double centreX, double centreY, double x, double y) {
   const double dx = x - centreX;
   const double dy = centreY - y;
@@ -33,11 +33,12 @@ static double Midway(double a, double b) {
   return a < b ? a + (b - a) * 0.5 : b + (a - b) * 0.5;
 }
 
-static BulgeArc SolveBulgeArc(double bulge, double startX, double startY, double x, double y) {
+static void SolveBulgeArc(double bulge, double startX, double startY, double x, double y,
+                          const ScopeCircle& circle, double* startAngle, double* sweep) {
   const double angle = 4.0 * std::atan(std::fabs(bulge));
   const double halfAngle = angle * 0.5;
 
-  // The centre is found from the lower of the two vertices, from the start if they are level.
+  // The centre is computed from the lower vertex, or from the start if both have the same Y.
   const bool endIsLower = y < startY;
   const double lowerX = endIsLower ? x : startX;
   const double lowerY = endIsLower ? y : startY;
@@ -45,8 +46,7 @@ static BulgeArc SolveBulgeArc(double bulge, double startX, double startY, double
   const double chordY = Midway(startY, y) - lowerY;
   const double halfChord = std::sqrt(chordX * chordX + chordY * chordY);
 
-  // Between equal vertices a chord of 1 keeps the division whole: the radius comes out 0, the centre at the
-  // vertex.
+  // For equal vertices a chord of 1 avoids a division by 0: the radius is 0 and the centre is the vertex.
   const bool equalVertices = !endIsLower && x >= startX && halfChord == 0;
   const double chordDirection = std::acos(chordX / (equalVertices ? 1.0 : halfChord));
   const double chordToCentre = halfPi - halfAngle;
@@ -54,42 +54,28 @@ static BulgeArc SolveBulgeArc(double bulge, double startX, double startY, double
   const double centreDirection =
       centreLeftOfChord ? chordDirection + chordToCentre : chordDirection - chordToCentre;
 
-  BulgeArc arc;
-  arc.radius = halfChord / std::sin(halfAngle);
-  arc.centreX = std::cos(centreDirection) * arc.radius + lowerX;
-  arc.centreY = std::sin(centreDirection) * arc.radius + lowerY;
-  arc.startAngle = NegatedAngle(arc.centreX, arc.centreY, x, y);
-  arc.sweep = Degrees(angle);
-  // Doesn't come out negative, and must not.
-  arc.radius = std::fabs(arc.radius);
-  return arc;
+  const double radius = halfChord / std::sin(halfAngle);
+  circle.centreX = std::cos(centreDirection) * radius + lowerX;
+  circle.centreY = std::sin(centreDirection) * radius + lowerY;
+  // The radius isn't negative in practice, and must not be.
+  circle.radius = std::fabs(radius);
+  *startAngle = NegatedAngle(circle.centreX, circle.centreY, x, y);
+  *sweep = Degrees(angle);
 }
 
 void BulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
-  const BulgeArc arc = SolveBulgeArc(bulge, state.entX[0], state.entY[0], x, y);
-  state.entRadius = arc.radius;
-  state.entCentreX = arc.centreX;
-  state.entCentreY = arc.centreY;
-  *startAngle = arc.startAngle;
-  *sweep = arc.sweep;
+  SolveBulgeArc(bulge, state.entX[0], state.entY[0], x, y,
+                {state.entRadius, state.entCentreX, state.entCentreY}, startAngle, sweep);
 }
 
 void BlockBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
-  const BulgeArc arc = SolveBulgeArc(bulge, state.blockX[0], state.blockY[0], x, y);
-  state.blockRadius = arc.radius;
-  state.blockCentreX = arc.centreX;
-  state.blockCentreY = arc.centreY;
-  *startAngle = arc.startAngle;
-  *sweep = arc.sweep;
+  SolveBulgeArc(bulge, state.blockX[0], state.blockY[0], x, y,
+                {state.blockRadius, state.blockCentreX, state.blockCentreY}, startAngle, sweep);
 }
 
 void DimBulgeArcCentre(double bulge, double x, double y, double* startAngle, double* sweep) {
-  const BulgeArc arc = SolveBulgeArc(bulge, state.dimX[0], state.dimY[0], x, y);
-  state.dimRadius = arc.radius;
-  state.dimCentreX = arc.centreX;
-  state.dimCentreY = arc.centreY;
-  *startAngle = arc.startAngle;
-  *sweep = arc.sweep;
+  SolveBulgeArc(bulge, state.dimX[0], state.dimY[0], x, y,
+                {state.dimRadius, state.dimCentreX, state.dimCentreY}, startAngle, sweep);
 }
 
 }  // namespace hexlume

@@ -1,12 +1,13 @@
-// Cuts a slanted segment to the view. The segment's Y is negative on the sheet, the view's positive; where an
-// edge is compared or taken without turning its sign, that decides which segments are drawn and must stay.
+// Cuts a slanted segment to the view. The segment's Y is negative on the sheet, the view's is positive. Some
+// comparisons and assignments below use an edge without negating it: this decides which segments are drawn
+// and must stay so.
 
 #include "canvas/canvas.h"
 #include "driver/numbers.h"
 
 namespace hexlume {
 
-// False if nothing of the segment is left.
+// Returns false if nothing of the segment is left.
 static bool Cut(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t x1, int32_t x2, int32_t y1,
                 int32_t y2, ClippedSegment& result) {
   // y = x * slope + offset
@@ -23,15 +24,15 @@ static bool Cut(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_
       result.startX = left;
       result.startY = y;
     } else if (rising) {
-      // y isn't negated: on a normal sheet a rising segment from below the left edge is dropped, even if it
-      // would come in through the lower edge.
+      // y isn't negated: on a normal sheet this drops a rising segment that reaches the left edge below the
+      // view, even if it would enter through the lower edge.
       if (y < top) return false;
       // bottom isn't negated either.
       result.startX = Trunc((offset + bottom) / slope);
       result.startY = bottom;
       if (result.startX > right) return false;
     } else {
-      // Nor is y here: on a normal sheet nothing is dropped by this.
+      // Nor is y negated here: on a normal sheet this drops nothing.
       if (y > bottom) return false;
       result.startX = Trunc((upperEdge - offset) / slope);
       result.startY = upperEdge;
@@ -39,7 +40,7 @@ static bool Cut(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_
     }
   }
 
-  // The end's y is computed anew even where the end stays, and can come out a unit off.
+  // The end's y is recomputed even if the end is inside, and can differ by a unit.
   if (x2 > right) result.endX = right;
   result.endY = Trunc(result.endX * slope + offset);
   if (top <= WrapNegate(result.endY) && WrapNegate(result.endY) <= bottom) return true;

@@ -1,4 +1,4 @@
-// The dashed arc, walked by angles.
+// The dashed arc, drawn by angles.
 
 #include <cmath>
 
@@ -11,12 +11,12 @@ namespace hexlume {
 
 namespace {
 
-// A walk along an arc, counter-clockwise.
+// The state of a walk along an arc, counter-clockwise.
 struct ArcWalk {
   double radius;
   double endDegrees;  // negated
-  double angle;       // radians: where the last gap ended
-  double dashAngle;   // of the last dash; 0 before the first
+  double angle;       // radians: end of the last gap
+  double dashAngle;   // radians: length of the last dash; 0 before the first
   bool ended;
 };
 
@@ -27,8 +27,8 @@ bool IsDot(double element) {
 void StepOn(ArcWalk& walk, double element, int32_t index) {
   const double negatedEnd = walk.endDegrees * pi / 180.0;
   if (IsGapPlace(index)) {
-    // The dash before it is stepped over here. Behind a dot that is the dash before the dot once more, and so
-    // the gap is longer by it.
+    // The dash before the gap is added here. After a dot this is the dash before the dot once more, so the
+    // gap is longer by that dash.
     walk.angle = (walk.dashAngle - element / walk.radius) + walk.angle;
     walk.ended = negatedEnd > -walk.angle;
   } else if (!IsDot(element)) {
@@ -38,8 +38,8 @@ void StepOn(ArcWalk& walk, double element, int32_t index) {
   }
 }
 
-// From the second round of the pattern on, each one leads as far as the one before it: the first can lack the
-// dash that its dots and gaps look back to. A second round that gains nothing is followed by none that does.
+// From the second round of the pattern on, each round advances by the same angle. The first can differ, as
+// its dots and gaps may have no dash before them. If the second round doesn't advance, no later one does.
 bool ReachesEnd(ArcWalk walk, const double* pattern, int32_t count) {
   double roundStart = walk.angle;
   for (int32_t round = 0; round < 2; ++round) {
@@ -59,6 +59,7 @@ POINT PointOnArc(const POINT& centre, const ArcWalk& walk) {
 }
 
 void DrawDash(Canvas canvas, const POINT& centre, int32_t radius, const ArcWalk& walk) {
+  CountStroke();
   AngleArc(canvas, centre.x, centre.y, static_cast<DWORD>(radius),
            static_cast<float>(-180.0 * walk.angle / pi), static_cast<float>(walk.dashAngle * -180.0 / pi));
 }
@@ -66,7 +67,7 @@ void DrawDash(Canvas canvas, const POINT& centre, int32_t radius, const ArcWalk&
 void DrawDashes(Canvas canvas, const POINT& centre, int32_t radius, ArcWalk walk, const double* pattern,
                 int32_t count) {
   POINT position = PointOnArc(centre, walk);
-  for (int32_t i = 0; i < maxWalkElements && !walk.ended; ++i) {
+  for (int32_t i = 0; i < maxWalkElements && !walk.ended && !RunHasEnded(); ++i) {
     const int32_t index = i % count;
     StepOn(walk, pattern[index], index);
     if (IsGapPlace(index)) {
@@ -83,7 +84,7 @@ void DrawDashes(Canvas canvas, const POINT& centre, int32_t radius, ArcWalk walk
 }  // namespace
 
 void DashArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, double startAngle, double sweep,
-             int32_t centreX, int32_t centreY, COLORREF colour, const double* pattern, int32_t count,
+             int32_t centreX, int32_t centreY, COLORREF color, const double* pattern, int32_t count,
              int32_t mirror) {
   const POINT centre = PlacePoint(x, y, centreX, centreY, mirror);
   if (mirror) startAngle += 180.0;
@@ -91,7 +92,7 @@ void DashArc(Canvas canvas, int32_t x, int32_t y, int32_t radius, double startAn
   const ArcWalk walk = {static_cast<double>(radius), startAngle + sweep, -(pi * startAngle / 180.0), 0.0,
                         false};
 
-  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, colour);
+  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, color);
   const POINT start = PointOnArc(centre, walk);
   MoveToEx(canvas, start.x, start.y, nullptr);
   if (ReachesEnd(walk, pattern, count)) {

@@ -1,5 +1,5 @@
-// The dashed ellipse, walked by the angle of its own parameter, so that dashes come out longer along its long
-// axis.
+// The dashed ellipse, drawn by the angle of its parameter, so dashes are longer near the ends of
+// the short axis.
 
 #include <cmath>
 
@@ -17,16 +17,17 @@ struct EllipseShape {
   int32_t rx, ry;
 };
 
-// A walk along an ellipse, in radians. The signs of the axes tell where it starts and which way it goes.
+// The state of a walk along an ellipse, in radians. The signs of the axes decide where it starts and in which
+// direction it goes.
 struct EllipseWalk {
   double meanRadius;
   double endAngle;
-  double angle;    // where the last gap ended
-  double dashEnd;  // where the last dash ended, or the last dot stands
+  double angle;    // end of the last gap
+  double dashEnd;  // end of the last dash, or place of the last dot
   bool ended;
 };
 
-// Unlike on lines and arcs, anything but 0 is a dash, however short.
+// Unlike on lines and arcs, any element other than 0 is a dash.
 bool IsDot(double element) {
   return element == 0.0;
 }
@@ -44,8 +45,8 @@ void StepOn(EllipseWalk& walk, double element, int32_t index) {
   }
 }
 
-// Each round of the pattern leads as far as the one before it, except that the first can gain or lose what is
-// rounded. A second round that gains nothing is followed by none that does.
+// Each round of the pattern advances by the same angle, apart from rounding. If the second round doesn't
+// advance, no later one does.
 bool ReachesEnd(EllipseWalk walk, const double* pattern, int32_t count) {
   double roundStart = walk.angle;
   for (int32_t round = 0; round < 2; ++round) {
@@ -59,13 +60,14 @@ bool ReachesEnd(EllipseWalk walk, const double* pattern, int32_t count) {
 }
 
 double MeanRadius(int32_t rx, int32_t ry) {
-  // The squares of a large ellipse wrap around. Where the sum gets negative, no walk can end.
+  // The squares wrap around for a large ellipse. If the sum becomes negative, the mean is NaN and the
+  // walk never ends.
   return std::sqrt(static_cast<double>(WrapAdd(WrapMul(rx, rx), WrapMul(ry, ry)) / 2));
 }
 
-// The angles of a point dx to the right of the centre and dy below it, as a walk starts from it and ends at
-// it. The quotients stand upside down, and the two differ at the lower left: dashes fall where these angles
-// put them.
+// The angle at which a walk starts, and that at which it ends, for a point dx to the right of the centre
+// and dy below it. The quotients are inverted, and the two functions differ at the lower left. Dashes
+// depend on both.
 double AngleElsewhere(int32_t dx, int32_t dy) {
   if (dx > 0) return dy == 0 ? 0.0 : std::atan(static_cast<double>(dx) / dy);
   if (dx == 0) return dy > 0 ? threeHalvesPi : halfPi;
@@ -98,7 +100,7 @@ POINT PointOnEllipse(const EllipseShape& ellipse, double angle) {
           WrapSub(ellipse.centre.y, Trunc(std::sin(angle) * ellipse.ry))};
 }
 
-// The box is a unit wider than the caller's, who has widened it already.
+// Widens the box by a unit, although the caller has widened it already.
 void DrawPart(Canvas canvas, const EllipseShape& ellipse, const POINT& start, const POINT& end) {
   Arc(canvas, ellipse.leftTop.x, ellipse.leftTop.y, WrapAdd(ellipse.rightBottom.x, 1),
       WrapSub(ellipse.rightBottom.y, 1), start.x, start.y, end.x, end.y);
@@ -106,7 +108,7 @@ void DrawPart(Canvas canvas, const EllipseShape& ellipse, const POINT& start, co
 
 void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, const double* pattern,
                 int32_t count) {
-  for (int32_t i = 0; i < maxWalkElements && !walk.ended; ++i) {
+  for (int32_t i = 0; i < maxWalkElements && !walk.ended && !RunHasEnded(); ++i) {
     const int32_t index = i % count;
     StepOn(walk, pattern[index], index);
     if (IsGapPlace(index)) continue;
@@ -115,6 +117,7 @@ void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, co
     if (IsDot(pattern[index])) {
       DrawDot(canvas, position.x, position.y);
     } else {
+      CountStroke();
       DrawPart(canvas, ellipse, position, PointOnEllipse(ellipse, walk.dashEnd));
     }
   }
@@ -124,18 +127,18 @@ void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, co
 
 void DashEllipse(Canvas canvas, int32_t x, int32_t y, int32_t left, int32_t top, int32_t right,
                  int32_t bottom, int32_t xStart, int32_t yStart, int32_t xEnd, int32_t yEnd, int32_t rx,
-                 int32_t ry, int32_t centreX, int32_t centreY, COLORREF colour, const double* pattern,
+                 int32_t ry, int32_t centreX, int32_t centreY, COLORREF color, const double* pattern,
                  int32_t count, int32_t mirror) {
   const EllipseShape ellipse = {PlacePoint(x, y, centreX, centreY, mirror),
                                 PlacePoint(left, top, centreX, centreY, mirror),
                                 PlacePoint(right, bottom, centreX, centreY, mirror), rx, ry};
-  // On a turned sheet the points of a whole ellipse aren't 0 any more, but they are one: its first dash is
+  // On a turned sheet the two points of a whole ellipse aren't 0 any more, but equal: the first dash is
   // the whole ellipse.
   const POINT start = PlacePoint(xStart, yStart, centreX, centreY, mirror);
   const POINT end = PlacePoint(xEnd, yEnd, centreX, centreY, mirror);
   const EllipseWalk walk = WalkBetween(ellipse, start, end);
 
-  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, colour);
+  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, color);
   const HGDIOBJ brush = GetStockObject(NULL_BRUSH);
   const HGDIOBJ previousBrush = SelectObject(canvas, brush);
   if (ReachesEnd(walk, pattern, count)) {
@@ -145,7 +148,7 @@ void DashEllipse(Canvas canvas, int32_t x, int32_t y, int32_t left, int32_t top,
   }
   RestorePen(canvas, pen);
   SelectObject(canvas, previousBrush);
-  // To delete a stock object does nothing; it's a fixed step of the sequence.
+  // Deleting a stock object has no effect. The call is part of the fixed sequence.
   DeleteObject(brush);
 }
 

@@ -1,4 +1,4 @@
-// Pens and fonts that stay selected on the canvas when their converter gives up.
+// Pens and fonts that are still selected on the canvas when their converter returns early.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,15 @@
 
 namespace hexlume {
 
-// How many are kept of pens and of fonts each: a system has a limited number of handles.
+// How many pens and how many fonts are kept: a system has a limited number of handles.
 constexpr size_t leftObjectLimit = 1000;
 
-// Takes over a pen or a font that is selected on the canvas, and is going to stay so: what is drawn next puts
-// it back behind its own. It is kept to the end of the run, so that the metafile has no record of its end;
-// only beyond the limit the oldest of its kind is deleted, which can't be selected any more.
+// Takes ownership of a pen or font that is selected on the canvas and remains so: the next stroke restores it
+// after its own. It is kept until the end of the run, so that the metafile has no record of its deletion.
+// Beyond the limit the oldest one of its kind, which can't be selected any more, is deleted.
 void LeaveSelected(HGDIOBJ object);
 
-// Deletes all that were left, once the canvas is gone.
+// Deletes all of them, after the canvas has been closed.
 void DeleteLeftObjects();
 
 }  // namespace hexlume

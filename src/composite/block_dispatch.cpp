@@ -4,6 +4,7 @@
 #include "composite/insert.h"
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -75,23 +76,23 @@ struct BlockLevel {
   ~BlockLevel() { --state.blockLevel; }
 };
 
-// Each level of blocks within blocks can multiply what is read. Blocks that the ENTITIES section names are
-// read no more often than it names them, and aren't counted.
+// Each level of nested blocks can multiply what is read. Blocks that the ENTITIES section names aren't
+// counted: each is read once for each entity that names it.
 void CountNested(int64_t bytes) {
-  constexpr int64_t bytesOfAnEntity = 50;  // what it costs apart from its groups
+  constexpr int64_t bytesOfAnEntity = 50;  // cost of an entity in addition to its groups
   if (state.blockLevel < 2) return;
   state.nestedBytes += bytes + bytesOfAnEntity;
   if (state.nestedBytes > nestedByteLimit) throw faultCode;
 }
 
-// The base point is in the block's header, after its name. A header that has neither its group 20 nor a group
-// 3 lets the search run on through the block's entities, which are lost then.
+// The base point is in the block's header, after its name. If a header has neither group 20 nor group 3, the
+// search continues into the block's entities, which are lost then.
 void SubtractBasePoint(BlockRun& run) {
   while (ReadGroup(run.stream)) {
     switch (state.groupCode) {
       case 3: return;
-      case 10: run.blockOriginX -= Atof(state.groupValue) * 100.0 * state.insertScaleX; break;
-      case 20: run.blockOriginY -= Atof(state.groupValue) * 100.0 * state.insertScaleY; return;
+      case 10: run.blockOriginX -= Hundredths(state.groupValue) * state.insertScaleX; break;
+      case 20: run.blockOriginY -= Hundredths(state.groupValue) * state.insertScaleY; return;
     }
   }
 }
@@ -104,7 +105,7 @@ void WalkBlock(const ConverterRow<Run> (&converters)[count], int32_t bodyOffset,
   for (;;) {
     CountNested(Tell(run.stream) - counted);
     counted = Tell(run.stream);
-    if (!more || AtGroup(0, "ENDBLK")) return;
+    if (!more || RunHasEnded() || AtGroup(0, "ENDBLK")) return;
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
     more = converter ? converter->draw(run) : PassToEntity(run.stream);
@@ -134,12 +135,16 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
   return 1;
 }
 
-// No guard of its own and no question for room: it is the first block of its dimension, and what goes wrong
-// is answered by the walk over the ENTITIES section.
+// Needs no guard and no test of the stack: it is the outermost block, and the loop over the ENTITIES
+// section handles failures.
 void DrawDimBlock(const EntityRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return;
   Seek(run.stream, bodyOffset);
   WalkBlock(dimConverters, bodyOffset, run);
+}
+
+bool DrawsBlockEntity() {
+  return FindConverter(blockConverters) != nullptr;
 }
 
 }  // namespace hexlume

@@ -1,4 +1,4 @@
-// The place in a drawing that a block's walk has to come back to.
+// The place in a drawing to which the loop over a block returns.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace hexlume {
 
 struct Bookmark {
   int32_t place;
-  char value[textSize];  // of the group at hand
+  char value[textSize];  // value of the current group
 };
 
 inline void SetBookmark(Bookmark& bookmark, const TextStream& stream) {
@@ -19,9 +19,8 @@ inline void SetBookmark(Bookmark& bookmark, const TextStream& stream) {
   BoundedCopy(bookmark.value, state.groupValue);
 }
 
-// The group's code isn't put back: it is 0 at the end of a block as it is at the end of what stands in front
-// of the bookmark. Behind a block that the end of the file cuts off it is another, and the entity at the
-// bookmark is passed over.
+// groupCode isn't restored: it is 0 at the end of a block, as it is at the bookmark. If the end of the file
+// cuts off the block, it is another code, and the entity at the bookmark is skipped.
 inline void ReturnTo(const Bookmark& bookmark, TextStream& stream) {
   Seek(stream, bookmark.place);
   BoundedCopy(state.groupValue, bookmark.value);

@@ -1,39 +1,42 @@
-// Families of unbroken lines. Each is swept in two passes, which begin at the family's first line and lead
-// along two edges of the extent. Where they begin isn't mended: a family whose first line starts within the
-// extent can leave the part below or beside it empty.
+// Families of continuous lines. Each is drawn in two passes, which start at the family's first line and go
+// along two edges of the extent. If the first line starts inside the extent, the part below or beside it can
+// remain empty. It must stay so.
 
 #include <algorithm>
 #include <cmath>
 
 #include "composite/hatch_families.h"
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
 namespace {
 
-// A family being drawn.
+// The state of a family being drawn.
 struct LineSweep {
   Canvas canvas;
   const HatchExtent& extent;
   double angle, slope;
   double offX, offY;
   int32_t penX, penY;
-  double rowX, rowY;  // unrounded start of the row, so that steps don't lose their fractions
+  double rowX, rowY;  // exact start of the row, so that steps keep their fractions
   int32_t& strokesLeft;
 };
 
 void DrawStroke(LineSweep& sweep, int32_t dx, int32_t dy) {
+  if (RunHasEnded()) sweep.strokesLeft = 0;
   if (sweep.strokesLeft <= 0) return;
   --sweep.strokesLeft;
+  CountStroke();
   MoveToEx(sweep.canvas, sweep.penX, sweep.penY, nullptr);
   LineTo(sweep.canvas, WrapAdd(sweep.penX, dx), WrapAdd(sweep.penY, dy));
 }
 
 void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
   int32_t dx = WrapSub(edgeX, sweep.penX);
-  // A sum, not a difference: below the sheet's top edge it only bounds the length, and the clip does the
-  // rest. Of a boundary that sticks out at the sheet's top the lines end early.
+  // A sum, not a difference: below the sheet's top edge it only bounds the length, and the clip region does
+  // the rest. If a boundary extends beyond the sheet's top, its lines end early.
   const int32_t dyLimit = WrapNegate(WrapAdd(sweep.extent.top, sweep.penY));
   if (dyLimit < dx * sweep.slope) {
     dx = Trunc(dyLimit / sweep.slope);
@@ -45,7 +48,7 @@ void DrawRowTo(LineSweep& sweep, int32_t edgeX) {
 
 constexpr double pastEveryPlace = 2147483648.0;
 
-// Brings a row to its next place. False if it stays where it is or leaves every coordinate.
+// Moves a row to its next place. Returns false if the place doesn't change or is beyond all coordinates.
 bool StepTo(double next, double& exact, int32_t& place) {
   if (next == exact || !(std::abs(next) < pastEveryPlace)) return false;
   exact = next;
@@ -53,7 +56,7 @@ bool StepTo(double next, double& exact, int32_t& place) {
   return true;
 }
 
-// Whether the rows, of which each lies above the one before by rise, can't come to the extent any more.
+// Whether no later row can meet the extent. Each row is rise above the one before it.
 bool LeftBehind(const LineSweep& sweep, double rise) {
   const HatchExtent& extent = sweep.extent;
   const double atLeft = sweep.penY + sweep.slope * (static_cast<double>(extent.left) - sweep.penX);
@@ -61,21 +64,21 @@ bool LeftBehind(const LineSweep& sweep, double rise) {
   return rise > 0.0 ? std::min(atLeft, atRight) > extent.top : std::max(atLeft, atRight) < extent.bottom;
 }
 
-// The next row begins at this X. Rows that move to the left never come past the right edge.
+// Starts the next row at nextX. Rows that move to the left never pass the right edge.
 bool StepAcross(LineSweep& sweep, double nextX) {
   const double step = nextX - sweep.rowX;
   if (!StepTo(nextX, sweep.rowX, sweep.penX) || sweep.penX > sweep.extent.right) return false;
   return step > 0.0 || !LeftBehind(sweep, -step * sweep.slope);
 }
 
-// The next row begins at this Y. Rows that move down never come past the top.
+// Starts the next row at nextY. Rows that move down never pass the top edge.
 bool StepUp(LineSweep& sweep, double nextY) {
   const double step = nextY - sweep.rowY;
   if (!StepTo(nextY, sweep.rowY, sweep.penY) || sweep.penY > sweep.extent.top) return false;
   return step > 0.0 || !LeftBehind(sweep, step);
 }
 
-// The same for rows that move while they begin above the top.
+// The same for a pass that continues while rows start above the top edge.
 bool StepAboveTop(LineSweep& sweep, double nextY) {
   const double step = nextY - sweep.rowY;
   if (!StepTo(nextY, sweep.rowY, sweep.penY) || sweep.penY < sweep.extent.top) return false;
@@ -86,7 +89,8 @@ double NextRowY(const LineSweep& sweep) {
   return sweep.rowY + sweep.offY - sweep.slope * sweep.offX;
 }
 
-// The next of a family of level lines. Whole steps lag behind the exact place and catch up with it.
+// The next line of a family of horizontal lines. Truncated steps fall behind the exact place and are
+// corrected to it.
 bool StepLevelLine(LineSweep& sweep, double& lineY) {
   int32_t exactY = 0;
   if (!StepTo(lineY + sweep.offY, lineY, exactY)) return false;
@@ -99,14 +103,13 @@ bool StepLevelLine(LineSweep& sweep, double& lineY) {
   return sweep.penY <= sweep.extent.top;
 }
 
-// Lines that lean back, from above 90 to 180 degrees: rows begin along the lower edge, then from the right
-// edge up.
+// Lines above 90 degrees, up to 180: rows start along the lower edge, then from the right edge upward.
 void DrawBackwardLines(LineSweep& sweep) {
   const HatchExtent& extent = sweep.extent;
   if (sweep.angle == pi) {
     sweep.penX = std::min(sweep.penX, extent.left);
     double lineY = sweep.rowY;
-    // With a falling offset these are the lines below the first one only.
+    // If the offset is negative, only the lines below the first one are drawn here.
     do {
       DrawStroke(sweep, WrapSub(extent.right, extent.left), 0);
     } while (sweep.strokesLeft > 0 && StepLevelLine(sweep, lineY));
@@ -126,14 +129,14 @@ void DrawBackwardLines(LineSweep& sweep) {
            (rising ? StepUp(sweep, NextRowY(sweep)) : StepAboveTop(sweep, NextRowY(sweep))));
 }
 
-// Whether a step across upright lines, measured along their slope, leaves every coordinate.
+// Whether a step across vertical lines, measured along their slope, is beyond all coordinates.
 bool StepsOutOfReach(const LineSweep& sweep) {
   return sweep.angle == halfPi && std::abs(sweep.offX * sweep.slope) >= pastEveryPlace;
 }
 
 // The first pass over lines that rise to the right: away from the first line along one edge.
 bool StepForward(LineSweep& sweep) {
-  // Upright lines don't meet the left edge, whichever way their offset points.
+  // Vertical lines don't meet the left edge, whatever their offset.
   if (sweep.offY > 0.0 && !StepsOutOfReach(sweep)) return StepUp(sweep, NextRowY(sweep));
   return StepAcross(sweep, sweep.rowX + sweep.offX - sweep.offY / sweep.slope);
 }
@@ -148,8 +151,8 @@ bool StepBackward(LineSweep& sweep, double& lineX, double& lineY) {
     return sweep.penX >= sweep.extent.left;
   }
   if (sweep.offY > 0.0) return StepUp(sweep, NextRowY(sweep));
-  // The quotient is added, not taken away as in the first pass: a family whose offset leads up and to the
-  // right gets lines of another spacing above the first one and none below it.
+  // The quotient is added here and subtracted in the first pass: a family whose offset points up and to the
+  // right has lines at another distance above the first one, and none below it.
   return StepAcross(sweep, sweep.rowX + (sweep.offY / sweep.slope + sweep.offX));
 }
 
@@ -159,7 +162,7 @@ void DrawForwardLines(LineSweep& sweep) {
   const double baseX = sweep.rowX;
   const double baseY = sweep.rowY;
   if (sweep.penX > extent.left && sweep.angle != halfPi) {
-    // The pen alone slides down its line: the rows count from the base.
+    // Only the pen moves along its line: rows are counted from the base.
     sweep.penY = WrapSub(sweep.penY, Trunc(WrapSub(sweep.penX, extent.left) * sweep.slope));
     sweep.penX = extent.left;
   }
@@ -171,7 +174,7 @@ void DrawForwardLines(LineSweep& sweep) {
 
   sweep.offX = -sweep.offX;
   sweep.offY = -sweep.offY;
-  // Nothing of lines that begin beyond every coordinate can be seen.
+  // Lines that start beyond all coordinates aren't visible.
   if (sweep.offY > 0.0 && StepsOutOfReach(sweep)) return;
   sweep.penX = startX;
   sweep.penY = startY;
@@ -180,8 +183,8 @@ void DrawForwardLines(LineSweep& sweep) {
   if (sweep.offY > 0.0) {
     sweep.penY = WrapSub(WrapAdd(startY, Trunc(sweep.offY)), Trunc(sweep.offX * sweep.slope));
   } else {
-    // An offset along a level line counts as none: the tangent would begin the rows at the end of all
-    // coordinates.
+    // An offset along a horizontal line counts as 0: dividing by the slope would move the rows
+    // beyond all coordinates.
     const int32_t along = sweep.angle == 0.0 ? 0 : Trunc(sweep.offY / sweep.slope);
     sweep.penX = WrapAdd(WrapAdd(startX, Trunc(sweep.offX)), along);
   }

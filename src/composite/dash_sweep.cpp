@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "driver/numbers.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
@@ -62,9 +63,11 @@ void SkipForwardToBottom(const DashSweep& sweep, HatchPlace& pen) {
 void PlayRow(DashSweep& sweep, HatchPlace pen) {
   do {
     for (int32_t i = 0; i < sweep.family.dashCount; ++i) {
+      if (RunHasEnded()) sweep.strokesLeft = 0;
       if (sweep.strokesLeft <= 0) return;
       --sweep.strokesLeft;
       const double dash = sweep.family.dashes[i];
+      if (dash >= 0.0) CountStroke();
       const HatchPlace start = pen;
       MoveBy(pen, sweep.moves[i], 1);
       if (dash == 0.0) DrawDot(sweep, start);

@@ -1,6 +1,6 @@
-// Families of dashed lines. Three things fix their picture: the truncated offsets, which add up from row to
-// row, the phase, kept by skipping whole periods only, and the clip. Each dash is truncated on its own, so a
-// row's slope is that of its truncated dashes.
+// Families of dashed lines. Their places depend on the truncated offsets, which add up from row to row, on
+// the phase, which is kept by skipping whole periods only, and on the clip region. Each dash is truncated by
+// itself, so the slope of a row is that of its truncated dashes.
 
 #include <cmath>
 #include <cstdlib>
@@ -12,9 +12,9 @@ namespace hexlume {
 
 namespace {
 
-// Brings the start of a row to that of the next one; false where no further row meets the extent. Rows that
-// move to the right begin at the lower edge, rows that move up at the left edge. Level rows can begin at the
-// left edge only, upright ones at the lower edge.
+// Moves the start of a row to that of the next one. Returns false if no further row meets the extent. Rows
+// that move to the right start at the lower edge, rows that move up at the left edge. Horizontal rows can
+// start at the left edge only, vertical ones at the lower edge only.
 bool BeginNextRow(const DashSweep& sweep, HatchPlace& row) {
   const bool toTheRight = SideOfNextRow(sweep) < 0.0;
   MoveBy(row, sweep.offset, 1);
@@ -41,7 +41,7 @@ HatchPlace Rewind(const DashSweep& sweep) {
   if (sweep.family.angle == halfPi) {
     MoveBy(row, sweep.offset, -StepsOver(row.x - sweep.left, sweep.offset.x));
   }
-  if (sweep.period.y == 0) {  // nearly level rows
+  if (sweep.period.y == 0) {  // nearly horizontal rows
     SkipBackToLeft(sweep, row);
   } else {
     SkipBackToBottom(sweep, row);
@@ -54,7 +54,7 @@ void DrawRows(DashSweep& sweep) {
   const bool falling = sweep.offset.y < 0;
   HatchPlace row = base;
   if (falling && Trunc(sweep.stepY) == 0) {
-    // Nearly level rows fall from the top.
+    // Nearly horizontal rows start at the top.
     MoveBy(row, sweep.offset, -StepsOver(sweep.top - row.y, -sweep.offset.y));
     SkipForwardToLeft(sweep, row);
   }
@@ -63,7 +63,7 @@ void DrawRows(DashSweep& sweep) {
 
   sweep.offset = {-sweep.offset.x, -sweep.offset.y};
   row = base;
-  // Where rows fall, the first one is drawn a second time.
+  // If rows fall, the first one is drawn a second time.
   if (!falling) MoveBy(row, sweep.offset, 1);
   PlayRows(sweep, row);
 }
@@ -99,7 +99,7 @@ void DrawDashedFamily(Canvas canvas, const HatchFamily& family, const HatchExten
     sweep.moves[i] = {Units(length * unitX), Units(length * unitY)};
     MoveBy(sweep.period, sweep.moves[i], 1);
   }
-  // Dashes that lead nowhere would be played for ever.
+  // Dashes that don't advance would be drawn for ever.
   if (sweep.period.x == 0 && sweep.period.y == 0) return;
   if (family.angle < halfPi) {
     DrawForwardRows(sweep, offX * turn, offY * turn);

@@ -1,5 +1,4 @@
-// DIMENSION, in the ENTITIES section alone: the block that the drawing's own program made for it is played
-// back as it is.
+// DIMENSION, in the ENTITIES section only. Draws the block that the CAD program has stored for it.
 #pragma once
 
 #include <cstdint>

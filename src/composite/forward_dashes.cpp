@@ -1,6 +1,6 @@
-// Families of dashed lines from 0 to below 90 degrees. Every row follows from the one before by the truncated
-// offsets and by whole periods; a pass ends where its own test says so, whether its rows can be seen or not,
-// and a family whose rows begin within the extent can leave a part of it empty.
+// Families of dashed lines from 0 to below 90 degrees. Each row is computed from the one before it by the
+// truncated offsets and by whole periods. A pass ends by its own test, whether or not its rows are visible,
+// and a family whose rows start inside the extent can leave a part of it empty.
 
 #include <algorithm>
 #include <cmath>
@@ -12,12 +12,12 @@ namespace hexlume {
 
 namespace {
 
-// One way over the rows.
+// One pass over the rows.
 struct RowPass {
-  bool (*beginNext)(const DashSweep& sweep, HatchPlace& row);  // false where the pass ends
-  bool endsAtTheRight;                                         // otherwise above the top
-  bool endsBelow;                                              // level rows that have left the extent
-  bool canSkip;                                                // whether skipped periods lead anywhere
+  bool (*beginNext)(const DashSweep& sweep, HatchPlace& row);  // returns false if the pass ends
+  bool endsAtTheRight;                                         // otherwise above the top edge
+  bool endsBelow;                                              // also ends horizontal rows below the extent
+  bool canSkip;                                                // whether skipping periods advances
 };
 
 // Rows that fall.
@@ -75,7 +75,7 @@ bool BeginPreviousOnTheLeft(const DashSweep& sweep, HatchPlace& row) {
   return true;
 }
 
-// Passes that would never end. Truncation can keep rows from moving toward the end of their pass.
+// Passes that would never end. Truncation can prevent rows from moving toward the end of their pass.
 
 bool MovesTowardTheEnd(const DashSweep& sweep, const RowPass& pass) {
   if (pass.endsBelow && sweep.stepY <= 0.0 && sweep.offset.y < 0) return true;
@@ -83,11 +83,11 @@ bool MovesTowardTheEnd(const DashSweep& sweep, const RowPass& pass) {
   return pass.endsAtTheRight ? SideOfNextRow(sweep) < 0.0 : SideOfNextRow(sweep) > 0.0;
 }
 
-// Whether no later row can begin where its pass ends, as all begin on the line of this one or further back.
+// Whether no later row can start where the pass ends, as each starts on the line of this one or further back.
 bool NeverEnds(const DashSweep& sweep, const RowPass& pass, const HatchPlace& row) {
   if (MovesTowardTheEnd(sweep, pass)) return false;
   const HatchPlace& period = sweep.period;
-  // Going back over rising rows the top itself is an end too.
+  // For the second pass over rising rows, the top edge itself is an end too.
   const int64_t lastY = pass.endsBelow ? sweep.top - 1 : sweep.top;
   if (sweep.offset.x == 0 && sweep.offset.y == 0)
     return pass.endsAtTheRight ? row.x <= sweep.right : row.y <= lastY;
@@ -116,7 +116,7 @@ bool IsLeftBehind(const DashSweep& sweep, const HatchPlace& row) {
   return toTheLeft ? side < 0.0 : side > 0.0;
 }
 
-// False if all rows are the same one.
+// Returns false if all rows are the same.
 bool PlayRows(DashSweep& sweep, const RowPass& pass, HatchPlace row) {
   bool isGone = false;
   do {
@@ -142,13 +142,13 @@ void DrawFallingRows(DashSweep& sweep) {
   HatchPlace row = BaseOf(sweep);
   SkipBackToLeft(sweep, row);
   if (nearlyLevel) {
-    // From the top, and from the left edge whatever the phase.
+    // Starts at the top, and at the left edge whatever the phase.
     MoveBy(row, sweep.offset, -StepsOver(sweep.top - row.y, -sweep.offset.y));
     row.x = std::max(row.x, sweep.left);
   }
   if (!PlayRows(sweep, {BeginNextFalling, true, false, !nearlyLevel && sweep.period.y > 0}, row)) return;
   TurnOffset(sweep);
-  // The base itself, so that its row is drawn a second time.
+  // Starts at the base, so its row is drawn a second time.
   PlayRows(sweep, {BeginPreviousFalling, false, false, sweep.period.x > 0}, BaseOf(sweep));
 }
 

@@ -1,6 +1,5 @@
-// HATCH: the pattern's name decides whether the boundary is filled or clips the pattern's lines. There is no
-// table of patterns, as a drawing carries their lines itself. On a turned sheet a hatch stays where it is on
-// the upright one.
+// HATCH: the pattern's name decides whether the boundary is filled or clips the pattern's lines. No table of
+// patterns is needed, as the drawing contains their lines. A hatch isn't turned with the sheet.
 #include "composite/hatch.h"
 
 #include <cstring>
@@ -10,6 +9,7 @@
 #include "composite/hatch_boundary.h"
 #include "composite/hatch_lines.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -24,9 +24,10 @@ struct HatchTools {
   HGDIOBJ previousBrush;
 };
 
-HatchTools SelectTools(Canvas canvas, COLORREF colour) {
-  Owned<HPEN> pen(CreatePen(PS_SOLID, 0, colour));
-  Owned<HBRUSH> brush(CreateSolidBrush(colour));
+HatchTools SelectTools(Canvas canvas, COLORREF color) {
+  CountStroke();
+  Owned<HPEN> pen(CreatePen(PS_SOLID, 0, color));
+  Owned<HBRUSH> brush(CreateSolidBrush(color));
   const HGDIOBJ previousPen = SelectObject(canvas, pen.get());
   const HGDIOBJ previousBrush = SelectObject(canvas, brush.get());
   return {std::move(pen), std::move(brush), previousPen, previousBrush};
@@ -43,7 +44,8 @@ bool IsSolid(const char* patternName) {
   return std::strcmp(patternName, "SOLID") == 0;
 }
 
-// Reads up to the name and the number of corners, in either order. False at the end of the file.
+// Reads up to the pattern's name and the number of corners, in either order. Returns false at the end
+// of the file.
 bool ReadArrowhead(TextStream& stream, bool& isSolid, int32_t& count) {
   bool isNamed = false;
   bool isCounted = false;
@@ -63,15 +65,15 @@ bool ReadArrowhead(TextStream& stream, bool& isSolid, int32_t& count) {
   return true;
 }
 
-// The start of the first edge and the ends of all but the last one; the groups of other edges aren't known.
-// No group 0 stops the reading. False at the end of the file, with corners missing.
+// Reads the start of the first edge and the ends of the others except the last. Only the groups of straight
+// edges are read. A group 0 doesn't stop the reading. Returns false if the file ends before the last corner.
 bool ReadCorners(TextStream& stream, double originX, double originY, int32_t count,
                  std::vector<POINT>& corners) {
   POINT corner = {};
   for (int32_t index = 0; index < count;) {
     if (!ReadGroup(stream)) return false;
     const int32_t groupOfX = index == 0 ? 10 : 11;
-    const double coordinate = Atof(state.groupValue) * 100.0;
+    const double coordinate = Hundredths(state.groupValue);
     // Neither scaled nor turned with the block.
     if (state.groupCode == groupOfX) corner.x = ModelToSheet(coordinate + originX, 0.0).x;
     if (state.groupCode != groupOfX + 10) continue;
@@ -88,7 +90,7 @@ int32_t DrawHatch(const EntityRun& run) {
   HatchBoundary boundary;
   state.entColor = 0;
   int32_t more = ReadGroup(run.stream);
-  // No group 0 stops the search for the pattern's name.
+  // A group 0 doesn't stop the search for the pattern's name.
   for (; more && state.groupCode != 2; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -109,13 +111,11 @@ int32_t DrawHatch(const EntityRun& run) {
   if (boundary.solidFill) {
     FillRgn(run.canvas, region.get(), tools.brush.get());
   } else {
-    const HatchExtent& extent = boundary.extent;
     ExtSelectClipRgn(run.canvas, region.get(), RGN_AND);
-    FillHatchLines(run.stream, run.canvas, extent.left, extent.top, extent.right, extent.bottom,
-                   state.entColor);
+    FillHatchLines(run.stream, run.canvas, {boundary.extent, state.entColor});
     ExtSelectClipRgn(run.canvas, nullptr, RGN_COPY);
     SetMapMode(run.canvas, MM_HIMETRIC);
-    // The lines end with their group 98. Behind any other group stands nothing more.
+    // The lines end with their group 98. Without it the file has ended.
     if (state.groupCode != 98) more = 0;
   }
   RestoreTools(run.canvas, tools);

@@ -1,4 +1,4 @@
-// HATCH: its boundary becomes regions, which are filled or clip the lines of a pattern.
+// HATCH: its boundary is converted to regions, which are filled or clip the lines of a pattern.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace hexlume {
 // In the ENTITIES section.
 int32_t DrawHatch(const EntityRun& run);
 
-// In a block that is inserted in a dimension's block: the solid arrowheads alone.
+// In a block that is inserted in a dimension's block: solid arrowheads only.
 int32_t DrawDimInsertHatch(const BlockRun& run);
 
 }  // namespace hexlume

@@ -1,5 +1,5 @@
-// The circle of a bulge in a hatch's boundary. A polyline's bulge takes another way to the same circle: it
-// starts from another of two level vertices, and its start angle is that of its other end.
+// The circle of a bulge in a hatch's boundary. It differs from a polyline's bulge: for level vertices it
+// starts from the other one, and its start angle belongs to the other end of the arc.
 #include "composite/hatch_arc.h"
 
 #include <cmath>
@@ -24,8 +24,8 @@ void PlaceCentre(double fromX, double fromY, double direction) {
   state.entCentreY = fromY + state.entRadius * std::sin(direction);
 }
 
-// The angle of the vertex as its centre sees it, mirrored about the X axis. Straight above and below the
-// centre it isn't mirrored. Both are wrong for an outline, and stay: hatches have always looked so.
+// The angle of the vertex as seen from the centre, mirrored about the X axis; exactly above and below the
+// centre it isn't mirrored. Both are wrong for an outline and must stay so.
 double StartAngle(double x, double y) {
   const double dx = x - state.entCentreX;
   const double dy = state.entCentreY - y;
@@ -47,7 +47,7 @@ void ArcFromBulge(double bulge, double x0, double y0, double& startAngle, double
   const double chordToCentre = halfPi - halfAngle;
   sweep = Degrees(angle);
 
-  // The centre is found from the lower vertex, from the end if they are level.
+  // The centre is computed from the lower vertex, or from the end if both have the same Y.
   if (y0 < endY) {
     const double halfChord = Length(middleX - x0, middleY - y0);
     const double chordDirection = std::acos((middleX - x0) / halfChord);
@@ -61,7 +61,7 @@ void ArcFromBulge(double bulge, double x0, double y0, double& startAngle, double
     PlaceCentre(endX, endY, bulge < 0.0 ? chordDirection + chordToCentre : chordDirection - chordToCentre);
   }
   startAngle = StartAngle(x0, y0);
-  // Doesn't come out negative, and must not.
+  // The radius isn't negative in practice, and must not be.
   if (state.entRadius < 0.0) state.entRadius = -state.entRadius;
 }
 

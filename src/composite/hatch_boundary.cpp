@@ -23,8 +23,8 @@ double Radians(double degrees) {
   return degrees * pi / 180.0;
 }
 
-// Corners. X and Y come with groups of their own: the X waits in the next free place until the Y completes
-// the corner.
+// Corners. X and Y are separate groups: the X is stored in the next free place until the Y
+// completes the corner.
 
 bool HasRoom(const HatchBoundary& boundary) {
   return boundary.pointCount < hatchCornerLimit;
@@ -65,13 +65,13 @@ void AddCorner(HatchBoundary& boundary, double centreX, double centreY, double r
   StoreY(boundary, state.entRadius * std::sin(radians) + centreY);
 }
 
-// Arcs, a corner for each degree.
+// Arcs, with one corner per degree.
 
 void AddBulgeCorner(HatchBoundary& boundary, double degrees) {
   AddCorner(boundary, state.entCentreX, state.entCentreY, Radians(degrees));
 }
 
-// From prevX, prevY to entX[0], entY[0].
+// From (prevX, prevY) to (entX[0], entY[0]).
 void AddBulgeArc(HatchBoundary& boundary, bool unmirrorsStart) {
   double start = 0.0;
   double sweep = 0.0;
@@ -79,7 +79,7 @@ void AddBulgeArc(HatchBoundary& boundary, bool unmirrorsStart) {
   AddBulgeCorner(boundary, start);
   double end = 0.0;
   if (boundary.bulge > 0.0) {
-    // Only now, behind the first corner, and only a negative one, that of the first quadrant.
+    // Only after the first corner, and only for a negative angle, that of the first quadrant.
     if (unmirrorsStart && start < 0.0) start = -start;
     end = start + sweep;
     for (int32_t i = WrapAdd(Trunc(start), 1); i < Trunc(end - 1.0); ++i) AddBulgeCorner(boundary, i);
@@ -132,8 +132,8 @@ void AddEllipse(Canvas canvas, HatchBoundary& boundary) {
   const double b = isAlongX ? ratio * state.entX[1] : state.entY[1];
   POINT corners[] = {ModelToSheet(a + state.entX[0], state.entY[0] - b),
                      ModelToSheet(state.entX[0] - a, state.entY[0] + b)};
-  // The right side widens the extent to the left and the left side to the right, and the far corner's Y
-  // doesn't count: the lines of a pattern start where they always have.
+  // The right side widens the extent to the left and the left side to the right, and the Y of the far corner
+  // isn't used. The start of a pattern's lines depends on it, so it must stay so.
   boundary.extent.left = std::min<int32_t>(boundary.extent.left, corners[0].x);
   boundary.extent.right = std::max<int32_t>(boundary.extent.right, corners[1].x);
   WidenY(boundary.extent, corners[0].y);
@@ -173,7 +173,7 @@ void FinishLastPath(Canvas canvas, HatchBoundary& boundary) {
   if (boundary.pointCount > 2) AddPolygon(canvas, boundary);
 }
 
-// Groups. Centres, and the ends of an ellipse's axes, are no corners.
+// Groups. Centres and the ends of an ellipse's axes aren't corners.
 
 bool IsCurve(const HatchBoundary& boundary) {
   return boundary.edgeType == arcEdge || boundary.edgeType == ellipseEdge;
@@ -181,7 +181,7 @@ bool IsCurve(const HatchBoundary& boundary) {
 
 void ReadX(HatchBoundary& boundary, double x) {
   if (boundary.edgeType == splineEdge) {
-    // The control points serve as corners.
+    // The control points are used as corners.
     StoreX(boundary, x);
     return;
   }
@@ -223,7 +223,7 @@ void ReadBulge(HatchBoundary& boundary, double bulge) {
   boundary.prevY = state.entY[0];
 }
 
-// Angles come in through single precision.
+// Angles are rounded to floats.
 void ReadStartAngle(HatchBoundary& boundary, double degrees) {
   boundary.arcStart = static_cast<float>(degrees);
   boundary.arcStartRad = Radians(boundary.arcStart);
@@ -235,7 +235,7 @@ void ReadEndAngle(HatchBoundary& boundary, double degrees) {
   boundary.arcEndRad = Radians(boundary.arcEnd);
 }
 
-// False for a value that is no style: reading goes on.
+// Returns false for an unknown style: reading continues.
 bool ReadStyle(HatchBoundary& boundary, int32_t style) {
   switch (style) {
     case 0: boundary.combineMode = RGN_XOR; return true;
@@ -248,10 +248,10 @@ bool ReadStyle(HatchBoundary& boundary, int32_t style) {
 void ReadBoundaryGroup(Canvas canvas, HatchBoundary& boundary) {
   const char* value = state.groupValue;
   switch (state.groupCode) {
-    case 10: ReadX(boundary, Atof(value) * 100.0); break;
-    case 11: ReadEndX(boundary, Atof(value) * 100.0); break;
-    case 20: ReadY(boundary, Atof(value) * 100.0); break;
-    case 21: ReadEndY(boundary, Atof(value) * 100.0); break;
+    case 10: ReadX(boundary, Hundredths(value)); break;
+    case 11: ReadEndX(boundary, Hundredths(value)); break;
+    case 20: ReadY(boundary, Hundredths(value)); break;
+    case 21: ReadEndY(boundary, Hundredths(value)); break;
     case 40: state.entRadius = Atof(value) * (boundary.edgeType == arcEdge ? 100.0 : 1.0); break;
     case 42: ReadBulge(boundary, Atof(value)); break;
     case 50: ReadStartAngle(boundary, Atof(value)); break;

@@ -1,4 +1,4 @@
-// The boundary of a hatch: the corners of its paths and what they extend over.
+// The boundary of a hatch: the corners of its paths and their extent.
 #pragma once
 
 #include <cstddef>
@@ -13,33 +13,33 @@
 
 namespace hexlume {
 
-// The corners of a path and the paths of a hatch that are kept; those after them are dropped.
+// The most corners of a path and the most paths of a hatch. Further ones are dropped.
 constexpr size_t hatchCornerLimit = 30'000;
 constexpr size_t hatchPathLimit = 1'000;
 
-// What the groups of a boundary have told so far.
+// The groups of a boundary read so far.
 struct HatchBoundary {
   bool solidFill = false;
   int32_t edgeType = -1;      // group 72: 1 line, 2 arc, 3 ellipse, 4 spline; a polyline's flag of bulges too
-  int32_t closedFlag = 0;     // group 73: of a polyline; the sense of an arc too
+  int32_t closedFlag = 0;     // group 73: closed flag of a polyline, direction of an arc
   int32_t combineMode = -1;   // from group 75
-  double bulge = 0.0;         // of the edge that comes next
-  double prevX = 0.0;         // where that edge starts, model units times 100
+  double bulge = 0.0;         // bulge of the next edge
+  double prevX = 0.0;         // start of that edge, model units times 100
   double prevY = 0.0;         //
   double arcStart = 0.0;      // groups 50 and 51, degrees
   double arcEnd = 0.0;        //
   double arcStartRad = 0.0;   // the same in radians
   double arcEndRad = 0.0;     //
-  std::vector<POINT> points;  // corners on the sheet; a new path takes their places from the first one again
-  size_t pointCount = 0;      // of the path at hand
-  HatchExtent extent = {};    // of all corners
+  std::vector<POINT> points;  // corners on the sheet; each path starts at place 0 again
+  size_t pointCount = 0;      // number of corners of the current path
+  HatchExtent extent = {};    // extent of all corners
   std::vector<HatchPath> paths;
-  std::vector<Region> regions;  // of the paths
+  std::vector<Region> regions;  // regions of the paths
 };
 
-// Reads the boundary from the group behind the pattern's name up to the hatch's style, or the next entity's
-// name without one, and completes its last path. The regions are in sheet units for a solid fill, in the
-// canvas's device units otherwise. Returns the result of its last ReadGroup.
+// Reads the boundary, from the group after the pattern's name up to the hatch's style or, without one, the
+// name of the next entity, and completes its last path. The regions are in sheet units for a solid fill,
+// otherwise in the canvas's device units. Returns the result of its last ReadGroup.
 int32_t ReadHatchBoundary(TextStream& stream, Canvas canvas, HatchBoundary& boundary);
 
 }  // namespace hexlume

@@ -10,24 +10,23 @@ namespace hexlume {
 
 namespace {
 
-// Whole degrees make angles that are compared exactly. The thousandth lets 44.9999999 be 45.
+// Angles are whole degrees so that they can be compared exactly. Adding 0.001 makes 44.9999999 45.
 double AngleOf(double degrees) {
   return Trunc(degrees + 0.001) * pi / 180.0;
 }
 
-// dashesRead counts those beyond the limit too, so that the family is drawn once all are told.
+// dashesRead also counts dashes beyond the limit, so that the family is drawn after its last dash.
 void AddDash(HatchFamily& family, int32_t& dashesRead, double length) {
   if (dashesRead < hatchDashLimit) family.dashes[family.dashCount++] = length;
   ++dashesRead;
-  // Never cleared: the period of a family holds the dashes of all those in front of it.
+  // Never cleared: the period includes the dashes of all families before this one.
   family.period = WrapAdd(family.period, Trunc(std::abs(length)));
 }
 
 }  // namespace
 
-void FillHatchLines(TextStream& stream, Canvas canvas, int32_t left, int32_t top, int32_t right,
-                    int32_t bottom, int32_t /*color*/) {
-  const HatchExtent extent = {left, top, right, bottom};
+void FillHatchLines(TextStream& stream, Canvas canvas, const HatchFill& fill) {
+  const HatchExtent& extent = fill.extent;
   const double scale = 1.0 / state.drawScale;
   HatchFamily family;
   int32_t dashesRead = 0;
@@ -36,9 +35,9 @@ void FillHatchLines(TextStream& stream, Canvas canvas, int32_t left, int32_t top
   while (ReadGroup(stream) && state.groupCode != 98) {
     const double number = Atof(state.groupValue);
     switch (state.groupCode) {
-      // The pattern starts at the boundary's lower left corner, not at the drawing's origin.
-      case 43: family.baseX = Trunc(number * 100.0 * scale + left); break;
-      case 44: family.baseY = Trunc(number * 100.0 * scale + bottom); break;
+      // The pattern starts at the lower left corner of the boundary's extent, not at the drawing's origin.
+      case 43: family.baseX = Trunc(number * 100.0 * scale + extent.left); break;
+      case 44: family.baseY = Trunc(number * 100.0 * scale + extent.bottom); break;
       case 45: family.offX = number * 100.0 * scale; break;
       case 46: family.offY = number * 100.0 * scale; break;
       case 49:

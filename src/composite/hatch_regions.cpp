@@ -11,14 +11,14 @@ namespace hexlume {
 
 namespace {
 
-// Rectangles. On a row of the region each two edges have one between them at the most. Rows on which all
-// edges are upright are one, and so it is when regions are combined.
+// Rectangles. On a row of the region each two edges bound at most one. Rows on which all edges are vertical
+// share their rectangles, in combined regions too.
 
-// Where an edge begins or ends, from the top.
+// The place where an edge begins or ends, from the top.
 struct EdgeEnd {
   int32_t y;
-  int32_t edges;         // 1 or -1
-  int32_t slantedEdges;  // the same, 0 for an upright edge
+  int32_t edges;         // 1 where an edge begins, -1 where it ends
+  int32_t slantedEdges;  // the same; 0 for a vertical edge
 };
 
 void AddEdge(std::vector<EdgeEnd>& ends, const POINT& from, const POINT& to, bool isSlanted) {
@@ -35,7 +35,7 @@ void AddEdges(std::vector<EdgeEnd>& ends, const HatchPath& path) {
   }
 }
 
-// The rows of each edge by itself: a bound that needs no order.
+// The sum of the rows of all edges: an upper bound that needs no sorting.
 int64_t RowsOf(const HatchPath& path) {
   int64_t rows = 0;
   const std::vector<POINT>& corners = path.corners;
@@ -74,7 +74,7 @@ size_t CountFitting(const std::vector<HatchPath>& paths) {
   size_t fitting = 0;
   size_t tooMany = paths.size() + 1;
   while (fitting + 1 < tooMany) {
-    // All of them first: it is rare that they don't fit.
+    // Tries all of them first, as they nearly always fit.
     const size_t tried = tooMany > paths.size() ? paths.size() : fitting + (tooMany - fitting) / 2;
     (HaveFewRectangles(paths.data(), tried) ? fitting : tooMany) = tried;
   }
@@ -84,12 +84,12 @@ size_t CountFitting(const std::vector<HatchPath>& paths) {
 HRGN CreateRegion(const HatchPath& path) {
   const std::vector<POINT>& corners = path.corners;
   if (!path.isEllipse) return CreatePathRegion(corners.data(), static_cast<int>(corners.size()));
-  return CreateEllipticRgn(corners[0].x, corners[0].y, corners[1].x, corners[1].y);
+  return CreateEllipseRegion(corners[0], corners[1]);
 }
 
 // Combining.
 
-// The regions are within bounds, so what fails is for want of memory.
+// The regions are within the limits, so a failure means that there isn't enough memory.
 void Combine(const Region& result, const Region& first, const Region& second, int32_t mode) {
   if (CombineRgn(result.get(), first.get(), second.get(), mode) == RGN_ERROR) throw std::bad_alloc();
 }
@@ -98,9 +98,8 @@ Region EmptyRegion() {
   return Region(CreateRectRgn(0, 0, 0, 0));
 }
 
-// Makes one of all, at the first place, with combine(first, second) for two that follow each other. What it
-// makes grows, so neighbours are joined to pairs, then these, and so on, and not one after the other to the
-// whole.
+// Combines all into the first, calling combine(first, second) for two neighbours. As the results grow,
+// neighbours are combined in pairs, then the pairs, and so on, instead of one after the other with the whole.
 template <typename Combine>
 void CombineNeighbours(size_t count, Combine combine) {
   for (size_t apart = 1; apart < count; apart *= 2)
@@ -115,7 +114,7 @@ void CombineByMode(const Region& result, std::vector<Region>& regions, int32_t m
   Combine(result, result, regions.front(), mode);
 }
 
-// What exactly one region covers: all without what any two share.
+// The area covered by exactly one region: the union without what any two share.
 void CombineCoveredOnce(const Region& result, std::vector<Region>& regions) {
   const Region common = EmptyRegion();
   std::vector<Region> shared;
@@ -155,7 +154,7 @@ std::vector<Region> MakeRegions(const std::vector<HatchPath>& paths) {
 
 Region CombineRegions(std::vector<Region>& regions, int32_t combineMode) {
   Region result = EmptyRegion();
-  // Without a style nothing is covered.
+  // Without a style the result is empty.
   if (regions.empty() || combineMode == -1) return result;
   if (combineMode == coveredOnce)
     CombineCoveredOnce(result, regions);

@@ -1,4 +1,5 @@
-// The regions of a hatch's paths. GDI does their geometry, and the hatch's style says how they are combined.
+// The regions of a hatch's paths. GDI does the geometry; the hatch's style decides how the
+// regions are combined.
 #pragma once
 
 #include <cstddef>
@@ -11,16 +12,16 @@
 
 namespace hexlume {
 
-// How far a region may reach from the origin, in its own units.
+// The largest coordinate of a region, in its own units.
 constexpr int32_t regionReach = (1 << 26) - 1;
 
-// The rectangles that all regions of a hatch, and what they are combined to, may have: 128 MB of them.
+// The most rectangles of all regions of a hatch and their combination, which take up to 128 MB.
 constexpr int64_t hatchRectangleLimit = 1 << 23;
 
-// The combineMode of a style that CombineRgn has no mode for; its own 4 isn't used.
+// The combineMode of a style for which CombineRgn has no mode. CombineRgn's own mode 4 isn't used.
 constexpr int32_t coveredOnce = 4;
 
-// An object that is deleted whichever way the hatch ends.
+// A GDI object that is deleted when the hatch ends, also by an exception.
 struct ObjectDeleter {
   void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
@@ -28,20 +29,20 @@ template <typename Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, ObjectDeleter>;
 using Region = Owned<HRGN>;
 
-// In the units of its region: the corners of a polygon, or two opposite ones of an ellipse's box.
+// In the units of its region: the corners of a polygon, or two opposite corners of an ellipse's box.
 struct HatchPath {
   bool isEllipse = false;
   std::vector<POINT> corners;
 };
 
-// Whether a path can have a region at all.
+// Whether a path can be converted to a region.
 bool FitsARegion(const HatchPath& path);
 
-// Those of paths that fit by themselves, in their order. From the path on that would bring the hatch beyond
-// its rectangles they are left out.
+// Creates the regions of paths, each of which fits by itself, in their order. Starting with the path that
+// would exceed the rectangles of a hatch, paths are left out.
 std::vector<Region> MakeRegions(const std::vector<HatchPath>& paths);
 
-// What the hatch covers. Uses up the regions.
+// Returns the area that the hatch covers. Clears the regions.
 Region CombineRegions(std::vector<Region>& regions, int32_t combineMode);
 
 }  // namespace hexlume

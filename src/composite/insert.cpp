@@ -1,6 +1,6 @@
-// INSERT: a block at a place, scale and angle. Nested blocks are put together simply, without a matrix:
-// scales multiply, angles add up, and a block within a turned one turns about itself where it would lie
-// unturned.
+// INSERT: a block at a place, with a scale and an angle. Nested blocks are combined without a matrix:
+// scales are multiplied and angles added, and a block inside a turned block turns about its own origin,
+// whose place isn't turned.
 #include "composite/insert.h"
 
 #include <cstring>
@@ -15,7 +15,7 @@ namespace hexlume {
 
 namespace {
 
-// Group 2. A name that no block has leaves what an earlier one has found.
+// Group 2. An unknown name keeps what an earlier group 2 has found.
 void TakeBody(const BlockEntry* block, int32_t& bodyOffset) {
   if (block) bodyOffset = block->bodyOffset;
 }
@@ -24,28 +24,27 @@ double Radians(const char* degrees) {
   return Atof(degrees) * pi / 180.0;
 }
 
-// A mirrored insert, with its negative scale, is drawn as large as the block and unmirrored.
+// A scale that isn't positive, such as that of a mirrored insert, is replaced by 1.
 double PositiveScale(const char* value) {
   const double scale = Atof(value);
   return scale > 0.0 ? scale : 1.0;
 }
 
-// In the dimension scopes a negative scale mirrors.
+// In the dimension scopes a negative scale mirrors the block.
 double ScaleButZero(const char* value) {
   const double scale = Atof(value);
   return scale == 0.0 ? 1.0 : scale;
 }
 
-// An insert on a layer that the user left out is played back all the same: the block's entities are asked
-// one by one.
+// An insert on an excluded layer is drawn all the same: each entity of the block is tested by itself.
 void TakeInsertLayer(const char* name, int32_t& byBlockFlag) {
   BoundedCopy(state.insertLayer, name);
   if (std::strcmp(name, "0") == 0) byBlockFlag = 1;
   if (const LayerEntry* layer = FindLayer(name)) state.entColor = layer->color;
 }
 
-// Layer "0" is that of the dimension, and its colour the dimension's. Should the table not have that layer,
-// the colour is left at -1 and handed on so.
+// Layer "0" is replaced by the dimension's layer, and its colour by the dimension's. If the table doesn't
+// have that layer, the colour is left at -1 and passed on.
 void TakeDimInsertLayer(int32_t dimensionColor) {
   if (std::strcmp(state.groupValue, "0") == 0) {
     BoundedCopy(state.groupValue, state.insertLayer);
@@ -63,7 +62,7 @@ int32_t DrawInsert(const EntityRun& run) {
   double x = 0.0;
   double y = 0.0;
   int32_t more = ReadGroup(run.stream);
-  // The group at hand is the insert itself: with a 1 the caller would take it for the next one for ever.
+  // The current group is the INSERT itself: if this returned 1, the caller would process it again for ever.
   if (!more) return more;
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
@@ -73,19 +72,19 @@ int32_t DrawInsert(const EntityRun& run) {
         if (std::strcmp(value, "ByBlock") == 0) byBlockFlag = 1;  // this spelling alone
         break;
       case 8: TakeInsertLayer(value, byBlockFlag); break;
-      case 10: x = Atof(value) * 100.0; break;
-      case 20: y = Atof(value) * 100.0; break;
+      case 10: x = Hundredths(value); break;
+      case 20: y = Hundredths(value); break;
       case 41: state.insertScaleX = PositiveScale(value); break;
       case 42: state.insertScaleY = PositiveScale(value); break;
       case 50: state.insertAngle = Radians(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 230:
-        if (Atoi(value) == -1) x *= -1.0;  // a group 10 behind it takes that back
+        if (Atoi(value) == -1) x *= -1.0;  // a group 10 after this one undoes it
         break;
     }
   }
-  // The colour isn't cleared in front of the groups: without one of its own, that of the entity before it
-  // counts.
+  // The colour isn't cleared before the groups are read. Without a colour of its own, an insert has that of
+  // the entity before it.
   MonochromeRule(state.entColor);
 
   Bookmark next;
@@ -100,7 +99,7 @@ int32_t DrawBlockInsert(const BlockRun& run) {
   const double outerScaleX = state.insertScaleX;
   const double outerScaleY = state.insertScaleY;
   int32_t bodyOffset = noBody;
-  int32_t color = 0;  // nothing is inherited
+  int32_t color = 0;  // an insert in a block inherits no colour
   double x = 0.0;
   double y = 0.0;
   int32_t more = ReadGroup(run.stream);
@@ -108,7 +107,7 @@ int32_t DrawBlockInsert(const BlockRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
-      // Scaled, but not turned by the block around it.
+      // Scaled, but not turned by the enclosing block.
       case 10: x = BlockX(Atof(value), run.blockOriginX); break;
       case 20: y = BlockY(Atof(value), run.blockOriginY); break;
       case 41:
@@ -118,7 +117,7 @@ int32_t DrawBlockInsert(const BlockRun& run) {
         if (Atof(value) != 0.0) state.insertScaleY *= Atof(value);
         break;
       case 50: state.insertAngle += Radians(value); break;
-      case 62: color = Atoi(value); break;  // the number itself: 2 is yellow and 7 white here
+      case 62: color = Atoi(value); break;  // the number is used as an index: 2 is yellow and 7 white here
     }
   }
   MonochromeRule(color);
@@ -145,8 +144,8 @@ int32_t DrawDimInsert(const EntityRun& run) {
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
       case 8: TakeDimInsertLayer(run.dimensionColor); break;
-      case 10: x = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: y = Atof(value) * 100.0 + run.offsetY; break;
+      case 10: x = Hundredths(value) + run.offsetX; break;
+      case 20: y = Hundredths(value) + run.offsetY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;
       case 42: state.insertScaleY = ScaleButZero(value); break;
       case 50: state.insertAngle = Radians(value); break;
@@ -172,17 +171,17 @@ int32_t DrawDimInsertInsert(const BlockRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // of blocks of one name the last
-      case 10: x = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 20: y = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 41: state.insertScaleX = ScaleButZero(value); break;  // Y keeps the scale of the block around it
+      case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // the last block with this name
+      case 10: x = Hundredths(value) + run.blockOriginX; break;
+      case 20: y = Hundredths(value) + run.blockOriginY; break;
+      case 41: state.insertScaleX = ScaleButZero(value); break;  // the Y scale isn't changed
       case 50: state.insertAngle = Radians(value); break;
       case 62: color = ResolveColor(Atoi(value)); break;
     }
   }
   MonochromeRule(color);
 
-  // Scale and angle stay for what follows in the block around it.
+  // Scale and angle aren't restored: they apply to the rest of the enclosing block.
   Bookmark next;
   SetBookmark(next, run.stream);
   DrawBlockEntities({run, x, y, color}, bodyOffset);

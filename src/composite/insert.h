@@ -1,6 +1,6 @@
-// INSERT, in each of the four scopes: a block is played back from the file at a place, scale and
-// angle. Each reader saves the group at hand and the place in the file, lets a dispatcher draw the block, and
-// goes back, so that its caller finds the next entity as if nothing had happened.
+// INSERT in the four scopes: draws a block from the file at a place, with a scale and an angle. Each
+// converter saves the current group and the place in the file, calls a dispatcher for the block and restores
+// both, so that its caller continues with the next entity.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +10,15 @@
 
 namespace hexlume {
 
-// In the ENTITIES section. The caller has set the insert's scales to 1 and its angle to 0. Returns the result
-// of the dispatcher that it ran, which is 1 always, or 0 if the file ends right after the insert's name.
+// In the ENTITIES section. The caller has set the insert's scales to 1 and its angle to 0. Returns the
+// dispatcher's result, which is 1, or 0 if the file ends directly after the insert's name.
 int32_t DrawInsert(const EntityRun& run);
 
-// In a block. Scales and angle add up to those of the block around it, and are put back for it afterwards.
+// In a block. Combines scales and angle with those of the enclosing block and restores the latter at the end.
 int32_t DrawBlockInsert(const BlockRun& run);
 
-// In the block of a dimension. The caller has set the insert's scales to 1 and its angle to 0. Returns 1, or
-// 0, as DrawInsert does.
+// In the block of a dimension. The caller has set the insert's scales to 1 and its angle to 0. Returns 1 or 0
+// as DrawInsert does.
 int32_t DrawDimInsert(const EntityRun& run);
 
 // In a block that is inserted in a dimension's block.

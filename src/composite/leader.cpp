@@ -1,6 +1,6 @@
-// LEADER: a line over its vertices in one pen, whose style is the dash family as it stands, so that GDI
-// dashes it. The groups are drawn while they are read; a vertex outside the view ends the line. The arrowhead
-// is played back last, at the first vertex.
+// LEADER: a line through its vertices with one pen, whose style is the dash family, so that GDI makes the
+// dashes. Vertices are drawn when they are read; one outside the view ends the line. The arrowhead is drawn
+// last, at the first vertex.
 #include "composite/leader.h"
 
 #include <cmath>
@@ -17,24 +17,23 @@ namespace hexlume {
 
 namespace {
 
-// What the groups have told so far. Lengths are model units times 100.
+// The groups read so far. Lengths are in model units times 100.
 struct Leader {
   char arrowBlockName[textSize] = "";
-  char arrowHandle[textSize] = "";  // counts where there is no name
-  int32_t leaderStyle = 0;          // dash family, and pen style
+  char arrowHandle[textSize] = "";  // used if there is no name
+  int32_t leaderStyle = 0;          // dash family, also used as the pen's style
   int32_t leaderWidth = 0;
   int32_t leaderColor = 0;
   double hookLength = 0.0;
-  int32_t vertexCount = 0;  // none, one, or more than one
+  int32_t vertexCount = 0;  // 0, 1, or 2 for more than one
   double firstX = 0.0, firstY = 0.0;
   double secondX = 0.0, secondY = 0.0;
-  double previousX = 0.0;   // of the vertex read last
-  double lastDeltaX = 0.0;  // from the vertex before to that one
+  double previousX = 0.0;   // X of the vertex read last
+  double lastDeltaX = 0.0;  // difference to the X of the vertex before it
 };
 
-// Group 3. A style that the table doesn't have leaves arrow and scales as they were, the scales with what the
-// INSERT or LEADER before has set.
-void TakeDimStyle(const char* name, Leader& leader) {
+// Group 3. An unknown style keeps the arrow, and the scales that the INSERT or LEADER before has set.
+void TakeArrowStyle(const char* name, Leader& leader) {
   for (const DimStyleEntry& style : state.dimStyles) {
     if (std::strcmp(style.name, name) != 0) continue;
     BoundedCopy(leader.arrowBlockName, style.arrowBlock);
@@ -44,7 +43,7 @@ void TakeDimStyle(const char* name, Leader& leader) {
   }
 }
 
-// Group 8. False if the user left the layer out.
+// Group 8. Returns false if the user has excluded the layer.
 bool TakeLayer(const char* name, Leader& leader) {
   if (IsLayerExcluded(name)) return false;
   if (const LayerEntry* layer = FindLayer(name)) {
@@ -56,38 +55,38 @@ bool TakeLayer(const char* name, Leader& leader) {
   return true;
 }
 
-// Group 1000. A leader without an arrow of its style is given it by the first string behind "DSTYLE".
+// Group 1000. If the style gives no arrow, the first string other than "DSTYLE" is the arrow's name.
 void TakeArrowName(const char* text, Leader& leader) {
   if (leader.arrowBlockName[0] != '\0' || leader.arrowHandle[0] != '\0') return;
   if (std::strcmp(text, "DSTYLE") != 0) BoundedCopy(leader.arrowBlockName, text);
 }
 
-// Group 10 of each vertex behind the first.
+// Group 10 of each vertex after the first.
 void TakeX(Leader& leader) {
-  state.entX[1] = Atof(state.groupValue) * 100.0;
+  state.entX[1] = Hundredths(state.groupValue);
   leader.lastDeltaX = state.entX[1] - leader.previousX;
   leader.previousX = state.entX[1];
 }
 
-// Reads up to the first vertex, which then counts. It doesn't if the user left the layer out, or if the
-// entity or the file ends before.
+// Reads up to the first vertex and counts it. vertexCount is still 0 if the layer is excluded, or if the
+// entity or the file ends first.
 int32_t ReadToFirstVertex(TextStream& stream, Leader& leader) {
   int32_t more = ReadGroup(stream);
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 3: TakeDimStyle(value, leader); break;
+      case 3: TakeArrowStyle(value, leader); break;
       case 8:
         if (!TakeLayer(value, leader)) return more;
         break;
-      case 10: state.entX[0] = leader.firstX = leader.previousX = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = leader.firstX = leader.previousX = Hundredths(value); break;
       case 20:
-        state.entY[0] = leader.firstY = Atof(value) * 100.0;
+        state.entY[0] = leader.firstY = Hundredths(value);
         leader.vertexCount = 1;
-        // To the caller of a leader that ends here, the number just read is the name of an entity.
+        // If the leader ends here, its caller takes the number just read for the name of an entity.
         state.groupCode = 0;
         return more;
-      case 41: leader.hookLength = Atof(value) * 100.0; break;
+      case 41: leader.hookLength = Hundredths(value); break;
       case 62:
       case 77: leader.leaderColor = ResolveColor(Atoi(value)); break;
     }
@@ -104,25 +103,25 @@ int32_t ReadToSecondVertex(TextStream& stream, Leader& leader) {
         leader.secondX = state.entX[1];
         break;
       case 20:
-        state.entY[1] = leader.secondY = Atof(state.groupValue) * 100.0;
+        state.entY[1] = leader.secondY = Hundredths(state.groupValue);
         leader.vertexCount = 2;
-        state.groupCode = 0;  // as behind the first
+        state.groupCode = 0;  // as after the first
         return more;
     }
   }
   return more;
 }
 
-// Where the leg from the first vertex, which lies in the view, to the second ends. A leg of which nothing is
-// left ends in the record that says so, at (-1, -1).
+// The end of the leg from the first vertex, which is in the view, to the second. If nothing is left of a leg,
+// it ends at (-1, -1), the record of a rejected segment.
 POINT EndOfFirstLeg(const ViewRect& view, const POINT& first) {
   POINT second = ModelToSheet(state.entX[1], state.entY[1]);
-  if (second.x == first.x) {  // an upright leg has no slope to be cut by
+  if (second.x == first.x) {  // a vertical leg has no slope
     ClampToView(view, second);
     return second;
   }
-  // A place on the sheet is compared with one in the model. Where that hands over the right end first, the
-  // cut looks for each end at the wrong edges, and a leg may reach beyond the view. It must stay so.
+  // Compares a place on the sheet with one in the model. If that puts the right end first, ClipSegment tests
+  // each end against the wrong edges and the leg may extend beyond the view. It must stay so.
   if (second.x < state.entX[1]) {
     const ClippedSegment cut =
         ClipSegment(view.left, view.top, view.right, view.bottom, second.x, first.x, second.y, first.y);
@@ -151,21 +150,21 @@ void DrawTo(Canvas canvas, const POINT& point) {
   LineTo(canvas, place.x, place.y);
 }
 
-// Draws to each further vertex as it is read, up to the first one outside the view. Of the rest of the groups
-// the arrow's name is taken.
+// Draws a line to each further vertex as it is read, up to the first one outside the view. The arrow's name
+// is taken from the groups read.
 int32_t DrawFurtherLegs(TextStream& stream, Canvas canvas, const ViewRect& view, Leader& leader) {
   int32_t more = ReadGroup(stream);
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     switch (state.groupCode) {
       case 10: TakeX(leader); break;
       case 20: {
-        state.entY[1] = Atof(state.groupValue) * 100.0;
+        state.entY[1] = Hundredths(state.groupValue);
         POINT end = ModelToSheet(state.entX[1], state.entY[1]);
         const bool last = !LiesInView(view, end);
         ClampToView(view, end);
         DrawTo(canvas, end);
         if (last) {
-          state.groupCode = 0;  // as behind the first vertex
+          state.groupCode = 0;  // as after the first vertex
           return more;
         }
         break;
@@ -176,8 +175,8 @@ int32_t DrawFurtherLegs(TextStream& stream, Canvas canvas, const ViewRect& view,
   return more;
 }
 
-// The level piece behind the last vertex, on the side that the last leg goes to. An upright one turns it to
-// the left.
+// The horizontal line after the last vertex, in the X direction of the last leg. After a vertical leg it goes
+// to the left.
 void DrawHook(Canvas canvas, const ViewRect& view, const Leader& leader) {
   const bool toRight = leader.lastDeltaX > 0.0;
   const double hookX = toRight ? state.entX[1] + leader.hookLength : state.entX[1] - leader.hookLength;
@@ -188,8 +187,8 @@ void DrawHook(Canvas canvas, const ViewRect& view, const Leader& leader) {
   DrawTo(canvas, end);
 }
 
-// Reads the vertices behind the first and draws the line. A second vertex at or beyond the view's edge leaves
-// the groups behind it to the caller, the arrow's name among them.
+// Reads the vertices after the first and draws the line. If the first leg ends on or beyond an edge of the
+// view, the remaining groups are left to the caller and the arrow's name among them isn't read.
 int32_t DrawLegs(TextStream& stream, Canvas canvas, const ViewRect& view, const POINT& first,
                  Leader& leader) {
   const SelectedPen pen =
@@ -208,8 +207,8 @@ int32_t DrawLegs(TextStream& stream, Canvas canvas, const ViewRect& view, const 
   return more;
 }
 
-// The direction from the second vertex to the first, in radians. A leader of one vertex has its second at the
-// model's origin.
+// The direction from the second vertex to the first, in radians. If there is one vertex, (0, 0) of the model
+// is the second.
 double ArrowAngle(const Leader& leader) {
   const double dx = leader.secondX - leader.firstX;
   const double dy = leader.secondY - leader.firstY;
@@ -218,10 +217,10 @@ double ArrowAngle(const Leader& leader) {
   return std::atan(dy / dx) + pi;
 }
 
-// Null where there is no arrow. The reference is compared with that of the block's owner.
+// Returns null if there is no arrow. The handle is compared with that of the block's owner.
 const BlockEntry* FindArrow(const Leader& leader) {
   if (leader.arrowBlockName[0] != '\0') return state.blocks.FindFirst(leader.arrowBlockName);
-  if (leader.arrowHandle[0] == '\0') return nullptr;  // a block may tell no reference either
+  if (leader.arrowHandle[0] == '\0') return nullptr;  // blocks without a handle must not match
   for (const BlockEntry& block : state.blocks)
     if (std::strcmp(block.ownerHandle, leader.arrowHandle) == 0) return &block;
   return nullptr;
@@ -232,8 +231,8 @@ const BlockEntry* FindArrow(const Leader& leader) {
 int32_t DrawLeader(const EntityRun& run) {
   Leader leader;
   int32_t more = ReadToFirstVertex(run.stream, leader);
-  // Without a vertex neither line nor arrow has a place, and the entity behind must not be taken for the
-  // leader's own groups. Its style's scales and its layer stand all the same.
+  // Without a vertex neither line nor arrow has a place, and the groups of the next entity must not be read
+  // as the leader's. The scales of its style and its layer are set all the same.
   if (leader.vertexCount == 0) return more;
   const POINT first = ModelToSheet(state.entX[0], state.entY[0]);
   if (!LiesInView(run.view, first)) return more;
@@ -241,7 +240,7 @@ int32_t DrawLeader(const EntityRun& run) {
   MonochromeRule(leader.leaderColor);
   more = DrawLegs(run.stream, run.canvas, run.view, first, leader);
 
-  // Scales and angle stay for what is drawn next.
+  // Scales and angle aren't restored.
   state.insertAngle = ArrowAngle(leader);
   if (const BlockEntry* arrow = FindArrow(leader)) {
     Bookmark next;

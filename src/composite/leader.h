@@ -1,4 +1,4 @@
-// LEADER, in the ENTITIES section alone: its vertices, a level hook after the last one, and an arrowhead,
+// LEADER, in the ENTITIES section only: its vertices, a horizontal hook after the last one, and an arrowhead,
 // which is a block of the drawing.
 #pragma once
 

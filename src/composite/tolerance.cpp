@@ -1,6 +1,6 @@
-// The string is scanned once. What it draws moves a pen to the right along the row; a separator draws the box
-// of all that the row holds so far, so that the boxes' right edges divide the cells. The frame lies level
-// whatever its direction, and doesn't turn on a turned sheet.
+// The string is scanned once. Each element drawn moves the current place to the right along the row. A
+// separator draws the box of everything in the row so far, so that the right edges of the boxes divide the
+// cells. The frame is always horizontal and isn't turned with the sheet.
 #include "composite/tolerance.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace hexlume {
 
 namespace {
 
-// Bytes that a code takes up in the string, and where a symbol's code, "{\Fgdt;x}", has its letter.
+// Length of each code in bytes, and the index of the letter in a symbol's code, "{\Fgdt;x}".
 constexpr size_t separatorLength = 3;
 constexpr size_t lineBreakLength = 2;
 constexpr size_t symbolLength = 9;
@@ -28,11 +28,11 @@ constexpr size_t symbolLetter = 7;
 struct FrameRow {
   double frameHeight;
   double frameLeft;
-  double frameWidth = 0.0;   // so far
-  double cellAdvance = 0.0;  // of what was drawn last
+  double frameWidth = 0.0;   // of the row so far
+  double cellAdvance = 0.0;  // width of the last element
 };
 
-// Behind the string's end, where a code may be cut short, all bytes are 0.
+// Returns 0 after the string's end, as a code may be cut short.
 char ByteAt(std::string_view text, size_t index) {
   return index < text.size() ? text[index] : '\0';
 }
@@ -41,8 +41,8 @@ bool StandsBehindV(std::string_view text, size_t index) {
   return index > 0 && text[index - 1] == 'v';
 }
 
-// Group 3: the first style of this name. Its text height holds the style's scale already.
-void TakeDimStyle(const char* name, double& dimScale, double& frameHeight) {
+// Group 3: takes the first style with this name. Its text height includes the style's scale.
+void TakeFrameStyle(const char* name, double& dimScale, double& frameHeight) {
   const auto style =
       std::find_if(state.dimStyles.begin(), state.dimStyles.end(),
                    [name](const DimStyleEntry& entry) { return std::string_view(entry.name) == name; });
@@ -51,7 +51,7 @@ void TakeDimStyle(const char* name, double& dimScale, double& frameHeight) {
   frameHeight = 2.0 * style->textHeight;
 }
 
-// The box of what the row holds so far, if it is anything.
+// Draws the box of the row so far, unless the row is empty.
 void DrawBox(Canvas canvas, const FrameRow& row, double bottom, int32_t color) {
   if (row.frameWidth == 0.0) return;
   const POINT leftBottom = ModelToSheet(row.frameLeft, bottom);
@@ -65,20 +65,20 @@ void DrawBox(Canvas canvas, const FrameRow& row, double bottom, int32_t color) {
   RestorePen(canvas, pen);
 }
 
-// Draws the character at an index, in the colour that texts before it have left. Returns its length.
+// Draws the character at index, in the text colour set by earlier texts. Returns its length in bytes.
 size_t DrawCharacter(Canvas canvas, std::string_view text, size_t index, FrameRow& row) {
   const double height = row.frameHeight;
   const HFONT font = CreateToleranceFont(Trunc(height * 0.7 / state.drawScale));
   state.entX[0] += row.cellAdvance;
   const HGDIOBJ previousFont = SelectObject(canvas, font);
   SetTextAlign(canvas, TA_BOTTOM);
-  // A lead byte at the very end takes the string's closing 0 along.
+  // A lead byte at the end of the string is drawn with the closing 0.
   const int32_t length = IsLeadByte(static_cast<uint8_t>(text[index])) ? 2 : 1;
   if (StandsBehindV(text, index)) state.entX[0] += length * 0.1 * height;
   const POINT place = ModelToSheet(state.entX[0], state.entY[0] + height * 0.1);
   TextOutA(canvas, place.x, place.y, text.data() + index, length);
-  // A length on the sheet counts as one of the model here, and has to: in another scale than 1 text gets
-  // narrower or wider beside the symbols.
+  // A length on the sheet is used as one in the model. At scales other than 1 this makes text narrower or
+  // wider than the symbols. It must stay so.
   row.cellAdvance = 0.5 * height / state.drawScale;
   if (length == 2) row.cellAdvance += height * 0.2;
   row.frameWidth += row.cellAdvance;
@@ -89,7 +89,7 @@ size_t DrawCharacter(Canvas canvas, std::string_view text, size_t index, FrameRo
   return end - index;
 }
 
-// Draws entText with the middle of its first row's left edge at (entX[0], entY[0]), and moves that point.
+// Draws entText. (entX[0], entY[0]) is the middle of the left edge of the first row, and is changed.
 void DrawFrame(Canvas canvas, double frameHeight) {
   state.entY[0] -= 0.5 * frameHeight;
   const double startX = state.entX[0];
@@ -120,8 +120,8 @@ void DrawFrame(Canvas canvas, double frameHeight) {
   DrawBox(canvas, row, state.entY[0], state.entColor);
 }
 
-// The twins in a block: all characters are single bytes there, of one width in all scales, with no room
-// beside a separator.
+// The twins in a block: each byte is a character, its width doesn't depend on the scale, and no space is
+// added at a separator.
 
 void DrawBlockCharacter(Canvas canvas, const char* character, FrameRow& row) {
   const double height = row.frameHeight;
@@ -181,14 +181,14 @@ int32_t DrawTolerance(const EntityRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.entText, value); break;
-      case 3: TakeDimStyle(value, dimScale, frameHeight); break;
+      case 3: TakeFrameStyle(value, dimScale, frameHeight); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      // In front of the style its scale is still 0.
-      case 1040: frameHeight = 2.0 * Atof(value) * 100.0 * dimScale; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      // Before the style's group its scale is still 0.
+      case 1040: frameHeight = 2.0 * Hundredths(value) * dimScale; break;
     }
   }
   MonochromeRule(state.entColor);
@@ -196,7 +196,7 @@ int32_t DrawTolerance(const EntityRun& run) {
   return more;
 }
 
-// Neither the insert's scale nor its angle counts, nor the style's scale for a height of the entity's own.
+// The insert's scale and angle aren't applied, nor is the style's scale to a height of the entity's own.
 int32_t DrawBlockTolerance(const BlockRun& run) {
   LineStyle unusedStyle;
   double unusedScale = 0.0;
@@ -207,13 +207,13 @@ int32_t DrawBlockTolerance(const BlockRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 1: BoundedCopy(state.blockText, value); break;
-      case 3: TakeDimStyle(value, unusedScale, frameHeight); break;
+      case 3: TakeFrameStyle(value, unusedScale, frameHeight); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 20: state.blockY[0] = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 1040: frameHeight = 2.0 * Atof(value) * 100.0; break;
+      case 10: state.blockX[0] = Hundredths(value) + run.blockOriginX; break;
+      case 20: state.blockY[0] = Hundredths(value) + run.blockOriginY; break;
+      case 1040: frameHeight = 2.0 * Hundredths(value); break;
     }
   }
   MonochromeRule(state.blockColor);

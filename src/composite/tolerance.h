@@ -1,4 +1,4 @@
-// TOLERANCE: a feature control frame from one string, its boxes, symbols and text.
+// TOLERANCE: a feature control frame with its boxes, symbols and text, given by one string.
 #pragma once
 
 #include <cstdint>

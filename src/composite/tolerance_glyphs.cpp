@@ -10,13 +10,13 @@ namespace {
 
 enum class StrokeKind { none, move, line, arc, letter };
 
-// All lengths are parts of the row's height, and places count from the lower left of the cell.
+// Lengths are fractions of the row's height. Places are relative to the lower left corner of the cell.
 struct GlyphStroke {
   StrokeKind kind;
-  double x, y;  // of an arc: its centre
+  double x, y;  // the centre of an arc
   double radius;
-  double rounding;  // added to the radius on the sheet before its fraction is dropped
-  float sweep;      // degrees, from the right on
+  double rounding;  // added to the radius before it is truncated
+  float sweep;      // degrees, starting at 0
   char letter;
 };
 
@@ -39,11 +39,11 @@ constexpr GlyphStroke Letter(char letter) {
 struct ToleranceGlyph {
   char symbol;
   double width;             // of its cell
-  GlyphStroke strokes[12];  // up to the first of no kind
+  GlyphStroke strokes[12];  // ends at the first stroke of kind none
 };
 
-// An arc is joined to the place before it. So the profile of a surface gets its base, coming from the arc's
-// far end; the profile of a line starts on the arc and stays open.
+// An arc is connected to the current position. So the profile of a surface, which comes from the far end of
+// the arc, has a base line; the profile of a line starts on the arc and is open.
 constexpr ToleranceGlyph glyphs[] = {
     // Angularity.
     {'a', 1.2, {From(1.0, 0.2), To(0.2, 0.2), To(1.0, 0.7)}},
@@ -138,7 +138,7 @@ void DrawStroke(Canvas canvas, const GlyphStroke& stroke, const POINT& point, do
     case StrokeKind::move: MoveToEx(canvas, point.x, point.y, nullptr); break;
     case StrokeKind::line: LineTo(canvas, point.x, point.y); break;
     case StrokeKind::arc:
-      // The scale places the centre but leaves the radius alone.
+      // The scale applies to the centre only, not to the radius.
       AngleArc(canvas, point.x, point.y, static_cast<DWORD>(Trunc(stroke.radius * height + stroke.rounding)),
                0.0f, stroke.sweep);
       break;
@@ -160,7 +160,7 @@ void DrawStrokes(Canvas canvas, const ToleranceGlyph& glyph, double left, double
 double DrawToleranceGlyphs(Canvas canvas, char symbol, double height) {
   const ToleranceGlyph& glyph = GlyphOf(symbol);
   const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, 0, ColorAt(state.entColor));
-  // A letter within its circle is drawn in whatever font stands selected.
+  // A letter in a circle is drawn in the font that is selected.
   DrawStrokes(canvas, glyph, state.entX[0], state.entY[0], height);
   RestorePen(canvas, pen);
   return glyph.width * height;

@@ -6,7 +6,7 @@ namespace hexlume {
 enum class DialogResult {
   ok,
   cancelled,
-  notShown,  // no window can be made: the conversion goes on as without dialogs
+  notShown,  // no window could be created: the conversion continues as without dialogs
 };
 
 }  // namespace hexlume

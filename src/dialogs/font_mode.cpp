@@ -1,4 +1,4 @@
-// The font of the dialogs, as the host wants it.
+// Lets the host choose the font of the dialogs.
 #include "driver/conv_state.h"
 #include "hexlume.h"
 

@@ -1,12 +1,12 @@
-// The sheet's distances at any resolution.
+// Scales the sheet's distances to the screen resolution.
 #pragma once
 
 #include "dialogs/toolkit/property_sheet.h"
 
 namespace hexlume {
 
-// A distance that is told in pixels at 96 dots per inch, beside a page of the sheet. At a higher resolution
-// it grows as the page does: with the font of its template.
+// Scales a distance in pixels at 96 dpi to the resolution of the page, in proportion to the font of
+// the page's template.
 int AtFontScale(const CPropertyPage& page, int distance);
 
 }  // namespace hexlume

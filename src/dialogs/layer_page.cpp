@@ -1,28 +1,20 @@
 #include "dialogs/layer_page.h"
 
 #include "dialogs/font_scale.h"
-#include "dialogs/menu_font.h"
 #include "dialogs/resource.h"
-#include "dialogs/theme.h"
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
 
 namespace hexlume {
 
-LayerPage::LayerPage() : CPropertyPage(IDD_LAYER_PAGE) {}
-
-void LayerPage::DoDataExchange(CDataExchange* exchange) {
-  CPropertyPage::DoDataExchange(exchange);
-  DDX_Control(exchange, IDC_ROWS, m_list);
-}
+LayerPage::LayerPage() : CheckPage(IDD_LAYER_PAGE) {}
 
 BOOL LayerPage::OnInitDialog() {
-  CPropertyPage::OnInitDialog();
+  CheckPage::OnInitDialog();
   AddShownLayers();
   LayOutSheet();
   CenterWindow(GetDesktopWindow());
-  EnableTabTexture(m_hWnd);
-  if (state.fontMode == 1) UseMenuFont(m_hWnd, dlgFont);
+  SetAppearance();
   return TRUE;
 }
 
@@ -38,8 +30,8 @@ void LayerPage::AddShownLayers() {
   m_list.SetRedraw(TRUE);
 }
 
-// The sheet is made for larger pages and three buttons. It keeps its place; its size goes by the page, and
-// its buttons stand in its lower right corner.
+// The system makes the sheet for larger pages and three buttons. Its position is kept; its size is fitted to
+// the page, and the two buttons move to its lower right corner.
 void LayerPage::LayOutSheet() {
   CWnd* sheet = GetParent();
   CWnd* ok = sheet->GetDlgItem(IDOK);
@@ -65,37 +57,23 @@ void LayerPage::LayOutSheet() {
   okRect.left = okRect.right - buttonWidth;
   okRect.top = cancelRect.top;
   okRect.bottom = cancelRect.bottom;
-  // A page that has just been made stands in the corner of the sheet, and so its coordinates are the sheet's.
+  // The page was created just now and is at the sheet's origin, so page coordinates are sheet coordinates.
   ScreenToClient(&cancelRect);
   cancel->MoveWindow(cancelRect);
   ScreenToClient(&okRect);
   ok->MoveWindow(okRect);
 }
 
-BOOL LayerPage::OnCommand(WPARAM wParam, LPARAM lParam) {
-  if (LOWORD(wParam) == IDC_ROWS && HIWORD(wParam) == LBN_DBLCLK) {
-    OnDblclkRow();
-    return TRUE;
-  }
-  return CPropertyPage::OnCommand(wParam, lParam);
-}
-
-void LayerPage::OnDblclkRow() {
-  const int row = m_list.GetCurSel();
-  m_list.SetCheck(row, m_list.GetCheck(row) == 1 ? 0 : 1);
-}
-
 void LayerPage::OnOK() {
-  // A row that the list doesn't have counts as one without a tick. A layer that isn't offered thus counts
-  // twice, here and in AddShownLayers. The conversions compare this count with the number of layers, so it
-  // stays so.
+  // GetCheck gives 0 for a row beyond the end of the list, so a layer that isn't listed counts twice: here
+  // and in AddShownLayers. The conversions compare the count with the number of layers, so it must be kept.
   for (int32_t row = 0; row < state.layerCount; ++row)
     if (m_list.GetCheck(row) == 0) state.excludedLayerCount += 1;
   if (state.excludedLayerCount == 0) {
-    CPropertyPage::OnOK();
+    CheckPage::OnOK();
     return;
   }
-  // No more entries than names: one without a name could be a layer's.
+  // One entry for each name only: an empty entry could match a layer without a name.
   const auto exclude = [](const LayerNameEntry& layer) {
     ExcludedLayer excluded;
     BoundedCopy(excluded.name, layer.name);
@@ -104,15 +82,15 @@ void LayerPage::OnOK() {
   state.excludedLayers = {};
   for (const LayerNameEntry& layer : state.layerNames)
     if (layer.shown != 1) exclude(layer);
-  // By the row's number and not by its text: a name that code page 932 has no characters for doesn't come
-  // back from a window as it went in.
+  // Names are taken by row number, not from the row's text: a name with bytes that code page 932 doesn't have
+  // changes when it goes through a window.
   int row = 0;
   for (const LayerNameEntry& layer : state.layerNames) {
     if (layer.shown != 1) continue;
     if (m_list.GetCheck(row) == 0) exclude(layer);
     ++row;
   }
-  CPropertyPage::OnOK();
+  CheckPage::OnOK();
 }
 
 }  // namespace hexlume

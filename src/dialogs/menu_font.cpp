@@ -8,7 +8,8 @@ namespace hexlume {
 
 namespace {
 
-// The record as it was before it got its last field: every system takes it.
+// The size of the record without its last field, iPaddedBorderWidth, which Windows before
+// Vista doesn't accept.
 constexpr UINT metricsSize = offsetof(NONCLIENTMETRICSA, iPaddedBorderWidth);
 static_assert(metricsSize == 340);
 
@@ -23,7 +24,7 @@ LOGFONTA MenuFont() {
   font.lfWeight = metrics.lfMenuFont.lfWeight;
   font.lfItalic = metrics.lfMenuFont.lfItalic;
   std::memcpy(font.lfFaceName, metrics.lfMenuFont.lfFaceName, sizeof font.lfFaceName);
-  // The height of the characters becomes that of their cell, so the text is smaller than in a menu.
+  // The character height (negative) becomes a cell height (positive), so the text is smaller than in a menu.
   font.lfHeight = std::abs(metrics.lfMenuFont.lfHeight);
   return font;
 }

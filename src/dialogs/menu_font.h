@@ -1,11 +1,12 @@
-// The font step: dialogs in the system's menu font, where the host wants it.
+// The font of the dialogs in font mode 1: the system's menu font.
 #pragma once
 
 #include "dialogs/toolkit/gdi_objects.h"
 
 namespace hexlume {
 
-// Gives the window and all windows within it the menu font, which goes to font.
+// Creates the menu font in font, which must outlive the window, and sets it for the window and
+// all its children.
 void UseMenuFont(HWND window, CFont& font);
 
 }  // namespace hexlume

@@ -1,4 +1,4 @@
-// What DoModal returned, for the conversions.
+// Converts the result of DoModal for the conversions.
 #pragma once
 
 #include <windows.h>

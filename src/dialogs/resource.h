@@ -1,4 +1,4 @@
-// Numbers of the dialogs' resources.
+// The ids of the dialogs' resources.
 #pragma once
 
 // Templates.
@@ -13,7 +13,7 @@
 #define IDC_WIDTH 1010
 #define IDC_HEIGHT 1011
 
-// Texts: the sheet's caption and the rows of the line types.
+// Strings: the sheet's caption and the rows of the line type page.
 #define IDS_SELECTION 101
 #define IDS_SOLID 110
 #define IDS_DOTTED 111

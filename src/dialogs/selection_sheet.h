@@ -1,12 +1,12 @@
-// Asks which layers and line types to leave out.
+// Asks the user which layers and line types to leave out.
 #pragma once
 
 #include "dialogs/dialog_result.h"
 
 namespace hexlume {
 
-// Offers the layers of layerNames that are shown, and the five dash families, and stores what was unticked in
-// the excluded lists and their counts. A sheet that isn't shown leaves nothing out.
+// Offers the shown layers of layerNames and the five dash families, and stores the unticked ones in the
+// excluded lists and their counts. If the sheet can't be shown, nothing is left out.
 DialogResult ShowSelectionSheet();
 
 }  // namespace hexlume

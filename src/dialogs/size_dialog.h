@@ -1,12 +1,17 @@
-// Asks for the scale of a drawing that doesn't fit the largest sheet.
+// Asks the user for the scale of a drawing that doesn't fit the largest sheet.
 #pragma once
+
+#include <cstdint>
 
 #include "dialogs/dialog_result.h"
 
 namespace hexlume {
 
-// Sets scaleDenominator, if the user answers with OK. sheetWidth and sheetHeight hold the drawing's size in
-// whole millimetres meanwhile.
+// The preselected N of the scale 1:N, and the one used when the dialog isn't shown.
+constexpr int32_t defaultDenominator = 100;
+
+// Sets scaleDenominator if the user presses OK. Expects the size of the drawing, in whole millimetres, in
+// sheetWidth and sheetHeight.
 DialogResult ShowSizeDialog();
 
 }  // namespace hexlume

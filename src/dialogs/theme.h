@@ -7,16 +7,16 @@ namespace hexlume {
 
 class CTheme : public CDll {
  public:
-  // 0, also where the system has no themes; 1 on failure.
+  // Returns 0 on success and on systems without themes, 1 on failure.
   int Load();
 
-  // 1 without the entry, 2 if the call returned a value above 0, otherwise 0.
+  // Returns 1 if the function isn't available, 2 if it returned a value above 0, otherwise 0.
   int EnableDialogTexture(HWND window, DWORD flags);
 
   HRESULT(WINAPI* m_enableThemeDialogTexture)(HWND window, DWORD flags) = nullptr;
 };
 
-// The step that both pages take.
+// Gives a page of the sheet the background of a tab page.
 void EnableTabTexture(HWND page);
 
 }  // namespace hexlume

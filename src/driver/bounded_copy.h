@@ -1,4 +1,4 @@
-// Copies of text into a place of fixed size.
+// Copies text into arrays of fixed size.
 #pragma once
 
 #include <cstddef>
@@ -6,11 +6,12 @@
 
 namespace hexlume {
 
-// What a copy throws, as an int32_t, whose text is too long for its place.
+// Thrown as an int32_t if a text is too long for its destination.
 constexpr int32_t textTooLongCode = -1;
 
-// Copies source with its closing 0 into destination, a place of size bytes. A text that doesn't fit throws
-// textTooLongCode and leaves destination as it was: a name cut short could be another layer's name.
+// Copies source with its terminating 0 to destination, an array of size bytes. If the text doesn't
+// fit, throws textTooLongCode and leaves destination unchanged: a truncated name could be the name
+// of another layer.
 void BoundedCopy(char* destination, size_t size, const char* source);
 
 template <size_t size>

@@ -9,7 +9,7 @@ ConvState state = {};
 
 namespace {
 
-constexpr COLORREF colours[] = {
+constexpr COLORREF colors[] = {
     0x000000,  // black
     0x0000FF,  // red
     0x00FFFF,  // yellow
@@ -28,7 +28,7 @@ void ResetConvState() {
   state.originY = 0.0;
   state.drawScale = 0.0;
   state.sheetHeightF = 0.0;
-  std::copy(std::begin(colours), std::end(colours), state.colorTable);
+  std::copy(std::begin(colors), std::end(colors), state.colorTable);
   state.rotated = 0;
   state.colorCount = 7;
   state.blockLevel = 0;
@@ -36,7 +36,7 @@ void ResetConvState() {
 }
 
 void FreeTables() {
-  // Assigned, not cleared: a large drawing's memory isn't kept for the next one.
+  // Assigned, not cleared, so that the memory of a large drawing is released.
   state.layers = {};
   state.layersOwned = 0;
   state.layerNames = {};
@@ -52,8 +52,8 @@ void FreeTables() {
 }
 
 COLORREF ColorAt(int32_t index) {
-  // Index -1 is what a block's entity keeps whose layer isn't in the table: the count in front of the
-  // colours, nearly black.
+  // A block entity whose layer isn't in the table has index -1. It is drawn in the colour 7 (nearly black),
+  // the value of the field colorCount.
   if (index == -1) return static_cast<COLORREF>(state.colorCount);
   if (index < 0 || index > 7) return state.colorTable[0];
   return state.colorTable[index];

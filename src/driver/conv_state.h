@@ -1,4 +1,4 @@
-// The one record of a conversion. Every reader and converter works on it directly; there is one per process.
+// The state of a conversion, which all readers and converters use directly. There is one per process.
 #pragma once
 
 #include <cstdint>
@@ -11,100 +11,101 @@
 
 namespace hexlume {
 
-constexpr int32_t textSize = 257;  // bytes of a name or a group's value with its closing 0
+constexpr int32_t textSize = 257;  // bytes of a name or a group value, with the terminating 0
 
-// A layer as the measuring pass finds it.
+// A layer as read by the measuring pass.
 struct LayerNameEntry {
   char name[textSize];
-  int32_t shown;  // 1 to tick the layer in the selection sheet
+  int32_t shown;  // 1 if the layer is ticked in the selection sheet
 };
 
-constexpr int32_t ltypeCount = 13;    // slots of ltypes
-constexpr int32_t unnamedLtype = 12;  // the slot without a name: no record can define it
+constexpr int32_t ltypeCount = 13;    // number of entries of ltypes
+constexpr int32_t unnamedLtype = 12;  // the entry without a name, which no record can define
 
-// A layer as the drawing pass reads it.
+// A layer as read by the drawing pass.
 struct LayerEntry {
   char name[textSize];
   int32_t family;   // dash family 0..4
-  int32_t pattern;  // index into ltypes, for a family other than 0
-  int32_t color;    // index into colorTable; a negative value stands as read
-  int32_t width;    // pen width in sheet hundredths
+  int32_t pattern;  // index into ltypes, if family isn't 0
+  int32_t color;    // index into colorTable; a negative value is kept as read
+  int32_t width;    // pen width, sheet hundredths
 };
 
 // One of the line types that the library knows.
 struct LtypeEntry {
   char name[textSize];
-  double dashes[6];      // sheet hundredths: positive a stroke, negative a gap
+  double dashes[6];      // sheet hundredths: a stroke if positive, a gap if negative
   int32_t elementCount;  // 2, 4 or 6
-  int32_t defined;       // 1 if the drawing's table has this line type with so many elements
+  int32_t defined;       // 1 if the drawing's LTYPE table has this line type with this number of elements
 };
 
 // A dimension style of the drawing.
 struct DimStyleEntry {
   char name[textSize];
   char arrowBlock[textSize];   // "_" and the name of the arrow's block, or empty
-  char arrowHandle[textSize];  // reference of the arrow's block, or empty
-  double dimScale;             // 1.0 unless told
+  char arrowHandle[textSize];  // handle of the arrow's block, or empty
+  double dimScale;             // 1.0 by default
   double arrowSize;
-  double textHeight;  // times 100 and times the dimScale told in front of it
+  double textHeight;  // group 140 times 100 times the dimScale read before it
 };
 
-// A block of the drawing: its entities aren't kept, but read again from the file wherever it is inserted.
+// A block of the drawing. Its entities aren't stored, but read from the file again for each INSERT.
 struct BlockEntry {
   char name[textSize];
   char ownerHandle[textSize];
-  int32_t bodyOffset;  // place in the file behind the block's name, or noBody
+  int32_t bodyOffset;  // file position after the block's name, or noBody
 };
 
-constexpr int32_t noBody = -1;  // body of a block without a name, and of one that isn't there
+constexpr int32_t noBody = -1;  // bodyOffset of a block without a name and of a missing block
 
 struct ExcludedLayer {
   char name[textSize];
 };
 
 struct ConvState {
-  // The group read last.
+  // The last group read.
   int32_t groupCode;
   char groupValue[textSize];
 
-  // Sheet geometry, written by SetupSheet.
-  int32_t sheetWidth;        // whole millimetres while the size dialog runs, hundredths of them afterwards
-  int32_t sheetHeight;       // the same
-  double sheetHeightF;       // sheet height in hundredths with its fraction
-  RECT sheetRect;            // 0, 0, width, height in hundredths: the frame and the default view
-  double drawScale;          // model hundredths per sheet hundredth
+  // Sheet geometry, set by SetupSheet.
+  int32_t sheetWidth;   // whole millimetres while the size dialog is shown, then hundredths of a millimetre
+  int32_t sheetHeight;  // the same
+  double sheetHeightF;  // sheet height in hundredths, with its fraction
+  RECT sheetRect;       // 0, 0, width, height in hundredths: the frame and the default view
+  double drawScale;     // model hundredths per sheet hundredth
   int32_t scaleDenominator;  // N of the scale 1:N
   double originX, originY;   // lower left corner of the drawing, model units times 100
-  double shiftX, shiftY;     // sheet hundredths, added behind the scale
-  int32_t centreX, centreY;  // pivot of the turned sheet, hundredths
-  uint8_t rotated;           // 1 while the sheet is drawn turned by 180 degrees
+  double shiftX, shiftY;     // sheet hundredths, added after the division by drawScale
+  int32_t centreX, centreY;  // centre of rotation if rotated is 1, sheet hundredths
+  uint8_t rotated;           // 1 while the sheet is drawn rotated by 180 degrees
 
   // Colour.
-  int32_t colorCount;      // 7; colour index -1 reads it as a colour
+  int32_t colorCount;      // 7; also the colour of index -1
   COLORREF colorTable[8];  // black, red, yellow, green, cyan, blue, magenta, white
 
-  // Tables, with who frees them.
+  // Tables. The Owned flags say that the table was filled in this conversion.
   std::vector<LayerNameEntry> layerNames;
-  NamedTable<LayerEntry> layers;   // layerCount of them; the first one stays where a second table has none
-  std::vector<LtypeEntry> ltypes;  // ltypeCount slots, or none
+  NamedTable<LayerEntry> layers;   // layerCount entries, or those of the first table if a second one is empty
+  std::vector<LtypeEntry> ltypes;  // ltypeCount entries, or none
   std::vector<DimStyleEntry> dimStyles;
   NamedTable<BlockEntry> blocks;
   NamedTable<ExcludedLayer> excludedLayers;
   std::vector<int32_t> excludedLtypes;  // dash families 0..4
-  int32_t layerCount;                   // of layerNames, then of layers
-  int32_t excludedLayerCount;           // can exceed the names in excludedLayers: see LayerPage
+  int32_t layerCount;                   // size of layerNames, later of layers
+  int32_t excludedLayerCount;           // can exceed the size of excludedLayers: see LayerPage
   int32_t excludedLtypeCount;
   int32_t layerNamesOwned;
   int32_t layersOwned;
 
-  // Run-wide flags.
-  int32_t arcClockwise;  // 1 where the system's arcs had to be told their direction
-  int32_t monochrome;    // stays between calls
-  uint8_t fontMode;      // stays between calls; font of the dialogs
+  // Flags of the whole conversion.
+  int32_t arcClockwise;  // 1 if the system needed an explicit arc direction
+  int32_t monochrome;    // kept between calls
+  uint8_t fontMode;      // font of the dialogs; kept between calls
+  uint8_t measureSheet;  // 1 to ignore the header's limits and extents; set by the host library only
 
-  // The entity being read, one set for each scope, so that an inner scope doesn't spoil an outer one's. Model
-  // units times 100. The places aren't cleared: an entity that lacks a group takes the value of the entity
-  // before it.
+  // The current entity, in model units times 100: one set of fields for each scope, so that an inner scope
+  // doesn't overwrite those of an outer one. The coordinates aren't cleared: an entity without a group takes
+  // the value of the entity before it.
   int32_t entColor, blockColor, dimColor;
   double entX[4], blockX[4], dimX[4];  // groups 10 to 13
   double entY[4], blockY[4], dimY[4];  // groups 20 to 23
@@ -113,24 +114,24 @@ struct ConvState {
   double entCentreY, blockCentreY, dimCentreY;
   char entText[textSize - 1], blockText[textSize], dimText[textSize];
 
-  // Faces of text. Those named by a text's own codes stay for the texts behind it, also between calls.
-  const char* entFace;  // of the text at hand
+  // Font faces. A face that a text names is kept for the texts after it, also between calls.
+  const char* entFace;  // of the current text
   char entFaceName[textSize], blockFaceName[textSize];
 
-  // The INSERT being played back. The scales stay, also between calls: a LEADER without a known style takes
-  // those of the INSERT or LEADER before it.
+  // The current INSERT. The scales are kept between calls: a LEADER without a known style uses those of the
+  // INSERT or LEADER before it.
   double insertScaleX = 1.0, insertScaleY = 1.0;
   double insertAngle;          // radians
-  char insertLayer[textSize];  // replaces layer "0" within the block
-  int32_t blockLevel;          // how many walks over blocks are under way, one within the other
-  int64_t nestedBytes;         // what blocks within blocks have read in this conversion: see nestedByteLimit
+  char insertLayer[textSize];  // replaces layer "0" in the block
+  int32_t blockLevel;          // nesting depth of the block walks in progress
+  int64_t nestedBytes;         // bytes read by nested blocks in this conversion: see nestedByteLimit
 
-  std::deque<HGDIOBJ> leftPens, leftFonts;  // what converters have left on the canvas: see LeaveSelected
+  std::deque<HGDIOBJ> leftPens, leftFonts;  // left selected on the canvas: see LeaveSelected
 };
 
 extern ConvState state;
 
-// Header variables and extents, owned by the entry point.
+// The header variables, and the extents of the drawing. The export that runs the conversion owns the record.
 struct HeaderVars {
   int32_t dimScaleSet = 0;
   double dimScale = 0.0;
@@ -145,22 +146,22 @@ struct HeaderVars {
   int32_t extMinSet = 0;
   double extMinX = 0.0, extMinY = 0.0;
   int32_t pdMode = 0;
-  double pdSize = 0.0;        // as read; a size in model hundredths once the sheet is set up
+  double pdSize = 0.0;        // as read; after SetupSheet a size in model hundredths
   double drawingScale = 1.0;  // model units per sheet unit
 };
 
-// The part of the sheet that is drawn, in hundredths, Y counted downward from the top: the negated Y of the
-// canvas.
+// The part of the sheet that is drawn, in hundredths. Y grows downward from the top edge: it is the negated Y
+// of the canvas.
 using ViewRect = RECT;
 
-// Resets what doesn't outlive a call. What stays is the monochrome switch, the dialog font and the last
-// values of the entity scratch fields, the faces and the scales and layer of the last INSERT.
+// Resets what isn't kept between calls. Kept are the monochrome switch, the dialog font, the entity fields,
+// the faces, and the scales and layer of the last INSERT.
 void ResetConvState();
 
-// Gives back what the tables hold.
+// Releases the memory of the tables.
 void FreeTables();
 
-// A table entry's colour. Index -1 reads colorCount; every other index outside the table is black.
+// Returns the colour of an index. Index -1 gives colorCount; any other index outside the table gives black.
 COLORREF ColorAt(int32_t index);
 
 }  // namespace hexlume

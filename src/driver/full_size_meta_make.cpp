@@ -1,4 +1,4 @@
-// The whole sheet with the model at full size.
+// Converts the whole sheet with the model at full size.
 #include "dialogs/selection_sheet.h"
 #include "driver/hexlume_app.h"
 #include "driver/host_boundary.h"
@@ -23,7 +23,8 @@ int32_t ConvertFullSize(const char* path, HENHMETAFILE* out, int32_t showDialogs
   if (showDialogs == 1) {
     const DialogResult selection = ShowSelectionSheet();
     if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
-    // Not met when the user simply unticks every layer: one layer must have counted twice.
+    // Not true if the user only unticks all layers: it needs one layer that counts twice, because
+    // it isn't listed.
     if (selection == DialogResult::ok && state.excludedLayerCount == state.layerCount + 1) {
       BeginMetaFile(metaFile, state.sheetRect);
       *out = EndMetaFile(metaFile);

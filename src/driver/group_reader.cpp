@@ -4,14 +4,11 @@
 #include <cstring>
 
 #include "driver/conv_state.h"
+#include "driver/run_watch.h"
 
 namespace hexlume {
 
 namespace {
-
-// A longer line isn't an error: its rest is read as the next line, and the groups are out of step from there
-// on.
-constexpr int32_t lineLimit = 256;
 
 int32_t EndOfFetched(const TextStream& stream) {
   return static_cast<int32_t>(stream.bytes.size());
@@ -21,16 +18,16 @@ bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-// A group as nearly all are: its code line holds blanks and digits alone, and all of it is fetched.
+// The usual form of a group: the code line has only blanks and digits, and both lines are fetched.
 struct PlainGroup {
   int32_t code;
-  int32_t value;  // place of the value line
+  int32_t value;  // position of the value line
   int32_t end;
 };
 
-// The group at the stream's position. False if it isn't plain.
+// Finds the group at the stream's position. Returns false if it isn't a plain one.
 bool FindPlainGroup(const TextStream& stream, PlainGroup& group) {
-  constexpr int32_t longestCode = 10;  // nine digits and a line end: each such number fits
+  constexpr int32_t longestCode = 10;  // nine digits and a line end, so the number fits an int32
   const char* line = stream.bytes.data() + Tell(stream);
   const int32_t length = std::min(EndOfFetched(stream) - Tell(stream), longestCode);
   int32_t i = 0;
@@ -42,11 +39,12 @@ bool FindPlainGroup(const TextStream& stream, PlainGroup& group) {
   if (i < length && line[i] == '\r') ++i;
   if (i >= length || line[i] != '\n') return false;
   group.value = Tell(stream) + i + 1;
-  group.end = EndOfLine(stream, group.value, lineLimit);
+  group.end = EndOfLine(stream, group.value, groupLineLimit);
   return group.end != notFetched;
 }
 
-// How much of a value line counts: up to a 0 byte, and without its line end and one CR before that.
+// Returns the length of the value in a value line: it ends at a 0 byte, and excludes the line end and one
+// CR before it.
 size_t LengthOfValue(const char* line, size_t length) {
   if (const void* zero = std::memchr(line, '\0', length)) length = static_cast<const char*>(zero) - line;
   if (length > 0 && line[length - 1] == '\n') {
@@ -72,11 +70,11 @@ void DropLineEnd(char* text) {
   if (length > 0 && text[length - 1] == '\r') text[--length] = '\0';
 }
 
-// Line by line, for any group: its value may be cut off, and its code line then stays in the buffer.
+// Reads a group of any form. If its value is missing, the code line is left in the buffer.
 int32_t ReadAnyGroup(TextStream& stream) {
-  if (!ReadLine(stream, state.groupValue, lineLimit)) return 0;
+  if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   state.groupCode = Atoi(state.groupValue);
-  if (!ReadLine(stream, state.groupValue, lineLimit)) return 0;
+  if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   DropLineEnd(state.groupValue);
   return 1;
 }
@@ -84,6 +82,7 @@ int32_t ReadAnyGroup(TextStream& stream) {
 }  // namespace
 
 int32_t ReadGroup(TextStream& stream) {
+  if (!MayReadGroup(Tell(stream))) return 0;
   PlainGroup group;
   if (!FindPlainGroup(stream, group)) return ReadAnyGroup(stream);
   TakePlainGroup(stream, group);
@@ -93,7 +92,7 @@ int32_t ReadGroup(TextStream& stream) {
 int32_t PassToEntity(TextStream& stream) {
   int32_t more = 0;
   do {
-    // The last group is read, as the end of the text leaves its value in the buffer.
+    // The last group isn't skipped, because at the end of the file its value must be in the buffer.
     PlainGroup group;
     while (FindPlainGroup(stream, group) && group.code != 0 && group.end < EndOfFetched(stream))
       Seek(stream, group.end);

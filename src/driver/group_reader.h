@@ -1,16 +1,14 @@
-// The one reader of a drawing's groups.
+// Reads the groups of a drawing.
 //
-// Every reader and converter keeps to these rules, which make a single pass possible:
-//   Entry        it is called with the group that named its entity (code 0) in the buffer, and first calls
-//   ReadGroup. Look-ahead   it reads up to the next group with code 0 or the end of the file, leaves that
-//   group in the buffer and
-//                returns the result of its last ReadGroup. The caller looks at the buffer before it reads on.
-//   Early return one that gives up in the middle of its groups returns at once, with the group at hand in the
-//   buffer; the
-//                caller skips the rest.
-//   Re-entry     one that must run another part of the file keeps groupValue and Tell, lets the inner run
-//   seek and read,
-//                then seeks back and restores groupValue. groupCode stands at 0 on both sides.
+// All readers and converters follow these rules, which make a single pass over the file possible:
+//
+// - Entry: the group that names the entity (code 0) is in the buffer. The reader first calls ReadGroup.
+// - Look-ahead: the reader goes on up to the next group with code 0 or the end of the file, leaves that group
+//   in the buffer, and returns the result of its last ReadGroup. The caller checks the buffer first.
+// - Early return: a reader that stops in the middle of its entity returns at once, with the current group in
+//   the buffer. The caller skips the rest of the entity.
+// - Re-entry: a reader that needs another part of the file saves groupValue and Tell, lets the inner reader
+//   seek and read, and then seeks back and restores groupValue. groupCode is 0 before and after.
 #pragma once
 
 #include <cstdint>
@@ -19,15 +17,19 @@
 
 namespace hexlume {
 
-// Reads the next group into groupCode and groupValue of the record. Returns 1, or 0 at the end of the file; a
-// file that ends within a group leaves its code in groupCode.
+// Bytes of a line with its terminating 0. Longer lines aren't an error: the rest is read as the next line, so codes and values
+// are out of step from there on.
+constexpr int32_t groupLineLimit = 256;
+
+// Reads the next group into state.groupCode and state.groupValue. Returns 1, or 0 at the end of the file and
+// once the run has ended. If the file ends within a group, groupCode is that of the incomplete group.
 int32_t ReadGroup(TextStream& stream);
 
-// Reads on to the next group with code 0. The same as ReadGroup again and again, but faster, as the groups
-// before it don't go through the record. Returns 1, or 0 at the end of the file.
+// Reads up to the next group with code 0. Equivalent to repeated calls of ReadGroup, but faster, because
+// skipped groups aren't copied. Returns 1, or 0 at the end of the file.
 int32_t PassToEntity(TextStream& stream);
 
-// Whether the group at hand has this code and exactly this value.
+// Returns whether the current group has this code and exactly this value.
 bool AtGroup(int32_t code, const char* value);
 
 }  // namespace hexlume

@@ -7,15 +7,7 @@
 
 namespace hexlume {
 
-CHexlumeApp theApp;
-
 namespace {
-
-// The library's start and end are those of its static objects.
-struct ModuleLife {
-  ModuleLife() { theApp.InitInstance(); }
-  ~ModuleLife() { theApp.ExitInstance(); }
-} moduleLife;
 
 std::string WithIniExtension(const std::string& path) {
   const size_t fileName = path.find_last_of("\\/") + 1;
@@ -29,7 +21,7 @@ std::string WithIniExtension(const std::string& path) {
 int CHexlumeApp::InitInstance() {
   lastLayerCount = 0;
   lastLtypeCount = 0;
-  // Nothing here writes such a file; one that a host left there must be gone after the load.
+  // The library writes no such file. One that a host has left must not exist after the load.
   char module[1024];
   if (ModuleFileName(module, sizeof module)) DeleteFileIfThere(WithIniExtension(module).c_str());
   return CWinApp::InitInstance();

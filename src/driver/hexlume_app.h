@@ -1,4 +1,4 @@
-// The application object: start and end of the library, and what the last conversion was asked for.
+// The application object: start and end of the library, and the settings of the last conversion.
 #pragma once
 
 #include <cstdint>
@@ -14,14 +14,14 @@ class CHexlumeApp : public CWinApp {
   int InitInstance() override;
   int ExitInstance() override;
 
-  // Remembers a conversion for LoadSelection, with its excluded layers and dash families and its scale cut to
-  // a whole number. A path of 260 bytes or more throws textTooLongCode, and what was remembered before stays.
+  // Stores the settings of a conversion for LoadSelection. scale is the drawing scale truncated to an
+  // integer. A path of 260 bytes or more throws textTooLongCode and leaves the stored settings unchanged.
   void SaveSelection(const char* path, int32_t excludedLayerCount,
                      const NamedTable<ExcludedLayer>& excludedLayers, int32_t excludedLtypeCount,
                      const std::vector<int32_t>& excludedLtypes, int32_t scale, int32_t halfWidthFont);
 
-  // Gives out what was remembered: the lists as copies, but the path itself, which the next save overwrites.
-  // A list with the count 0 stays as the caller has it.
+  // Returns the stored settings. The lists are copied; the path is a pointer to the stored one, valid until
+  // the next SaveSelection. A list whose count is 0 is left unchanged.
   void LoadSelection(const char*& pathOut, int32_t& excludedLayerCountOut,
                      NamedTable<ExcludedLayer>& excludedLayersOut, int32_t& excludedLtypeCountOut,
                      std::vector<int32_t>& excludedLtypesOut, int32_t& scaleOut,

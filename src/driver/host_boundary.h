@@ -1,4 +1,4 @@
-// The last step of a fault on its way to the host.
+// Passes faults of a conversion to the host.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 
 namespace hexlume {
 
-// Runs a conversion that has no catch of its own. What it throws leaves the library for the host, with
-// nothing left open behind it.
+// Runs a conversion that doesn't catch faults itself. Whatever it throws is passed to the host after the
+// tables are released.
 template <typename Conversion>
 int32_t LetFaultsLeave(Conversion&& convert) {
   int32_t code = faultCode;
@@ -18,7 +18,7 @@ int32_t LetFaultsLeave(Conversion&& convert) {
     return convert();
   } catch (int32_t thrown) {
     code = thrown;
-  } catch (...) {  // the heap gave out
+  } catch (...) {  // out of memory
   }
   FreeTables();
   ThrowToHost(code);

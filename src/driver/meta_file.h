@@ -6,8 +6,8 @@
 
 namespace hexlume {
 
-// A metafile being drawn, with the printer's DC that it is measured against. One that a fault leaves
-// unfinished is discarded with the object.
+// A metafile that is being recorded, and the printer's DC that is its reference. The destructor discards a
+// metafile that a fault has left unfinished.
 struct MetaFile {
   MetaFile() = default;
   MetaFile(const MetaFile&) = delete;
@@ -18,10 +18,10 @@ struct MetaFile {
   Canvas canvas = nullptr;
 };
 
-// Begins a metafile whose frame is in hundredths of a millimetre.
+// Starts a metafile. The frame is in hundredths of a millimetre.
 void BeginMetaFile(MetaFile& metaFile, const RECT& frame);
 
-// Ends it. The handle is the caller's.
+// Closes the metafile. The caller owns the handle.
 HENHMETAFILE EndMetaFile(MetaFile& metaFile);
 
 }  // namespace hexlume

@@ -1,4 +1,4 @@
-// The whole sheet.
+// Converts the whole sheet.
 #include "dialogs/selection_sheet.h"
 #include "driver/hexlume_app.h"
 #include "driver/meta_file.h"
@@ -23,7 +23,8 @@ int32_t ConvertWholeSheet(MetaFile& metaFile, const char* path, HENHMETAFILE* ou
   if (showDialogs == 1) {
     const DialogResult selection = ShowSelectionSheet();
     if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
-    // Not met when the user simply unticks every layer: one layer must have counted twice.
+    // Not true if the user only unticks all layers: it needs one layer that counts twice, because
+    // it isn't listed.
     if (selection == DialogResult::ok && state.excludedLayerCount == state.layerCount + 1) {
       BeginMetaFile(metaFile, state.sheetRect);
       *out = EndMetaFile(metaFile);
@@ -53,7 +54,7 @@ int32_t vzMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int
   try {
     GuardFaults([&] { result = ConvertWholeSheet(metaFile, path, out, showDialogs, halfWidthFont); });
   } catch (...) {
-    // What was drawn before the fault still goes to the host, if the metafile had been begun.
+    // The host gets what was drawn before the fault, if the metafile was started.
     if (metaFile.canvas) *out = EndMetaFile(metaFile);
   }
   FreeTables();

@@ -1,5 +1,5 @@
-// The four conversions with a monochrome switch. The switch is set before the conversion looks at its
-// arguments and stays.
+// The four conversions with a monochrome switch. The switch is set before the arguments are checked,
+// and is kept.
 #include "driver/conv_state.h"
 #include "hexlume.h"
 

@@ -1,4 +1,4 @@
-// A table of the drawing whose entries are asked for by name.
+// A table of the drawing whose entries are looked up by name.
 #pragma once
 
 #include <cstddef>
@@ -10,9 +10,8 @@
 
 namespace hexlume {
 
-// Entries in the order of the drawing. Names may occur more than once; each entry counts and is kept. An
-// index finds the first and the last of a name, so that a table of a hundred thousand costs a lookup little
-// more than one of ten.
+// Entries in the order of the drawing. A name may occur more than once; all entries are kept and counted. An
+// index finds the first and the last entry of a name in logarithmic time.
 template <typename Entry>
 class NamedTable {
  public:
@@ -22,10 +21,10 @@ class NamedTable {
     places.try_emplace(entry.name, Places{place, place}).first->second.last = place;
   }
 
-  // The entries stay and are found by their places alone.
+  // Keeps the entries, but no name is found any more.
   void ForgetNames() { places.clear(); }
 
-  // Null where no entry has the name, byte for byte.
+  // Return null if no entry has the name, compared byte by byte.
   const Entry* FindFirst(std::string_view name) const {
     const auto found = places.find(name);
     return found == places.end() ? nullptr : &entries[found->second.first];

@@ -28,21 +28,21 @@ bool IsExponent(const char* text) {
   return IsDigit(text[1]) || ((text[1] == '-' || text[1] == '+') && IsDigit(text[2]));
 }
 
-// Whether a number that no double can hold is too large, and not too small: its first digit other than 0 has
-// a power of ten above 0 then.
+// For a number that doesn't fit a double: returns whether it is too large rather than too small, that is,
+// whether its first nonzero digit has a positive power of ten.
 bool IsTooLarge(const char* number) {
-  constexpr int64_t exponentLimit = 99999;  // more than all digits of a line can make up for
+  constexpr int64_t exponentLimit = 99999;  // more than the digits of one line can compensate
   int64_t power = 0;
-  bool behindPoint = false;
+  bool afterPoint = false;
   bool nonZero = false;
-  for (; IsDigit(*number) || (*number == '.' && !behindPoint); ++number) {
+  for (; IsDigit(*number) || (*number == '.' && !afterPoint); ++number) {
     if (*number == '.') {
-      behindPoint = true;
+      afterPoint = true;
       continue;
     }
     nonZero = nonZero || *number != '0';
-    if (nonZero && !behindPoint) ++power;
-    if (!nonZero && behindPoint) --power;
+    if (nonZero && !afterPoint) ++power;
+    if (!nonZero && afterPoint) --power;
   }
   if (!IsExponent(number)) return power > 0;
   const bool negative = number[1] == '-';
@@ -79,7 +79,7 @@ double Atof(const char* text) {
   double value = 0.0;
   auto result = std::from_chars(text, text + std::strlen(text), value);
   std::string rewritten;
-  if (IsExponent(result.ptr)) {  // with the letter d: std::from_chars knows the e alone
+  if (IsExponent(result.ptr)) {  // std::from_chars accepts e, but not d
     rewritten = text;
     rewritten[static_cast<size_t>(result.ptr - text)] = 'e';
     text = rewritten.c_str();
@@ -88,6 +88,10 @@ double Atof(const char* text) {
   if (result.ec == std::errc::result_out_of_range)
     value = IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
   return negative ? -value : value;
+}
+
+double Hundredths(const char* value) {
+  return Atof(value) * 100.0;
 }
 
 }  // namespace hexlume

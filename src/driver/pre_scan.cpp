@@ -12,10 +12,10 @@ namespace {
 
 // HEADER
 
-// A header variable: the flag that says it was seen, and what its groups store.
+// A header variable: the flag that it was found, and a function that stores its groups.
 struct HeaderVariable {
   const char* name;
-  int32_t HeaderVars::*seen;  // null if nobody asks
+  int32_t HeaderVars::*seen;  // null if the flag isn't needed
   void (*store)(HeaderVars& headerVars, int32_t code, const char* value);
 };
 
@@ -55,7 +55,7 @@ const HeaderVariable headerVariables[] = {
      }},
     {"$PDSIZE", nullptr,
      [](HeaderVars& vars, int32_t code, const char* value) {
-       // A whole number: the fraction of a point's size is lost, so that 0.5 counts as 0.
+       // Read as an integer: the fraction is lost, so 0.5 counts as 0.
        if (code == 40) vars.pdSize = Atoi(value);
      }},
 };
@@ -67,7 +67,8 @@ const HeaderVariable* FindHeaderVariable(const char* name) {
   return found == std::end(headerVariables) ? nullptr : found;
 }
 
-// Entered with a variable's name (code 9) in the buffer; leaves the next name or the next code 0 there.
+// Expects the name of a variable (code 9) in the buffer. Leaves the next name or the next group with
+// code 0 there.
 int32_t ReadHeaderVariable(TextStream& stream, HeaderVars& headerVars) {
   const HeaderVariable* variable = FindHeaderVariable(state.groupValue);
   int32_t more = ReadGroup(stream);
@@ -113,7 +114,7 @@ int32_t ReadLayerName(TextStream& stream) {
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     switch (state.groupCode) {
       case 2: BoundedCopy(entry.name, state.groupValue); break;
-      // Exactly frozen: a layer that is frozen and locked besides stays ticked.
+      // Flags must be exactly 1: a layer that is frozen and locked (5) is ticked.
       case 62: entry.shown = Atoi(state.groupValue) >= 0 && flags != frozenFlag; break;
       case 70: flags = Atoi(state.groupValue); break;
       case 290: entry.shown = Atoi(state.groupValue) != 0; break;
@@ -144,8 +145,8 @@ void Widen(double& min, double& max, double value) {
   max = std::max(max, value);
 }
 
-// Measures the points of all entities, whatever their kind: a circle counts with its centre, a text with its
-// alignment point. The box starts at the origin, so that the origin is always inside.
+// Measures the points of all entities, of any kind: of a circle the centre, of a text the alignment point.
+// The box starts at the origin, so it always contains the origin.
 void ScanEntityExtents(TextStream& stream, HeaderVars& headerVars) {
   double minX = 0.0, minY = 0.0, maxX = 0.0, maxY = 0.0;
   while (ReadGroup(stream) && !AtGroup(0, "ENDSEC")) {
@@ -164,22 +165,30 @@ bool HasBox(const HeaderVars& headerVars) {
   return (headerVars.limMinSet && headerVars.limMaxSet) || (headerVars.extMinSet && headerVars.extMaxSet);
 }
 
-// Reads on to the name of the ENTITIES section; the group at hand counts.
+// Reads up to the name of the ENTITIES section, starting with the current group.
 bool FindEntities(TextStream& stream) {
   while (!AtGroup(2, "ENTITIES"))
     if (!ReadGroup(stream)) return false;
   return true;
 }
 
-// Smaller than this in either direction, a header's box can't be true.
+// As if the header had neither limits nor extents.
+void ForgetBoxes(HeaderVars& vars) {
+  vars.limMaxSet = vars.limMinSet = vars.extMaxSet = vars.extMinSet = 0;
+  vars.limMaxX = vars.limMaxY = vars.limMinX = vars.limMinY = 0.0;
+  vars.extMaxX = vars.extMaxY = vars.extMinX = vars.extMinY = 0.0;
+}
+
+// A header's box that is smaller than this in width or height isn't plausible.
 constexpr double smallestBox = 2.0;
 
-// Extents from the largest number to the smallest one: no program has put in the drawing's own yet.
+// Whether the maximum of the extents is below the minimum. Programs write such values for extents that
+// were never computed.
 bool ExtentsAreUntouched(const HeaderVars& vars) {
   return vars.extMinSet && vars.extMaxSet && (vars.extMaxX < vars.extMinX || vars.extMaxY < vars.extMinY);
 }
 
-// Untouched extents are the box also where limits of a true size would hold it: they must be measured.
+// Extents that were never computed aren't plausible even if the limits are, so the drawing is measured.
 bool BoxIsPlausible(const HeaderVars& vars) {
   const double scale = vars.drawingScale;
   if (ExtentsFitLimits(vars) && !ExtentsAreUntouched(vars))
@@ -189,13 +198,13 @@ bool BoxIsPlausible(const HeaderVars& vars) {
          vars.extMaxY / scale - vars.extMinY / scale >= smallestBox;
 }
 
-// What the walk over the sections' names found.
-enum class WalkEnd { layersCutOff, atEntities, behindLayers, endOfFile };
+// How the walk over the section names ended.
+enum class WalkEnd { layersCutOff, atEntities, afterLayers, endOfFile };
 
 WalkEnd WalkSections(TextStream& stream, HeaderVars& headerVars) {
   while (ReadGroup(stream)) {
     if (AtGroup(2, "ENTITIES")) return WalkEnd::atEntities;
-    if (AtGroup(2, "TABLES")) return ScanLayerNames(stream) ? WalkEnd::behindLayers : WalkEnd::layersCutOff;
+    if (AtGroup(2, "TABLES")) return ScanLayerNames(stream) ? WalkEnd::afterLayers : WalkEnd::layersCutOff;
     if (AtGroup(2, "HEADER")) ScanHeader(stream, headerVars);
   }
   return WalkEnd::endOfFile;
@@ -218,6 +227,7 @@ int32_t ScanDrawing(const char* path, HeaderVars& headerVars) {
   if (!OpenText(stream, path)) return 0;
   const WalkEnd walkEnd = WalkSections(stream, headerVars);
   if (walkEnd == WalkEnd::layersCutOff) return 0;
+  if (state.measureSheet) ForgetBoxes(headerVars);
   const bool moreToRead = walkEnd != WalkEnd::endOfFile;
 
   if (!HasBox(headerVars) && moreToRead && FindEntities(stream)) {
@@ -225,8 +235,8 @@ int32_t ScanDrawing(const char* path, HeaderVars& headerVars) {
     if (!state.layerNamesOwned) AddDefaultLayerName();
   }
 
-  // A scan that stands on ENTITIES already reads past it here and finds none: the header's numbers stand
-  // then.
+  // If the scan has stopped at ENTITIES, this reads past it and finds no other one, so the header's
+  // box is kept.
   if (!BoxIsPlausible(headerVars) && ReadGroup(stream) && FindEntities(stream))
     ScanEntityExtents(stream, headerVars);
   return 1;

@@ -1,4 +1,4 @@
-// The measuring pass: how large is the drawing, and which layers has it?
+// The measuring pass: finds the size and the layers of a drawing.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,11 @@
 namespace hexlume {
 
 // Reads a drawing as far as needed to fill headerVars, layerNames and layerCount. Returns 1, or 0 if the file
-// can't be read or its layers end with the file.
+// can't be read or ends within the layer table.
 int32_t ScanDrawing(const char* path, HeaderVars& headerVars);
 
-// Whether the extents fit inside the limits, in both directions, as the drawing's own numbers tell.
+// Whether the extents are no wider and no higher than the limits. A box that the header doesn't have
+// counts as zeros.
 bool ExtentsFitLimits(const HeaderVars& headerVars);
 
 }  // namespace hexlume

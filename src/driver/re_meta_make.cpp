@@ -1,4 +1,4 @@
-// A part of the sheet, for a view.
+// Converts a part of the sheet.
 #include "dialogs/selection_sheet.h"
 #include "driver/host_boundary.h"
 #include "driver/meta_file.h"
@@ -23,7 +23,7 @@ int32_t ConvertPartOfSheet(const char* path, HENHMETAFILE* out, int32_t halfWidt
   if (showDialogs == 1) {
     const DialogResult selection = ShowSelectionSheet();
     if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
-    // Unlike in the other two conversions this is met when every layer, or every line type, is unticked.
+    // Differs from the other two conversions: true if all layers, or all line types, are unticked.
     if (selection == DialogResult::ok &&
         (state.excludedLayerCount == state.layerCount || state.excludedLtypeCount == 5)) {
       BeginMetaFile(metaFile, view);
@@ -31,7 +31,7 @@ int32_t ConvertPartOfSheet(const char* path, HENHMETAFILE* out, int32_t halfWidt
       return HEXLUME_OK;
     }
   }
-  // The selection isn't saved: a turn afterwards repeats the last full conversion.
+  // The selection isn't saved: vzRotMetaMake repeats the last conversion of a whole sheet.
 
   TextStream stream;
   if (!OpenText(stream, path)) return HEXLUME_NOT_OPENED;

@@ -1,4 +1,4 @@
-// The last full conversion once more, turned by 180 degrees.
+// Repeats the last conversion of a whole sheet, rotated by 180 degrees.
 #include "driver/hexlume_app.h"
 #include "driver/host_boundary.h"
 #include "driver/meta_file.h"
@@ -22,8 +22,7 @@ int32_t ConvertTurned(HENHMETAFILE* out) {
 
   HeaderVars headerVars;
   if (ScanDrawing(path, headerVars) != 1) return HEXLUME_NOT_A_DRAWING;
-  // The scale that was saved serves as a denominator on top of the drawing's own scale, which is in it
-  // already.
+  // The saved scale is used as a denominator, although it includes the drawing's own scale already.
   const int32_t sheetResult = SetupSheet(headerVars, 0, drawScale, 0);
   if (sheetResult != 0) return sheetResult;
 

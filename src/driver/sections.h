@@ -1,4 +1,4 @@
-// The walk of the drawing pass over a drawing's sections.
+// The drawing pass over the sections of a drawing.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,8 @@
 
 namespace hexlume {
 
-// Reads a drawing from its start to its end, in the order of the file, and draws its entities as they come.
-// An ENTITIES section draws with what tables there are at that moment. The last three arguments are the run
-// options of ConversionRun.
+// Reads a drawing from start to end, in file order, and draws its entities as they are read. An ENTITIES
+// section uses the tables read before it. For the last three arguments see ConversionRun.
 void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, const ViewRect& view,
                   int32_t wholeTextClip, int32_t wholeSheet, int32_t halfWidthFont);
 

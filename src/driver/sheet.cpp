@@ -28,13 +28,13 @@ Size SizeOnSheet(const Box& box, double scale, int32_t fullSize) {
   return {box.maxX / scale - box.minX / scale, box.maxY / scale - box.minY / scale};
 }
 
-// Half of what the limits leave over around the extents, in hundredths of whole millimetres.
+// Returns half of what the limits exceed the extents by: whole millimetres, converted to hundredths.
 double CentringShift(double sheet, double drawing) {
   return WrapMul(Trunc(sheet - drawing), 100) / 2;
 }
 
-// A0 in both orientations. A drawing no wider than the long side passes whatever its height, unless it is
-// both wider than the short side and higher than the long one: 800 by 5000 fits.
+// A0 in both orientations. A drawing no wider than the long side fits whatever its height, unless it is wider
+// than the short side and higher than the long one: 800 by 5000 fits.
 bool FitsLargestSheet(const Size& size) {
   constexpr double shortSide = 841.0;
   constexpr double longSide = 1189.0;
@@ -52,9 +52,8 @@ void DivideByDenominator(HeaderVars& headerVars, Size& size) {
   state.shiftY /= denominator;
 }
 
-// False if the user cancelled.
+// Returns false if the user cancelled the dialog.
 bool ChooseDenominator(HeaderVars& headerVars, Size& size, int32_t showDialog, int32_t presetDenominator) {
-  constexpr int32_t defaultDenominator = 100;
   if (FitsLargestSheet(size)) {
     state.scaleDenominator = 1;
     return true;
@@ -68,7 +67,7 @@ bool ChooseDenominator(HeaderVars& headerVars, Size& size, int32_t showDialog, i
   switch (answer) {
     case DialogResult::cancelled: return false;
     case DialogResult::ok:
-      // The dialog shows whole millimetres, and so their fractions are lost for the sheet too.
+      // The dialog works in whole millimetres, so the fractions are lost for the sheet too.
       size = {static_cast<double>(state.sheetWidth), static_cast<double>(state.sheetHeight)};
       break;
     case DialogResult::notShown:
@@ -80,7 +79,7 @@ bool ChooseDenominator(HeaderVars& headerVars, Size& size, int32_t showDialog, i
 }
 
 void StoreGeometry(const HeaderVars& headerVars, const Box& extents, const Size& size, int32_t fullSize) {
-  // The tenth keeps a product that falls just short of a whole number from losing a unit.
+  // 0.1 is added so that a product just below a whole number isn't truncated to the next lower one.
   state.sheetRect.right = Trunc(size.width * 100.0 + 0.1);
   state.sheetRect.bottom = Trunc(size.height * 100.0 + 0.1);
   state.sheetWidth = WrapMul(Trunc(size.width), 100);
@@ -93,8 +92,8 @@ void StoreGeometry(const HeaderVars& headerVars, const Box& extents, const Size&
   state.drawScale = fullSize == 1 ? 1.0 : headerVars.drawingScale;
 }
 
-// Point marks: 0 asks for a part of the sheet's width, a negative size for a percentage of it, and stays
-// negative.
+// Sets the size of point marks: 0 means 0.45 percent of the sheet's width, a negative size a percentage of
+// it. A negative size remains negative.
 void SettlePointSize(HeaderVars& headerVars) {
   double size = headerVars.pdSize;
   if (size == 0.0)
@@ -119,7 +118,7 @@ int32_t SetupSheet(HeaderVars& headerVars, int32_t showDialog, int32_t presetDen
   Size size = drawing;
   state.shiftX = 0.0;
   state.shiftY = 0.0;
-  // Asked of the header's own numbers: where one of the two boxes isn't there, its zeros count.
+  // Uses the header's own numbers: if the limits or the extents are missing, their zeros count.
   if (ExtentsFitLimits(headerVars)) {
     size = SizeOnSheet(limits, headerVars.drawingScale, fullSize);
     state.shiftX = CentringShift(size.width, drawing.width);

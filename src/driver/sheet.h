@@ -1,4 +1,4 @@
-// The sheet: its size, the drawing's place on it and its scale.
+// The sheet: its size, its scale and the position of the drawing on it.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,9 @@
 
 namespace hexlume {
 
-// Fits the measured drawing to a sheet of at most A0 and writes the sheet geometry of the record. Where the
-// drawing doesn't fit at its own scale, showDialog other than 0 asks the user for the denominator; otherwise
-// presetDenominator is taken, 0 for 100. fullSize 1 keeps the model at full size. Returns 0, or
+// Fits the measured drawing to a sheet of at most A0 and sets the sheet geometry. If it doesn't fit at its
+// own scale, the user is asked for the denominator (showDialog other than 0), otherwise presetDenominator is
+// used, or defaultDenominator if that is 0. With fullSize 1 the model keeps its full size. Returns 0,
 // HEXLUME_CANCELLED, or HEXLUME_NOT_A_DRAWING if the drawing has neither limits nor extents.
 int32_t SetupSheet(HeaderVars& headerVars, int32_t showDialog, int32_t presetDenominator, int32_t fullSize);
 

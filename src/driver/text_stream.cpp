@@ -1,8 +1,10 @@
 #include "driver/text_stream.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace hexlume {
 
@@ -12,13 +14,35 @@ constexpr size_t chunkSize = 256 * 1024;
 constexpr size_t largestSize = std::numeric_limits<int32_t>::max();
 constexpr char endOfText = 0x1A;
 
-// Fetches the next chunk of the file. False if there is nothing more.
+class FileSource : public TextSource {
+ public:
+  explicit FileSource(const char* path) : file(std::fopen(path, "rb")) {}
+  ~FileSource() override {
+    if (file) std::fclose(file);
+  }
+  FileSource(const FileSource&) = delete;
+  FileSource& operator=(const FileSource&) = delete;
+
+  bool IsOpen() const { return file != nullptr; }
+  size_t Read(char* buffer, size_t size) override { return std::fread(buffer, 1, size, file); }
+  bool HasFailed() const override { return std::ferror(file) != 0; }
+
+ private:
+  std::FILE* file;
+};
+
+std::unique_ptr<TextSource> OpenFile(const char* path) {
+  auto source = std::make_unique<FileSource>(path);
+  return source->IsOpen() ? std::move(source) : nullptr;
+}
+
+// Reads the next chunk of the file. Returns false if there is no more text.
 bool Fetch(TextStream& stream) {
   if (stream.complete) return false;
   const size_t oldSize = stream.bytes.size();
   const size_t wanted = std::min(chunkSize, largestSize - oldSize);
   stream.bytes.resize(oldSize + wanted);
-  const size_t got = std::fread(stream.bytes.data() + oldSize, 1, wanted, stream.file.get());
+  const size_t got = stream.source->Read(stream.bytes.data() + oldSize, wanted);
   stream.bytes.resize(oldSize + got);
   const auto fetched = stream.bytes.begin() + static_cast<std::ptrdiff_t>(oldSize);
   const auto textEnd = std::find(fetched, stream.bytes.end(), endOfText);
@@ -27,7 +51,7 @@ bool Fetch(TextStream& stream) {
   return stream.bytes.size() > oldSize;
 }
 
-// Whether there is a next byte; it stands at the stream's position then.
+// Returns whether there is a byte at the stream's position, and fetches it if needed.
 bool HasByte(TextStream& stream) {
   return static_cast<size_t>(stream.position) < stream.bytes.size() || Fetch(stream);
 }
@@ -38,13 +62,15 @@ bool NextByteIs(TextStream& stream, char byte) {
 
 }  // namespace
 
+SourceOpener openSource = OpenFile;
+
 bool OpenText(TextStream& stream, const char* path) {
   stream = TextStream();
-  stream.file.reset(std::fopen(path, "rb"));
-  if (!stream.file) return false;
+  stream.source = openSource(path);
+  if (!stream.source) return false;
   Fetch(stream);
-  // A folder opens on some systems, but can't be read.
-  return !std::ferror(stream.file.get());
+  // On some systems a folder can be opened, but not read.
+  return !stream.source->HasFailed();
 }
 
 bool ReadLine(TextStream& stream, char* line, int32_t limit) {
@@ -67,7 +93,7 @@ int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit) {
   const void* found = std::memchr(line, '\n', static_cast<size_t>(std::min(left, limit)));
   if (!found) return left < limit ? notFetched : place + limit - 1;
   const auto feed = static_cast<int32_t>(static_cast<const char*>(found) - line);
-  // There it is a character too many, unless it follows a CR, which isn't counted.
+  // The line is full before this line feed. A CR before it isn't counted.
   if (feed == limit - 1 && line[feed - 1] != '\r') return place + feed;
   return place + feed + 1;
 }

@@ -1,44 +1,41 @@
-// A drawing's file, read as text.
+// The text of a drawing's file.
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
+#include "driver/text_source.h"
+
 namespace hexlume {
 
-// The C runtime's text mode loses count of its own position on files with LF line ends, and playing a block
-// back hangs on that position. So the bytes are kept, fetched from the file as far as the reading has come,
-// and a position is simply an index into them.
+// The text mode of the C runtime reports wrong positions for files with LF line ends, and blocks are read
+// again by position. So the bytes are kept in memory, fetched as far as needed, and a position is an
+// index into them.
 struct TextStream {
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
-  std::unique_ptr<std::FILE, CloseFile> file;
-  std::vector<char> bytes;  // what has been fetched, without the text's end mark
+  std::unique_ptr<TextSource> source;
+  std::vector<char> bytes;  // fetched so far, without the end mark
   bool complete = false;    // the whole text has been fetched
   int32_t position = 0;     // index of the next byte to be read
 };
 
-// Opens a file for reading, from its start. False if it can't be read. As positions are int32, a text ends at
-// 2 GB.
+// Opens a file at its start. Returns false if it can't be read. Positions are int32, so the text ends
+// at 2 GB.
 bool OpenText(TextStream& stream, const char* path);
 
-// Reads one line, as fgets does: up to and with its line feed, at most limit - 1 characters, closed by a 0.
-// CR LF counts as one line feed and a byte 0x1A ends the text. False, with line as it was, at the end of the
-// text.
+// Reads one line as fgets does: up to and including its line feed, at most limit - 1 characters, with a
+// terminating 0. CR LF is read as one line feed, and a byte 0x1A ends the text. At the end of the text
+// returns false and leaves line unchanged.
 bool ReadLine(TextStream& stream, char* line, int32_t limit);
 
 constexpr int32_t notFetched = -1;
 
-// The place after the line that ReadLine would read at this place, with the same limit of at least 2.
-// notFetched if the bytes fetched so far don't hold all of it; so it is at the end of the text for a last
-// line without a line feed.
+// Returns the position after the line that ReadLine would read from place with the same limit (at least
+// 2). Returns notFetched if the fetched bytes don't contain the whole line. That includes a last line
+// without a line feed.
 int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit);
 
-// The place of the next byte, for Seek on the same stream.
+// Returns the position of the next byte, for Seek on the same stream.
 int32_t Tell(const TextStream& stream);
 void Seek(TextStream& stream, int32_t position);
 

@@ -1,5 +1,5 @@
-// ARC: a part of a circle, counter-clockwise. It is drawn if an end of it lies in the view, and then without
-// what the view's edges cut from its circle.
+// ARC: a part of a circle, counter-clockwise. It is drawn if its start or its end is in the view (in a block,
+// if its start is), without what the edges of the view cut off its circle.
 #include "entities/arc.h"
 
 #include <cmath>
@@ -14,7 +14,7 @@ namespace hexlume {
 
 namespace {
 
-// Where an arc starts or ends, in degrees with the precision of a float and in radians.
+// The angle of an arc's start or end. degrees is rounded to a float.
 struct ArcAngle {
   double degrees = 0.0;
   double radians = 0.0;
@@ -29,7 +29,7 @@ ArcAngle ReadAngle(double value) {
   return {static_cast<float>(value), value * pi / 180.0};
 }
 
-// With the turn of the block. Only a sum above 360 comes back by a round, and none twice.
+// Adds the turn of the block. A sum above 360 is reduced by 360, once.
 ArcAngle ReadBlockAngle(double value) {
   const double turn = state.insertAngle * 180.0 / pi;
   const double sum = turn + value;
@@ -45,24 +45,24 @@ SheetArc PlaceArc(double x, double y, double radius, const ArcAngle& start, cons
   return {PlaceCircle(x, y, radius), PointAt(x, y, radius, start), PointAt(x, y, radius, end)};
 }
 
-// Less than three units across or high.
+// Less than three units wide or high.
 bool IsTooSmall(const SheetCircle& circle) {
   return WrapSub(circle.rightBottom.x, circle.leftTop.x) < 3 ||
          WrapSub(circle.leftTop.y, circle.rightBottom.y) < 3;
 }
 
-// Equal angles make a whole circle.
+// Equal angles give a whole circle.
 AngleRange RangeOf(const ArcAngle& start, const ArcAngle& end) {
   if (end.degrees > start.degrees) return {start.degrees, end.degrees - start.degrees};
   return {start.degrees, 360.0 - start.degrees + end.degrees};
 }
 
-// What is left of an arc if `cut` is left of its circle. The rest is one range at most, and where the cut
-// passes 0 degrees it can run backwards.
+// Reduces an arc to what cut, the visible part of its circle, leaves of it. The result is always one range,
+// and its sweep can be negative if the cut passes 0 degrees.
 AngleRange MergeCut(const AngleRange& arc, const AngleRange& cut) {
   if (cut.sweep == 0.0) return arc;
   const double arcEnd = arc.start + arc.sweep;
-  // The sweep is subtracted, whichever way it runs.
+  // The sweep is subtracted, whatever its sign.
   const bool startsAtCut = arc.start < cut.start && cut.start - cut.sweep < arcEnd;
   const double start = startsAtCut ? cut.start : arc.start;
   double cutEnd = cut.sweep > 0.0 ? cut.start + cut.sweep : cut.start - cut.sweep;
@@ -72,11 +72,10 @@ AngleRange MergeCut(const AngleRange& arc, const AngleRange& cut) {
 
 AngleRange CutArc(const AngleRange& arc, const SheetCircle& circle, double radius, const ViewRect& view) {
   constexpr AngleRange noCut = {0.0, 0.0};
-  return MergeCut(arc, CutToView(view, circle, radius, noCut));
+  return MergeCut(arc, CutCircleToView(view, circle, radius, noCut));
 }
 
-// GDI draws the arc itself, in the pen that stands selected: it does the dashes, and a turned sheet doesn't
-// turn the arc.
+// GDI draws the arc with the selected pen and makes the dashes itself. The arc isn't turned with the sheet.
 void DrawClockwise(Canvas canvas, const SheetArc& arc) {
   const SheetCircle& circle = arc.circle;
   Arc(canvas, circle.leftTop.x, circle.leftTop.y, WrapAdd(circle.rightBottom.x, 1),
@@ -97,9 +96,9 @@ int32_t DrawArc(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
-      case 40: state.entRadius = Atof(value) * 100.0 + 0.0001; break;
+      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
+      case 40: state.entRadius = Hundredths(value) + 0.0001; break;
       case 50: start = ReadAngle(Atof(value)); break;
       case 51: end = ReadAngle(Atof(value)); break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
@@ -138,7 +137,7 @@ int32_t DrawBlockArc(const BlockRun& run) {
         break;
       case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 40: state.blockRadius = Hundredths(value) * state.insertScaleX; break;
       case 50: start = ReadBlockAngle(Atof(value)); break;
       case 51: end = ReadBlockAngle(Atof(value)); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
@@ -151,8 +150,8 @@ int32_t DrawBlockArc(const BlockRun& run) {
   const SheetArc arc = PlaceArc(state.blockX[0], state.blockY[0], state.blockRadius, start, end);
   if (IsTooSmall(arc.circle)) return more;
 
-  // The arc is dropped if it starts outside the view, even if it ends in it, and only with its pen and brush
-  // selected: they stay on the canvas, and the strokes that follow put them back behind their own.
+  // An arc that starts outside the view is dropped, even if it ends inside. Its pen and brush are selected by
+  // then and remain on the canvas: later strokes restore them after their own.
   const PenAndBrush selected = SelectPenAndBrush(run.canvas, style.family, 0, state.blockColor);
   if (!LiesInView(run.view, arc.start) || (state.arcClockwise == 1 && !LiesInView(run.view, arc.end))) {
     LeaveSelected(selected.pen.pen);
@@ -183,8 +182,8 @@ int32_t DrawDimInsertArc(const BlockRun& run) {
         break;
       case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 40: state.dimRadius = Atof(value) * 100.0; break;  // the centre is scaled, the radius isn't
-      case 50: start = ReadAngle(Atof(value)); break;         // nor are the angles turned with the centre
+      case 40: state.dimRadius = Hundredths(value); break;  // not scaled, unlike the centre
+      case 50: start = ReadAngle(Atof(value)); break;       // not turned, unlike the centre
       case 51: end = ReadAngle(Atof(value)); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }

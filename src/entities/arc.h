@@ -1,4 +1,4 @@
-// ARC, in each of the four scopes.
+// ARC in the four scopes.
 #pragma once
 
 #include <cstdint>

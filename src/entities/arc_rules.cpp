@@ -8,12 +8,12 @@
 namespace hexlume {
 
 void ResolveWholeLinetype(const char* value, LineStyle& style) {
-  // Any other name keeps the layer's family here. The misspelt name counts too.
+  // Any other name keeps the layer's family. The misspelt name is accepted as well.
   if (EqualsIgnoringCase(value, "CONTINUOUS") || EqualsIgnoringCase(value, "CONTINUOS")) style.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!EqualsIgnoringCase(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
-    style.family = keyword.family;
-    style.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!EqualsIgnoringCase(value, known.keyword) || !IsLtypeDefined(known.pattern)) continue;
+    style.family = known.family;
+    style.pattern = known.pattern;
   }
 }
 
@@ -29,13 +29,13 @@ SheetCircle PlaceCircle(double x, double y, double radius) {
 
 namespace {
 
-// Half the angle of the cap that an edge cuts off, in degrees. The depth of the cap is the sheet's and the
-// radius the model's: only at a scale of 1 is the angle right, and elsewhere it may be no number at all.
+// Half the angle, in degrees, of the cap that an edge cuts off. depth is in sheet units and radius in model
+// units, so the angle is right at a scale of 1 only. At other scales it can be NaN.
 double HalfAngle(int32_t depth, double radius) {
   return std::acos((radius - depth) / radius) * 180.0 / pi;
 }
 
-// The direction is that from the circle's centre to the middle of the cap.
+// direction is the angle from the circle's centre to the middle of the cap, in degrees.
 AngleRange AllButCap(double direction, int32_t depth, double radius) {
   const double angle = HalfAngle(depth, radius);
   return {direction + angle, 360.0 - 2.0 * angle};
@@ -47,8 +47,8 @@ AngleRange CapAlone(double direction, int32_t depth, double radius) {
 
 }  // namespace
 
-AngleRange CutToView(const ViewRect& view, const SheetCircle& circle, double radius,
-                     const AngleRange& uncut) {
+AngleRange CutCircleToView(const ViewRect& view, const SheetCircle& circle, double radius,
+                           const AngleRange& uncut) {
   const int32_t left = circle.leftTop.x;
   const int32_t right = circle.rightBottom.x;
   const int32_t top = WrapNegate(circle.leftTop.y);
@@ -56,7 +56,7 @@ AngleRange CutToView(const ViewRect& view, const SheetCircle& circle, double rad
   const int32_t x = circle.centre.x;
   const int32_t y = WrapNegate(circle.centre.y);
 
-  // A circle that several edges cut is cut by the last of them alone.
+  // If several edges cut the circle, the last of them alone counts.
   AngleRange rest = uncut;
   if (x < view.right && view.right < right) rest = AllButCap(0.0, WrapSub(right, view.right), radius);
   if (x < view.left) rest = CapAlone(360.0, WrapSub(right, view.left), radius);
@@ -65,7 +65,7 @@ AngleRange CutToView(const ViewRect& view, const SheetCircle& circle, double rad
   if (y > view.top && view.top > top) rest = AllButCap(90.0, WrapSub(view.top, top), radius);
   if (y > view.bottom) {
     rest = CapAlone(90.0, WrapSub(view.bottom, top), radius);
-    rest.sweep = -rest.sweep;  // runs backwards here: of a circle it draws what lies outside the view
+    rest.sweep = -rest.sweep;  // so a circle is drawn outside the view
   }
   if (y < view.bottom && view.bottom < bottom) rest = AllButCap(270.0, WrapSub(bottom, view.bottom), radius);
   if (y < view.top) rest = CapAlone(270.0, WrapSub(bottom, view.top), radius);
@@ -92,7 +92,7 @@ PenAndBrush SelectPenAndBrush(Canvas canvas, int32_t family, int32_t width, int3
 
 void RestorePenAndBrush(Canvas canvas, const PenAndBrush& selected) {
   SelectObject(canvas, selected.previousBrush);
-  // To delete a stock object does nothing; it's a fixed step of the sequence.
+  // Deleting a stock object has no effect. The call is part of the fixed sequence.
   DeleteObject(selected.brush);
   RestorePen(canvas, selected.pen);
 }

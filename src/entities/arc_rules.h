@@ -1,5 +1,5 @@
-// What ARC and CIRCLE share. Arcs aren't clipped by GDI: the library estimates by which angles the view cuts
-// the circle, and draws only the rest.
+// The rules that ARC and CIRCLE share. GDI doesn't clip arcs: the library estimates the angles at which the
+// edges of the view cut the circle, and draws the rest.
 #pragma once
 
 #include <cstdint>
@@ -11,41 +11,42 @@
 
 namespace hexlume {
 
-// A circle on the sheet, with two corners of its box.
+// A circle on the sheet with two corners of its bounding box.
 struct SheetCircle {
   POINT centre, leftTop, rightBottom;
   int32_t radius;
 };
 
-// A range of angles in degrees, counter-clockwise from the X axis as in the drawing. It can run backwards.
+// A range of angles in degrees, counter-clockwise from the X axis of the drawing. sweep can be negative.
 struct AngleRange {
   double start, sweep;
 };
 
-// A pen and the hollow brush, selected around an entity's own strokes.
+// A pen and the hollow brush that are selected while an entity is drawn, and what they have replaced.
 struct PenAndBrush {
   SelectedPen pen;
   HGDIOBJ brush, previousBrush;
 };
 
-// Group 6 outside of blocks: whole names in any case.
+// Group 6 outside of blocks: compares whole names, ignoring case.
 void ResolveWholeLinetype(const char* value, LineStyle& style);
 
-// Group 62 outside of blocks: 0 leaves the layer's colour.
+// Group 62 outside of blocks: 0 keeps the layer's colour.
 void ResolveColorUnlessZero(const char* value, int32_t& color);
 
-// The circle of a centre and a radius of the model, in model units times 100.
+// Places a circle on the sheet. Centre and radius are in model units times 100.
 SheetCircle PlaceCircle(double x, double y, double radius);
 
-// What the view leaves of a circle; uncut where no edge cuts it, or where the cut is no number. The radius is
-// the model's.
-AngleRange CutToView(const ViewRect& view, const SheetCircle& circle, double radius, const AngleRange& uncut);
+// Returns the part of a circle that is in the view, or uncut if no edge cuts the circle or if the cut is NaN.
+// radius is in model units times 100.
+AngleRange CutCircleToView(const ViewRect& view, const SheetCircle& circle, double radius,
+                           const AngleRange& uncut);
 
-// The strokes of a range of the circle, solid or dashed as the style has it.
+// Draws a range of the circle, solid or dashed according to the style.
 void DrawAngleRange(Canvas canvas, const SheetCircle& circle, const AngleRange& range, const LineStyle& style,
                     int32_t color);
 
-// The dash family serves as the pen's style. It shows only in strokes that are left to GDI.
+// The dash family is used as the pen's style, which shows only in strokes that GDI dashes itself.
 PenAndBrush SelectPenAndBrush(Canvas canvas, int32_t family, int32_t width, int32_t color);
 void RestorePenAndBrush(Canvas canvas, const PenAndBrush& selected);
 

@@ -12,7 +12,8 @@ char ToLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// The colour that the drawing's number makes of an entity: 0 means by block.
+// The colour for a group 62 of the drawing. 0 (by block) keeps color if the entity inherits,
+// else gives black.
 void InheritColor(int32_t number, int32_t& color, int32_t inherit) {
   if (number != 0)
     color = number;
@@ -33,23 +34,23 @@ bool EqualsIgnoringCase(const char* a, const char* b) {
 
 void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit) {
   if (!EqualsIgnoringCase(value, "CONTINUOUS")) style.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!EqualsIgnoringCase(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
-    style.family = keyword.family;
-    style.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!EqualsIgnoringCase(value, known.keyword) || !IsLtypeDefined(known.pattern)) continue;
+    style.family = known.family;
+    style.pattern = known.pattern;
   }
-  // These two spellings alone.
+  // Only these two spellings count.
   if (std::strcmp(value, "BYBLOCK") == 0 || std::strcmp(value, "ByBlock") == 0) inherit = 1;
 }
 
 void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inherit) {
-  // Any other name keeps the layer's family here. The misspelt name counts too.
+  // Any other name keeps the layer's family. The misspelt name is accepted as well.
   if (EqualsIgnoringCase(value, "CONTINUOUS") || EqualsIgnoringCase(value, "CONTINUOS")) style.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!EqualsIgnoringCase(value, keyword.name)) continue;
-    // Two names were left out of this twin's list: they keep the layer's family as well.
-    if (std::strcmp(keyword.name, "CENTER2") == 0 || std::strcmp(keyword.name, "PHANTOM2") == 0) continue;
-    style.family = keyword.family;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!EqualsIgnoringCase(value, known.keyword)) continue;
+    // These two names are missing in this scope: they keep the layer's family as well.
+    if (std::strcmp(known.keyword, "CENTER2") == 0 || std::strcmp(known.keyword, "PHANTOM2") == 0) continue;
+    style.family = known.family;
   }
   if (EqualsIgnoringCase(value, "BYBLOCK")) inherit = 1;
 }
@@ -65,7 +66,7 @@ bool ResolveInheritedLayer(LineStyle& style, int32_t& color, int32_t insertColor
     color = -1;
     inherit = 1;
   }
-  // Without such a layer in the table the colour stays -1.
+  // If the table has no such layer, the colour is left at -1.
   const int32_t colorBefore = color;
   if (!ResolveLayer(state.groupValue, style, color)) return false;
   if (colorBefore == -1 && FindLayer(state.groupValue)) color = insertColor;

@@ -1,6 +1,5 @@
-// The rules of the twins that stand in a block, or in a block inserted in a dimension's block, where they
-// differ from those of the ENTITIES section. inherit is the entity's own flag that says its colour may come
-// from the INSERT.
+// The rules of the twins for blocks, and for blocks inserted in a dimension's block, where they differ from
+// those of the ENTITIES section. inherit is the entity's own flag: 1 if its colour may come from the INSERT.
 #pragma once
 
 #include <cstdint>
@@ -9,21 +8,22 @@
 
 namespace hexlume {
 
-// Whether two names are equal but for the case of their ASCII letters.
+// Whether two names are equal, ignoring the case of ASCII letters.
 bool EqualsIgnoringCase(const char* a, const char* b);
 
-// Group 6 in a block: whole names in any case.
+// Group 6 in a block: compares whole names, ignoring case.
 void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit);
 
-// Group 6 in a dimension's inserted block: whole names in any case, the family alone, and no record needed.
+// Group 6 in a dimension's inserted block: compares whole names, ignoring case, and sets the family alone.
+// The line type needs no record in the drawing.
 void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inherit);
 
-// Group 8, on the group at hand, where no colour is handed down: layer "0" is that of the INSERT. False if
-// the user left the layer out.
+// Group 8 where no colour is inherited, applied to the current group: layer "0" is replaced by that of the
+// INSERT. Returns false if the user has excluded the layer.
 bool ResolveInsertLayer(LineStyle& style, int32_t& color);
 
-// Group 8, on the group at hand: layer "0" is replaced by that of the INSERT, and its colour by insertColor.
-// False if the user left the layer out.
+// Group 8, applied to the current group: layer "0" is replaced by that of the INSERT, and its colour by
+// insertColor. Returns false if the user has excluded the layer.
 bool ResolveInheritedLayer(LineStyle& style, int32_t& color, int32_t insertColor, int32_t& inherit);
 
 // Group 62 in a block.

@@ -1,5 +1,5 @@
-// CIRCLE: drawn if one of two corners of its box lies in the view, and then without what the view's edges cut
-// from it. A circle all around the view isn't drawn.
+// CIRCLE: drawn if one of two corners of its bounding box is in the view, without what the edges of the view
+// cut off. A circle that surrounds the view isn't drawn.
 #include "entities/circle.h"
 
 #include "driver/group_reader.h"
@@ -13,12 +13,12 @@ namespace {
 
 constexpr AngleRange wholeCircle = {0.0, 360.0};
 
-// Its other two corners don't count.
+// The other two corners aren't tested.
 bool CornerLiesInView(const ViewRect& view, const SheetCircle& circle) {
   return LiesInView(view, circle.rightBottom) || LiesInView(view, circle.leftTop);
 }
 
-// GDI draws the circle in whatever stands selected; a turned sheet doesn't turn it.
+// GDI draws the circle with the selected pen and brush. It isn't turned with the sheet.
 void DrawEllipseOf(Canvas canvas, const SheetCircle& circle) {
   Ellipse(canvas, circle.leftTop.x, circle.leftTop.y, WrapAdd(circle.rightBottom.x, 1),
           WrapSub(circle.rightBottom.y, 1));
@@ -37,9 +37,9 @@ int32_t DrawCircle(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
-      case 40: state.entRadius = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
+      case 40: state.entRadius = Hundredths(value); break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
     }
   }
@@ -49,11 +49,12 @@ int32_t DrawCircle(const EntityRun& run) {
   const SheetCircle circle = PlaceCircle(state.entX[0], state.entY[0], state.entRadius);
   if (!CornerLiesInView(run.view, circle)) return more;
   if (state.arcClockwise == 1) {
-    // Without a pen or brush of its own: neither colour nor line type count, and the canvas's brush fills it.
+    // No pen or brush is selected: colour and line type have no effect, and the canvas's brush
+    // fills the circle.
     DrawEllipseOf(run.canvas, circle);
     return more;
   }
-  const AngleRange range = CutToView(run.view, circle, state.entRadius, wholeCircle);
+  const AngleRange range = CutCircleToView(run.view, circle, state.entRadius, wholeCircle);
   DrawAngleRange(run.canvas, circle, range, style, state.entColor);
   return more;
 }
@@ -73,7 +74,7 @@ int32_t DrawBlockCircle(const BlockRun& run) {
       case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
-      case 40: state.blockRadius = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 40: state.blockRadius = Hundredths(value) * state.insertScaleX; break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
@@ -88,7 +89,7 @@ int32_t DrawBlockCircle(const BlockRun& run) {
   if (state.arcClockwise == 1) {
     DrawEllipseOf(run.canvas, circle);
   } else {
-    const AngleRange range = CutToView(run.view, circle, state.blockRadius, wholeCircle);
+    const AngleRange range = CutCircleToView(run.view, circle, state.blockRadius, wholeCircle);
     DrawAngleRange(run.canvas, circle, range, style, state.blockColor);
   }
   RestorePenAndBrush(run.canvas, selected);
@@ -110,8 +111,8 @@ int32_t DrawDimInsertCircle(const BlockRun& run) {
       case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
       case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
-      // The Y scale alone, unlike in a block, where it is the X scale.
-      case 40: state.dimRadius = Atof(value) * 100.0 * state.insertScaleY; break;
+      // Scaled by Y, while a circle in a block is scaled by X.
+      case 40: state.dimRadius = Hundredths(value) * state.insertScaleY; break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }
@@ -126,7 +127,7 @@ int32_t DrawDimInsertCircle(const BlockRun& run) {
   if (state.arcClockwise == 1) {
     DrawEllipseOf(run.canvas, circle);
   } else {
-    const AngleRange range = CutToView(run.view, circle, state.dimRadius, wholeCircle);
+    const AngleRange range = CutCircleToView(run.view, circle, state.dimRadius, wholeCircle);
     DrawAngleRange(run.canvas, circle, range, style, state.dimColor);
   }
   RestorePenAndBrush(run.canvas, selected);

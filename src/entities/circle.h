@@ -1,4 +1,4 @@
-// CIRCLE, in each of the four scopes.
+// CIRCLE in the four scopes.
 #pragma once
 
 #include <cstdint>

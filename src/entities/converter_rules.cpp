@@ -7,21 +7,21 @@
 
 namespace hexlume {
 
-const LtypeKeyword ltypeKeywords[ltypeCount] = {
-    // keyword, family, slot
-    {"DOT", 2, 0},         //
-    {"DASH", 1, 1},        //
-    {"DASHED", 1, 2},      //
-    {"DASHED2", 1, 3},     //
-    {"HIDDEN", 1, 4},      //
-    {"DASHDOT", 3, 5},     //
-    {"CENTER", 3, 6},      //
-    {"CENTER2", 3, 7},     //
-    {"BORDER2", 3, 8},     //
-    {"DASHDOTDOT", 4, 9},  //
-    {"DIVIDE", 4, 10},     //
-    {"PHANTOM", 4, 11},    //
-    {"PHANTOM2", 4, 12},   // its record goes to slot 11: this row never applies
+const KnownLtype knownLtypes[ltypeCount] = {
+    // keyword, record, family, elements, slot
+    {"DOT", "DOT", 2, 2, 0},                //
+    {"DASH", "DASH", 1, 2, 1},              //
+    {"DASHED", "DASHED", 1, 2, 2},          //
+    {"DASHED2", "DASHED2", 1, 2, 3},        //
+    {"HIDDEN", "HIDDEN", 1, 2, 4},          //
+    {"DASHDOT", "DASHDOT", 3, 4, 5},        //
+    {"CENTER", "CENTER", 3, 4, 6},          //
+    {"CENTER2", "CENTER2", 3, 4, 7},        //
+    {"BORDER2", "BORDER2", 3, 4, 8},        //
+    {"DASHDOTDOT", "DASHDOTDOT", 4, 6, 9},  //
+    {"DIVIDE", "DIVIDE", 4, 6, 10},         //
+    {"PHANTOM", "PHANTOM2", 4, 6, 11},      // a record named PHANTOM is ignored
+    {"PHANTOM2", "", 4, 6, 12},             // never defined, so this row never applies to an entity
 };
 
 bool IsLtypeDefined(int32_t pattern) {
@@ -30,15 +30,14 @@ bool IsLtypeDefined(int32_t pattern) {
 }
 
 void ResolveLinetype(const char* value, LineStyle& style) {
-  // The correctly spelled name keeps the layer's family: what would clear it is asked for under a misspelt
-  // name that the value, being exactly this one, can't hold. Any other name clears it first, those of no line
-  // type of ours included.
+  // "CONTINUOUS" keeps the layer's family: the test that would clear it compares with a misspelt name, which
+  // this value can't be equal to. Any other name clears the family first, an unknown one too.
   if (std::strcmp(value, "CONTINUOUS") != 0) style.family = 0;
 
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!std::strstr(value, keyword.name) || !IsLtypeDefined(keyword.pattern)) continue;
-    style.family = keyword.family;
-    style.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!std::strstr(value, known.keyword) || !IsLtypeDefined(known.pattern)) continue;
+    style.family = known.family;
+    style.pattern = known.pattern;
   }
 }
 
@@ -85,13 +84,20 @@ const double* StoredDashes(int32_t pattern) {
   return ltype.dashes;
 }
 
+// The family decides, not the pattern: ResolveDimInsertLinetype sets the family alone, so the pattern can be
+// of another one.
+int32_t ElementsOfFamily(int32_t family) {
+  const auto known = std::find_if(std::begin(knownLtypes), std::end(knownLtypes),
+                                  [family](const KnownLtype& ltype) { return ltype.family == family; });
+  return known == std::end(knownLtypes) ? 0 : known->elementCount;
+}
+
 }  // namespace
 
 Dashes DashesOf(const LineStyle& style) {
-  constexpr int32_t elementsOfFamily[] = {0, 2, 2, 4, 6};
   const double* elements = style.family == 0 ? nullptr : StoredDashes(style.pattern);
   if (!elements) return {nullptr, 0};
-  return {elements, elementsOfFamily[style.family]};
+  return {elements, ElementsOfFamily(style.family)};
 }
 
 bool LinetypeFilter(int32_t family) {
@@ -118,8 +124,8 @@ double BlockY(double value, double blockOriginY) {
 
 void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY) {
   if (state.insertAngle == 0.0) return;
-  // The pivot is the block's origin and not the insertion point: a turned block with a base point other than
-  // (0, 0) lies away from where its INSERT says.
+  // The pivot is the block's origin and not the insertion point, so a turned block with a base point other
+  // than (0, 0) is displaced.
   const double cosine = std::cos(state.insertAngle);
   const double sine = std::sin(state.insertAngle);
   const double dx = x - blockOriginX;

@@ -1,6 +1,6 @@
-// The rules that the converters share. A converter reads its groups, applies them in a fixed order and draws
-// at once. They are told for an entity of the ENTITIES section; what a twin in a block or a dimension does
-// otherwise stands in the twin.
+// The rules that the converters share. A converter reads its groups, applies the rules in a fixed order and
+// draws at once. This header describes the ENTITIES section; where a twin in a block or a dimension differs,
+// the twin says so.
 #pragma once
 
 #include <cstdint>
@@ -10,91 +10,95 @@
 
 namespace hexlume {
 
-// How an entity's strokes are drawn, besides their colour: what its groups 6, 8 and 39 have told so far.
+// How an entity's strokes are drawn, apart from their colour, according to the groups 6, 8 and 39
+// read so far.
 struct LineStyle {
   int32_t family = 0;              // dash family: 0 solid, 1 dash, 2 dot, 3 dash-dot, 4 dash-dot-dot
   int32_t pattern = unnamedLtype;  // index into ltypes, for a family other than 0
   int32_t width = 0;               // pen width in sheet hundredths
 };
 
-// What a dash walker is given of a line type.
+// The pattern of a line type, as the dash walkers take it.
 struct Dashes {
-  const double* elements;  // sheet hundredths: positive a dash, negative a gap
-  int32_t count;           // 2, 4 or 6; 0 where the stroke is solid
+  const double* elements;  // sheet hundredths: positive for a dash, negative for a gap
+  int32_t count;           // 2, 4 or 6; 0 for a solid stroke
 };
 
-// A keyword of line type names with the family and the slot of ltypes that it stands for.
-struct LtypeKeyword {
-  const char* name;
-  int32_t family;
-  int32_t pattern;
+// A line type that the library knows.
+struct KnownLtype {
+  const char* keyword;   // compared with the names in layers and entities
+  const char* record;    // name of the record that defines it; empty if none does
+  int32_t family;        // dash family 1..4
+  int32_t elementCount;  // 2, 4 or 6, the same for all of a family
+  int32_t pattern;       // slot of ltypes, and index in this table
 };
 
-// In the order of the tests: where several apply, the last one wins.
-extern const LtypeKeyword ltypeKeywords[ltypeCount];
+// In the order of the tests: if several keywords apply, the last one counts.
+extern const KnownLtype knownLtypes[ltypeCount];
 
-// Whether the drawing defines the line type of a slot of ltypes; the last keyword's never is.
+// Whether the drawing defines the line type of a slot of ltypes. The last slot is never defined.
 bool IsLtypeDefined(int32_t pattern);
 
-// The dashes of a style, as its slot of ltypes has them. Whether the slot is defined is asked where a group 6
-// is read, and not here: a later table of line types can leave a layer a slot that has elements alone. A slot
-// that no record has set draws solid.
+// The dashes of a style, from its slot of ltypes. A slot that isn't defined but has elements counts too:
+// whether it is defined is tested when a group 6 is read, and a second LTYPE table can change a slot that a
+// layer already uses. A slot that no record has set gives a solid line.
 Dashes DashesOf(const LineStyle& style);
 
-// Group 6: the line type that the value holds the keyword of.
+// Group 6: takes the line type whose keyword the value contains.
 void ResolveLinetype(const char* value, LineStyle& style);
 
-// Whether the user left this layer out.
+// Whether the user has excluded this layer.
 bool IsLayerExcluded(const char* name);
 
-// The first layer of this name in the table, or null.
+// The first layer with this name in the table, or null.
 const LayerEntry* FindLayer(const char* name);
 
-// Group 8: takes over the layer's style and colour. False if the user left the layer out: the converter then
-// returns.
+// Group 8: takes the layer's style and colour. Returns false if the user has excluded the layer: the
+// converter then returns.
 bool ResolveLayer(const char* name, LineStyle& style, int32_t& color);
 
-// Group 39: thickness serves as pen width here, and below 100 it gives 0.
+// Group 39: the thickness divided by 100 is used as the pen width, so a thickness below 100 gives 0.
 int32_t ResolveWidth(const char* value);
 
-// Group 62: the index into colorTable for a colour number of the drawing. Yellow and white come out as black.
+// Group 62: returns the index into colorTable for a colour number of the drawing. Yellow and
+// white become black.
 int32_t ResolveColor(int32_t number);
 
-// Whether the user left out the line types of this dash family.
+// Whether the user has excluded the line types of this dash family.
 bool LinetypeFilter(int32_t family);
 
-// In monochrome everything is black.
+// Makes the colour black in monochrome.
 void MonochromeRule(int32_t& color);
 
-// A point of the model, in model units times 100, on the sheet. Y is 0 at the sheet's top and negative below
-// it.
+// Converts a point in model units times 100 to the sheet. Y is 0 at the sheet's top edge and
+// negative below it.
 POINT ModelToSheet(double x, double y);
 
-// A block's coordinate as it is read, in model units times 100, with the scales that are in force at that
-// moment.
+// Converts a coordinate read in a block to model units times 100, with the insert's current scales.
 double BlockX(double value, double blockOriginX);
 double BlockY(double value, double blockOriginY);
 
-// Turns a point that BlockX and BlockY have placed by the insert's angle about the block's origin.
+// Turns a point about the block's origin by the insert's angle. The point is a result of BlockX and BlockY.
 void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY);
 
-// A point that BlockX and BlockY have placed, turned by the insert's angle, on the sheet.
+// Turns a point by the insert's angle and converts it to the sheet. The point is a result of
+// BlockX and BlockY.
 POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY);
 
-// Whether a point lies in the view, its edges counted in.
+// Whether a point is in the view or on its edges.
 bool LiesInView(const ViewRect& view, const POINT& point);
 
-// Moves a point to the view's nearest edge, each coordinate by itself.
+// Moves a point into the view, each coordinate by itself.
 void ClampToView(const ViewRect& view, POINT& point);
 
-// Whether both points lie beyond one and the same edge of the view.
+// Whether both points are beyond the same edge of the view.
 bool BeyondOneEdge(const ViewRect& view, const POINT& a, const POINT& b);
 
-// Brings a line that is parallel to an axis, its left point first, into the view. False, with the points as
-// they were, if it is slanted.
+// Clamps a line that is parallel to an axis to the view; a is its left point. Returns false and changes
+// nothing if the line is slanted.
 bool ClampAxisParallel(const ViewRect& view, POINT& a, POINT& b);
 
-// Cuts a line, its left point first, to the view. True if nothing is left of it.
+// Cuts a line to the view; a is its left point. Returns true if nothing is left.
 bool ViewReject(const ViewRect& view, POINT& a, POINT& b);
 
 }  // namespace hexlume

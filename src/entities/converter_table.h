@@ -1,4 +1,4 @@
-// Which converter draws which entity: each dispatcher has such a table of its own.
+// Tables that say which converter draws which entity. Each dispatcher has its own.
 #pragma once
 
 #include <algorithm>
@@ -11,14 +11,14 @@
 
 namespace hexlume {
 
-// Run is the record that all converters of the table are called with: EntityRun or BlockRun.
+// Run is the argument of all converters of a table: EntityRun or BlockRun.
 template <typename Run>
 struct ConverterRow {
   const char* keyword;
   int32_t (*draw)(const Run& run);
 };
 
-// The row of the entity that the group at hand names, or null. The rows stand in the order of the tests.
+// Returns the row for the entity named by the current group, or null. The rows are tested in order.
 template <typename Run, size_t count>
 const ConverterRow<Run>* FindConverter(const ConverterRow<Run> (&rows)[count]) {
   if (state.groupCode != 0) return nullptr;

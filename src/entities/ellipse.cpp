@@ -1,5 +1,5 @@
-// ELLIPSE: whole or in part, always parallel to the axes: a slanted major axis is taken to lie along X. Each
-// edge of the view that the ellipse crosses gives a cut, and the last of them alone counts.
+// ELLIPSE: whole or a part, always parallel to the axes: a slanted major axis is treated as parallel to X.
+// Each edge of the view that the ellipse crosses gives a cut, and the last of them alone counts.
 #include "entities/ellipse.h"
 
 #include <cmath>
@@ -13,23 +13,24 @@ namespace hexlume {
 
 namespace {
 
-// In model units times 100, as read and moved to its place. The axis is that from the centre to its end.
+// In model units times 100, in its place in the model. (axisX, axisY) is the end of the major axis relative
+// to the centre.
 struct ModelEllipse {
   double centreX, centreY;
   double axisX, axisY;
   double ratio;
-  double startAngle, endAngle;  // radians, counted from the major axis
+  double startAngle, endAngle;  // radians, from the major axis
 };
 
-// The box is kept as it falls out: with an axis that points to the right or up, its left is the greater X
-// and its top the lesser Y. So its half sizes have signs.
+// The box isn't sorted: if the axis points to the right or up, left is the greater X and top the smaller Y.
+// So the half sizes have signs.
 struct SheetEllipse {
   int32_t left, top, right, bottom;
   POINT centre;
 };
 
-// Two points whose directions from the centre bound an arc, counter-clockwise from the first to the second.
-// All 0: no bounds.
+// Two points whose directions from the centre bound an arc, counter-clockwise from start to end. All
+// 0: no bounds.
 struct ArcEnds {
   POINT start, end;
 };
@@ -55,19 +56,19 @@ bool IsWhole(const ModelEllipse& model) {
   return Trunc(model.startAngle * 180.0 / pi) == 0 && Trunc(model.endAngle * 180.0 / pi) == 360;
 }
 
-// Half the chord that a vertical edge makes in the ellipse, depth away from one of the box's sides.
+// Half the chord that a vertical edge cuts. depth is the distance of the edge from a side of the box.
 int32_t HalfChordAtX(const SheetEllipse& ellipse, int32_t depth) {
   const double halfHeight = 0.5 * WrapSub(ellipse.top, ellipse.bottom);
   const double distance = 0.5 * WrapSub(ellipse.right, ellipse.left) - depth;
   const int32_t halfWidth = WrapSub(ellipse.right, ellipse.left) / 2;
-  // The square wraps around for large ellipses: their chords come out wrong, and must stay so.
+  // The square wraps around for large ellipses and gives a wrong chord. It must stay so.
   const double squaredHalfWidth = WrapMul(halfWidth, halfWidth);
   return Trunc(std::sqrt(halfHeight * halfHeight -
                          distance * distance * (halfHeight * halfHeight) / squaredHalfWidth));
 }
 
-// The same for a horizontal edge. It's worked out from the half height too, which is right for circles alone
-// and must stay so.
+// The same for a horizontal edge. It uses the half height as well, which is right for circles only. It
+// must stay so.
 int32_t HalfChordAtY(const SheetEllipse& ellipse, int32_t depth) {
   const double halfHeight = WrapSub(ellipse.top, ellipse.bottom) / 2;
   const double distance = 0.5 * WrapSub(ellipse.top, ellipse.bottom) - depth;
@@ -76,7 +77,7 @@ int32_t HalfChordAtY(const SheetEllipse& ellipse, int32_t depth) {
                          distance * distance * halfHeight * halfHeight / (halfWidth * halfWidth)));
 }
 
-// The arc on the left of a vertical edge, from its upper end to its lower one, and that on its right.
+// The arc to the left of a vertical edge, from its upper end to its lower one, and the arc to the right.
 ArcEnds LeftOf(int32_t x, int32_t depth, const SheetEllipse& ellipse) {
   const int32_t h = HalfChordAtX(ellipse, depth);
   return {{x, WrapAdd(ellipse.centre.y, h)}, {x, WrapSub(ellipse.centre.y, h)}};
@@ -86,7 +87,7 @@ ArcEnds RightOf(int32_t x, int32_t depth, const SheetEllipse& ellipse) {
   return {{x, WrapSub(ellipse.centre.y, h)}, {x, WrapAdd(ellipse.centre.y, h)}};
 }
 
-// The arc below a horizontal edge, from its left end to its right one, and that above it.
+// The arc below a horizontal edge, from its left end to its right one, and the arc above.
 ArcEnds Below(int32_t yDown, int32_t depth, const SheetEllipse& ellipse) {
   const int32_t w = HalfChordAtY(ellipse, depth);
   const int32_t y = WrapNegate(yDown);
@@ -98,9 +99,9 @@ ArcEnds Above(int32_t yDown, int32_t depth, const SheetEllipse& ellipse) {
   return {{WrapAdd(ellipse.centre.x, w), y}, {WrapSub(ellipse.centre.x, w), y}};
 }
 
-// What the view leaves of the whole ellipse; all 0 where it leaves all. In a box whose left is the greater X
-// and whose top is the lower side, an edge counts only when the centre lies beyond it.
-ArcEnds CutToView(const ViewRect& view, const SheetEllipse& e) {
+// The part of the whole ellipse that the view leaves; all 0 if it leaves all. If left is the greater X and
+// top the lower side, an edge counts only if the centre is beyond it.
+ArcEnds CutEllipseToView(const ViewRect& view, const SheetEllipse& e) {
   const int32_t centreDown = WrapNegate(e.centre.y);
   ArcEnds cut = {};
   if (e.centre.x < view.right && view.right < e.right)
@@ -121,8 +122,9 @@ bool HasBounds(const ArcEnds& ends) {
   return ends.start.x != 0 || ends.start.y != 0 || ends.end.x != 0 || ends.end.y != 0;
 }
 
-// Two points in the directions in which the part starts and ends. The angles are counted from the left or
-// from below, wherever the axis points, and a negative length turns the part by half a turn. It must stay so.
+// Two points in the directions of the part's start and end. The angles are counted from the left or from
+// below, whatever the direction of the axis, and a negative length turns the part by 180 degrees. It
+// must stay so.
 ArcEnds RadialsOf(const ModelEllipse& model) {
   const bool alongX = LiesAlongX(model);
   const double base = alongX ? pi : halfPi;
@@ -133,7 +135,7 @@ ArcEnds RadialsOf(const ModelEllipse& model) {
           ModelToSheet(std::cos(end) * length + model.centreX, std::sin(end) * length + model.centreY)};
 }
 
-// The angle from one point to another as the centre sees them, counter-clockwise, from 0 to below a turn.
+// The angle between two points as seen from the centre, counter-clockwise, 0 <= angle < 2 pi.
 double AngleBetween(const POINT& centre, const POINT& from, const POINT& to) {
   const auto directionOf = [&centre](const POINT& point) {
     return std::atan2(static_cast<double>(point.y) - centre.y, static_cast<double>(point.x) - centre.x);
@@ -142,8 +144,8 @@ double AngleBetween(const POINT& centre, const POINT& from, const POINT& to) {
   return angle < 0.0 ? angle + twoPi : angle;
 }
 
-// The pieces of a part both of whose ends stay. One that leads through all that the cut takes away is drawn
-// in two, on either side of it.
+// The pieces of a part whose ends are both kept. A part that contains the whole arc that is cut off is drawn
+// in two pieces, one on each side of it.
 std::vector<ArcEnds> PiecesAroundCut(const POINT& centre, const ArcEnds& part, const ArcEnds& cut) {
   const double start = AngleBetween(centre, cut.start, part.start);
   const double end = AngleBetween(centre, cut.start, part.end);
@@ -152,15 +154,15 @@ std::vector<ArcEnds> PiecesAroundCut(const POINT& centre, const ArcEnds& part, c
   const bool leadsThrough = start <= cutEnd && end <= start;
   if (!leadsThrough) return {part};
 
-  // GDI takes a piece without length for a whole ellipse.
+  // GDI draws an arc of length 0 as a whole ellipse.
   std::vector<ArcEnds> pieces;
   if (end > 0.0) pieces.push_back({cut.start, part.end});
   if (start < cutEnd) pieces.push_back({part.start, cut.end});
   return pieces;
 }
 
-// Whether a point is on that side of the edge which the cut takes away: the left of the way from the cut's
-// start to its end.
+// Whether a point is on the side of the edge that is cut off: on the left of the line from the cut's start
+// to its end.
 bool LiesBeyondCut(const ArcEnds& cut, const POINT& point) {
   const double cutX = static_cast<double>(cut.end.x) - cut.start.x;
   const double cutY = static_cast<double>(cut.end.y) - cut.start.y;
@@ -169,10 +171,10 @@ bool LiesBeyondCut(const ArcEnds& cut, const POINT& point) {
   return cutX * y - cutY * x > 0.0;
 }
 
-// What is drawn of a part where an edge of the view cuts its ellipse. An end stays if its radial point is
-// between the view's left and right and not beyond the cut; otherwise the cut's own end takes its place. The
-// radial points can be far from the ellipse, so that more is drawn than the part, and of a part beyond the
-// cut all that the cut leaves. It must stay so.
+// The pieces to draw of a part whose ellipse is cut by an edge. An end is kept if its radial point is between
+// the view's left and right and not beyond the cut; otherwise the end of the cut replaces it. As radial
+// points can be far from the ellipse, more than the part may be drawn, and of a part beyond the cut all that
+// the cut leaves. It must stay so.
 std::vector<ArcEnds> PiecesInView(const ViewRect& view, const POINT& centre, const ArcEnds& part,
                                   const ArcEnds& cut) {
   if (!HasBounds(cut)) return {part};
@@ -185,7 +187,7 @@ std::vector<ArcEnds> PiecesInView(const ViewRect& view, const POINT& centre, con
   return {{startStays ? part.start : cut.start, endStays ? part.end : cut.end}};
 }
 
-// Without bounds the dashes go all the way round.
+// Without bounds the whole ellipse is dashed.
 void DrawDashes(Canvas canvas, const SheetEllipse& e, const ArcEnds& ends, const Dashes& dashes,
                 int32_t color) {
   DashEllipse(canvas, e.centre.x, e.centre.y, e.left, e.top, WrapAdd(e.right, 1), WrapSub(e.bottom, 1),
@@ -230,10 +232,10 @@ int32_t DrawEllipse(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 11: state.entX[1] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 21: state.entY[1] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 11: state.entX[1] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 21: state.entY[1] = Hundredths(value); break;
       case 40: state.entRadius = Atof(value); break;
       case 41: startAngle = Atof(value); break;
       case 42: endAngle = Atof(value); break;
@@ -247,7 +249,7 @@ int32_t DrawEllipse(const EntityRun& run) {
                               state.entRadius, startAngle,    endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
   if (!ShowsACorner(run.view, ellipse)) return more;
-  const ArcEnds cut = CutToView(run.view, ellipse);
+  const ArcEnds cut = CutEllipseToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
     DrawWhole(run.canvas, ellipse, cut, dashes, state.entColor);
@@ -273,9 +275,9 @@ int32_t DrawBlockEllipse(const BlockRun& run) {
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
       case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 11: state.blockX[1] = Atof(value) * 100.0 * state.insertScaleX; break;
+      case 11: state.blockX[1] = Hundredths(value) * state.insertScaleX; break;
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 21: state.blockY[1] = Atof(value) * 100.0 * state.insertScaleY; break;
+      case 21: state.blockY[1] = Hundredths(value) * state.insertScaleY; break;
       case 40: state.blockRadius = Atof(value); break;
       case 41: startAngle = Atof(value); break;
       case 42: endAngle = Atof(value); break;
@@ -285,21 +287,21 @@ int32_t DrawBlockEllipse(const BlockRun& run) {
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  // The axis and the angles aren't turned with the centre.
+  // Axis and angles aren't turned, unlike the centre.
   TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
   const ModelEllipse model = {state.blockX[0],   state.blockY[0], state.blockX[1], state.blockY[1],
                               state.blockRadius, startAngle,      endAngle};
   const SheetEllipse ellipse = PlaceOnSheet(model);
   if (!ShowsACorner(run.view, ellipse)) return more;
-  const ArcEnds cut = CutToView(run.view, ellipse);
+  const ArcEnds cut = CutEllipseToView(run.view, ellipse);
   const Dashes dashes = DashesOf(style);
   if (IsWhole(model)) {
     DrawWhole(run.canvas, ellipse, cut, dashes, state.blockColor);
     return more;
   }
   for (const ArcEnds& piece : PiecesInView(run.view, ellipse.centre, RadialsOf(model), cut)) {
-    // Where arcs had to be told their direction, a part of any line type is drawn with the pen that the
-    // canvas holds, and isn't turned with the sheet.
+    // If the arc direction had to be set, a part of any line type is drawn with the canvas's current pen, and
+    // isn't turned with the sheet.
     if (state.arcClockwise == 1)
       Arc(run.canvas, ellipse.left, ellipse.top, WrapAdd(ellipse.right, 1), WrapSub(ellipse.bottom, 1),
           piece.start.x, piece.start.y, piece.end.x, piece.end.y);

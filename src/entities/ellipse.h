@@ -1,4 +1,4 @@
-// ELLIPSE, in the ENTITIES section and in a block. A dimension's blocks have no ELLIPSE.
+// ELLIPSE in the ENTITIES section and in a block. A dimension's blocks don't draw it.
 #pragma once
 
 #include <cstdint>

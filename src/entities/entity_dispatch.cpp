@@ -6,6 +6,7 @@
 #include "composite/leader.h"
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
+#include "driver/run_watch.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -55,7 +56,7 @@ const ConverterRow<EntityRun> converters[] = {
 };
 
 void SetUpCanvas(Canvas canvas) {
-  // That one system draws arcs the other way round until it is told.
+  // This version draws arcs in the opposite direction unless it is set.
   const SystemVersion version = GetSystemVersion();
   state.arcClockwise = version.major == 4 && version.minor == 10;
   if (state.arcClockwise) SetArcDirection(canvas, AD_CLOCKWISE);
@@ -64,7 +65,7 @@ void SetUpCanvas(Canvas canvas) {
 
 void WalkEntities(const EntityRun& run) {
   int32_t more = ReadGroup(run.stream);
-  while (more && !AtGroup(0, "ENDSEC")) {
+  while (more && !RunHasEnded() && !AtGroup(0, "ENDSEC")) {
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.
     more = converter ? converter->draw(run) : PassToEntity(run.stream);
@@ -78,6 +79,10 @@ void DrawEntities(const EntityRun& run) {
     SetUpCanvas(run.canvas);
     WalkEntities(run);
   });
+}
+
+bool DrawsEntity() {
+  return FindConverter(converters) != nullptr;
 }
 
 }  // namespace hexlume

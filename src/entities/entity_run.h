@@ -1,4 +1,4 @@
-// What the converters of the ENTITIES section are called with, and those of a dimension's block. Each returns
+// The arguments of the converters for the ENTITIES section and for a dimension's block. A converter returns
 // the result of its last ReadGroup, unless its header says otherwise.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace hexlume {
 
-// The fields are those of the dimension whose block is drawn. In the ENTITIES section they are 0.
+// The fields describe the dimension whose block is drawn. In the ENTITIES section they are 0.
 struct EntityRun : ConversionRun {
   double offsetX = 0.0;        // added to each coordinate, model units times 100
   double offsetY = 0.0;        //

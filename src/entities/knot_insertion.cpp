@@ -1,7 +1,7 @@
-// Knots are taken from the first to the last, and an insertion changes nothing in front of its place but
-// three points. So points and knots are kept as the part that is done, which grows, and the rest as the file
-// has it, which moves up by one with each insertion: a long spline takes no longer for each of its knots than
-// a short one.
+// Knots are processed from the first to the last, and an insertion changes nothing before its place
+// except three points. So points and knots are kept in two parts: the finished part, which grows, and the
+// rest as in the file, shifted by one with each insertion. The time for a knot doesn't depend on the
+// length of the spline.
 #include "entities/knot_insertion.h"
 
 #include <algorithm>
@@ -13,17 +13,17 @@ namespace hexlume {
 
 namespace {
 
-// A growing array whose end is still that of the file.
+// A growing array whose unprocessed end is still that of the file.
 template <typename Element>
 struct MovingArray {
   const std::vector<Element>& source;
   int32_t count;              // elements in all
-  std::vector<Element> done;  // the first of them
-  int32_t moved = 0;          // by how much the others stand behind their places in the source
+  std::vector<Element> done;  // the finished ones, from the start
+  int32_t moved = 0;          // by how many places the others are shifted from the source
 
   Element At(int32_t place) const {
     if (place < static_cast<int32_t>(done.size())) return done[static_cast<size_t>(place)];
-    // Behind the last element the file's own stand where they always stood.
+    // Places after the last element aren't shifted.
     return ElementAt(source, static_cast<size_t>(place < count ? place - moved : place));
   }
 
@@ -31,7 +31,7 @@ struct MovingArray {
     while (static_cast<int32_t>(done.size()) < end) done.push_back(At(static_cast<int32_t>(done.size())));
   }
 
-  // Puts a second copy behind an element.
+  // Inserts a copy of an element after it.
   void Duplicate(int32_t place) {
     FinishUpTo(place + 1);
     done.push_back(done.back());
@@ -39,7 +39,7 @@ struct MovingArray {
     ++count;
   }
 
-  // One more element at the end: whatever the file has there.
+  // Appends one element: the one that the file has at this place.
   void Append() {
     FinishUpTo(count);
     done.push_back(At(count));
@@ -50,8 +50,8 @@ struct MovingArray {
 using Points = MovingArray<POINT>;
 using Knots = MovingArray<double>;
 
-// The share of the point itself in the new point, the rest being that of the one in front of it. The knot to
-// be inserted stands at its new place already, so that the denominator spans four places.
+// The weight of the point itself in the new point; the rest is that of the point before it. The inserted knot
+// is already at its new place, so the denominator spans four places.
 double Alpha(const Knots& knots, int32_t place, double inserted) {
   const double span = knots.At(place + 4) - knots.At(place);
   return span == 0.0 ? 1.0 : (inserted - knots.At(place)) / span;
@@ -62,8 +62,8 @@ POINT Blend(const POINT& point, const POINT& before, double alpha) {
           Trunc(point.y * alpha + before.y * (1.0 - alpha))};
 }
 
-// One more point for a knot that has just been put in place m: three points in front of m are blended, and
-// those from m on move up.
+// Adds a point for the knot just inserted at place m: blends the three points before m and shifts those
+// from m on.
 void InsertPoint(Points& points, const Knots& knots, int32_t m, double inserted) {
   if (m <= points.count) {
     points.Duplicate(std::max(m - 1, 0));
@@ -85,13 +85,13 @@ bool InsertKnots(const std::vector<POINT>& control, const std::vector<double>& k
   int32_t i = 0;
   while (i < knots.count) {
     const double knot = knots.At(i);
-    // Compared with 0 and not with the first knot: knots below the first are interior ones too.
+    // Compared with 0, not with the first knot: knots below the first count as interior too.
     if (!(knot > 0.0 && knot < knots.At(knots.count - 1))) {
       ++i;
       continue;
     }
     if (points.count > maxCount) return false;
-    // How often the file itself has the knot isn't looked at: its fourth copy is inserted anew.
+    // Copies of the knot in the file aren't counted: its fourth copy is inserted again.
     knots.Duplicate(i);
     InsertPoint(points, knots, i, knot);
     knots.Duplicate(i);

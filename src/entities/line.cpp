@@ -1,5 +1,5 @@
-// LINE: one stroke between two points, the smallest full member of the converters' family. Its two points
-// decide by different rules which of them comes first, and so where a dash pattern starts.
+// LINE: one stroke between two points, the shortest converter that has all steps. The scopes sort the two
+// points by different rules, which decides where a dash pattern starts.
 #include "entities/line.h"
 
 #include <cstring>
@@ -24,10 +24,10 @@ int32_t DrawLine(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 11: state.entX[1] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 21: state.entY[1] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 11: state.entX[1] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 21: state.entY[1] = Hundredths(value); break;
       case 39: style.width = ResolveWidth(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
@@ -84,10 +84,10 @@ int32_t DrawDimLine(const EntityRun& run) {
       case 8:
         if (!ResolveInsertLayer(style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 11: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
-      case 21: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
+      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 11: state.entX[1] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
+      case 21: state.entY[1] = Hundredths(value) + run.offsetY; break;
       case 39: style.width = ResolveWidth(value); break;
       case 62:
         if (Atoi(value) != 0) state.entColor = Atoi(value);
@@ -102,7 +102,7 @@ int32_t DrawDimLine(const EntityRun& run) {
   POINT b = ModelToSheet(state.entX[1], state.entY[1]);
   if (!(state.entX[0] < state.entX[1])) std::swap(a, b);
   if (BeyondOneEdge(run.view, a, b)) return more;
-  ClampAxisParallel(run.view, a, b);  // a slanted line isn't cut here
+  ClampAxisParallel(run.view, a, b);  // a slanted line isn't cut
   PenLine(run.canvas, a.x, a.y, b.x, b.y, state.centreX, state.centreY, style.width, ColorAt(state.entColor),
           state.rotated);
   return more;
@@ -130,7 +130,8 @@ int32_t DrawDimInsertLine(const BlockRun& run) {
   }
   MonochromeRule(state.dimColor);
 
-  // Neither sorted nor cut: clamping coordinate by coordinate bends a slanted line at the edge of the view.
+  // The points are neither sorted nor cut. Clamping each coordinate by itself bends a slanted line at the
+  // edge of the view.
   POINT a = BlockTransform(state.dimX[0], state.dimY[0], run.blockOriginX, run.blockOriginY);
   POINT b = BlockTransform(state.dimX[1], state.dimY[1], run.blockOriginX, run.blockOriginY);
   if (!LiesInView(run.view, a) && !LiesInView(run.view, b) && run.wholeSheet == 0) return more;

@@ -1,4 +1,4 @@
-// LINE, in each of the four scopes.
+// LINE in the four scopes.
 #pragma once
 
 #include <cstdint>

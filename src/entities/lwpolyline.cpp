@@ -1,5 +1,5 @@
-// LWPOLYLINE: all vertices stand in the one entity. A segment is drawn the moment the Y of its end is read,
-// with the X that was read last.
+// LWPOLYLINE: all vertices are groups of one entity. A segment is drawn as soon as the Y of its end is read,
+// with the X read last.
 #include "entities/lwpolyline.h"
 
 #include "driver/group_reader.h"
@@ -14,26 +14,26 @@ namespace {
 
 constexpr int32_t closedFlag = 1;
 
-// How far the walk over the vertices has come.
+// The state of the loop over the vertices.
 struct LwPolylineWalk {
-  double bulge = 0.0;  // of the segment to the next vertex
-  double prevX = 0.0;  // the vertex where that arc starts
+  double bulge = 0.0;  // bulge of the segment to the next vertex
+  double prevX = 0.0;  // vertex where that arc starts
   double prevY = 0.0;
   double firstX = 0.0;
   double firstY = 0.0;
-  POINT lastSheet = {};  // where the next line starts
+  POINT lastSheet = {};  // start of the next line
 };
 
-// The first vertex.
+// Starts at the first vertex.
 void StartWalk(Canvas canvas, LwPolylineWalk& walk, double x, double y) {
   walk.firstX = x;
   walk.firstY = y;
   walk.lastSheet = ModelToSheet(x, y);
-  // Not turned with the sheet: each segment sets a position of its own.
+  // Not turned with the sheet: each segment sets its own position.
   MoveToEx(canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
 }
 
-// Group 42 stands behind the vertex that its arc starts at.
+// Group 42 comes after the vertex where its arc starts.
 void StartArc(LwPolylineWalk& walk, double bulge, double x, double y) {
   walk.bulge = bulge;
   walk.prevX = x;
@@ -41,8 +41,7 @@ void StartArc(LwPolylineWalk& walk, double bulge, double x, double y) {
   walk.lastSheet = ModelToSheet(x, y);
 }
 
-// The line from the walk's last point to the next. One that the view doesn't show breaks the chain: the next
-// line starts at its end.
+// Draws the line from the last point to vertex. If the view rejects it, the next line starts at its end.
 void DrawSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, const POINT& vertex,
                  const LineStyle& style, int32_t color) {
   POINT last = walk.lastSheet;
@@ -56,7 +55,7 @@ void DrawSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, cons
     DrawStyledLine(canvas, last, next, style, color);
     return;
   }
-  // A single coordinate of -1 drops the line, although it can be a true one.
+  // A single coordinate of -1 drops the line, although -1 can be a valid coordinate.
   const ClippedSegment cut = CutSegment(view, last, next);
   if (cut.startX != -1 && cut.startY != -1 && cut.endX != -1 && cut.endY != -1)
     DrawStyledLine(canvas, {cut.startX, cut.startY}, {cut.endX, cut.endY}, style, color);
@@ -78,7 +77,7 @@ void DrawDimInsertSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& w
     DrawStyledLine(canvas, last, next, style, color);
     return;
   }
-  // A coordinate of 0 drops the line here: one that ends at the sheet's upper or left edge can vanish.
+  // A single coordinate of 0 drops the line: one that ends at the sheet's top or left edge can be lost.
   const ClippedSegment cut = DimCutSegment(view, last, next);
   if (cut.startX != 0 && cut.startY != 0 && cut.endX != 0 && cut.endY != 0)
     DrawStyledLine(canvas, {cut.startX, cut.startY}, {cut.endX, cut.endY}, style, color);
@@ -86,44 +85,12 @@ void DrawDimInsertSegment(Canvas canvas, const ViewRect& view, LwPolylineWalk& w
     MoveToEx(canvas, vertex.x, vertex.y, nullptr);
 }
 
-// The arc to the vertex in entX[0], entY[0].
-void DrawArcToVertex(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, const LineStyle& style) {
-  const POINT vertex = ModelToSheet(state.entX[0], state.entY[0]);
-  double startAngle;
-  double sweep;
-  BulgeArcCentre(walk.bulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.bulge, startAngle, sweep, state.entCentreX, state.entCentreY, state.entRadius},
-               ModelToSheet(walk.prevX, walk.prevY), vertex, style, state.entColor);
+// Draws the arc from the last vertex to the scope's vertex.
+void DrawArcToVertex(Canvas canvas, const ViewRect& view, const ArcScope& scope, LwPolylineWalk& walk,
+                     const LineStyle& style) {
+  DrawArcSegment(canvas, view, scope, {walk.bulge, walk.prevX, walk.prevY}, style);
   walk.bulge = 0.0;
-  walk.lastSheet = vertex;
-}
-
-// To the one in blockX[0], blockY[0].
-void DrawArcToBlockVertex(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk, const LineStyle& style) {
-  const POINT vertex = ModelToSheet(state.blockX[0], state.blockY[0]);
-  double startAngle;
-  double sweep;
-  BlockBulgeArcCentre(walk.bulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.bulge, startAngle, sweep, state.blockCentreX, state.blockCentreY, state.blockRadius},
-               ModelToSheet(walk.prevX, walk.prevY), vertex, style, state.blockColor);
-  walk.bulge = 0.0;
-  walk.lastSheet = vertex;
-}
-
-// To the one in dimX[0], dimY[0].
-void DrawArcToDimInsertVertex(Canvas canvas, const ViewRect& view, LwPolylineWalk& walk,
-                              const LineStyle& style) {
-  const POINT vertex = ModelToSheet(state.dimX[0], state.dimY[0]);
-  double startAngle;
-  double sweep;
-  DimBulgeArcCentre(walk.bulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.bulge, startAngle, sweep, state.dimCentreX, state.dimCentreY, state.dimRadius},
-               ModelToSheet(walk.prevX, walk.prevY), vertex, style, state.dimColor);
-  walk.bulge = 0.0;
-  walk.lastSheet = vertex;
+  walk.lastSheet = ModelToSheet(scope.x, scope.y);
 }
 
 }  // namespace
@@ -133,7 +100,7 @@ int32_t DrawLwPolyline(const EntityRun& run) {
   int32_t flags = 0;
   state.entColor = 0;
   int32_t more = ReadGroup(run.stream);
-  // The first vertex ends the header: what stands behind it tells nothing any more.
+  // The first vertex ends the header. The groups after it have no effect on style and flags.
   for (; more && state.groupCode != 0 && state.groupCode != 10; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -145,14 +112,14 @@ int32_t DrawLwPolyline(const EntityRun& run) {
       case 70: flags = Atoi(value); break;
     }
   }
-  if (more && state.groupCode == 10) state.entX[0] = Atof(state.groupValue) * 100.0;
+  if (more && state.groupCode == 10) state.entX[0] = Hundredths(state.groupValue);
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.entColor);
   style = WithoutWidth(style);
 
   while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(run.stream);
   if (more && state.groupCode == 20) {
-    state.entY[0] = Atof(state.groupValue) * 100.0;
+    state.entY[0] = Hundredths(state.groupValue);
     more = ReadGroup(run.stream);
   }
   LwPolylineWalk walk;
@@ -160,14 +127,14 @@ int32_t DrawLwPolyline(const EntityRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
       case 20:
-        state.entY[0] = Atof(value) * 100.0;
+        state.entY[0] = Hundredths(value);
         if (walk.bulge == 0.0)
           DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.entX[0], state.entY[0]), style,
                       state.entColor);
         else
-          DrawArcToVertex(run.canvas, run.view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, entArcs, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.entX[0], state.entY[0]); break;
     }
@@ -179,7 +146,7 @@ int32_t DrawLwPolyline(const EntityRun& run) {
   } else {
     state.entX[0] = walk.firstX;
     state.entY[0] = walk.firstY;
-    DrawArcToVertex(run.canvas, run.view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, entArcs, walk, style);
   }
   return more;
 }
@@ -225,7 +192,7 @@ int32_t DrawBlockLwPolyline(const BlockRun& run) {
           DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.blockX[0], state.blockY[0]), style,
                       state.blockColor);
         else
-          DrawArcToBlockVertex(run.canvas, run.view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, blockArcs, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.blockX[0], state.blockY[0]); break;
     }
@@ -237,7 +204,7 @@ int32_t DrawBlockLwPolyline(const BlockRun& run) {
   } else {
     state.blockX[0] = walk.firstX;
     state.blockY[0] = walk.firstY;
-    DrawArcToBlockVertex(run.canvas, run.view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, blockArcs, walk, style);
   }
   return more;
 }
@@ -248,7 +215,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   int32_t flags = 0;
   state.dimColor = 0;
   int32_t more = ReadGroup(run.stream);
-  // It's the first vertex's Y that ends the header here.
+  // In this scope the first vertex's Y ends the header.
   for (; more && state.groupCode != 0 && state.groupCode != 20; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
@@ -269,7 +236,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   MonochromeRule(state.dimColor);
   style = WithoutWidth(style);
 
-  // The insert's angle isn't used at all here.
+  // The insert's angle isn't used in this scope.
   LwPolylineWalk walk;
   StartWalk(run.canvas, walk, state.dimX[0], state.dimY[0]);
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
@@ -282,7 +249,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
           DrawDimInsertSegment(run.canvas, run.view, walk, ModelToSheet(state.dimX[0], state.dimY[0]), style,
                                state.dimColor);
         else
-          DrawArcToDimInsertVertex(run.canvas, run.view, walk, style);
+          DrawArcToVertex(run.canvas, run.view, dimArcs, walk, style);
         break;
       case 42: StartArc(walk, Atof(value), state.dimX[0], state.dimY[0]); break;
     }
@@ -295,7 +262,7 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   } else {
     state.dimX[0] = walk.firstX;
     state.dimY[0] = walk.firstY;
-    DrawArcToDimInsertVertex(run.canvas, run.view, walk, style);
+    DrawArcToVertex(run.canvas, run.view, dimArcs, walk, style);
   }
   return more;
 }

@@ -1,4 +1,4 @@
-// LWPOLYLINE, in all scopes but the block of a dimension.
+// LWPOLYLINE in all scopes except the block of a dimension.
 #pragma once
 
 #include <cstdint>

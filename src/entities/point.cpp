@@ -1,4 +1,4 @@
-// POINT: the mark that $PDMODE and $PDSIZE ask for. It has no view test and no line type.
+// POINT: the mark given by $PDMODE and $PDSIZE. Points have no view test and no line type.
 #include "entities/point.h"
 
 #include "driver/group_reader.h"
@@ -9,9 +9,9 @@ namespace hexlume {
 
 namespace {
 
-constexpr int32_t figureCount = 32;  // $PDMODE counts figures and, times 32, the frames around them
+constexpr int32_t figureCount = 32;  // $PDMODE is the figure plus 32 times the frame
 
-// The figure is drawn first. A negative mode keeps its sign and selects nothing, unless 32 divides it.
+// The figure is drawn first. The remainder of a negative mode draws a figure only if it is 0.
 int32_t FigureOf(const HeaderVars& headerVars) {
   return headerVars.pdMode % figureCount;
 }
@@ -19,34 +19,34 @@ int32_t FrameOf(const HeaderVars& headerVars) {
   return headerVars.pdMode / figureCount;
 }
 
-// The pens of all marks have the family of the drawing's first layer, whichever layer the point is on. A
-// second table without layers doesn't take it away.
+// All marks are drawn with the dash family of the drawing's first layer, whatever the point's layer. A second
+// LAYER table without records keeps it.
 int32_t MarkPenStyle() {
   return state.layers.empty() ? 0 : state.layers[0].family;
 }
 
-void DrawFigure(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t color) {
-  const COLORREF colour = ColorAt(color);
+void DrawFigure(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t colorIndex) {
+  const COLORREF color = ColorAt(colorIndex);
   const int32_t penStyle = MarkPenStyle();
   switch (FigureOf(headerVars)) {
-    case 0: PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, colour, state.rotated); break;
+    case 0: PenPixel(canvas, at.x, at.y, state.centreX, state.centreY, color, state.rotated); break;
     case 2:
-      MarkPlus(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+      MarkPlus(canvas, at.x, at.y, state.centreX, state.centreY, color, penStyle, headerVars.pdSize,
                state.rotated);
       break;
     case 3:
-      MarkCross(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+      MarkCross(canvas, at.x, at.y, state.centreX, state.centreY, color, penStyle, headerVars.pdSize,
                 state.rotated);
       break;
     case 4:
-      MarkTick(canvas, at.x, at.y, state.centreX, state.centreY, colour, penStyle, headerVars.pdSize,
+      MarkTick(canvas, at.x, at.y, state.centreX, state.centreY, color, penStyle, headerVars.pdSize,
                state.rotated);
       break;
   }
 }
 
-void DrawSquare(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t color) {
-  MarkSquare(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(color), MarkPenStyle(),
+void DrawSquare(Canvas canvas, const POINT& at, const HeaderVars& headerVars, int32_t colorIndex) {
+  MarkSquare(canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(colorIndex), MarkPenStyle(),
              headerVars.pdSize, state.rotated);
 }
 
@@ -62,8 +62,8 @@ int32_t DrawPoint(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }
@@ -87,7 +87,7 @@ int32_t DrawBlockPoint(const BlockRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 6: ResolveBlockLinetype(value, unusedStyle, inherit); break;  // by block concerns the colour too
+      case 6: ResolveBlockLinetype(value, unusedStyle, inherit); break;  // sets inherit, used for the colour
       case 8:
         if (!ResolveInheritedLayer(unusedStyle, state.blockColor, run.insertColor, inherit)) return more;
         break;
@@ -101,7 +101,7 @@ int32_t DrawBlockPoint(const BlockRun& run) {
   const POINT at = BlockTransform(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
   DrawFigure(run.canvas, at, run.headerVars, state.blockColor);
   const int32_t frame = FrameOf(run.headerVars);
-  // In a block a pixel takes the circle's place.
+  // In a block a pixel replaces the circle.
   if (frame == 1 || frame == 3)
     PenPixel(run.canvas, at.x, at.y, state.centreX, state.centreY, ColorAt(state.blockColor), state.rotated);
   if (frame == 2 || frame == 3) DrawSquare(run.canvas, at, run.headerVars, state.blockColor);

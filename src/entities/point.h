@@ -1,4 +1,4 @@
-// POINT, in the ENTITIES section and in a block. A dimension's blocks have no POINT.
+// POINT in the ENTITIES section and in a block. A dimension's blocks don't draw it.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// POLYLINE: segment by segment in the order of the file. Nothing is held but the vertex before the one being
-// read. A segment's bulge stands at the vertex where it starts, so an arc waits for its end.
+// POLYLINE: drawn segment by segment in the order of the file. Only the vertex before the current one is
+// kept. A segment's bulge belongs to the vertex where it starts, so an arc is drawn when its end is read.
 #include "entities/polyline.h"
 
 #include "driver/group_reader.h"
@@ -14,19 +14,19 @@ namespace {
 
 constexpr int32_t closedFlag = 1;
 
-// How far the walk over the vertices has come.
+// The state of the loop over the vertices.
 struct PolylineWalk {
-  double bulge = 0.0;      // of the vertex just read, until it is consumed
+  double bulge = 0.0;      // bulge of the vertex just read, until it is used
   int32_t pendingArc = 0;  // 1 if the segment to the next vertex is an arc
-  double prevBulge = 0.0;  // that arc's bulge,
-  double prevX = 0.0;      // and the vertex where it starts
+  double prevBulge = 0.0;  // bulge of that arc
+  double prevX = 0.0;      // vertex where that arc starts
   double prevY = 0.0;
   double firstX = 0.0;
   double firstY = 0.0;
-  POINT lastSheet = {};  // where the next line starts
+  POINT lastSheet = {};  // start of the next line
 };
 
-// The vertex at hand becomes the start of the next segment.
+// Makes the current vertex the start of the next segment.
 void MoveOn(PolylineWalk& walk, double x, double y) {
   walk.lastSheet = ModelToSheet(x, y);
   if (walk.bulge != 0.0) {
@@ -46,8 +46,8 @@ void MoveOnFromArc(PolylineWalk& walk, double x, double y) {
   MoveOn(walk, x, y);
 }
 
-// The line from the walk's last point to the next. False if it was rejected: the next line then starts where
-// this one did, and a bulge told for the rejected vertex stays for the one behind it.
+// Draws the line from the last point to next. Returns false if the view rejects it: the next line then starts
+// at the same point, and a bulge read for the rejected vertex is used for the vertex after it.
 bool DrawSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, POINT next,
                  const LineStyle& style, int32_t color) {
   POINT last = walk.lastSheet;
@@ -56,44 +56,25 @@ bool DrawSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, 
     DrawStyledLine(canvas, last, next, style, color);
     return true;
   }
-  // A single coordinate of -1 drops the line, although it can be a true one.
+  // A single coordinate of -1 drops the line, although -1 can be a valid coordinate.
   const ClippedSegment cut = CutSegment(view, last, next);
   if (cut.startX != -1 && cut.startY != -1 && cut.endX != -1 && cut.endY != -1)
     DrawStyledLine(canvas, {cut.startX, cut.startY}, {cut.endX, cut.endY}, style, color);
   return true;
 }
 
-// The arc to the vertex in entX[0], entY[0].
-void DrawArcSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk, const LineStyle& style) {
-  double startAngle;
-  double sweep;
-  BulgeArcCentre(walk.prevBulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.prevBulge, startAngle, sweep, state.entCentreX, state.entCentreY, state.entRadius},
-               ModelToSheet(walk.prevX, walk.prevY), ModelToSheet(state.entX[0], state.entY[0]), style,
-               state.entColor);
+ArcSegment PendingArc(const PolylineWalk& walk) {
+  return {walk.prevBulge, walk.prevX, walk.prevY};
 }
 
-// The same in a block, to the vertex in blockX[0], blockY[0].
-void DrawBlockArcSegment(Canvas canvas, const ViewRect& view, const PolylineWalk& walk,
-                         const LineStyle& style) {
-  double startAngle;
-  double sweep;
-  BlockBulgeArcCentre(walk.prevBulge, walk.prevX, walk.prevY, &startAngle, &sweep);
-  DrawBulgeArc(canvas, view,
-               {walk.prevBulge, startAngle, sweep, state.blockCentreX, state.blockCentreY, state.blockRadius},
-               ModelToSheet(walk.prevX, walk.prevY), ModelToSheet(state.blockX[0], state.blockY[0]), style,
-               state.blockColor);
-}
-
-// A VERTEX has neither line type nor layer of its own. One that tells no bulge leaves bulge as it is.
+// A VERTEX has no line type or layer of its own. One without a bulge leaves bulge unchanged.
 int32_t ReadVertex(TextStream& stream, double& bulge) {
   int32_t more = ReadGroup(stream);
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
       case 42: bulge = Atof(value); break;
     }
   }
@@ -142,14 +123,14 @@ int32_t DrawPolyline(const EntityRun& run) {
   walk.firstX = state.entX[0];
   walk.firstY = state.entY[0];
   MoveOn(walk, walk.firstX, walk.firstY);
-  // Not turned with the sheet: each segment sets a position of its own.
+  // Not turned with the sheet: each segment sets its own position.
   MoveToEx(run.canvas, walk.lastSheet.x, walk.lastSheet.y, nullptr);
   while (more && AtGroup(0, "VERTEX")) {
     more = ReadVertex(run.stream, walk.bulge);
     const double x = state.entX[0];
     const double y = state.entY[0];
     if (walk.pendingArc == 1) {
-      DrawArcSegment(run.canvas, run.view, walk, style);
+      DrawArcSegment(run.canvas, run.view, entArcs, PendingArc(walk), style);
       MoveOnFromArc(walk, x, y);
     } else if (DrawSegment(run.canvas, run.view, walk, ModelToSheet(x, y), style, state.entColor)) {
       MoveOn(walk, x, y);
@@ -162,7 +143,7 @@ int32_t DrawPolyline(const EntityRun& run) {
   } else {
     state.entX[0] = walk.firstX;
     state.entY[0] = walk.firstY;
-    DrawArcSegment(run.canvas, run.view, walk, style);
+    DrawArcSegment(run.canvas, run.view, entArcs, PendingArc(walk), style);
   }
   return more;
 }
@@ -200,7 +181,7 @@ int32_t DrawBlockPolyline(const BlockRun& run) {
     const double x = state.blockX[0];
     const double y = state.blockY[0];
     if (walk.pendingArc == 1) {
-      DrawBlockArcSegment(run.canvas, run.view, walk, style);
+      DrawArcSegment(run.canvas, run.view, blockArcs, PendingArc(walk), style);
       MoveOnFromArc(walk, x, y);
     } else if (DrawSegment(run.canvas, run.view, walk, ModelToSheet(x, y), style, state.blockColor)) {
       MoveOn(walk, x, y);
@@ -213,7 +194,7 @@ int32_t DrawBlockPolyline(const BlockRun& run) {
   } else {
     state.blockX[0] = walk.firstX;
     state.blockY[0] = walk.firstY;
-    DrawBlockArcSegment(run.canvas, run.view, walk, style);
+    DrawArcSegment(run.canvas, run.view, blockArcs, PendingArc(walk), style);
   }
   return more;
 }

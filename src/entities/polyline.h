@@ -1,5 +1,5 @@
-// POLYLINE with its VERTEX entities, in the ENTITIES section and in a block. A dimension's blocks have no
-// POLYLINE. The group after the last VERTEX is left in the buffer.
+// POLYLINE with its VERTEX entities, in the ENTITIES section and in a block. A dimension's blocks don't draw
+// it. The group after the last VERTEX is left in the buffer.
 #pragma once
 
 #include <cstdint>

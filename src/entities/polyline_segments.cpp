@@ -29,8 +29,8 @@ ClippedSegment DimCutSegment(const ViewRect& view, const POINT& last, const POIN
 
 namespace {
 
-// The one system whose arcs run the other way round draws them by itself: with the family as the pen's style,
-// and upright on a turned sheet too.
+// Used where the arc direction had to be set. GDI draws the arc and dashes it by the pen's style; the arc
+// isn't turned with the sheet.
 void DrawClockwiseArc(Canvas canvas, const POINT& leftTop, const POINT& rightBottom, double bulge,
                       const POINT& from, const POINT& to, int32_t family, int32_t color) {
   const POINT& start = bulge > 0.0 ? from : to;
@@ -43,29 +43,41 @@ void DrawClockwiseArc(Canvas canvas, const POINT& leftTop, const POINT& rightBot
 
 }  // namespace
 
-void DrawBulgeArc(Canvas canvas, const ViewRect& view, const BulgeArc& arc, const POINT& from,
-                  const POINT& to, const LineStyle& style, int32_t color) {
-  const POINT leftTop = ModelToSheet(arc.centreX - arc.radius, arc.centreY + arc.radius);
-  const POINT rightBottom = ModelToSheet(arc.centreX + arc.radius, arc.centreY - arc.radius);
+const ArcScope entArcs = {BulgeArcCentre,   state.entX[0],   state.entY[0], state.entCentreX,
+                          state.entCentreY, state.entRadius, state.entColor};
+const ArcScope blockArcs = {BlockBulgeArcCentre, state.blockX[0],   state.blockY[0], state.blockCentreX,
+                            state.blockCentreY,  state.blockRadius, state.blockColor};
+const ArcScope dimArcs = {DimBulgeArcCentre, state.dimX[0],   state.dimY[0], state.dimCentreX,
+                          state.dimCentreY,  state.dimRadius, state.dimColor};
+
+void DrawArcSegment(Canvas canvas, const ViewRect& view, const ArcScope& scope, const ArcSegment& segment,
+                    const LineStyle& style) {
+  const double bulge = segment.bulge;
+  double startAngle;
+  double sweep;
+  scope.solve(bulge, segment.startX, segment.startY, &startAngle, &sweep);
+  const POINT leftTop = ModelToSheet(scope.centreX - scope.radius, scope.centreY + scope.radius);
+  const POINT rightBottom = ModelToSheet(scope.centreX + scope.radius, scope.centreY - scope.radius);
   if (!LiesInView(view, leftTop) || !LiesInView(view, rightBottom)) return;
 
   if (state.arcClockwise == 1) {
-    DrawClockwiseArc(canvas, leftTop, rightBottom, arc.bulge, from, to, style.family, color);
+    DrawClockwiseArc(canvas, leftTop, rightBottom, bulge, ModelToSheet(segment.startX, segment.startY),
+                     ModelToSheet(scope.x, scope.y), style.family, scope.color);
     return;
   }
-  const POINT centre = ModelToSheet(arc.centreX, arc.centreY);
-  const int32_t radius = Trunc(arc.radius / state.drawScale);
+  const POINT centre = ModelToSheet(scope.centreX, scope.centreY);
+  const int32_t radius = Trunc(scope.radius / state.drawScale);
   const Dashes dashes = DashesOf(style);
   if (dashes.count == 0) {
-    const double sweep = arc.bulge > 0.0 ? -arc.sweep : arc.sweep;
-    PenArc(canvas, centre.x, centre.y, radius, static_cast<float>(arc.startAngle), static_cast<float>(sweep),
-           state.centreX, state.centreY, ColorAt(color), PS_SOLID, state.rotated);
+    PenArc(canvas, centre.x, centre.y, radius, static_cast<float>(startAngle),
+           static_cast<float>(bulge > 0.0 ? -sweep : sweep), state.centreX, state.centreY,
+           ColorAt(scope.color), PS_SOLID, state.rotated);
   } else {
-    // The walker knows one sense only. A negative bulge starts at the negated angle: its dashes lie on the
-    // arc reflected in the level line through its centre, and don't join its vertices.
-    const double start = arc.bulge > 0.0 ? arc.startAngle : -(arc.startAngle + 360.0);
-    DashArc(canvas, centre.x, centre.y, radius, start, -arc.sweep, state.centreX, state.centreY,
-            ColorAt(color), dashes.elements, dashes.count, state.rotated);
+    // DashArc walks in one direction only. For a negative bulge it starts at the negated angle: the dashes are
+    // on the arc mirrored about the horizontal line through its centre, and don't meet its vertices.
+    const double start = bulge > 0.0 ? startAngle : -(startAngle + 360.0);
+    DashArc(canvas, centre.x, centre.y, radius, start, -sweep, state.centreX, state.centreY,
+            ColorAt(scope.color), dashes.elements, dashes.count, state.rotated);
   }
 }
 

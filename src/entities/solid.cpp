@@ -1,5 +1,4 @@
-// SOLID and TRACE: four corners become one filled quadrilateral, or nothing if the view doesn't hold them
-// all.
+// SOLID and TRACE: a filled quadrilateral, drawn only if all four corners are in the view.
 #include "entities/solid.h"
 
 #include <algorithm>
@@ -37,18 +36,18 @@ int32_t DrawSolid(const EntityRun& run) {
       case 10:
       case 11:
       case 12:
-      case 13: state.entX[state.groupCode - 10] = Atof(value) * 100.0 + run.offsetX; break;
+      case 13: state.entX[state.groupCode - 10] = Hundredths(value) + run.offsetX; break;
       case 20:
       case 21:
       case 22:
-      case 23: state.entY[state.groupCode - 20] = Atof(value) * 100.0 + run.offsetY; break;
+      case 23: state.entY[state.groupCode - 20] = Hundredths(value) + run.offsetY; break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.entColor);
 
-  // The format tells the corners in zigzag: the last two change places to make an outline.
+  // The file gives the corners in zigzag order: the last two are swapped to make an outline.
   POINT corners[cornerCount] = {
       ModelToSheet(state.entX[0], state.entY[0]), ModelToSheet(state.entX[1], state.entY[1]),
       ModelToSheet(state.entX[3], state.entY[3]), ModelToSheet(state.entX[2], state.entY[2])};
@@ -90,7 +89,7 @@ int32_t DrawBlockSolid(const BlockRun& run) {
       BlockTransform(state.blockX[3], state.blockY[3], run.blockOriginX, run.blockOriginY),
       BlockTransform(state.blockX[2], state.blockY[2], run.blockOriginX, run.blockOriginY)};
   if (!AllLieInView(run.view, corners)) return more;
-  // Not turned with the sheet: it stays where it is on the upright one.
+  // Not turned with the sheet.
   FillQuad(run.canvas, corners, state.centreX, state.centreY, ColorAt(state.blockColor), style.family, 0);
   return more;
 }
@@ -103,21 +102,20 @@ int32_t DrawDimInsertSolid(const BlockRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      // As in the drawing itself, unlike in the other entities of this scope: with a record alone, and by
-      // block counts for nothing.
+      // Unlike other entities of this scope: the line type needs a record, and "by block" has no effect.
       case 6: ResolveWholeLinetype(value, style); break;
       case 8:
         if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      // Moved, but neither scaled nor turned here.
+      // Moved, but neither scaled nor turned.
       case 10:
       case 11:
       case 12:
-      case 13: state.dimX[state.groupCode - 10] = Atof(value) * 100.0 + run.blockOriginX; break;
+      case 13: state.dimX[state.groupCode - 10] = Hundredths(value) + run.blockOriginX; break;
       case 20:
       case 21:
       case 22:
-      case 23: state.dimY[state.groupCode - 20] = Atof(value) * 100.0 + run.blockOriginY; break;
+      case 23: state.dimY[state.groupCode - 20] = Hundredths(value) + run.blockOriginY; break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }

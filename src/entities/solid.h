@@ -1,4 +1,4 @@
-// SOLID and TRACE, in each of the four scopes. A dimension's block has no TRACE.
+// SOLID and TRACE in the four scopes. In a dimension's block TRACE isn't drawn.
 #pragma once
 
 #include <cstdint>

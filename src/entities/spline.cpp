@@ -1,5 +1,5 @@
-// SPLINE: one PolyBezier. Every spline is taken for cubic, open and unweighted. Its points are those of the
-// sheet from the start, so that the knots are inserted on whole units.
+// SPLINE: one PolyBezier. Every spline is treated as cubic, open and unweighted. Its points are converted to
+// the sheet when they are read, so knots are inserted in whole units.
 #include "entities/spline.h"
 
 #include <algorithm>
@@ -14,19 +14,19 @@ namespace hexlume {
 
 namespace {
 
-// What a spline's groups have told so far.
+// The groups read so far.
 struct SplineGroups {
   std::vector<POINT> control, fit;
   std::vector<double> knots;
   int32_t controlCount = 0;
   int32_t fitCount = 0;
-  size_t pointIndex = 0;  // next free place, of the control points and then of the fit points
-  bool firstFit = true;   // until a fit point has been told
+  size_t pointIndex = 0;  // next free place, first for control points and then for fit points
+  bool firstFit = true;   // until a fit point has been read
 };
 
 constexpr auto bound = static_cast<size_t>(maxSplinePoints);
 
-// All places beyond the bound fall on the first of them: that it was written is enough to know.
+// All places beyond the bound share one element: it shows that the bound was exceeded.
 POINT& PointAt(std::vector<POINT>& points, size_t place) {
   place = std::min(place, bound);
   if (place >= points.size()) points.resize(place + 1);
@@ -41,7 +41,7 @@ void SetY(std::vector<POINT>& points, size_t place, double y) {
   PointAt(points, place).y = ModelToSheet(0.0, y).y;
 }
 
-// The fit points take the places from the first one again.
+// Fit points start at place 0 again.
 void StartFit(SplineGroups& spline) {
   if (spline.firstFit) spline.pointIndex = 0;
   spline.firstFit = false;
@@ -55,11 +55,11 @@ bool ExceedsBound(const SplineGroups& spline) {
   return spline.control.size() > bound || spline.fit.size() > bound || spline.knots.size() > bound;
 }
 
-// Without control points: straight spans from fit point to fit point, each a curve whose handles lie on its
-// ends. As many as are told, or else as have been read, the control points' number if there are no others.
+// Without control points: straight spans from fit point to fit point, each a curve whose handles are its own
+// end points. The number of spans is fitCount or, if it is 0, the number of points read.
 std::vector<POINT> StraightSpans(const SplineGroups& spline) {
   const size_t count = spline.fitCount != 0 ? static_cast<size_t>(spline.fitCount) : spline.pointIndex;
-  if (count > (bound - 1) / 3) return {};  // a negative one too
+  if (count > (bound - 1) / 3) return {};  // true for a negative count too
   std::vector<POINT> points;
   for (size_t i = 0; i < count; ++i) {
     const POINT start = ElementAt(spline.fit, i);
@@ -71,14 +71,14 @@ std::vector<POINT> StraightSpans(const SplineGroups& spline) {
   return points;
 }
 
-// The points of the curves; none for a count that makes no sense and where the bound is exceeded.
+// The points of the curves. Empty if a count is invalid or the bound is exceeded.
 std::vector<POINT> BezierPoints(const SplineGroups& spline) {
   if (ExceedsBound(spline) || spline.controlCount < 0) return {};
   if (spline.controlCount == 0) return StraightSpans(spline);
   std::vector<POINT> points;
   if (!InsertKnots(spline.control, spline.knots, spline.controlCount, maxSplinePoints, points)) return {};
   if (spline.fitCount == 0) return points;
-  // Each curve ends in a fit point exactly, however many there are.
+  // Fit points replace the ends of all curves, however many fit points there are.
   for (size_t i = 0; i < points.size(); i += 3) points[i] = ElementAt(spline.fit, i / 3);
   return points;
 }
@@ -97,13 +97,13 @@ int32_t DrawSpline(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: SetX(spline.control, spline.pointIndex, Atof(value) * 100.0); break;
+      case 10: SetX(spline.control, spline.pointIndex, Hundredths(value)); break;
       case 11:
         StartFit(spline);
-        SetX(spline.fit, spline.pointIndex, Atof(value) * 100.0);
+        SetX(spline.fit, spline.pointIndex, Hundredths(value));
         break;
-      case 20: SetY(spline.control, spline.pointIndex++, Atof(value) * 100.0); break;
-      case 21: SetY(spline.fit, spline.pointIndex++, Atof(value) * 100.0); break;
+      case 20: SetY(spline.control, spline.pointIndex++, Hundredths(value)); break;
+      case 21: SetY(spline.fit, spline.pointIndex++, Hundredths(value)); break;
       case 40: AddKnot(spline, Atof(value)); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 73: spline.controlCount = Atoi(value); break;
@@ -152,7 +152,7 @@ int32_t DrawBlockSpline(const BlockRun& run) {
 
   std::vector<POINT> points = BezierPoints(spline);
   if (points.empty()) return more;
-  // As thin as the pen goes, whatever the layer's width.
+  // Always drawn with the thinnest pen, whatever the layer's width.
   PenBezier(run.canvas, points.data(), static_cast<int32_t>(points.size()), state.centreX, state.centreY, 0,
             ColorAt(state.blockColor), style.family, state.rotated);
   return more;

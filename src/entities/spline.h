@@ -1,4 +1,4 @@
-// SPLINE, in the ENTITIES section and in a block. A dimension's blocks have no SPLINE. Nothing of it is cut
+// SPLINE in the ENTITIES section and in a block. A dimension's blocks don't draw it. A spline isn't cut
 // to the view.
 #pragma once
 
@@ -9,8 +9,7 @@
 
 namespace hexlume {
 
-// A spline of more points than this, read or made, isn't drawn: no drawing needs it, and a mistaken count
-// could ask for any number.
+// A spline with more points than this, read or computed, isn't drawn. Only a wrong count gives so many.
 constexpr int32_t maxSplinePoints = 1000000;
 
 int32_t DrawSpline(const EntityRun& run);

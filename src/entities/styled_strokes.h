@@ -1,4 +1,4 @@
-// Strokes in an entity's line type, solid or walked dash by dash.
+// Strokes in an entity's line type, solid or dashed.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace hexlume {
 
-// The stroke of a dashed pattern starts at a.
+// Draws a line. A dash pattern starts at a.
 void DrawStyledLine(Canvas canvas, const POINT& a, const POINT& b, const LineStyle& style, int32_t color);
 
 }  // namespace hexlume

@@ -1,17 +1,16 @@
-// The guard around the loops that draw: whatever goes wrong in one of them leaves it as one and the same
-// throw.
+// Turns every fault in the drawing loops into one exception.
 #pragma once
 
 #include <cstdint>
 
 namespace hexlume {
 
-// What a guarded loop throws, as an int32_t.
+// Thrown by a guarded loop, as an int32_t.
 constexpr int32_t faultCode = 11;
 
-// Calls run(context). A processor fault in it (an access violation, a stack overflow, a division by zero ...)
-// and any C++ exception that leaves it come out as `throw faultCode`. Guards may nest: the innermost one
-// answers. Objects on the stack between a processor fault and the guard aren't destroyed.
+// Calls run(context). A processor fault in it (access violation, stack overflow, division by zero, ...) or
+// any C++ exception is thrown as faultCode. Guards can be nested; the innermost one handles the fault. After
+// a processor fault, objects on the stack above the guard aren't destroyed.
 void RunGuarded(void (*run)(void* context), void* context);
 
 template <typename Loop>

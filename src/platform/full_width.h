@@ -1,14 +1,14 @@
-// Text as it would stand in full-width characters.
+// Conversion of text to full-width characters.
 #pragma once
 
 #include <string>
 
 namespace hexlume {
 
-// The text's bytes in code page 932 with each half-width character made full-width, and a half-width katakana
-// joined with the voice mark behind it: as many bytes as the text has half-width cells. The backslash stays
-// as it is. A voice mark that joins nothing, and a joined character that the code page doesn't have, become
-// '?'.
+// Converts each half-width character of a text in code page 932 to its full-width form, and joins a
+// half-width katakana with a following voice mark. The number of bytes of the result is its width in
+// half-width cells. The backslash isn't converted. A voice mark that can't be joined, and a joined character
+// that the code page doesn't have, become '?'.
 std::string WidenText(const char* text);
 
 }  // namespace hexlume

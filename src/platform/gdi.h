@@ -1,4 +1,5 @@
-// GDI under its own names: on Windows the system's, elsewhere our own for the calls that the converters make.
+// GDI under its own names: the system's on Windows; elsewhere our own, for the calls that
+// the converters make.
 #pragma once
 
 #ifdef _WIN32

@@ -1,13 +1,13 @@
-// How a fault leaves the library for its host.
+// Passes a fault from the library to its host.
 #pragma once
 
 #include <cstdint>
 
 namespace hexlume {
 
-// Leaves the library with code as an int: on Windows as an exception of the system's own C++ compilers, so
-// that their `catch (int)` and any structured handler get it. Our own frames in between aren't unwound by
-// every host, so the caller has nothing left to release.
+// Throws code to the host as an int. On Windows it is an exception of the system's own C++ compilers, which
+// their `catch (int)` and any structured handler catch. Not every host unwinds the library's frames, so the
+// caller must have nothing left to release.
 [[noreturn]] void ThrowToHost(int32_t code);
 
 }  // namespace hexlume

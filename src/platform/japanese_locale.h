@@ -1,10 +1,10 @@
-// The locale of the text converters.
+// The C locale that hosts find after a drawing with text.
 #pragma once
 
 namespace hexlume {
 
-// On Windows makes the C locale of the process Japanese, as hosts have always found it after a drawing with
-// text. Elsewhere the process's locale is left alone: nothing here depends on it.
+// On Windows sets the C locale of the process to Japanese, which existing hosts expect after a drawing with
+// text. Does nothing on other systems. The library itself doesn't depend on the locale.
 void SelectJapaneseLocale();
 
 }  // namespace hexlume

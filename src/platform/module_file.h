@@ -1,15 +1,15 @@
-// The library's own file and what lies beside it.
+// The library's own file, and files in its folder.
 #pragma once
 
 #include <cstddef>
 
 namespace hexlume {
 
-// Stores the path of the library's file. False if it isn't loaded under its own name or the path doesn't fit.
+// Stores the path of the library's file. Returns false if the library isn't loaded under its own name, or the
+// path doesn't fit.
 bool ModuleFileName(char* path, size_t size);
 
-// Deletes a file; one that isn't there, or can't be deleted, is left alone without a word. Never deletes a
-// folder.
+// Deletes a file. Ignores errors, also that there is no such file. Never deletes a folder.
 void DeleteFileIfThere(const char* path);
 
 }  // namespace hexlume

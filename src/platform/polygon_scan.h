@@ -1,4 +1,4 @@
-// Which pixels a polygon has, as GDI's regions have it.
+// Finds the pixels of a polygon as GDI's regions do.
 #pragma once
 
 #include <cstddef>
@@ -8,13 +8,13 @@
 
 namespace hexlume {
 
-// No region gets more rectangles than this.
+// The largest number of rectangles in a region.
 constexpr size_t mostRegionBoxes = size_t{1} << 24;
 
-// The pixels within a polygon, as rectangles in rows; equal rows that follow each other are one. A row
-// belongs to the edges that begin on it or above and end below it, and a span of it begins, and ends before,
-// the first whole x that isn't left of an edge. False, with nothing of use in boxes, if that would take too
-// much time or memory.
+// Stores the pixels of a polygon as rectangles in rows; equal adjacent rows are joined. An edge covers the
+// rows from its top (inclusive) to its bottom (exclusive). A span starts at the first whole x that isn't left
+// of an edge, and ends before the first one that isn't left of the next edge. Returns false, with boxes
+// unspecified, if this would take too much time or memory.
 bool ScanPolygon(const POINT* points, int count, int fillMode, std::vector<RECT>& boxes);
 
 }  // namespace hexlume

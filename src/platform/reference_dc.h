@@ -1,12 +1,12 @@
-// The device against which metafiles are measured.
+// The reference device of metafiles.
 #pragma once
 
 #include "platform/gdi.h"
 
 namespace hexlume {
 
-// The default printer's DC, so that text is measured as it will be printed; NULL without a printer, which
-// makes the display the reference. The caller deletes it. No dialog is shown.
+// Returns the DC of the default printer, so that text is measured as it will be printed. Returns NULL if
+// there is no printer; the display is the reference then. The caller deletes the DC. No dialog is shown.
 HDC DefaultPrinterDC();
 
 }  // namespace hexlume

@@ -1,9 +1,9 @@
-// How much of its stack the calling thread has left.
+// The stack that the calling thread has left.
 #pragma once
 
 namespace hexlume {
 
-// Whether there is room for one more level of blocks within blocks, and for the way out from there.
+// Whether there is enough stack for one more level of nested blocks and for the exception that ends them.
 bool HasStackRoom();
 
 }  // namespace hexlume

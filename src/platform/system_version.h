@@ -1,4 +1,4 @@
-// Which system we run on.
+// The version of the system.
 #pragma once
 
 #include <cstdint>

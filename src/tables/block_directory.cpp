@@ -11,7 +11,7 @@ namespace {
 int32_t WalkBlocks(TextStream& stream) {
   int32_t more = ReadGroup(stream);
   while (more && !AtGroup(0, "ENDSEC")) {
-    // What stands in a block is passed over group by group.
+    // The contents of a block are skipped group by group.
     if (!AtGroup(0, "BLOCK")) {
       more = ReadGroup(stream);
       continue;
@@ -40,7 +40,7 @@ int32_t ReadBlockHeader(TextStream& stream, BlockEntry& block) {
     switch (state.groupCode) {
       case 2:
         BoundedCopy(block.name, value);
-        // Not yet the first entity: the base point stands between them.
+        // The base point comes between this place and the first entity.
         block.bodyOffset = Tell(stream);
         break;
       case 330: BoundedCopy(block.ownerHandle, value); break;

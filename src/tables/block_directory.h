@@ -1,4 +1,4 @@
-// The directory of the drawing's blocks: which there are, and where in the file each one stands.
+// The directory of the drawing's blocks and their places in the file.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,11 @@
 
 namespace hexlume {
 
-// Entered behind the section's name BLOCKS: notes each block up to the section's end. Returns the result of
-// its last ReadGroup. Whatever fails in it comes out as `throw faultCode`.
+// Called when the section's name BLOCKS has been read. Adds each block to the directory, up to the end of the
+// section. Returns the result of its last ReadGroup. Any failure is reported as `throw faultCode`.
 int32_t ReadBlocks(TextStream& stream);
 
-// Reads the groups of one BLOCK into an entry, up to the next group 0: the block's first entity, or its end.
+// Reads the groups of one BLOCK into an entry, up to the next group 0: the block's first entity or its end.
 // Returns the result of its last ReadGroup.
 int32_t ReadBlockHeader(TextStream& stream, BlockEntry& block);
 

@@ -8,8 +8,8 @@ namespace hexlume {
 
 namespace {
 
-// Reads one record, up to the next group 0. The arrow is told by its name or by its handle: the later of the
-// two takes the other's place.
+// Reads one record, up to the next group 0. The arrow is given by its name or by its handle; the later one
+// replaces the other.
 int32_t ReadDimStyleRecord(TextStream& stream, DimStyleEntry& style) {
   style = {};
   style.dimScale = 1.0;
@@ -25,8 +25,8 @@ int32_t ReadDimStyleRecord(TextStream& stream, DimStyleEntry& style) {
         break;
       case 40: style.dimScale = Atof(value); break;
       case 41: style.arrowSize = Atof(value); break;
-      // A scale behind it comes too late.
-      case 140: style.textHeight = Atof(value) * 100.0 * style.dimScale; break;
+      // A scale after this group isn't applied.
+      case 140: style.textHeight = Hundredths(value) * style.dimScale; break;
       case 341:
         BoundedCopy(style.arrowHandle, value);
         style.arrowBlock[0] = '\0';

@@ -7,7 +7,7 @@
 
 namespace hexlume {
 
-// Entered with the table's name in the buffer: fills dimStyles. Returns the result of its last ReadGroup.
+// Called with the table's name in the buffer. Fills dimStyles. Returns the result of its last ReadGroup.
 int32_t ReadDimStyleTable(TextStream& stream);
 
 }  // namespace hexlume

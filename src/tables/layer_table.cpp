@@ -10,16 +10,16 @@ namespace hexlume {
 
 namespace {
 
-// Not the rule of an entity's group 6: a keyword without a record of the drawing's makes the layer solid
-// here, whatever stood there before, and a name without any keyword changes nothing. So a layer of PHANTOM2
-// is solid always, by the last keyword, where an entity of that line type has its dashes.
+// Differs from an entity's group 6: a keyword whose line type isn't defined makes the layer solid, whatever a
+// keyword before it has set, and a name without a keyword changes nothing. So the last keyword makes a layer
+// of PHANTOM2 always solid, while an entity of that line type is dashed.
 void ResolveLayerLinetype(const char* value, LayerEntry& layer) {
   if (std::strstr(value, "CONTINUOUS") || std::strstr(value, "CONTINUOS")) layer.family = 0;
-  for (const LtypeKeyword& keyword : ltypeKeywords) {
-    if (!std::strstr(value, keyword.name)) continue;
-    if (IsLtypeDefined(keyword.pattern)) {
-      layer.family = keyword.family;
-      layer.pattern = keyword.pattern;
+  for (const KnownLtype& known : knownLtypes) {
+    if (!std::strstr(value, known.keyword)) continue;
+    if (IsLtypeDefined(known.pattern)) {
+      layer.family = known.family;
+      layer.pattern = known.pattern;
     } else {
       layer.family = 0;
     }
@@ -29,8 +29,8 @@ void ResolveLayerLinetype(const char* value, LayerEntry& layer) {
 }  // namespace
 
 int32_t ReadLayerTable(TextStream& stream) {
-  // A second table takes the place of the first. Without records it leaves the layers, for the pen of POINT,
-  // but none of them is found by its name.
+  // A second table replaces the first. If it has no records, the old layers are kept for the pen of POINT,
+  // but can't be found by name any more.
   state.layers.ForgetNames();
   state.layerCount = 0;
   int32_t more = ReadGroup(stream);
@@ -58,7 +58,7 @@ int32_t ReadLayerRecord(TextStream& stream, LayerEntry& layer) {
       case 2: BoundedCopy(layer.name, value); break;
       case 6: ResolveLayerLinetype(value, layer); break;
       case 62: layer.color = ResolveColor(Atoi(value)); break;
-      // Hundredths of a millimetre already: a lineweight below a whole millimetre is lost.
+      // Already in hundredths of a millimetre: a lineweight below a whole millimetre becomes 0.
       case 370: layer.width = Trunc(Atof(value) / 100.0); break;
     }
   }

@@ -8,7 +8,7 @@
 
 namespace hexlume {
 
-// Entered with the table's name in the buffer: fills layers. Returns the result of its last ReadGroup.
+// Called with the table's name in the buffer. Fills layers. Returns the result of its last ReadGroup.
 int32_t ReadLayerTable(TextStream& stream);
 
 // Reads one record, up to the next group 0. Returns the result of its last ReadGroup.

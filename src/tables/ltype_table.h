@@ -8,8 +8,8 @@
 
 namespace hexlume {
 
-// Entered with the table's name in the buffer. Fills ltypes with the names that the library knows, and the
-// dashes of those that the drawing has a record of. Returns the result of its last ReadGroup.
+// Called with the table's name in the buffer. Fills ltypes with the known names, and with the dashes of those
+// that have a record in the drawing. Returns the result of its last ReadGroup.
 int32_t ReadLtypeTable(TextStream& stream, const HeaderVars& headerVars);
 
 }  // namespace hexlume

@@ -10,8 +10,8 @@ namespace hexlume {
 void ReadTables(TextStream& stream, const HeaderVars& headerVars) {
   int32_t more = ReadGroup(stream);
   while (more && !AtGroup(0, "ENDSEC")) {
-    // Any group 2 counts, so that a record of another table starts one too if it has that table's name. A
-    // reader leaves a group in the buffer that is still to be looked at.
+    // Any group 2 is compared, so a record of another table that has the name of one of these tables starts
+    // it too. A table's reader leaves a group in the buffer that must still be tested.
     if (AtGroup(2, "DIMSTYLE"))
       more = ReadDimStyleTable(stream);
     else if (AtGroup(2, "LTYPE"))

@@ -6,8 +6,8 @@
 
 namespace hexlume {
 
-// Entered behind the section's name: reads the tables that the converters need, up to the section's end. The
-// sheet is set up by then, so that dashes are stored in its units.
+// Called when the section's name has been read. Reads the tables that the converters need, up to the end of
+// the section. The sheet must be set up, as dashes are stored in its units.
 void ReadTables(TextStream& stream, const HeaderVars& headerVars);
 
 }  // namespace hexlume

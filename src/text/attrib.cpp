@@ -1,4 +1,4 @@
-// ATTRIB: a plain text in a fixed font. The flag that hides an attribute isn't looked at: all are drawn.
+// ATTRIB: plain text in a fixed font. The flag that hides an attribute isn't read: all attributes are drawn.
 #include "text/attrib.h"
 
 #include <algorithm>
@@ -15,18 +15,17 @@ namespace hexlume {
 
 namespace {
 
-constexpr int32_t upsideDown = 4;  // of group 71
+constexpr int32_t upsideDown = 4;  // group 71
 
-// Each code in front of the text costs it four bytes, however long the code is: of a longer one the rest is
-// drawn.
-const char* BehindLeadingCodes(const char* text) {
+// Skips four bytes for each code at the start of the text. The rest of a longer code is drawn.
+const char* SkipLeadingCodes(const char* text) {
   constexpr size_t codeLength = 4;
   while (*text == '\\') text += std::min(std::strlen(text), codeLength);
   return text;
 }
 
-// The text's estimated width, by the groups read so far. It counts as unsigned: with a negative width factor
-// the text goes out of sight.
+// In sheet units, from the groups read so far. The product is unsigned: with a negative width factor it is
+// huge, and the text is moved out of the sheet.
 double EstimatedWidth(const LOGFONTA& font) {
   return static_cast<uint32_t>(WrapMul(TextLength(state.entText), font.lfWidth));
 }
@@ -40,13 +39,13 @@ int32_t DrawAttrib(const EntityRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 1: BoundedCopy(state.entText, BehindLeadingCodes(value)); break;
+      case 1: BoundedCopy(state.entText, SkipLeadingCodes(value)); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 40: SetCell(font, Trunc(Hundredths(value) / state.drawScale), 1); break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
       case 50: font.lfEscapement = ReadEscapement(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
@@ -59,7 +58,7 @@ int32_t DrawAttrib(const EntityRun& run) {
   }
 
   const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
-  if (!StandsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
+  if (!StartsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.entColor);
   TurnFont(font);
   if (HasNoSize(font)) return more;

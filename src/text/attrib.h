@@ -1,4 +1,4 @@
-// ATTRIB, in the ENTITIES section after the INSERT that it belongs to: a plain text in a fixed font.
+// ATTRIB in the ENTITIES section, after its INSERT.
 #pragma once
 
 #include <cstdint>

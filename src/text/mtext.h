@@ -1,5 +1,4 @@
-// MTEXT, in the ENTITIES section, in a block and in the block of a dimension: one TextOutA for each
-// paragraph.
+// MTEXT in the ENTITIES section, in a block and in a dimension's block: one TextOutA for each paragraph.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +11,5 @@ namespace hexlume {
 int32_t DrawMText(const EntityRun& run);
 int32_t DrawBlockMText(const BlockRun& run);
 int32_t DrawDimMText(const EntityRun& run);
-
-// Adds the number of "\P" in entText to count.
-void CountLines(int32_t& count);
 
 }  // namespace hexlume

@@ -1,6 +1,6 @@
-// A paragraph with a fraction in "\S" and a caret: the text in front, the upper part, the lower part and the
-// text behind, each a text of its own. No extent is measured: a piece is as wide as its bytes times the width
-// of the font. One fraction a paragraph; a turned sheet turns the pieces, but doesn't move them.
+// A paragraph with a stacked fraction, "\S1^ 2;", drawn in four pieces: prefix, upper part, lower part, tail.
+// Text extents aren't measured: a piece's width is its number of bytes times the font's width. A second
+// fraction is drawn as text of the tail. A rotated sheet turns the pieces, but doesn't move them.
 #include "text/stacked_fraction.h"
 
 #include <algorithm>
@@ -16,24 +16,24 @@ namespace hexlume {
 
 namespace {
 
-constexpr double ownHeight = -1.0;  // as a factor: the parts are as high as the text around them
+constexpr double ownHeight = -1.0;  // factor 1: the parts are as high as the prefix and the tail
 
 struct Pieces {
   char prefix[textSize], upper[textSize], lower[textSize], tail[textSize];
-  double stackHeight;  // what ParseStackHeight tells
+  double stackHeight;  // result of ParseStackHeight
 };
 
+// In sheet units.
 struct PieceSize {
   int32_t height, width;
 };
 
-// What all pieces stand on, from its lower left on.
 struct Baseline {
-  double x, y;
-  int32_t escapement;
+  double x, y;         // lower left, in model units times 100
+  int32_t escapement;  // tenths of a degree
 };
 
-// A bracket around the fraction is an ASCII byte that no trail byte equals.
+// No trail byte of code page 932 equals "(" or ")", so a search by bytes is safe.
 bool HasOpening(const Pieces& pieces) {
   return std::strchr(pieces.prefix, '(') != nullptr;
 }
@@ -46,12 +46,12 @@ void SplitParts(const char* fraction, Pieces& pieces) {
   pieces.lower[0] = '\0';
   char* const caret = std::strchr(pieces.upper, '^');
   if (!caret) return;
-  // The byte behind the caret should be a blank, and goes whatever it is.
+  // The byte after the caret is skipped, whether it is a blank or not.
   if (caret[1] != '\0') BoundedCopy(pieces.lower, caret + 2);
   *caret = '\0';
 }
 
-// Takes entText apart. The height is looked for in front of the fraction alone.
+// Splits entText. Only the prefix is searched for the height.
 Pieces SplitLine() {
   Pieces pieces;
   char line[textSize];
@@ -64,7 +64,7 @@ Pieces SplitLine() {
   StripBraceCodes();
   BoundedCopy(pieces.prefix, state.entText);
 
-  // A fraction without an end leaves the text in front of it to be drawn behind it too.
+  // Without the closing ";" entText still contains the prefix, which is drawn again as the tail.
   if (char* const end = std::strchr(fraction, ';')) {
     BoundedCopy(state.entText, end + 1);
     *end = '\0';
@@ -81,12 +81,12 @@ PieceSize SizeOfParts(double stackHeight, const PieceSize& around, int32_t halfW
   return {height, height / 2};
 }
 
-// In sheet units, without a sign: with a negative character width a part is huge.
+// In sheet units. The product is unsigned: with a negative character width it is huge.
 double PartWidth(size_t length, int32_t width) {
   return static_cast<uint32_t>(length) * static_cast<uint32_t>(width);
 }
 
-// A bracket counts twice.
+// In bytes. An opening bracket counts twice.
 int32_t PrefixLength(const Pieces& pieces) {
   return TextLength(pieces.prefix) + (HasOpening(pieces) ? 1 : 0);
 }
@@ -95,26 +95,27 @@ int32_t PrefixLength(const Pieces& pieces) {
 double LineWidth(const Pieces& pieces, int32_t width, int32_t partWidth) {
   const int32_t tailLength = TextLength(pieces.tail) + (HasClosing(pieces) ? 1 : 0);
   const double front = WrapMul(PrefixLength(pieces), width) + PartWidth(std::strlen(pieces.upper), partWidth);
-  // Without a bracket in front the lower part isn't reckoned with, and the tail is as narrow as the parts.
+  // Without an opening bracket the lower part isn't counted, and the tail is counted at the parts' width.
   const double back = HasOpening(pieces)
                           ? PartWidth(std::strlen(pieces.lower), partWidth) + WrapMul(tailLength, width)
                           : WrapMul(tailLength, partWidth);
   return state.drawScale * (front + back);
 }
 
+// In model units times 100.
 int32_t HalfPart(int32_t partWidth) {
   return Trunc(partWidth * state.drawScale) / 2;
 }
 
-// How far beyond the prefix the parts stand.
+// Distance from the prefix to the parts, in model units times 100.
 int32_t LiftOf(const Pieces& pieces, int32_t partWidth, int32_t halfWidthFont) {
   if (!HasOpening(pieces)) return 0;
-  // A number of bytes serves as a distance here, and has to.
+  // A number of bytes is used as a distance here. This is kept.
   if (halfWidthFont == 0) return TextLength(pieces.tail);
   return HalfPart(partWidth);
 }
 
-// Puts a blank in front of a part that begins with a sign.
+// Puts a blank before a part that begins with a sign.
 void SetOffSign(char (&part)[textSize]) {
   if (part[0] != '-' && part[0] != '+') return;
   char bare[textSize];
@@ -123,7 +124,7 @@ void SetOffSign(char (&part)[textSize]) {
   BoundedCopy(part + 1, sizeof part - 1, bare);
 }
 
-// Draws a piece at a distance and a direction, in radians, from the line's start.
+// Draws a piece at a distance from the line's start, in a direction in radians.
 void DrawPiece(Canvas canvas, const char* piece, const PieceSize& size, const Baseline& line, double distance,
                double direction, int32_t halfWidthFont) {
   BoundedCopy(state.entText, piece);
@@ -143,7 +144,7 @@ void DrawStackedFraction(Canvas canvas, int32_t height, int32_t width, int32_t e
   AnchorStackPart(height, attach, LineWidth(pieces, width, part.width), angle, line.x, line.y);
   DrawPiece(canvas, pieces.prefix, around, line, 0.0, 0.0, halfWidthFont);
 
-  // The baseline's direction, in whole degrees.
+  // The baseline's direction in radians, computed from whole degrees.
   const double along = WrapSub(3600, escapement) / 10 * pi / 180.0;
   if (!HasOpening(pieces) && halfWidthFont != 0) {
     SetOffSign(pieces.upper);
@@ -152,7 +153,7 @@ void DrawStackedFraction(Canvas canvas, int32_t height, int32_t width, int32_t e
   int32_t lift = LiftOf(pieces, part.width, halfWidthFont);
   const int32_t prefixLength = PrefixLength(pieces);
   const double scale = state.drawScale;
-  // A font without a width is taken for half as wide as high.
+  // A width of 0 counts as half the height.
   const double prefixWidth =
       width != 0 ? scale * WrapMul(prefixLength, width) : scale * (height / 2) * prefixLength;
   const double start = prefixWidth + lift;
@@ -162,8 +163,8 @@ void DrawStackedFraction(Canvas canvas, int32_t height, int32_t width, int32_t e
   DrawPiece(canvas, pieces.upper, part, line, upperDistance, std::acos(start / upperDistance) + along,
             halfWidthFont);
 
-  // Below the baseline, if the part is higher than half the text. The distance stays that along the line,
-  // though the direction is turned down.
+  // A part higher than half the text starts below the baseline. Its direction is turned down, but its
+  // distance is still the one along the baseline.
   const double drop = rise - part.height * scale;
   double lowerDistance = start;
   double down = 0.0;
@@ -187,12 +188,12 @@ double ParseStackHeight() {
     number = code + 2;
   if (!number) return ownHeight;
 
-  // A factor in front of a ";" counts as a height, in spite of its "x".
-  if (std::strchr(number, ';')) return Atof(number) * 100.0 / state.drawScale;
+  // "\H0.7x;" is taken for a height of 0.7, not for a factor.
+  if (std::strchr(number, ';')) return Hundredths(number) / state.drawScale;
   const char* const brace = std::strchr(number, '{');
   if (!brace) return ownHeight;
   if (brace > number && brace[-1] == 'x') return -Atof(number);
-  return Atof(number) * 100.0 / state.drawScale;
+  return Hundredths(number) / state.drawScale;
 }
 
 void AnchorStackPart(int32_t height, int32_t attach, double total, double angle, double& x, double& y) {

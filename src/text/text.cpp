@@ -1,5 +1,5 @@
-// TEXT: one string in one font. Whatever its alignment, it is written from its group 10/20 on; only a fitted
-// text (group 72 of 5) looks at the second point, for the width of its characters.
+// TEXT: one string in one font. It starts at groups 10 and 20 with any alignment. The second point is used
+// for a fitted text (group 72 = 5) alone, to compute the width of its characters.
 #include "text/text.h"
 
 #include <algorithm>
@@ -21,53 +21,44 @@ namespace hexlume {
 
 namespace {
 
-constexpr int32_t fitJustify = 5;
+constexpr int32_t fitJustify = 5;  // group 72
 
-// What follows the codes "\A0;", "\A1;" and "\A2;" in front of a text. Four bytes go for each, whatever they
-// are.
-const char* BehindAlignmentCodes(const char* text) {
+// Skips the codes "\A0;", "\A1;" and "\A2;" at the start of the text: four bytes for each "\A", of any value.
+const char* SkipAlignmentCodes(const char* text) {
   while (text[0] == '\\' && text[1] == 'A') text += std::min<size_t>(std::strlen(text), 4);
   return text;
 }
 
-// A text of Japanese characters, in half-width cells, is smaller than a Latin one of its height.
+// Japanese text in half-width cells is drawn smaller than Latin text of the same height.
 void ShrinkCell(LOGFONTA& font) {
   font.lfHeight = Trunc(font.lfHeight / 1.3);
   font.lfWidth = font.lfHeight / 2;
 }
 
-// A fitted text is at least this high for its width.
+// Makes a fitted text at least 1.8 times as high as wide.
 void RaiseCell(LOGFONTA& font) {
   font.lfHeight = std::max<LONG>(font.lfHeight, Trunc(font.lfWidth * 1.8));
 }
 
-int32_t ClassifyEntText() {
-  char saved[textSize];
-  BoundedCopy(saved, state.entText);
-  StripSpaceAndParens();
-  const int32_t kanjiText = ClassifyText(state.entText);
-  BoundedCopy(state.entText, saved);
+// Classifies a scope's text as strip leaves it, then restores the text.
+template <size_t size>
+int32_t ClassifyStripped(char (&text)[size], void (*strip)()) {
+  char saved[size];
+  BoundedCopy(saved, text);
+  strip();
+  const int32_t kanjiText = ClassifyText(text);
+  BoundedCopy(text, saved);
   return kanjiText;
 }
 
-int32_t ClassifyBlockText() {
-  char saved[textSize];
-  BoundedCopy(saved, state.blockText);
-  StripBlockSpaceAndParens();
-  const int32_t kanjiText = ClassifyText(state.blockText);
-  BoundedCopy(state.blockText, saved);
-  return kanjiText;
-}
-
-// The cells that a text takes in full width. A text that is in full width already, or of bytes that have no
-// such form, gets a sixth more.
+// The number of half-width cells of a widened text, and a sixth more if widening hasn't made the text longer.
 int32_t CellCount(const std::string& widened, const char* text) {
   const auto count = static_cast<int32_t>(widened.size());
   return count == TextLength(text) ? count + count / 6 : count;
 }
 
-// The width is the first point less the second one: a text that runs to the right has a negative width, which
-// goes to the font as it is, and raises no cell. Without a character it is the number that no width can be.
+// The width is the first point minus the second one: negative for a text that runs to the right, in which
+// case RaiseCell changes nothing. An empty text divides by 0, and Trunc gives INT32_MIN.
 void FitText(LOGFONTA& font, int32_t halfWidthFont) {
   int32_t count = 0;
   if (halfWidthFont != 0) {
@@ -82,8 +73,8 @@ void FitText(LOGFONTA& font, int32_t halfWidthFont) {
   if (halfWidthFont == 0) RaiseCell(font);
 }
 
-// Here the widened text gets no sixth more, and the insert's X scale counts for both directions, but in
-// half-width cells for neither.
+// Here a widened text never counts a sixth more. insertScaleX is the factor for both directions, but
+// half-width cells aren't scaled.
 void FitBlockText(LOGFONTA& font, int32_t halfWidthFont) {
   int32_t count = 0;
   double scale = 1.0;
@@ -100,8 +91,8 @@ void FitBlockText(LOGFONTA& font, int32_t halfWidthFont) {
   if (halfWidthFont == 0) RaiseCell(font);
 }
 
-// The drawing's scale doesn't count here. With the points in swapped places X gives group 11 less group 10,
-// but Y gives 20 less 21.
+// drawScale isn't applied here. The two points are swapped: X is group 11 minus group 10, but Y is group 20
+// minus group 21.
 void FitDimText(LOGFONTA& font) {
   const int32_t count = FitCount(state.entText);
   font.lfWidth = Trunc((state.entX[0] - state.entX[1]) / count);
@@ -109,7 +100,7 @@ void FitDimText(LOGFONTA& font) {
   RaiseCell(font);
 }
 
-// A text that isn't all full-width counts as not justified, with the fitted width all the same.
+// A text with a half-width character loses its justification, but gets the fitted width.
 void FitDimInsertText(LOGFONTA& font, int32_t& justify) {
   if (std::strlen(state.dimText) != 2 * CharacterCount(state.dimText)) justify = 0;
   const int32_t count = TextLength(state.dimText);
@@ -128,15 +119,15 @@ int32_t DrawText(const EntityRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
+      case 1: BoundedCopy(state.entText, SkipAlignmentCodes(value)); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Atof(value) * 100.0; break;
-      case 11: state.entX[1] = Atof(value) * 100.0; break;
-      case 20: state.entY[0] = Atof(value) * 100.0; break;
-      case 21: state.entY[1] = Atof(value) * 100.0; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), run.halfWidthFont); break;
+      case 10: state.entX[0] = Hundredths(value); break;
+      case 11: state.entX[1] = Hundredths(value); break;
+      case 20: state.entY[0] = Hundredths(value); break;
+      case 21: state.entY[1] = Hundredths(value); break;
+      case 40: SetCell(font, Trunc(Hundredths(value) / state.drawScale), run.halfWidthFont); break;
       case 41:
         if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
         break;
@@ -146,24 +137,24 @@ int32_t DrawText(const EntityRun& run) {
     }
   }
   const POINT insertion = ModelToSheet(state.entX[0], state.entY[0]);
-  if (!StandsInView(run.view, insertion, font.lfHeight, run.wholeTextClip)) return more;
+  if (!StartsInView(run.view, insertion, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.entColor);
   TurnFont(font);
 
   ExpandPercentCodes();
   if (std::strstr(state.entText, "\\S")) return more;
   StripBraceCodes();
-  const int32_t kanjiText = ClassifyEntText();
+  const int32_t kanjiText = ClassifyStripped(state.entText, StripSpaceAndParens);
   if (kanjiText == 1 && run.halfWidthFont != 0) ShrinkCell(font);
   if (run.halfWidthFont != 0) WidenEmptyBrackets();
   if (justify == fitJustify) FitText(font, run.halfWidthFont);
   if (HasNoSize(font)) return more;
 
-  // Group 51 makes no text oblique here.
+  // Group 51 isn't read here: the text is never oblique.
   SettleFont(font, state.entFace);
   const SelectedFont selected = SelectNewFont(run.canvas, font);
   const TEXTMETRICA metrics = MeasureFont(run.canvas);
-  // The sheet's descent goes off the model's coordinate as it is, whatever the scale.
+  // The descent is in sheet units, but subtracted from a model coordinate without drawScale.
   if (kanjiText != 1) state.entY[0] -= metrics.tmDescent;
   const POINT place = ModelToSheet(state.entX[0], state.entY[0]);
   if (run.wholeTextClip == 1 && ReachesBeyond(run.view, place.x, state.entText, metrics.tmAveCharWidth)) {
@@ -171,15 +162,15 @@ int32_t DrawText(const EntityRun& run) {
     return more;
   }
   SetTextModes(run.canvas, state.entColor);
-  // It isn't taken back: all texts that follow are squeezed too.
+  // It isn't reset: the texts after this one are squeezed too.
   if (font.lfHeight < 10) SetTextCharacterExtra(run.canvas, WrapMul(font.lfHeight, -4));
   WriteText(run.canvas, place, state.entText);
   RestoreFont(run.canvas, selected);
   return more;
 }
 
-// The insert's angle turns neither the point nor the font, and the angle of group 50 counts the other way
-// round than outside a block.
+// insertAngle turns neither the point nor the font. Group 50 turns the text in the opposite direction to that
+// outside a block.
 int32_t DrawBlockText(const BlockRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
@@ -189,7 +180,7 @@ int32_t DrawBlockText(const BlockRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 1: BoundedCopy(state.blockText, BehindAlignmentCodes(value)); break;
+      case 1: BoundedCopy(state.blockText, SkipAlignmentCodes(value)); break;
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
@@ -198,7 +189,7 @@ int32_t DrawBlockText(const BlockRun& run) {
       case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
       case 21: state.blockY[1] = BlockY(Atof(value), run.blockOriginY); break;
       case 40:
-        SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale * state.insertScaleY), run.halfWidthFont);
+        SetCell(font, Trunc(Hundredths(value) / state.drawScale * state.insertScaleY), run.halfWidthFont);
         break;
       case 41:
         if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
@@ -209,16 +200,16 @@ int32_t DrawBlockText(const BlockRun& run) {
     }
   }
   const POINT insertion = ModelToSheet(state.blockX[0], state.blockY[0]);
-  if (!StandsInView(run.view, insertion, font.lfHeight, run.wholeTextClip)) return more;
+  if (!StartsInView(run.view, insertion, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.blockColor);
   TurnFont(font);
 
-  ExpandBlockPercentCodes();  // codes in braces stay, a fraction's too
-  const int32_t kanjiText = ClassifyBlockText();
+  ExpandBlockPercentCodes();  // codes in braces are drawn, a fraction's too
+  const int32_t kanjiText = ClassifyStripped(state.blockText, StripBlockSpaceAndParens);
   if (kanjiText == 1 && run.halfWidthFont != 0) ShrinkCell(font);
   if (justify == fitJustify) FitBlockText(font, run.halfWidthFont);
   if (kanjiText == 0 && run.halfWidthFont != 0) {
-    // Sheet units go to model coordinates here as well.
+    // Sheet units, added to model coordinates without drawScale.
     state.blockX[0] += font.lfWidth * 0.47;
     state.blockY[0] += 1.0;
     state.blockY[1] += 1.0;
@@ -240,7 +231,8 @@ int32_t DrawBlockText(const BlockRun& run) {
   return more;
 }
 
-// Its two points stand in swapped places, and it is written from the second one: from group 10/20 still.
+// Groups 10 and 20 are read into entX[1] and entY[1], groups 11 and 21 into entX[0] and entY[0]. The text
+// still starts at groups 10 and 20.
 int32_t DrawDimText(const EntityRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
@@ -251,16 +243,16 @@ int32_t DrawDimText(const EntityRun& run) {
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 1: BoundedCopy(state.entText, BehindAlignmentCodes(value)); break;
+      case 1: BoundedCopy(state.entText, SkipAlignmentCodes(value)); break;
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[1] = Atof(value) * 100.0 + run.offsetX; break;
-      case 11: state.entX[0] = Atof(value) * 100.0 + run.offsetX; break;
-      case 20: state.entY[1] = Atof(value) * 100.0 + run.offsetY; break;
-      case 21: state.entY[0] = Atof(value) * 100.0 + run.offsetY; break;
+      case 10: state.entX[1] = Hundredths(value) + run.offsetX; break;
+      case 11: state.entX[0] = Hundredths(value) + run.offsetX; break;
+      case 20: state.entY[1] = Hundredths(value) + run.offsetY; break;
+      case 21: state.entY[0] = Hundredths(value) + run.offsetY; break;
       case 40:
-        font.lfHeight = Trunc(Atof(value) * 100.0 / state.drawScale);
+        font.lfHeight = Trunc(Hundredths(value) / state.drawScale);
         font.lfWidth = 0;
         if (run.halfWidthFont != 0) SetCell(font, font.lfHeight, run.halfWidthFont);
         break;
@@ -276,7 +268,7 @@ int32_t DrawDimText(const EntityRun& run) {
     }
   }
   const POINT place = ModelToSheet(state.entX[1], state.entY[1]);
-  if (!StandsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
+  if (!StartsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.entColor);
   TurnFont(font);
 
@@ -299,7 +291,7 @@ int32_t DrawDimText(const EntityRun& run) {
   return more;
 }
 
-// The insert neither scales nor turns it, and its face is the default one in all modes.
+// The insert neither scales nor turns the text. The face is always the default one.
 int32_t DrawDimInsertText(const BlockRun& run) {
   LOGFONTA font = {};
   LineStyle unusedStyle;
@@ -312,11 +304,11 @@ int32_t DrawDimInsertText(const BlockRun& run) {
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.dimColor)) return more;
         break;
-      case 10: state.dimX[0] = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 11: state.dimX[1] = Atof(value) * 100.0 + run.blockOriginX; break;
-      case 20: state.dimY[0] = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 21: state.dimY[1] = Atof(value) * 100.0 + run.blockOriginY; break;
-      case 40: SetCell(font, Trunc(Atof(value) * 100.0 / state.drawScale), 1); break;
+      case 10: state.dimX[0] = Hundredths(value) + run.blockOriginX; break;
+      case 11: state.dimX[1] = Hundredths(value) + run.blockOriginX; break;
+      case 20: state.dimY[0] = Hundredths(value) + run.blockOriginY; break;
+      case 21: state.dimY[1] = Hundredths(value) + run.blockOriginY; break;
+      case 40: SetCell(font, Trunc(Hundredths(value) / state.drawScale), 1); break;
       case 41: font.lfWidth = Trunc(Atof(value) * font.lfWidth); break;
       case 50: font.lfEscapement = font.lfOrientation = ReadEscapement(value); break;
       case 62: state.dimColor = ResolveColor(Atoi(value)); break;
@@ -324,7 +316,7 @@ int32_t DrawDimInsertText(const BlockRun& run) {
     }
   }
   const POINT place = ModelToSheet(state.dimX[0], state.dimY[0]);
-  if (!StandsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
+  if (!StartsInView(run.view, place, font.lfHeight, run.wholeTextClip)) return more;
   MonochromeRule(state.dimColor);
   TurnFont(font);
 

@@ -1,4 +1,4 @@
-// TEXT, in each of the four scopes: one TextOutA in a font of its own.
+// TEXT in each of the four scopes: one TextOutA in a font of its own.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ int32_t DrawBlockText(const BlockRun& run);
 // In the block of a dimension.
 int32_t DrawDimText(const EntityRun& run);
 
-// In a block that is inserted in a dimension's block: TEXT and MTEXT alike.
+// TEXT and MTEXT in a block that is inserted in a dimension's block.
 int32_t DrawDimInsertText(const BlockRun& run);
 
 }  // namespace hexlume

@@ -22,7 +22,6 @@ int32_t TextLength(const char* text) {
 size_t CharacterCount(const char* text) {
   size_t count = 0;
   for (size_t length = std::strlen(text); length > 0;) {
-    // A lead byte that the text's end leaves alone isn't counted.
     if (length == 1 && IsLeadByte(static_cast<uint8_t>(*text))) break;
     const size_t bytes = CharacterBytes(text, length);
     text += bytes;

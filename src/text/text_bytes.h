@@ -1,4 +1,4 @@
-// Bytes of code page 932 as the Japanese runtime library sees them, on every system and in every locale.
+// Bytes of code page 932, classified as by the Japanese runtime library, on every system and in every locale.
 #pragma once
 
 #include <cstddef>
@@ -6,18 +6,18 @@
 
 namespace hexlume {
 
-// Letters are those of ASCII and the half-width katakana from A6 to DF.
+// Whether the byte is an ASCII letter or a half-width katakana (A6 to DF).
 bool IsLetter(char byte);
 bool IsDigit(char byte);
 
-// The number of bytes.
+// Returns the number of bytes.
 int32_t TextLength(const char* text);
 
-// The number of characters, single bytes and pairs alike.
+// Returns the number of characters of one or two bytes. A lead byte at the end of the text isn't counted.
 size_t CharacterCount(const char* text);
 
-// The first place of sought in text where a character begins; null if there is none. Unlike strstr it takes
-// no trail byte for a character.
+// Returns the first occurrence of sought that begins at a character, not at a trail byte. Returns null if
+// there is none.
 char* FindCharacters(char* text, const char* sought);
 const char* FindCharacters(const char* text, const char* sought);
 

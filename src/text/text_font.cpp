@@ -32,7 +32,7 @@ bool HasNoSize(const LOGFONTA& font) {
   return font.lfHeight == 0 && font.lfWidth == 0;
 }
 
-bool StandsInView(const ViewRect& view, const POINT& place, int32_t height, int32_t wholeTextClip) {
+bool StartsInView(const ViewRect& view, const POINT& place, int32_t height, int32_t wholeTextClip) {
   if (!LiesInView(view, place)) return false;
   return wholeTextClip == 0 || WrapNegate(WrapAdd(place.y, height)) >= view.top;
 }

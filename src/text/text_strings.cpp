@@ -16,13 +16,13 @@ namespace {
 
 constexpr size_t none = std::string::npos;
 
-// Where a code begins, minding lead bytes from start on.
+// Returns the first place of the code from start on that begins at a character, or none.
 size_t FindFrom(const std::string& text, const char* sought, size_t start = 0) {
   const char* place = FindCharacters(text.c_str() + start, sought);
   return place == nullptr ? none : static_cast<size_t>(place - text.c_str());
 }
 
-// Cuts the first of the codes, if there is one.
+// Removes the first occurrence of the code. Returns false if there is none.
 bool CutFirst(std::string& text, const char* code) {
   const size_t place = FindFrom(text, code);
   if (place == none) return false;
@@ -30,7 +30,7 @@ bool CutFirst(std::string& text, const char* code) {
   return true;
 }
 
-// The same, blind to lead bytes.
+// Removes the first occurrence, found by bytes.
 void CutFirstBytes(std::string& text, const char* code) {
   const size_t place = text.find(code);
   if (place != none) text.erase(place, std::strlen(code));
@@ -45,9 +45,10 @@ void ReplaceFirstBytes(std::string& text, const char* code, const char* sign) {
   if (place != none) text.replace(place, std::strlen(code), sign);
 }
 
-constexpr size_t percentCodeLength = 3;  // "%%" and a byte, which the text's end can cut off
+constexpr size_t percentCodeLength = 3;  // "%%" and one byte, which is missing if the text ends there
 
-// Everything behind a "%%d" is lost, and the sign stands twice; a capital "P" is no code. Both stay so.
+// After a "%%d" the rest of the text is lost, and the sign is written twice. "%%P" isn't a code.
+// Both are kept.
 void ExpandFirstPercentCode(std::string& text) {
   const size_t place = text.find("%%");
   if (place == none) return;
@@ -61,7 +62,7 @@ void ExpandFirstPercentCode(std::string& text) {
   }
 }
 
-// In a block the text behind a "%%d" is kept, and no capital is a code.
+// Here the text after a "%%d" is kept, and capital letters aren't codes.
 void ExpandFirstBlockPercentCode(std::string& text) {
   const size_t place = text.find("%%");
   if (place == none) return;
@@ -73,8 +74,8 @@ void ExpandFirstBlockPercentCode(std::string& text) {
   }
 }
 
-// Takes the code off the first brace that has one. The ";" that ends the code is looked for from the start of
-// the text, not from the brace: one in front of it makes a mess of the text, and that stays so.
+// Replaces the first pair of braces with a code, as in "{\C1;Red}", by its content. The ";" is searched for
+// from the start of the text, not from the brace: a ";" before the brace garbles the text. This is kept.
 void OpenFirstBrace(std::string& text) {
   const size_t brace = FindFrom(text, "{\\");
   if (brace == none) return;
@@ -91,6 +92,7 @@ void OpenFirstBrace(std::string& text) {
   text = opened;
 }
 
+// One round of StripBraceCodes.
 void StripRound(std::string& text) {
   text.erase(0, std::min(text.find_first_not_of('}'), text.length()));
   if (text[0] == '\\') {
@@ -101,10 +103,10 @@ void StripRound(std::string& text) {
   OpenFirstBrace(text);
 }
 
-// No text that fits a buffer is known to take more than 230 rounds.
+// At most 230 rounds have been seen for a text that fits a buffer.
 constexpr int mostRounds = 10000;
 
-// A round can lengthen the text: it goes on as long as there is a brace with a code, up to the buffer's size.
+// Strips until no brace with a code is left. A round can lengthen the text, up to the buffer's size.
 void StripRounds(char* buffer, size_t size) {
   std::string text = buffer;
   std::string before;
@@ -123,7 +125,7 @@ void CutParens(std::string& text, int levels) {
   }
 }
 
-// A code's value: what lies between the code and the ";" or "|" behind it. Blind to lead bytes.
+// A code's value: the bytes from the code to the next ";" or "|", found by bytes.
 struct CodeValue {
   size_t start = none;
   size_t end = none;
@@ -149,7 +151,7 @@ void ParseScale(const std::string& text, const char* code, double& scale) {
   if (value.IsThere()) scale = Atof(TextOf(text, value).c_str());
 }
 
-// What is in front of the code goes with it.
+// Removes the code and all of the text before it.
 void ParseScaleAndCut(std::string& text, const char* code, double& scale) {
   const CodeValue value = FindValue(text, code);
   if (!value.IsThere()) return;
@@ -157,13 +159,19 @@ void ParseScaleAndCut(std::string& text, const char* code, double& scale) {
   text.erase(0, value.end + 1);
 }
 
-// Leaves as many bytes of the text's very start as the number has, and all from the ";" on. That stump stays.
+// Keeps the text from the ";" on and, before it, as many bytes of the text's start as the number has. These
+// bytes are drawn.
 void ParseScaleAndLeaveStump(std::string& text, const char* code, double& scale) {
   const CodeValue value = FindValue(text, code);
   if (!value.IsThere()) return;
   const std::string number = TextOf(text, value);
   scale = Atof(number.c_str());
   text = text.substr(0, number.length()) + text.substr(value.end);
+}
+
+void ExtractFace(const std::string& text, char (&faceName)[textSize]) {
+  const CodeValue face = FindValue(text, "\\f", '|');
+  if (face.IsThere()) BoundedCopy(faceName, TextOf(text, face).c_str());
 }
 
 }  // namespace
@@ -174,8 +182,9 @@ void ExpandPercentCodes() {
     CutAll(text, "%%u");
     CutAll(text, "%%o");
     ExpandFirstPercentCode(text);
-    BoundedCopy(state.entText, text.c_str());  // a "%%d" that doesn't fit is a fault whatever is behind it
-    // One of each a round; plus-minus has no such code.
+    // Throws for a text that a "%%d" has made too long, even if later rounds would shorten it.
+    BoundedCopy(state.entText, text.c_str());
+    // One code of each symbol a round. Plus-minus has no "\U+" code.
     ReplaceFirstBytes(text, "\\U+2205", diameterSign);
     ReplaceFirstBytes(text, "\\U+00B0", degreeSign);
     ReplaceFirstBytes(text, "\\U+25CF", middleDot);
@@ -208,7 +217,7 @@ void StripBlockBraceCodes() {
 
 void StripSpaceAndParens() {
   std::string text = state.entText;
-  int levels = 0;  // one for each blank, and one for a text without any
+  int levels = 0;  // the number of blanks, at least 1
   do {
     CutFirstBytes(text, " ");
     ++levels;
@@ -247,8 +256,8 @@ void WidenEmptyBrackets() {
   if (bracket == none) return;
   const size_t blank = FindFrom(text, fullWidthBlank, bracket);
   if (blank == none) return;
-  // As many bytes again as lie between bracket and blank: with the blank right behind the bracket that is one
-  // blank, elsewhere it can halve a character.
+  // Repeats as many bytes as the blank's distance from the bracket: 2, which is one blank, if it directly
+  // follows. Any other distance can split a character.
   const std::string widened =
       text.substr(0, bracket + 2) + text.substr(blank, blank - bracket) + text.substr(blank);
   BoundedCopy(state.entText, widened.c_str());
@@ -270,15 +279,11 @@ void ParseBlockFontScales(double& width, double& tracking, double& oblique) {
 }
 
 void ExtractFontName() {
-  const std::string text = state.entText;
-  const CodeValue face = FindValue(text, "\\f", '|');
-  if (face.IsThere()) BoundedCopy(state.entFaceName, TextOf(text, face).c_str());
+  ExtractFace(state.entText, state.entFaceName);
 }
 
 void ExtractBlockFontName() {
-  const std::string text = state.blockText;
-  const CodeValue face = FindValue(text, "\\f", '|');
-  if (face.IsThere()) BoundedCopy(state.blockFaceName, TextOf(text, face).c_str());
+  ExtractFace(state.blockText, state.blockFaceName);
 }
 
 }  // namespace hexlume

@@ -1,6 +1,6 @@
-// What becomes of the codes in a text before it is drawn. The routines rewrite the buffer of their scope;
-// they work on bytes, and where they look for a code without minding lead bytes, a trail byte 5C is a
-// backslash to them. A text that outgrows its buffer throws textTooLongCode.
+// Removal and replacement of the codes in a text before it is drawn. The routines rewrite the buffer of their
+// scope. Some search by bytes: to them a trail byte 5C is a backslash. They throw textTooLongCode if the text
+// doesn't fit its buffer any more.
 #pragma once
 
 #include <cstdint>
@@ -15,29 +15,29 @@ constexpr char middleDot[] = "\x81\x45";
 constexpr char fullWidthBlank[] = "\x81\x40";
 constexpr char fullWidthBrackets[] = "\x81\x69\x81\x6A";
 
-// "%%" codes; in entText those of "\U+" for symbols too.
+// Replace or remove "%%" codes. In entText the "\U+" codes of three symbols are replaced too.
 void ExpandPercentCodes();           // entText
 void ExpandBlockPercentCodes();      // blockText
 void ExpandDimInsertPercentCodes();  // dimText
 
-// Codes in braces and in front of the text.
+// Remove codes in braces, and one at the start of the text.
 void StripBraceCodes();       // entText
 void StripBlockBraceCodes();  // blockText
 
-// For a look at what a text consists of: the caller puts the text back.
+// Remove blanks and brackets, to classify a text. The caller restores the text afterwards.
 void StripSpaceAndParens();       // entText
 void StripBlockSpaceAndParens();  // blockText
 void StripFullWidthSpace();       // entText
 
-// Opens a pair of empty full-width brackets by one blank.
+// Adds a blank to a full-width pair of brackets with nothing but blanks in it.
 void WidenEmptyBrackets();  // entText
 
-// The numbers of the codes "\W", "\T" and "\Q" in groupValue; one whose code isn't there stays. In a block
-// groupValue is cut on the way.
+// Set the numbers of the codes "\W", "\T" and "\Q" in groupValue. A number without a code is kept. In a
+// block, groupValue loses the codes.
 void ParseFontScales(double& width, double& tracking, double& oblique);
 void ParseBlockFontScales(double& width, double& tracking, double& oblique);
 
-// The face that a "\f" code names; without one, or without a "|" behind it, the name stays.
+// Store the face of the first "\f" code. The name is kept if there is no code, or no "|" after it.
 void ExtractFontName();       // from entText to entFaceName
 void ExtractBlockFontName();  // from blockText to blockFaceName
 

@@ -13,10 +13,7 @@ using CommandLineLinux = ToolRun;
 
 TEST_F(CommandLineLinux, help_names_the_options) {
   const std::string help = RunScripted("--help").out;
-  for (const char* option :
-       {"--svg FILE", "--pdf FILE", "--scale N", "--hide-layer NAME", "--hide-line-type FAMILY"}) {
-    EXPECT_TRUE(Contains(help, option)) << option;
-  }
+  for (const char* option : {"--svg FILE", "--pdf FILE"}) EXPECT_TRUE(Contains(help, option)) << option;
 }
 
 // Pictures.
@@ -120,23 +117,21 @@ TEST_F(CommandLineLinux, the_scale_is_asked_for_by_any_dialog) {
 }
 
 TEST_F(CommandLineLinux, answers_need_the_dialog_that_asks) {
-  ExpectWrongUsage("--scale 50 plan.dxf", "--scale needs --dialogs");
-  ExpectWrongUsage("--dialogs=0 --scale 50 plan.dxf", "--scale needs --dialogs");
-  ExpectWrongUsage("--hide-layer a plan.dxf", "--hide-layer needs --dialogs");
-  ExpectWrongUsage("--hide-line-type solid plan.dxf", "--hide-line-type needs --dialogs");
-  ExpectWrongUsage("--dialogs=2 --hide-layer a plan.dxf", "--hide-layer needs --dialogs");
+  ExpectWrongUsage("--dialogs=2 --hide-layer a plan.dxf", "--hide-layer needs --dialogs=1, or no dialogs");
+  ExpectWrongUsage("--dialogs=2 --hide-line-type solid plan.dxf",
+                   "--hide-line-type needs --dialogs=1, or no dialogs");
+}
+
+// Without dialogs the host library takes any name.
+TEST_F(CommandLineLinux, a_name_that_no_layer_can_have_hides_none) {
+  ExpectFailure(RunReal("--hide-layer 😀 missing.dxf"), 30,
+                "hexlume: missing.dxf: There is no such file: missing.dxf\n");
 }
 
 TEST_F(CommandLineLinux, answers_that_cannot_be) {
-  ExpectWrongUsage("--dialogs --scale 0 plan.dxf", "--scale needs a whole number from 1 to 1000, not '0'");
-  ExpectWrongUsage("--dialogs --scale 1001 plan.dxf", "--scale needs a whole number");
-  ExpectWrongUsage("--dialogs --scale 1:50 plan.dxf", "--scale needs a whole number");
-  ExpectWrongUsage("--dialogs --hide-layer '' plan.dxf", "--hide-layer needs the name of a layer");
   ExpectWrongUsage("--dialogs --hide-layer 😀 plan.dxf", "code page 932 can hold, not '😀'");
   ExpectWrongUsage("--dialogs --hide-layer \"$(printf '\\377')\" plan.dxf",
                    "--hide-layer needs a name in UTF-8");
-  ExpectWrongUsage("--dialogs --hide-line-type wavy plan.dxf",
-                   "--hide-line-type needs solid, dotted, dashed, chain or double-chain, not 'wavy'");
 }
 
 }  // namespace

@@ -29,13 +29,18 @@ class LibraryImage {
       sections.push_back(At<ElfW(Shdr)>(header.e_shoff + i * header.e_shentsize));
   }
 
-  // Names of the symbols that are defined here and seen from outside.
-  Names Exports() const {
+  // Names of the symbols that are defined here and seen from outside and have this version node.
+  Names Exports(const std::string& node) const {
     Names names;
     const ElfW(Shdr)& table = Section(SHT_DYNSYM);
-    for (const ElfW(Sym) & symbol : Rows<ElfW(Sym)>(table))
-      if (symbol.st_shndx != SHN_UNDEF && ELF64_ST_BIND(symbol.st_info) != STB_LOCAL)
-        names.insert(TextOf(table, symbol.st_name));
+    const auto symbols = Rows<ElfW(Sym)>(table);
+    const auto versions = Rows<ElfW(Versym)>(Section(SHT_GNU_versym));
+    for (size_t i = 0; i < symbols.size(); ++i) {
+      // The node itself is a symbol too, an absolute one.
+      const bool defined = symbols[i].st_shndx != SHN_UNDEF && symbols[i].st_shndx != SHN_ABS;
+      if (defined && ELF64_ST_BIND(symbols[i].st_info) != STB_LOCAL && NodeOf(versions.at(i)) == node)
+        names.insert(TextOf(table, symbols[i].st_name));
+    }
     return names;
   }
 
@@ -49,6 +54,17 @@ class LibraryImage {
   }
 
  private:
+  // The name of a version node of this library.
+  std::string NodeOf(ElfW(Versym) version) const {
+    const ElfW(Shdr)& table = Section(SHT_GNU_verdef);
+    for (size_t offset = table.sh_offset, next = 1; next != 0; offset += next) {
+      const auto& node = At<ElfW(Verdef)>(offset);
+      if (node.vd_ndx == version) return TextOf(table, At<ElfW(Verdaux)>(offset + node.vd_aux).vda_name);
+      next = node.vd_next;
+    }
+    return "no node";
+  }
+
   template <typename Part>
   const Part& At(size_t offset) const {
     if (offset > bytes.size() || bytes.size() - offset < sizeof(Part)) throw std::runtime_error("no library");
@@ -89,11 +105,12 @@ TEST(ExportTable, holds_exactly_the_nine_exports_the_dialogs_answers_and_the_cal
                    "vzDXFReMetaMake", "vzDXFRotMetaMake", "vzDXFFullSizeMetaMake", "vzDXFSetFontMode",
                    "vzSetDialogAnswers", "vzHiddenLayerExists", "GetEnhMetaFileBits", "DeleteEnhMetaFile",
                    "CloseEnhMetaFile"}),
-            LibraryImage().Exports());
+            LibraryImage().Exports("HEXLUME_1"));
+  EXPECT_EQ(Names{}, LibraryImage().Exports("libhexlume.so.1"));  // those without a node of their own
 }
 
 TEST(ExportTable, tells_the_name_of_the_library) {
-  EXPECT_EQ(Names{"libhexlume.so.0"}, LibraryImage().Texts(DT_SONAME));
+  EXPECT_EQ(Names{"libhexlume.so.1"}, LibraryImage().Texts(DT_SONAME));
 }
 
 // A fault leaves as an exception: library and host must have one runtime between them.

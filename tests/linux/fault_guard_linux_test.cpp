@@ -55,9 +55,13 @@ void OnAnotherThread(Run run) {
   std::thread(run).join();
 }
 
+// The C library sets a flag of its own in each handler that it installs, but not in the system's first one.
+constexpr int libraryFlag = 0x04000000;
+
 struct sigaction Standing(int signal) {
   struct sigaction handler = {};
   sigaction(signal, nullptr, &handler);
+  handler.sa_flags &= ~libraryFlag;
   return handler;
 }
 

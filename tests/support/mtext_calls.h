@@ -1,4 +1,4 @@
-// What MTEXT and stacked fractions leave in a metafile, as text.
+// The listings of MTEXT and stacked fractions.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace hexlume {
 
-// The fields of a text's font that aren't always the same.
+// The fields of a text's font that vary.
 struct TextFont {
   int32_t height = 1100;
   int32_t width = 0;
@@ -41,13 +41,13 @@ inline std::string TextOutCall(int32_t x, int32_t y, const std::string& text) {
   return "ExtTextOutW(" + std::to_string(x) + ", " + std::to_string(y) + ", 0, \"" + text + "\")\n";
 }
 
-// A font that is made, and dropped again once it is measured.
+// A font that is created, measured and deleted.
 inline std::string MeasureCalls(const TextFont& font) {
   return SelectCalls(font) + restoreCalls;
 }
 
-// A paragraph in a font of this width, behind the calls that set its alignment. The measuring font has the
-// width of the paragraph before.
+// A paragraph without the calls that set its alignment. Its first font, to measure, has the previous
+// paragraph's width, the second one drawnWidth.
 inline std::string ParagraphCalls(TextFont font, int32_t drawnWidth, int32_t x, int32_t y,
                                   const std::string& text, const std::string& color = "0x000000") {
   const std::string measuring = MeasureCalls(font);
@@ -56,8 +56,7 @@ inline std::string ParagraphCalls(TextFont font, int32_t drawnWidth, int32_t x, 
          TextOutCall(x, y, text) + restoreCalls;
 }
 
-// Paragraphs "A", "B", "C" and so on at these points, with this alignment behind the first one, if it has
-// any.
+// Paragraphs "A", "B", "C" and so on at these points. Each sets alignment 8, then align unless it is noAlign.
 inline std::string LineCalls(TextFont font, int32_t drawnWidth, int32_t align,
                              const std::vector<POINT>& points) {
   std::string calls;

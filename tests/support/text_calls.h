@@ -1,4 +1,4 @@
-// What a drawn text leaves in a metafile, for the tests of TEXT.
+// The listing of a drawn TEXT.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace hexlume {
 
-// MS Gothic as the listing has it: full-width letters, a blank and katakana.
+// MS Gothic in full-width letters and katakana, in UTF-8 as in a listing.
 constexpr char gothicListed[] = "\xEF\xBC\xAD\xEF\xBC\xB3 \xE3\x82\xB4\xE3\x82\xB7\xE3\x83\x83\xE3\x82\xAF";
 
 struct TextCall {
@@ -19,8 +19,8 @@ struct TextCall {
   std::string face = gothicListed;
   COLORREF colour = 0;
   int32_t x = 3000, y = -4000;
-  int32_t handle = 1;                    // of the font in the metafile
-  std::string previous = "SYSTEM_FONT";  // the font that stood selected before
+  int32_t handle = 1;                    // of the font, in the metafile
+  std::string previous = "SYSTEM_FONT";  // the font selected before
 };
 
 inline TextCall WithText(TextCall call, const std::string& text) {
@@ -46,7 +46,7 @@ inline TextCall PlacedAt(TextCall call, int32_t x, int32_t y) {
   return call;
 }
 
-// The font alone, as a text leaves it behind that proves too wide.
+// The font alone: the listing of a text that is too wide for the view. The font is left selected.
 inline std::string FontListing(const TextCall& call) {
   char font[160];
   std::snprintf(font, sizeof font, "CreateFont(%d, %d, %d, %d, %d, 0, %d, 0, 0, 128, 0, 16, 0, 0, \"%s\")\n",

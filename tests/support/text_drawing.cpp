@@ -10,7 +10,7 @@ namespace hexlume {
 
 namespace {
 
-// Both builds may run at once, so the name is left to chance.
+// The name is random, as several builds may run at once.
 std::string FreshPath() {
   std::random_device random;
   const std::string name = "hexlume_" + std::to_string(random()) + "_" + std::to_string(random()) + ".dxf";

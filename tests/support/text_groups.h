@@ -1,4 +1,4 @@
-// A drawing's text as a literal.
+// A stream over groups written as a literal.
 #pragma once
 
 #include <string>
@@ -7,8 +7,7 @@
 
 namespace hexlume {
 
-// A stream over groups that are written one a line: the code, a blank, and the value up to the line's end.
-// Empty lines don't count.
+// Returns a stream over groups in the form of DrawingBytes, one group a line.
 TextStream StreamOf(const std::string& groups);
 
 }  // namespace hexlume

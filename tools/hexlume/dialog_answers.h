@@ -1,5 +1,4 @@
-// What the user answers beforehand to the dialogs, where these show no window. Elsewhere there is nothing to
-// answer.
+// What the user answers beforehand to the questions of the dialogs.
 #pragma once
 
 #include <cstdint>
@@ -8,21 +7,19 @@
 
 namespace hexlume {
 
-struct HiddenLayer {
-  std::string text;  // as the user wrote it
-  std::string name;  // in code page 932
-};
-
 struct DialogAnswers {
-  int32_t scale = 0;  // N of 1:N; 0: the dialog's own choice
-  std::vector<HiddenLayer> hiddenLayers;
-  std::vector<int32_t> hiddenFamilies;  // of line types
+  bool IsGiven() const { return scale != 0 || ChoosesLines(); }
+  bool ChoosesLines() const { return !hiddenLayers.empty() || !hiddenFamilies.empty(); }
+
+  int32_t scale = 0;                      // N of 1:N; 0: the dialog's own choice
+  std::vector<std::string> hiddenLayers;  // in UTF-8
+  std::vector<int32_t> hiddenFamilies;    // of line types
 };
 
-// Gives the answers to the library, for all conversions to come.
+// Gives the answers to the dialogs of the library, for all conversions to come, where these take any.
 void GiveDialogAnswers(const DialogAnswers& answers);
 
-// The texts of the hidden layers that the drawing converted last, with the answers, hasn't got.
+// Returns the texts of the hidden layers that the last converted drawing doesn't have.
 std::vector<std::string> UnknownHiddenLayers(const DialogAnswers& answers);
 
 }  // namespace hexlume

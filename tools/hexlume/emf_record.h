@@ -1,5 +1,5 @@
-// One record of an enhanced metafile as it lies in memory. Every read is checked: a record is only as long as
-// its bytes, whatever its counts claim.
+// One record of an enhanced metafile in memory. All reads are checked against the size of the record, so
+// wrong counts in it do no harm.
 #pragma once
 
 #include <cstddef>
@@ -45,7 +45,7 @@ struct MalformedRecord : std::runtime_error {
 
 class EmfRecord {
  public:
-  // Takes the record at the start of the bytes, of which there may be more than one record's.
+  // Takes the record at the start of the bytes. available may be larger than the record.
   EmfRecord(const uint8_t* start, size_t available) : bytes(start), length(available) {
     const uint32_t claimed = UInt(4);
     if (claimed < 8 || claimed % 4 != 0 || claimed > available) throw MalformedRecord();
@@ -62,7 +62,7 @@ class EmfRecord {
   uint32_t UInt(size_t offset) const { return Read<uint32_t>(offset); }
   float Float(size_t offset) const { return Read<float>(offset); }
 
-  // Whether count items of itemSize bytes, from offset on, lie within the record.
+  // Checks that count items of itemSize bytes, from offset on, are within the record.
   void RequireItems(size_t offset, size_t count, size_t itemSize) const {
     if (offset > length || count > (length - offset) / itemSize) throw MalformedRecord();
   }

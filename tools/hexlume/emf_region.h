@@ -1,4 +1,4 @@
-// A region inside a metafile's record: a header of its own, then rectangles from the top down.
+// A region in a metafile record: a header of its own, then rectangles from top to bottom.
 #pragma once
 
 #include <vector>
@@ -15,10 +15,10 @@ inline EmfRectangle EmfRectangleAt(const EmfRecord& record, size_t offset) {
   return {record.Int(offset), record.Int(offset + 4), record.Int(offset + 8), record.Int(offset + 12)};
 }
 
-// The rectangles of the region in size bytes from offset on.
+// Reads the rectangles of the region in size bytes from offset on.
 inline std::vector<EmfRectangle> EmfRegionAt(const EmfRecord& record, size_t offset, size_t size) {
   record.RequireItems(offset, size, 1);
-  // The header: its size, a type, count, the size of the rectangles, bounds.
+  // The header contains its size, a type, the count, the size of the rectangles, and the bounds.
   const uint32_t headerSize = record.UInt(offset);
   const uint32_t count = record.UInt(offset + 8);
   if (headerSize < 32 || headerSize > size || count > (size - headerSize) / 16) throw MalformedRecord();

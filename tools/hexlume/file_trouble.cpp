@@ -14,7 +14,7 @@ constexpr char endOfText = 0x1A;
 
 bool IsBinaryDxf(const std::string& start) {
   constexpr char sentinel[] = "AutoCAD Binary DXF\r\n\x1A";
-  return start == std::string(sentinel, sizeof sentinel);  // with its closing 0
+  return start == std::string(sentinel, sizeof sentinel);  // with the terminating 0
 }
 
 bool IsDigit(char character) {
@@ -25,7 +25,7 @@ bool IsDwg(const std::string& start) {
   return start.size() >= 6 && start.compare(0, 4, "AC10") == 0 && IsDigit(start[4]) && IsDigit(start[5]);
 }
 
-// The first bytes, as many as a binary DXF's sentinel has.
+// Returns the first bytes, as many as the sentinel of a binary DXF has.
 std::string StartOf(std::istream& file) {
   std::string start(22, '\0');
   file.read(start.data(), static_cast<std::streamsize>(start.size()));
@@ -33,10 +33,10 @@ std::string StartOf(std::istream& file) {
   return start;
 }
 
-// Looks for the name of the ENTITIES section: the value of a group 2.
+// Searches for the name of the ENTITIES section, which is the value of a group 2.
 class EntitiesSearch {
  public:
-  // False once there is no more to look at.
+  // Returns false when the search is over.
   bool Take(char byte) {
     if (byte == endOfText) return false;
     if (byte == '\n') return EndLine();
@@ -59,7 +59,7 @@ class EntitiesSearch {
   bool Found() const { return found; }
 
  private:
-  char line[32] = {};  // a longer line is neither
+  char line[32] = {};  // longer lines can't match
   size_t length = 0;
   bool afterCode2 = false;
   bool found = false;

@@ -1,4 +1,4 @@
-// What makes a file no drawing, or not all of one.
+// Finds out why a file can't be converted, or only in part.
 #pragma once
 
 #include <optional>
@@ -6,8 +6,8 @@
 
 namespace hexlume {
 
-// In words for the user. None for a file that looks like a drawing, and for one that can't be read. Whether
-// it has entities is asked only of a file that gave no drawing, as that takes reading it.
+// Returns a description for the user, or none if the file looks like a drawing or can't be read. A search for
+// the ENTITIES section reads the whole file, so it is done only if gaveNoDrawing is set.
 std::optional<std::string> TroubleWith(const std::string& path, bool gaveNoDrawing);
 
 }  // namespace hexlume

@@ -1,4 +1,4 @@
-// The tool's guard around a call of the library.
+// Catches faults that the library throws.
 #pragma once
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 
 namespace hexlume {
 
-// Calls run(context). If a fault leaves the library meanwhile, its number. What run has on its own stack
-// isn't destroyed then.
+// Calls run(context). If the library throws a fault, returns its number. Objects on the stack of run
+// aren't destroyed then.
 std::optional<int32_t> RunForFault(void (*run)(void* context), void* context);
 
 template <typename Function>

@@ -2,8 +2,8 @@
 
 #include "tools/hexlume/host_guard.h"
 
-// The exception that carries a fault belongs to the system's own C++ compilers: ours can't catch it by its
-// type. A vectored handler takes it, which moves the thread back into the guard.
+// The fault is an exception of the system's own C++ compilers, which ours can't catch by its type. A vectored
+// handler catches it and continues the thread in the guard.
 namespace hexlume {
 namespace {
 
@@ -17,7 +17,7 @@ int32_t faultNumber;
   __builtin_longjmp(landing, 1);
 }
 
-// A template so that only the half that the architecture has is compiled.
+// A template, so that only the branch for this architecture is compiled.
 template <typename Context>
 void ContinueInGuard(Context& context) {
   constexpr uintptr_t alignment = 16, returnAddress = sizeof(void*);
@@ -31,8 +31,8 @@ void ContinueInGuard(Context& context) {
   }
 }
 
-// Components of the system, a printer's driver say, raise such exceptions too and handle them themselves.
-// What a throw tells about its object lies in the module that throws.
+// Components of the system, such as printer drivers, throw such exceptions too and catch them themselves. The
+// throw information is in the module that throws.
 bool IsOfTheLibrary(const EXCEPTION_RECORD& record) {
   if (record.ExceptionCode != cppException || record.NumberParameters < parameterCount) return false;
   constexpr DWORD flags =
@@ -51,7 +51,7 @@ LONG WINAPI TakeFault(EXCEPTION_POINTERS* exception) {
   return EXCEPTION_CONTINUE_EXECUTION;
 }
 
-// False if a fault ended run.
+// Returns false if a fault has ended run.
 [[gnu::noinline]] bool RunToReturn(void (*run)(void* context), void* context) {
   if (__builtin_setjmp(landing) != 0) return false;
   run(context);
@@ -67,7 +67,7 @@ std::optional<int32_t> RunForFault(void (*run)(void* context), void* context) {
   const bool returned = RunToReturn(run, context);
   RemoveVectoredExceptionHandler(vectored);
   if (returned) return std::nullopt;
-  // The frames that are gone may have had handlers in the thread's list.
+  // Removes the handlers of the frames that were skipped from the thread's list.
   thread->ExceptionList = handlers;
   return faultNumber;
 }

@@ -20,29 +20,28 @@ void Report(const std::string& words) {
   std::cerr << "hexlume: " << words << std::endl;
 }
 
-// Why a conversion failed, or why it drew less than was to be expected.
-void ReportConversion(const Job& job, const Conversion& conversion, const Options& options) {
-  const int status = ExitStatusOf(conversion);
+// Reports why a conversion failed, or why it drew less than expected.
+void ReportConversion(const Job& job, const Conversion& conversion) {
+  constexpr int noDrawing = 30;
   std::optional<std::string> trouble;
-  if (status == HEXLUME_OK || status == HEXLUME_NOT_A_DRAWING)
+  if (conversion.status == 0 || conversion.status == noDrawing)
     trouble = TroubleWith(job.drawing, GaveNoDrawing(conversion));
   if (trouble) Report(job.drawing + ": " + *trouble);
-  const bool isExplained = trouble && !conversion.metafile;
-  if (status != 0 && !isExplained) Report(job.drawing + ": " + FailureInWords(conversion));
-  if (status != 0) return;
-  for (const std::string& name : UnknownHiddenLayers(options.dialogAnswers))
+  const bool isExplained = trouble && conversion.metafile.empty();
+  if (conversion.status != 0 && !isExplained) Report(job.drawing + ": " + conversion.failure);
+  if (conversion.status != 0) return;
+  for (const std::string& name : conversion.unknownLayers)
     Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
 }
 
-// 0, or the exit status that tells what went wrong; of two troubles the later one.
+// Returns 0, or the exit status for what went wrong. If both the conversion and an output failed, that
+// of the output.
 int RunJob(const Job& job, const Options& options) {
-  const Conversion conversion = Convert(job.drawing, options);
-  const int status = ExitStatusOf(conversion);
-  ReportConversion(job, conversion, options);
-  if (!conversion.metafile) return status;
   try {
-    WriteOutputs(conversion.metafile.get(), job, options);
-    return status;
+    const Conversion conversion = Convert(job.drawing, options);
+    ReportConversion(job, conversion);
+    if (!conversion.metafile.empty()) WriteOutputs(conversion.metafile, job, options);
+    return conversion.status;
   } catch (const OutputError& error) {
     Report(error.what());
   } catch (const std::bad_alloc&) {
@@ -53,7 +52,7 @@ int RunJob(const Job& job, const Options& options) {
 
 int RunJobs(const Options& options) {
   if (options.dialogFont) vzDXFSetFontMode(*options.dialogFont);
-  GiveDialogAnswers(options.dialogAnswers);
+  if (options.dialogs != 0) GiveDialogAnswers(options.dialogAnswers);
   int status = 0;
   for (const Job& job : options.jobs) {
     if (const int failure = RunJob(job, options)) status = failure;

@@ -12,7 +12,7 @@
 namespace hexlume {
 namespace {
 
-// The arguments of one line, as they are collected.
+// Collects the arguments of one line.
 class Arguments {
  public:
   void AddText(const std::string& argument) {
@@ -109,7 +109,7 @@ std::string Quoted(const EmfRecord& record, size_t offset, size_t count) {
   return text + '"';
 }
 
-// Shapes that several records share.
+// Contents that several kinds of records have in common.
 
 void AddInts(const EmfRecord& record, Arguments& arguments, size_t offset, size_t count) {
   record.RequireItems(offset, count, 4);
@@ -157,7 +157,7 @@ void AddRegion(const EmfRecord& record, Arguments& arguments, size_t offset, siz
   AddBands(rectangles, arguments);
 }
 
-// The records, in the order of the table below.
+// The kinds of records, in the order of the table below.
 
 void ListSetPixelV(const EmfRecord& record, Arguments& arguments) {
   ListPoint(record, arguments);
@@ -300,7 +300,7 @@ void ListUnknown(const EmfRecord& record, std::ostream& out) {
   WriteLine(out, "Record", arguments);
 }
 
-// False if the record's contents don't fit its size.
+// Returns false if the record's contents don't fit its size.
 bool ListRecord(const EmfRecord& record, std::ostream& out) {
   const auto call = std::find_if(std::begin(calls), std::end(calls),
                                  [&record](const Call& row) { return row.type == record.Type(); });

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double pi = 3.14159265358979324;
 
-// Shapes that several records share.
+// Contents that several kinds of records have in common.
 
 Point PointAt(const EmfRecord& record, size_t offset) {
   return {static_cast<double>(record.Int(offset)), static_cast<double>(record.Int(offset + 4))};
@@ -23,7 +23,7 @@ Point Place(const PlayerState& state, Point logical) {
   return state.mapping.FromLogical(logical.x, logical.y);
 }
 
-// The points of a record of many, from 16 or 32 bits a coordinate.
+// Returns the points of a record, with 16 (narrow) or 32 bits per coordinate.
 std::vector<Point> PointsOf(const EmfRecord& record, const PlayerState& state, bool narrow) {
   constexpr size_t first = 28;
   const size_t count = record.UInt(24);
@@ -48,13 +48,13 @@ Ellipse EllipseAt(const EmfRecord& record, const PlayerState& state, size_t offs
   return {{(a.x + b.x) / 2, (a.y + b.y) / 2}, std::fabs(b.x - a.x) / 2, std::fabs(b.y - a.y) / 2};
 }
 
-// Where the line from the centre to a point meets the ellipse, as the angle on a circle.
+// Returns the parameter angle at which the line from the centre to a point meets the ellipse.
 double AngleOn(const Ellipse& ellipse, Point point) {
   const double x = point.x - ellipse.centre.x, y = point.y - ellipse.centre.y;
   return std::atan2(y * ellipse.radiusX, x * ellipse.radiusY);
 }
 
-// The records, in the order of the table below.
+// The kinds of records, in the order of the table below.
 
 void DrawBezier(PlayerState& state, const std::vector<Point>& points) {
   if (points.size() < 4) return;
@@ -93,7 +93,7 @@ void PlaySetPixelV(const EmfRecord& record, PlayerState& state) {
   const Point at = Place(state, PointAt(record, 8));
   const double half = state.target.hairline / 2;
   const Point middle = {state.mapping.InMiddle(at.x), state.mapping.InMiddle(at.y)};
-  SetColour(state.target.context, record.UInt(16));
+  SetColor(state.target.context, record.UInt(16));
   cairo_new_path(state.target.context);
   AddRectangle(state.target.context, {middle.x - half, middle.y - half}, {middle.x + half, middle.y + half});
   cairo_fill(state.target.context);
@@ -118,7 +118,7 @@ void PlaySetTextAlign(const EmfRecord& record, PlayerState& state) {
 }
 
 void PlaySetTextColor(const EmfRecord& record, PlayerState& state) {
-  state.textColour = record.UInt(8);
+  state.textColor = record.UInt(8);
 }
 
 void PlayMoveToEx(const EmfRecord& record, PlayerState& state) {
@@ -141,13 +141,13 @@ void PlayDeleteObject(const EmfRecord& record, PlayerState& state) {
   state.objects.erase(record.UInt(8));
 }
 
-// Its angles count as if Y grew downward, whichever way the mapping has it.
+// The angles count as if Y grew downward, whatever the map mode is.
 void PlayAngleArc(const EmfRecord& record, PlayerState& state) {
   const Point centre = PointAt(record, 8);
   const double radius = record.UInt(16), start = record.Float(20);
   double sweep = record.Float(24);
   if (!std::isfinite(start) || !std::isfinite(sweep)) return;
-  // Further turns would only repeat the first.
+  // More than one full turn would only be repeated.
   if (std::fabs(sweep) > 360) sweep = std::copysign(360 + std::fmod(std::fabs(sweep), 360), sweep);
   const double startAngle = std::fmod(start, 360) * pi / 180, turn = sweep * pi / 180;
   const double end = startAngle + turn;
@@ -168,7 +168,7 @@ void PlayEllipse(const EmfRecord& record, PlayerState& state) {
   state.FillAndStroke();
 }
 
-// Its direction is that of the picture, whichever way the mapping has Y grow.
+// The direction is that of the picture, whatever the direction of Y in the map mode is.
 void PlayArc(const EmfRecord& record, PlayerState& state) {
   const Ellipse ellipse = EllipseAt(record, state, 8);
   const double start = AngleOn(ellipse, Place(state, PointAt(record, 24)));
@@ -191,7 +191,7 @@ void PlaySetArcDirection(const EmfRecord& record, PlayerState& state) {
   state.clockwiseArcs = record.UInt(8) == clockwise;
 }
 
-// A filled region is in logical units, a clip region in those of the device.
+// A filled region is in logical units, a clip region in device units.
 void PlayFillRgn(const EmfRecord& record, PlayerState& state) {
   const auto brush = state.objects.find(record.UInt(28));
   const std::optional<PlayerObject> object =
@@ -205,7 +205,7 @@ void PlayFillRgn(const EmfRecord& record, PlayerState& state) {
     AddRectangle(state.target.context, mapping.OnEdge(mapping.FromLogical(box.left, box.top)),
                  mapping.OnEdge(mapping.FromLogical(box.right, box.bottom)));
   }
-  SetColour(state.target.context, fill->colour);
+  SetColor(state.target.context, fill->color);
   cairo_set_fill_rule(state.target.context, CAIRO_FILL_RULE_WINDING);
   cairo_fill(state.target.context);
 }
@@ -225,7 +225,7 @@ std::string FaceName(const EmfRecord& record, size_t offset, size_t units) {
   for (size_t i = 0; i < units; ++i) {
     const uint32_t unit = record.UShort(offset + 2 * i);
     if (unit == 0) break;
-    // No font's name holds a character beyond the first 65536.
+    // Font names have no characters beyond U+FFFF.
     if (!IsHighSurrogate(unit) && !IsLowSurrogate(unit)) AppendUtf8(name, unit);
   }
   return name;
@@ -280,9 +280,9 @@ void PlayExtTextOutW(const EmfRecord& record, PlayerState& state) {
   if (text.hasAdvances) AddAdvances(record, advancesOffset, count, advances);
   text.characters = CharactersOf(record, offset, advances);
   text.align = state.textAlign;
-  text.colour = state.textColour;
+  text.color = state.textColor;
   text.opaque = state.opaqueText;
-  // As with AngleArc, the angle counts as if Y grew downward.
+  // Like AngleArc, the angle counts as if Y grew downward.
   const double escapement = state.font.escapement * pi / 1800;
   state.textPainter.Paint(
       state.target.context, state.font, text,
@@ -321,7 +321,7 @@ constexpr Row rows[] = {
     {RecordType::polygon16, PlayPolygon16},
 };
 
-// False if the record's contents don't fit its size.
+// Returns false if the record's contents don't fit its size.
 bool PlayRecord(const EmfRecord& record, PlayerState& state) {
   const auto row = std::find_if(std::begin(rows), std::end(rows),
                                 [&record](const Row& each) { return each.type == record.Type(); });
@@ -334,7 +334,7 @@ bool PlayRecord(const EmfRecord& record, PlayerState& state) {
   }
 }
 
-// The records behind the header. False if one of them is malformed.
+// Plays the records after the header. Returns false if one of them is malformed.
 bool PlayRecords(const uint8_t* bytes, size_t size, size_t offset, PlayerState& state) {
   for (bool sound = true;;) {
     const EmfRecord record(bytes + offset, size - offset);

@@ -1,5 +1,5 @@
-// Plays an enhanced metafile onto cairo: the records that our recorder writes, with the meaning that they
-// have for GDI. Other records are passed over.
+// Plays an enhanced metafile on cairo: the records that our recorder writes, with the same meaning as in GDI.
+// Other records are skipped.
 #pragma once
 
 #include <cairo.h>
@@ -9,26 +9,27 @@
 
 namespace hexlume {
 
-// The metafile's frame in hundredths of a millimetre.
+// The frame of a metafile, in hundredths of a millimetre.
 struct MetafileFrame {
   int32_t left, top, right, bottom;
 };
 
-// Where a metafile is played to: its frame fills width by height units of the context, which has no
-// transformation.
+// The target of a metafile. The frame is scaled to width by height units of the context, which must
+// have no transformation.
 struct PlayerTarget {
   cairo_t* context;
   double width, height;
-  double hairline;  // the width of the thinnest pen
-  // The units are pixels: the edges of regions go to the edges of pixels, and a thin line along an axis to
-  // their middle.
+  double hairline;  // width of the thinnest pen
+  // Whether the units are pixels. If so, the edges of regions are rounded to the edges of pixels, and thin
+  // horizontal and vertical lines to their middle.
   bool hasPixels;
 };
 
-// False if the bytes (those of GetEnhMetaFileBits) don't begin as a metafile does.
+// Reads the frame. Returns false if the bytes (of GetEnhMetaFileBits) don't start with a metafile header.
 bool ReadMetafileFrame(const uint8_t* bytes, size_t size, MetafileFrame& frame);
 
-// False if the metafile is malformed; what could be read is played in any case. An empty frame shows nothing.
+// Plays a metafile. Returns false if it is malformed; the valid records are played in any case. Nothing is
+// drawn for an empty frame.
 bool PlayMetafile(const uint8_t* bytes, size_t size, const PlayerTarget& target);
 
 }  // namespace hexlume

@@ -1,13 +1,27 @@
 #include "tools/hexlume/options.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
+#include <limits>
 #include <set>
+
+// It would part the values of an option that may be repeated, and the names of drawings, at every comma.
+#define CXXOPTS_VECTOR_DELIMITER '\0'
+#include <cxxopts.hpp>
 
 #include "tools/hexlume/options_system.h"
 #include "tools/hexlume/system.h"
 
 namespace hexlume {
 namespace {
+
+struct OptionDeclaration {
+  const char* name;
+  const char* argument;  // its name in the help; nullptr for an option that takes none
+  const char* help;
+  bool repeatable = false;
+};
 
 constexpr OptionDeclaration conversionOptions[] = {
     {"d", "DIR", "Write the metafile of every drawing to DIR/<its name>.emf"},
@@ -18,6 +32,13 @@ constexpr OptionDeclaration conversionOptions[] = {
     {"half-width", nullptr, "Draw texts with half-width cells"},
     {"whole-text", nullptr, "With --view: leave out texts that don't lie wholly inside"},
     {"dialog-font", "N", "Font of the dialogs: 1 for the system's, another number for their own"},
+};
+
+constexpr OptionDeclaration answers[] = {
+    {"scale", "N", "The scale 1:N of a drawing beyond A0, N from 1 to 1000"},
+    {"hide-layer", "NAME", "Leave out this layer; repeat it for others", true},
+    {"hide-line-type", "FAMILY",
+     "Leave out lines that are solid, dotted, dashed, chain or double-chain; repeat it for others", true},
 };
 
 constexpr OptionDeclaration resultOptions[] = {
@@ -45,7 +66,7 @@ cxxopts::Options Declare() {
   for (const OptionDeclaration& option : conversionOptions) AddOption(add, option);
   add("dialogs", "Show dialogs: 1 (also without N) for all of them, another number for the scale only",
       cxxopts::value<std::string>()->implicit_value("1"), "N");
-  for (const OptionDeclaration& option : SystemOptions()) AddOption(add, option);
+  for (const OptionDeclaration& option : answers) AddOption(add, option);
   for (const PictureKind& kind : PictureKinds()) AddOption(add, {kind.option, "FILE", kind.help});
   for (const OptionDeclaration& option : resultOptions) AddOption(add, option);
   add("drawings", "", cxxopts::value<std::vector<std::string>>());
@@ -67,6 +88,17 @@ Exit status:
   73  an output can't be written
 When several drawings are converted, it tells of the last one that failed.
 )";
+
+int32_t ParseNumber(const std::string& option, const std::string& text, int32_t least, int32_t most) {
+  int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || number < least || number > most) {
+    throw UsageError(option + " needs a whole number from " + std::to_string(least) + " to " +
+                     std::to_string(most) + ", not '" + text + "'");
+  }
+  return number;
+}
 
 View ParseView(const std::string& text) {
   int32_t edges[4];
@@ -112,13 +144,45 @@ void ReadConversion(const cxxopts::ParseResult& parsed, Options& options) {
   }
 }
 
+struct Family {
+  const char* name;
+  int32_t number;
+};
+
+constexpr Family families[] = {
+    {"solid", 0}, {"dotted", 2}, {"dashed", 1}, {"chain", 3}, {"double-chain", 4},
+};
+
+int32_t ParseFamily(const std::string& text) {
+  const auto found = std::find_if(std::begin(families), std::end(families),
+                                  [&text](const Family& family) { return family.name == text; });
+  if (found != std::end(families)) return found->number;
+  throw UsageError("--hide-line-type needs solid, dotted, dashed, chain or double-chain, not '" + text + "'");
+}
+
+std::vector<std::string> TextsOf(const cxxopts::ParseResult& parsed, const char* option) {
+  if (parsed.count(option) == 0) return {};
+  return parsed[option].as<std::vector<std::string>>();
+}
+
+void ReadAnswers(const cxxopts::ParseResult& parsed, Options& options) {
+  DialogAnswers& given = options.dialogAnswers;
+  if (const auto number = TextOf(parsed, "scale")) given.scale = ParseNumber("--scale", *number, 1, 1000);
+  for (const std::string& text : TextsOf(parsed, "hide-layer")) {
+    if (text.empty()) throw UsageError("--hide-layer needs the name of a layer");
+    given.hiddenLayers.push_back(Utf8Text(text));
+  }
+  for (const std::string& text : TextsOf(parsed, "hide-line-type"))
+    given.hiddenFamilies.push_back(ParseFamily(text));
+}
+
 void CheckConversion(const Options& options) {
   if (options.view && options.fullSize) throw UsageError("--view and --full-size exclude each other");
   if (options.view && options.rotate) throw UsageError("--view and --rotate exclude each other");
   if (options.wholeText && !options.view) throw UsageError("--whole-text needs --view");
 }
 
-// The path with another extension in the place of its own.
+// Replaces the extension of a path.
 std::string WithExtension(const std::string& path, const std::string& extension) {
   const size_t name = FileNameStart(path);
   const size_t point = path.rfind('.');
@@ -133,7 +197,7 @@ bool LooksLikeADrawing(const std::string& path) {
 Job SingleJob(const std::vector<std::string>& files, const Options& options) {
   if (files.size() > 2) throw UsageError("several drawings need -d DIR");
   if (files.size() == 2) {
-    // Two drawings without -d, most likely: the second one must not be lost.
+    // Probably two drawings without -d. The second one must not be overwritten.
     if (LooksLikeADrawing(files[1])) {
       throw UsageError("the output '" + files[1] + "' looks like a drawing; several drawings need -d DIR");
     }
@@ -207,17 +271,6 @@ cxxopts::ParseResult Parse(int argc, const char* const* argv) {
 
 }  // namespace
 
-int32_t ParseNumber(const std::string& option, const std::string& text, int32_t least, int32_t most) {
-  int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || number < least || number > most) {
-    throw UsageError(option + " needs a whole number from " + std::to_string(least) + " to " +
-                     std::to_string(most) + ", not '" + text + "'");
-  }
-  return number;
-}
-
 Options ParseOptions(int argc, const char* const* argv) {
   const cxxopts::ParseResult parsed = Parse(argc, argv);
   Options options;
@@ -226,14 +279,15 @@ Options ParseOptions(int argc, const char* const* argv) {
   if (options.showHelp || options.showVersion) return options;
   ReadConversion(parsed, options);
   CheckConversion(options);
-  ReadSystemOptions(parsed, options);
+  ReadAnswers(parsed, options);
+  if (options.dialogs != 0) CheckAnswersToDialogs(options);
   ReadOutputs(parsed, options);
   return options;
 }
 
 std::string HelpText() {
   std::string text = Declare().help();
-  // The library for options shows a blank before the equals sign, where the command line allows none.
+  // cxxopts prints a blank before the equals sign, which the command line doesn't allow.
   const std::string shown = "--dialogs [=N(=1)]", typed = "--dialogs[=N]";
   if (const size_t at = text.find(shown); at != std::string::npos)
     text.replace(at, shown.size(), typed + std::string(shown.size() - typed.size(), ' '));

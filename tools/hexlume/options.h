@@ -1,4 +1,4 @@
-// What the user asks for on the command line.
+// The options of the command line.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ struct View {
   int32_t left, top, right, bottom;
 };
 
-// A drawing and the file that its metafile goes to; none if only a listing or a picture is wanted.
+// A drawing, and the file for its metafile: none if only a listing or a picture is wanted.
 struct Job {
   std::string drawing;
   std::optional<std::string> metafile;
@@ -30,6 +30,9 @@ struct PictureOrder {
 };
 
 struct Options {
+  // Without dialogs only the host library takes answers to them.
+  bool NeedsHostLibrary() const { return dialogs == 0 && dialogAnswers.IsGiven(); }
+
   std::vector<Job> jobs;  // in the order given
 
   std::optional<View> view;
@@ -50,7 +53,7 @@ struct Options {
   bool showHelp = false;
 };
 
-// Says in words what is wrong with the command line.
+// Describes what is wrong with the command line.
 struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

@@ -1,31 +1,11 @@
 #include <hexlume_answers.h>
 #include <iconv.h>
 
-#include <algorithm>
-#include <iterator>
-#include <memory>
-
 #include "tools/hexlume/dialog_answers.h"
 #include "tools/hexlume/options_system.h"
 
 namespace hexlume {
 namespace {
-
-struct Family {
-  const char* name;
-  int32_t number;
-};
-
-constexpr Family families[] = {
-    {"solid", 0}, {"dotted", 2}, {"dashed", 1}, {"chain", 3}, {"double-chain", 4},
-};
-
-int32_t ParseFamily(const std::string& text) {
-  const auto found = std::find_if(std::begin(families), std::end(families),
-                                  [&text](const Family& family) { return family.name == text; });
-  if (found != std::end(families)) return found->number;
-  throw UsageError("--hide-line-type needs solid, dotted, dashed, chain or double-chain, not '" + text + "'");
-}
 
 class CodePageConverter {
  public:
@@ -38,7 +18,7 @@ class CodePageConverter {
   CodePageConverter(const CodePageConverter&) = delete;
   CodePageConverter& operator=(const CodePageConverter&) = delete;
 
-  // False if a character of the UTF-8 text has no place in the code page.
+  // Converts a text from UTF-8. Returns false if a character isn't in the code page.
   bool Convert(std::string text, std::string& converted) {
     converted.resize(2 * text.size());
     char* from = text.data();
@@ -54,7 +34,6 @@ class CodePageConverter {
 };
 
 std::string LayerName(const std::string& text) {
-  if (text.empty()) throw UsageError("--hide-layer needs the name of a layer");
   std::string name;
   if (!CodePageConverter().Convert(text, name)) {
     throw UsageError("--hide-layer needs a name in UTF-8 that code page 932 can hold, not '" + text + "'");
@@ -62,54 +41,30 @@ std::string LayerName(const std::string& text) {
   return name;
 }
 
-std::vector<std::string> TextsOf(const cxxopts::ParseResult& parsed, const char* option) {
-  if (parsed.count(option) == 0) return {};
-  return parsed[option].as<std::vector<std::string>>();
-}
-
 }  // namespace
 
-const std::vector<OptionDeclaration>& SystemOptions() {
-  static const std::vector<OptionDeclaration> options = {
-      {"scale", "N", "With --dialogs: the scale 1:N of a drawing beyond A0, N from 1 to 1000", false},
-      {"hide-layer", "NAME", "With --dialogs: leave out this layer; repeat it for others", true},
-      {"hide-line-type", "FAMILY",
-       "With --dialogs: leave out lines that are solid, dotted, dashed, chain or double-chain; repeat it for "
-       "others",
-       true},
-  };
-  return options;
-}
-
-void ReadSystemOptions(const cxxopts::ParseResult& parsed, Options& options) {
+void CheckAnswersToDialogs(const Options& options) {
   // Any other number than 1 asks for the scale alone.
-  const bool choosesLines = options.dialogs == 1;
-  if (parsed.count("scale") != 0) {
-    if (options.dialogs == 0) throw UsageError("--scale needs --dialogs");
-    options.dialogAnswers.scale = ParseNumber("--scale", parsed["scale"].as<std::string>(), 1, 1000);
-  }
-  for (const std::string& text : TextsOf(parsed, "hide-layer")) {
-    if (!choosesLines) throw UsageError("--hide-layer needs --dialogs");
-    options.dialogAnswers.hiddenLayers.push_back({text, LayerName(text)});
-  }
-  for (const std::string& text : TextsOf(parsed, "hide-line-type")) {
-    if (!choosesLines) throw UsageError("--hide-line-type needs --dialogs");
-    options.dialogAnswers.hiddenFamilies.push_back(ParseFamily(text));
-  }
+  if (options.dialogs != 1 && !options.dialogAnswers.hiddenLayers.empty())
+    throw UsageError("--hide-layer needs --dialogs=1, or no dialogs");
+  if (options.dialogs != 1 && !options.dialogAnswers.hiddenFamilies.empty())
+    throw UsageError("--hide-line-type needs --dialogs=1, or no dialogs");
+  for (const std::string& text : options.dialogAnswers.hiddenLayers) LayerName(text);
 }
 
 void GiveDialogAnswers(const DialogAnswers& answers) {
+  std::vector<std::string> names;
+  for (const std::string& text : answers.hiddenLayers) names.push_back(LayerName(text));
   std::vector<const char*> layers;
-  for (const HiddenLayer& layer : answers.hiddenLayers) layers.push_back(layer.name.c_str());
+  for (const std::string& name : names) layers.push_back(name.c_str());
   vzSetDialogAnswers(answers.scale, layers.data(), static_cast<int32_t>(layers.size()),
                      answers.hiddenFamilies.data(), static_cast<int32_t>(answers.hiddenFamilies.size()));
 }
 
 std::vector<std::string> UnknownHiddenLayers(const DialogAnswers& answers) {
   std::vector<std::string> unknown;
-  for (const HiddenLayer& layer : answers.hiddenLayers) {
-    if (!vzHiddenLayerExists(layer.name.c_str())) unknown.push_back(layer.text);
-  }
+  for (const std::string& text : answers.hiddenLayers)
+    if (!vzHiddenLayerExists(LayerName(text).c_str())) unknown.push_back(text);
   return unknown;
 }
 

@@ -3,12 +3,10 @@
 
 namespace hexlume {
 
-const std::vector<OptionDeclaration>& SystemOptions() {
-  static const std::vector<OptionDeclaration> none;
-  return none;
+void CheckAnswersToDialogs(const Options& options) {
+  if (options.dialogAnswers.IsGiven())
+    throw UsageError("--scale, --hide-layer and --hide-line-type answer without --dialogs");
 }
-
-void ReadSystemOptions(const cxxopts::ParseResult&, Options&) {}
 
 void GiveDialogAnswers(const DialogAnswers&) {}
 

@@ -6,7 +6,6 @@
 #include <iostream>
 #include <memory>
 
-#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/metafile_listing.h"
 #include "tools/hexlume/picture.h"
 
@@ -31,7 +30,7 @@ void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-void WritePicture(HENHMETAFILE metafile, const PictureOrder& picture, int32_t dotsPerInch) {
+void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, int32_t dotsPerInch) {
   try {
     WriteFile(picture.file, picture.kind->make(metafile, dotsPerInch));
   } catch (const PictureError& error) {
@@ -43,12 +42,9 @@ void WritePicture(HENHMETAFILE metafile, const PictureOrder& picture, int32_t do
 
 }  // namespace
 
-void WriteOutputs(HENHMETAFILE metafile, const Job& job, const Options& options) {
-  if (job.metafile || options.list) {
-    const Bytes bytes = MetafileBytes(metafile);
-    if (job.metafile) WriteFile(*job.metafile, bytes);
-    if (options.list) WriteListing(bytes, job, options);
-  }
+void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options) {
+  if (job.metafile) WriteFile(*job.metafile, metafile);
+  if (options.list) WriteListing(metafile, job, options);
   for (const PictureOrder& picture : options.pictures) WritePicture(metafile, picture, options.dotsPerInch);
 }
 

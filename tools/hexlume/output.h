@@ -1,21 +1,20 @@
-// What becomes of a converted drawing: the metafile's file, the listing, the picture.
+// Writes the outputs of a converted drawing: the metafile, the listing and the pictures.
 #pragma once
-
-#include <hexlume.h>
 
 #include <stdexcept>
 
+#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/options.h"
 
 namespace hexlume {
 
-// Names the output that can't be written and says why.
+// Contains the name of the output that can't be written, and the reason.
 struct OutputError : std::runtime_error {
   OutputError(const std::string& output, const std::string& reason)
       : std::runtime_error(output + ": can't be written: " + reason) {}
 };
 
-// Makes all that is asked for of one drawing.
-void WriteOutputs(HENHMETAFILE metafile, const Job& job, const Options& options);
+// Writes all outputs that the options ask for.
+void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options);
 
 }  // namespace hexlume

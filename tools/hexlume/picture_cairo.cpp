@@ -8,7 +8,6 @@
 #include <new>
 #include <string>
 
-#include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/metafile_player.h"
 #include "tools/hexlume/picture.h"
 
@@ -48,13 +47,13 @@ MetafileFrame FrameOf(const Bytes& metafile) {
   return frame;
 }
 
-// The metafile on white.
+// Draws the metafile on a white background.
 void Paint(const Surface& surface, const Bytes& metafile, double width, double height, double hairline,
            bool hasPixels) {
   const Context context(cairo_create(surface.get()));
   cairo_set_source_rgb(context.get(), 1, 1, 1);
   cairo_paint(context.get());
-  // Cut to the frame: what lies outside is no part of the picture.
+  // Clips to the frame.
   cairo_rectangle(context.get(), 0, 0, width, height);
   cairo_clip(context.get());
   const PlayerTarget target{context.get(), width, height, hairline, hasPixels};
@@ -63,7 +62,7 @@ void Paint(const Surface& surface, const Bytes& metafile, double width, double h
   if (!sound) throw PictureError("the metafile is malformed");
 }
 
-// Chunks of a PNG file end in a checksum of their name and contents.
+// Returns the CRC-32 of a PNG chunk, over its type and data.
 uint32_t ChunkChecksum(const uint8_t* bytes, size_t size) {
   uint32_t remainder = 0xFFFFFFFF;
   for (size_t i = 0; i < size; ++i) {
@@ -77,8 +76,8 @@ void PutBigEndian(uint8_t* place, uint32_t number) {
   for (int i = 0; i < 4; ++i) place[i] = static_cast<uint8_t>(number >> (24 - 8 * i));
 }
 
-// Cairo doesn't tell the resolution in a file, so it's told here, in pixels to a metre, behind the first
-// chunk.
+// Inserts a pHYs chunk, in pixels per metre, after the first chunk, because cairo doesn't
+// write the resolution.
 void AddResolution(Bytes& png, int32_t dotsPerInch) {
   constexpr size_t signatureAndFirstChunk = 8 + 25;
   constexpr double inchesInAMetre = 1 / 0.0254;
@@ -90,8 +89,7 @@ void AddResolution(Bytes& png, int32_t dotsPerInch) {
   png.insert(png.begin() + signatureAndFirstChunk, chunk.begin(), chunk.end());
 }
 
-Bytes PngPicture(HENHMETAFILE handle, int32_t dotsPerInch) {
-  const Bytes metafile = MetafileBytes(handle);
+Bytes PngPicture(const MetafileBytes& metafile, int32_t dotsPerInch) {
   const MetafileFrame frame = FrameOf(metafile);
   const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, dotsPerInch);
   const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width, size.height));
@@ -106,12 +104,11 @@ Bytes PngPicture(HENHMETAFILE handle, int32_t dotsPerInch) {
 using CreateSurface = cairo_surface_t* (*)(cairo_write_func_t write, void* closure, double width,
                                            double height);
 
-// A file of strokes, not of pixels, in points.
-Bytes VectorPicture(HENHMETAFILE handle, CreateSurface create) {
+// Makes a vector file, in points.
+Bytes VectorPicture(const MetafileBytes& metafile, CreateSurface create) {
   constexpr double pointsInAHundredth = 72 / 2540.0;
   constexpr double hairline = 10 * pointsInAHundredth;
-  constexpr double mostOnASide = 14400;  // of a PDF page
-  const Bytes metafile = MetafileBytes(handle);
+  constexpr double mostOnASide = 14400;  // limit of a PDF page
   const MetafileFrame frame = FrameOf(metafile);
   if (frame.right <= frame.left || frame.bottom <= frame.top)
     throw PictureError("the metafile's frame is empty");
@@ -129,11 +126,11 @@ Bytes VectorPicture(HENHMETAFILE handle, CreateSurface create) {
   return file;
 }
 
-Bytes SvgPicture(HENHMETAFILE metafile, int32_t) {
+Bytes SvgPicture(const MetafileBytes& metafile, int32_t) {
   return VectorPicture(metafile, cairo_svg_surface_create_for_stream);
 }
 
-Bytes PdfPicture(HENHMETAFILE metafile, int32_t) {
+Bytes PdfPicture(const MetafileBytes& metafile, int32_t) {
   return VectorPicture(metafile, cairo_pdf_surface_create_for_stream);
 }
 

@@ -1,5 +1,6 @@
 #include <objidl.h>
 #include <wincodec.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <cstring>
@@ -20,6 +21,7 @@ struct Release {
   }
 };
 using DeviceContext = std::unique_ptr<std::remove_pointer_t<HDC>, Release<DeleteDC>>;
+using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, Release<DeleteEnhMetaFile>>;
 using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, Release<DeleteObject>>;
 
 struct ReleaseInterface {
@@ -34,7 +36,7 @@ void Require(HRESULT result, const char* step) {
   throw PictureError(std::string("the system's imaging component can't ") + step);
 }
 
-// Calls create with the place for the interface that it makes.
+// Calls create with a pointer to the interface that it creates.
 template <typename T, typename Create>
 Interface<T> Make(const char* step, Create&& create) {
   T* object = nullptr;
@@ -55,7 +57,8 @@ PixelSize SizeOf(HENHMETAFILE metafile, int32_t dotsPerInch) {
   return PictureSize(frame.left, frame.top, frame.right, frame.bottom, dotsPerInch);
 }
 
-// A bitmap in memory, 24 bits a pixel from the top down, as the encoder takes it; white at first.
+// A bitmap in memory, 24 bits per pixel, rows from top to bottom as the encoder expects
+// them; initially white.
 struct Canvas {
   explicit Canvas(PixelSize canvasSize) : size(canvasSize) {
     BITMAPINFO info{};
@@ -81,14 +84,14 @@ void Play(HENHMETAFILE metafile, const Canvas& canvas) {
   if (!dc) throw PictureError("the system gives no device context");
   const HGDIOBJ before = SelectObject(dc.get(), canvas.bitmap.get());
   const RECT whole{0, 0, canvas.size.width, canvas.size.height};
-  // What the player leaves out doesn't make it fail for a metafile that has a header, so there is nothing to
-  // check.
+  // The result isn't checked: for a metafile with a header, a record that can't be played doesn't count
+  // as an error.
   PlayEnhMetaFile(dc.get(), metafile, &whole);
   GdiFlush();
   SelectObject(dc.get(), before);
 }
 
-// In bands, because the encoder takes at most 4 GB at once.
+// Writes bands, because the encoder accepts at most 4 GB at once.
 void WriteRows(IWICBitmapFrameEncode& frame, const Canvas& canvas) {
   constexpr int32_t bandRows = 1024;
   const size_t rowBytes = RowBytes(canvas.size);
@@ -141,15 +144,17 @@ std::vector<uint8_t> Encode(const Canvas& canvas, int32_t dotsPerInch) {
   return StreamBytes(*stream);
 }
 
-// The imaging component lives between these two.
+// Initializes COM for the imaging component.
 struct ComLibrary {
   ComLibrary() { Require(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), "be initialized"); }
   ~ComLibrary() { CoUninitialize(); }
 };
 
-std::vector<uint8_t> PngPicture(HENHMETAFILE metafile, int32_t dotsPerInch) {
-  const Canvas canvas(SizeOf(metafile, dotsPerInch));
-  Play(metafile, canvas);
+std::vector<uint8_t> PngPicture(const MetafileBytes& bytes, int32_t dotsPerInch) {
+  const Metafile metafile(SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data()));
+  if (!metafile) throw std::bad_alloc();
+  const Canvas canvas(SizeOf(metafile.get(), dotsPerInch));
+  Play(metafile.get(), canvas);
   const ComLibrary com;
   return Encode(canvas, dotsPerInch);
 }

@@ -5,7 +5,7 @@
 namespace hexlume {
 namespace {
 
-// Farther than any device reaches, and near enough for sums of two.
+// Beyond every device, and small enough that the sum of two doesn't overflow.
 constexpr int32_t farthest = 1 << 28;
 
 cairo_rectangle_int_t Within(const EmfRectangle& rectangle) {

@@ -1,4 +1,4 @@
-// The clip region of a metafile, in pixels of the device that it was recorded for.
+// The clip region of a metafile, in pixels of the device for which it was recorded.
 #pragma once
 
 #include <cairo.h>
@@ -18,7 +18,7 @@ class PlayerClip {
  public:
   enum Mode : uint32_t { intersect = 1, unite, exclusive, subtract, copy };
 
-  // Without a region, which only goes with copy, everything is drawn again.
+  // Removes the clip region: RGN_COPY without a region.
   void Clear() { region.reset(); }
   void Combine(const std::vector<EmfRectangle>& rectangles, uint32_t mode);
 
@@ -28,7 +28,7 @@ class PlayerClip {
   struct FreeRegion {
     void operator()(cairo_region_t* object) const { cairo_region_destroy(object); }
   };
-  std::unique_ptr<cairo_region_t, FreeRegion> region;  // none: no clipping
+  std::unique_ptr<cairo_region_t, FreeRegion> region;  // null: no clipping
 };
 
 }  // namespace hexlume

@@ -8,12 +8,10 @@
 
 #include <algorithm>
 
+#include "platform/portable/gothic_families.h"
+
 namespace hexlume {
 namespace {
-
-// Japanese Gothics of fixed pitch, those preferred first.
-constexpr const char* gothicFamilies[] = {"IPAGothic", "Noto Sans Mono CJK JP", "VL Gothic", "TakaoGothic",
-                                          "IPAexGothic"};
 
 struct FreeObjectSet {
   void operator()(FcObjectSet* set) const { FcObjectSetDestroy(set); }
@@ -34,7 +32,7 @@ void AddJapanese(FcPattern* pattern) {
   FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja"));
 }
 
-// Whether the font's own face is there, with Japanese characters if it must have them.
+// Whether the font's face is installed, with Japanese characters if it needs them.
 bool IsInstalled(const PlayerFont& font) {
   if (font.face.empty()) return false;
   const Pattern pattern(FcPatternCreate());
@@ -47,7 +45,7 @@ bool IsInstalled(const PlayerFont& font) {
   return found && found->nfont > 0;
 }
 
-// The library chooses in the same way, so that texts are as wide as it measured them.
+// Selects a face in the same way as the library, so that texts have the width that it measured.
 Pattern PatternOf(const PlayerFont& font) {
   Pattern pattern(FcPatternCreate());
   if (!pattern) return pattern;
@@ -65,7 +63,7 @@ Pattern PatternOf(const PlayerFont& font) {
   return pattern;
 }
 
-// The face of a scaled font, for as long as this lives.
+// Locks the face of a scaled font during the object's lifetime.
 class LockedFace {
  public:
   explicit LockedFace(cairo_scaled_font_t* scaledFont)
@@ -117,7 +115,7 @@ void PlayerFace::Measure() {
   lineThickness = ft->underline_thickness / em;
   const auto* const windows = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(ft, FT_SFNT_OS2));
   if (!windows) return;
-  // What GDI calls the cell.
+  // The cell of GDI.
   if (windows->usWinAscent + windows->usWinDescent > 0) {
     ascent = windows->usWinAscent / em;
     descent = windows->usWinDescent / em;

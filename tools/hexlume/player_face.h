@@ -1,4 +1,4 @@
-// The face of a font on a system without GDI's own.
+// The face that replaces a font of Windows.
 #pragma once
 
 #include <cairo.h>
@@ -9,15 +9,15 @@
 
 namespace hexlume {
 
-// What a metafile asks for.
+// A font as described in a metafile.
 struct PlayerFont {
-  int32_t height = 0;  // logical units: positive a cell's, negative a character's without its leading, 0 any
-  int32_t width = 0;   // the average character's, 0 the face's own
+  int32_t height = 0;      // logical units: of the cell if positive, of the em if negative, default if 0
+  int32_t width = 0;       // average character width, 0 for the face's own
   int32_t escapement = 0;  // tenths of a degree
   int32_t weight = 400;
   bool italic = false, underline = false, strikeOut = false;
-  bool japanese = true;  // its characters' set
-  std::string face;      // UTF-8; empty: the system's own
+  bool japanese = true;  // of the Japanese character set
+  std::string face;      // UTF-8; empty for the system font
 };
 
 struct FreeCairo {
@@ -25,17 +25,17 @@ struct FreeCairo {
   void operator()(cairo_scaled_font_t* font) const { cairo_scaled_font_destroy(font); }
 };
 
-// A glyph and how far it moves the text, as a part of the character height.
+// A glyph and its advance, relative to the em.
 struct FaceGlyph {
   unsigned long index;
   double advance;
 };
 
-// Measures are parts of the character height (the em).
+// All measures are relative to the em.
 class PlayerFace {
  public:
-  // The font's own face if it is installed, otherwise a Japanese Gothic of fixed pitch or what comes nearest.
-  // Without any font the face is empty.
+  // Selects the font's own face if it is installed, otherwise a Japanese Gothic of fixed pitch or the nearest
+  // match. Without any font the face is empty.
   explicit PlayerFace(const PlayerFont& font);
 
   bool IsEmpty() const { return !face; }
@@ -54,7 +54,7 @@ class PlayerFace {
   void Measure();
 
   std::unique_ptr<cairo_font_face_t, FreeCairo> face;
-  std::unique_ptr<cairo_scaled_font_t, FreeCairo> unit;  // to look glyphs up in
+  std::unique_ptr<cairo_scaled_font_t, FreeCairo> unit;  // to look up glyphs
   double ascent = 0.8, descent = 0.2, averageWidth = 0.5;
   double underlineDepth = 0.1, strikeOutHeight = 0.3, lineThickness = 0.05;
 };

@@ -1,4 +1,4 @@
-// From a metafile's units to those of the context.
+// Maps a metafile's units to those of the context.
 #pragma once
 
 #include <algorithm>
@@ -11,10 +11,10 @@
 
 namespace hexlume {
 
-// What a metafile's header says of its measures.
+// The measures in a metafile's header.
 struct MetafileMeasures {
   MetafileFrame frame;
-  // A pixel of the device that the metafile was recorded for, in hundredths of a millimetre.
+  // A pixel of the device for which the metafile was recorded, in hundredths of a millimetre.
   double pixelWidth, pixelHeight;
 };
 
@@ -52,24 +52,24 @@ class PlayerMapping {
 
   Point FromLogical(double x, double y) const { return isHimetric ? FromSheet(x, -y) : FromDevice(x, y); }
 
-  // From pixels of the device that the metafile was recorded for.
+  // Converts from pixels of the device for which the metafile was recorded.
   Point FromDevice(double x, double y) const {
     return FromSheet(x * measures.pixelWidth, y * measures.pixelHeight);
   }
 
-  // The length of a logical unit.
+  // The length of a logical unit on the context.
   double UnitX() const { return isHimetric ? scaleX : scaleX * measures.pixelWidth; }
   double UnitY() const { return isHimetric ? scaleY : scaleY * measures.pixelHeight; }
 
-  // The length of a hundredth of a millimetre.
+  // The length of a hundredth of a millimetre on the context.
   double SheetUnit() const { return scaleX; }
 
-  // The corner of a region.
+  // Rounds a corner of a region to pixels, if the context has pixels.
   Point OnEdge(Point point) const {
     return hasPixels ? Point{std::round(point.x), std::round(point.y)} : point;
   }
 
-  // The middle of the pixel that holds the coordinate.
+  // Returns the middle of the pixel that contains the coordinate, if the context has pixels.
   double InMiddle(double coordinate) const { return hasPixels ? std::floor(coordinate) + 0.5 : coordinate; }
 
  private:

@@ -9,10 +9,10 @@ namespace {
 
 constexpr double halfPi = 1.57079632679489662;
 
-// As far as coordinates may go to cairo.
+// The limit for coordinates passed to cairo.
 constexpr double safe = 2 * farthestSeen;
 
-// Halvings after which even the longest piece is short.
+// The number of bisections after which a piece of any length is short.
 constexpr int mostSplits = 40;
 
 bool IsSafe(Point point) {
@@ -27,7 +27,7 @@ Point Halfway(Point a, Point b) {
   return {a.x / 2 + b.x / 2, a.y / 2 + b.y / 2};
 }
 
-// Whether all points lie on the same side of everything that is seen.
+// Whether all points are on the same side of the visible area.
 template <typename Points>
 bool AreBeyond(const Points& points) {
   const auto all = [&points](auto test) { return std::all_of(std::begin(points), std::end(points), test); };
@@ -40,10 +40,10 @@ Point OnEllipse(Point centre, double radiusX, double radiusY, double angle) {
   return {centre.x + radiusX * std::cos(angle), centre.y + radiusY * std::sin(angle)};
 }
 
-// Curves that are enough for an arc.
+// Returns the number of Bezier curves for an arc.
 int CurvesOf(double radius, double sweep) {
-  // A curve over a quarter of a circle strays from it by this part of the radius, one over less by the sixth
-  // power less.
+  // A curve over a quarter of a circle deviates by this part of the radius. The deviation decreases with the
+  // sixth power of the sweep.
   constexpr double strayOfQuarter = 0.00028, allowedStray = 0.02;
   const double perQuarter = std::pow(std::max(1.0, radius * strayOfQuarter / allowedStray), 1.0 / 6);
   return std::max(1, static_cast<int>(std::ceil(std::fabs(sweep) / halfPi * perQuarter)));

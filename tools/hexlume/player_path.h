@@ -1,5 +1,5 @@
-// A path on a cairo context for coordinates of any size. Cairo keeps coordinates in 24 bits and wraps what is
-// larger; here the parts of a path that lie far outside every picture are drawn closer, still outside.
+// A path on a cairo context for coordinates of any size. Cairo stores coordinates in 24 bits and wraps larger
+// ones, so the parts of a path that are far outside of the picture are moved closer, but not inside.
 #pragma once
 
 #include <cairo.h>
@@ -10,20 +10,21 @@ struct Point {
   double x, y;
 };
 
-// Nothing farther from 0 than this is seen on any picture: no surface is so large, no pen so wide.
+// The limit of the visible area. No surface and no pen is that large.
 constexpr double farthestSeen = 65536;
 
-// A path in the context's own units, without a transformation. One at a time.
+// A path in the units of the context, which must have no transformation. Only one can be built at a time.
 class PlayerPath {
  public:
-  explicit PlayerPath(cairo_t* pathContext);  // begins an empty path
+  explicit PlayerPath(cairo_t* pathContext);  // starts an empty path
 
   void MoveTo(Point point);
-  // Continue the path; the first of them begins it at its own start if nothing else did.
+  // These add to the path. If it is empty, LineTo starts it at its point and CurveTo at its
+  // first control point.
   void LineTo(Point point);
   void CurveTo(Point control1, Point control2, Point end);
-  // Joins the start of the arc by a line and goes on along an ellipse with the axes' directions: angles in
-  // radians from the right, growing downward.
+  // Adds a line to the start of the arc, and the arc: a part of an ellipse with horizontal and vertical axes.
+  // Angles are in radians, from the right, clockwise.
   void ArcTo(Point centre, double radiusX, double radiusY, double start, double sweep);
   void Close();
 

@@ -11,7 +11,7 @@ struct StockRow {
   PlayerObject object;
 };
 
-// A table made at its first use, since a font's name is no constant.
+// Made on first use, because a std::string can't be constant.
 const std::vector<StockRow>& StockRows() {
   static const std::vector<StockRow> rows = {
       {0x80000000, PlayerBrush{PlayerBrush::solid, 0xFFFFFF}},  // WHITE_BRUSH
@@ -28,7 +28,7 @@ const std::vector<StockRow>& StockRows() {
   return rows;
 }
 
-// The lengths of a thin pen's dashes and gaps, in pixels of 96 to an inch.
+// The dashes and gaps of a thin pen, in pixels at 96 dpi.
 const std::vector<double>& DashesOf(uint32_t style) {
   static const std::vector<double> none, dash{18, 6}, dot{3, 3}, dashDot{9, 6, 3, 6},
       dashDotDot{9, 3, 3, 3, 3, 3};
@@ -41,7 +41,8 @@ const std::vector<double>& DashesOf(uint32_t style) {
   }
 }
 
-// Dashes look the same at every resolution, but never finer than the pen.
+// Dashes have the same length at every resolution, but are longer if the thinnest pen is wider than a pixel
+// at 96 dpi.
 void SetDashes(const PlayerState& state) {
   constexpr double hundredthsOfAPixel = 2540.0 / 96;
   std::vector<double> dashes = state.HasThinPen() ? DashesOf(state.pen.style) : std::vector<double>();
@@ -73,7 +74,7 @@ void PlayerState::Stroke() {
   cairo_t* const context = target.context;
   if (pen.style != PlayerPen::null) {
     constexpr double widest = farthestSeen / 2;
-    SetColour(context, pen.colour);
+    SetColor(context, pen.color);
     cairo_set_line_width(context, std::clamp(PenWidth(), target.hairline, widest));
     cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
     SetDashes(*this);
@@ -85,7 +86,7 @@ void PlayerState::Stroke() {
 void PlayerState::FillAndStroke() {
   if (brush.style != PlayerBrush::null) {
     cairo_set_fill_rule(target.context, windingFill ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
-    SetColour(target.context, brush.colour);
+    SetColor(target.context, brush.color);
     cairo_fill_preserve(target.context);
   }
   Stroke();
@@ -93,7 +94,7 @@ void PlayerState::FillAndStroke() {
 
 void PlayerState::StrokeLine(Point from, Point to) {
   if (HasThinPen()) {
-    // The thinnest pen leaves out a line's last pixel, so a line without length has none.
+    // The thinnest pen leaves out the last pixel of a line, so a line of length 0 is empty.
     if (from.x == to.x && from.y == to.y) return;
     if (from.x == to.x || from.y == to.y) {
       from = {mapping.InMiddle(from.x), mapping.InMiddle(from.y)};

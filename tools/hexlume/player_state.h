@@ -1,4 +1,4 @@
-// What the records of a metafile have set so far, and how it is drawn with.
+// The state that the records of a metafile have set, and the drawing functions that use it.
 #pragma once
 
 #include <map>
@@ -11,18 +11,18 @@
 
 namespace hexlume {
 
-// Objects of a metafile. Their numbers are GDI's.
+// The objects of a metafile. The enumerators have GDI's values.
 struct PlayerPen {
   enum Style : uint32_t { solid, dash, dot, dashDot, dashDotDot, null, insideFrame };
   uint32_t style = solid;
-  int32_t width = 0;  // logical units, 0 for the thinnest
-  uint32_t colour = 0;
+  int32_t width = 0;  // logical units, 0 for the thinnest pen
+  uint32_t color = 0;
 };
 
 struct PlayerBrush {
   enum Style : uint32_t { solid, null };
   uint32_t style = solid;
-  uint32_t colour = 0xFFFFFF;
+  uint32_t color = 0xFFFFFF;
 };
 
 using PlayerObject = std::variant<PlayerPen, PlayerBrush, PlayerFont>;
@@ -31,12 +31,12 @@ struct PlayerState {
   PlayerState(const MetafileMeasures& measures, const PlayerTarget& playerTarget)
       : target(playerTarget), mapping(measures, playerTarget) {}
 
-  // Outlines the path with the pen, after its inside was filled with the brush.
+  // Draw the path: Stroke with the pen, FillAndStroke first with the brush.
   void Stroke();
   void FillAndStroke();
-  // Whether the pen is as thin as can be, whatever its width says.
+  // Whether the pen's width is at most that of the thinnest pen.
   bool HasThinPen() const;
-  // A straight stroke; one that is thin and runs along an axis is sharp on pixels.
+  // Draws a line. A thin horizontal or vertical one is aligned to pixels.
   void StrokeLine(Point from, Point to);
 
   void Select(uint32_t handle);
@@ -54,7 +54,7 @@ struct PlayerState {
   bool windingFill = false;
   bool clockwiseArcs = false;
   uint32_t textAlign = 0;
-  uint32_t textColour = 0;
+  uint32_t textColor = 0;
   bool opaqueText = true;
 
   PlayerClip clip;
@@ -64,7 +64,7 @@ struct PlayerState {
   double PenWidth() const;
 };
 
-// One of the system's own objects, if a metafile may select it.
+// Returns a stock object that a metafile may select.
 std::optional<PlayerObject> StockObject(uint32_t handle);
 
 }  // namespace hexlume

@@ -9,28 +9,29 @@ namespace {
 constexpr uint32_t alignAcross = 6, alignRight = 2, alignCentre = 6;
 constexpr uint32_t alignAlong = 24, alignBottom = 8, alignBaseline = 24;
 
-// A line of text laid out in a frame of its own: x along the line of writing, y down, the reference point at
-// 0.
+// A line of text in its own coordinate system: x along the baseline, y downward, the reference point
+// at the origin.
 struct Layout {
   std::vector<cairo_glyph_t> glyphs;
   double start, length, baseline;
 };
 
-// The sizes of a font's characters in the context's units.
+// The size of a font's characters in the units of the context.
 struct CharacterSize {
   double height;   // the em
-  double stretch;  // of the widths
+  double stretch;  // factor of the widths
 };
 
 CharacterSize SizeOf(const PlayerFace& face, const PlayerFont& font, double unit) {
-  constexpr double anyCell = 423;  // 16 pixels of 96 to an inch
+  constexpr double anyCell = 423;  // 16 pixels at 96 dpi
   const double cell = font.height == 0 ? anyCell : font.height;
   const double height = unit * (cell > 0 ? cell / (face.Ascent() + face.Descent()) : -cell);
   if (font.width == 0) return {height, 1};
   return {height, unit * std::fabs(static_cast<double>(font.width)) / (face.AverageWidth() * height)};
 }
 
-// Cairo can't go on after a character of no size, or one too large for a bitmap; no picture shows one either.
+// Cairo fails permanently after a character of size 0, or one too large for a bitmap. Neither
+// would be visible.
 bool CanBeDrawn(const CharacterSize& size) {
   constexpr double least = 0.05, most = 20000;
   const double width = size.height * size.stretch;
@@ -60,9 +61,9 @@ Layout LayOut(const PlayerFace& face, const PlayerText& text, const CharacterSiz
   return layout;
 }
 
-// From the text's frame to the context.
+// Converts from the text's coordinate system to the context.
 struct TextFrame {
-  Point origin, along;  // a unit of the line of writing
+  Point origin, along;  // along: unit vector of the baseline
 
   Point At(double x, double y) const {
     return {origin.x + x * along.x - y * along.y, origin.y + x * along.y + y * along.x};
@@ -98,16 +99,16 @@ void PaintGlyphs(cairo_t* context, const PlayerFace& face, const Layout& layout,
   cairo_show_glyphs(context, seen.data(), static_cast<int>(seen.size()));
 }
 
-// A line along the writing, its middle at y.
+// Draws a line parallel to the baseline, its middle at y.
 void PaintRule(cairo_t* context, const Layout& layout, const TextFrame& frame, double y, double thickness) {
   FillBox(context, frame, layout.start, y - thickness / 2, layout.start + layout.length, y + thickness / 2);
 }
 
 }  // namespace
 
-void SetColour(cairo_t* context, uint32_t colour) {
-  cairo_set_source_rgb(context, (colour & 0xFF) / 255.0, (colour >> 8 & 0xFF) / 255.0,
-                       (colour >> 16 & 0xFF) / 255.0);
+void SetColor(cairo_t* context, uint32_t color) {
+  cairo_set_source_rgb(context, (color & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
+                       (color >> 16 & 0xFF) / 255.0);
 }
 
 const PlayerFace& TextPainter::FaceOf(const PlayerFont& font) {
@@ -124,11 +125,11 @@ void TextPainter::Paint(cairo_t* context, const PlayerFont& font, const PlayerTe
   const Layout layout = LayOut(face, text, size, place.unit);
   const TextFrame frame{place.reference, {std::cos(place.angle), std::sin(place.angle)}};
   if (text.opaque) {
-    SetColour(context, white);
+    SetColor(context, white);
     FillBox(context, frame, layout.start, layout.baseline - size.height * face.Ascent(),
             layout.start + layout.length, layout.baseline + size.height * face.Descent());
   }
-  SetColour(context, text.colour);
+  SetColor(context, text.color);
   PaintGlyphs(context, face, layout, size, frame);
   const double thickness = size.height * face.LineThickness();
   if (font.underline) {

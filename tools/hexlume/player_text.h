@@ -13,7 +13,7 @@
 
 namespace hexlume {
 
-// A character and its share of the text's length in logical units, if the metafile tells it.
+// A character, and its advance in logical units if the metafile has one.
 struct TextCharacter {
   uint32_t codePoint;
   double advance;
@@ -23,15 +23,15 @@ struct PlayerText {
   std::vector<TextCharacter> characters;
   bool hasAdvances = false;
   uint32_t align = 0;  // of SetTextAlign
-  uint32_t colour = 0;
-  bool opaque = false;  // on a white ground
+  uint32_t color = 0;
+  bool opaque = false;  // with a white background
 };
 
-// Where a text stands on the context.
+// The position of a text on the context.
 struct TextPlace {
   Point reference;
-  double angle;  // of the line of writing: radians, clockwise
-  double unit;   // a logical unit
+  double angle;  // of the baseline: radians, clockwise
+  double unit;   // length of a logical unit
 };
 
 class TextPainter {
@@ -45,7 +45,7 @@ class TextPainter {
   std::map<FaceKey, PlayerFace> faces;
 };
 
-// The colour of the context from one of GDI's.
-void SetColour(cairo_t* context, uint32_t colour);
+// Sets the colour of the context from a COLORREF.
+void SetColor(cairo_t* context, uint32_t color);
 
 }  // namespace hexlume

@@ -1,4 +1,4 @@
-// What the tool needs to know of the system's files and streams.
+// The system's files and streams, as far as the tool needs them.
 #pragma once
 
 #include <cstdint>
@@ -7,17 +7,20 @@
 
 namespace hexlume {
 
-// Lets a line on standard output end in \n alone, so that a listing is the same on every system.
+// Turns off the conversion of \n on standard output, so that a listing is the same on every system.
 void UsePlainLineEnds();
 
-// In bytes; none if there is no such file, or if it is a folder or a device.
+// A text of the command line in UTF-8.
+std::string Utf8Text(const std::string& text);
+
+// Returns the size in bytes, or none if there is no such file, or if it is a folder or a device.
 std::optional<uint64_t> FileSize(const std::string& path);
 
-// Where the file's name begins in a path.
+// Returns the index at which the file's name begins in a path.
 size_t FileNameStart(const std::string& path);
 
-// The same for two paths of one file, whether it exists or not: absolute, and without the difference of upper
-// and lower case, which some file systems don't make either.
+// Returns the same key for two paths of one file, whether it exists or not. The key is absolute and in upper
+// case, because some file systems ignore case.
 std::string PathKey(const std::string& path);
 
 }  // namespace hexlume

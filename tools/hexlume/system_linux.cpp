@@ -6,6 +6,10 @@ namespace hexlume {
 
 void UsePlainLineEnds() {}
 
+std::string Utf8Text(const std::string& text) {
+  return text;
+}
+
 std::optional<uint64_t> FileSize(const std::string& path) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;

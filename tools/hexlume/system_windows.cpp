@@ -12,6 +12,19 @@ void UsePlainLineEnds() {
   _setmode(_fileno(stdout), _O_BINARY);
 }
 
+// From the ANSI code page, in which the command line comes.
+std::string Utf8Text(const std::string& text) {
+  std::wstring wide(text.size(), L'\0');
+  wide.resize(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                                                      wide.data(), static_cast<int>(wide.size()))));
+  constexpr size_t mostBytesOfUnit = 3;
+  std::string utf8(wide.size() * mostBytesOfUnit, '\0');
+  utf8.resize(
+      static_cast<size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()),
+                                              utf8.data(), static_cast<int>(utf8.size()), nullptr, nullptr)));
+  return utf8;
+}
+
 std::optional<uint64_t> FileSize(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA file = {};
   if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file)) return std::nullopt;
@@ -22,7 +35,7 @@ std::optional<uint64_t> FileSize(const std::string& path) {
 size_t FileNameStart(const std::string& path) {
   size_t start = 0;
   for (size_t i = 0; i < path.size(); ++i) {
-    // In a Japanese name the second byte of a character may look like a backslash.
+    // The second byte of a Japanese character can equal a backslash.
     if (IsDBCSLeadByte(static_cast<BYTE>(path[i]))) {
       ++i;
     } else if (path[i] == '\\' || path[i] == '/' || path[i] == ':') {

@@ -1,4 +1,4 @@
-// UTF-16, as metafiles keep their texts.
+// UTF-16, the encoding of texts in metafiles.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ inline bool IsLowSurrogate(uint32_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
 }
 
-// The character of a surrogate pair.
+// Returns the character of a surrogate pair.
 inline uint32_t JoinSurrogates(uint32_t high, uint32_t low) {
   return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }

@@ -35,7 +35,7 @@ void vzSetDialogAnswers(int32_t scaleDenominator, const char* const* hiddenLayer
     hexlume::dialogAnswers = hexlume::MakeAnswers(scaleDenominator, hiddenLayers, hiddenLayerCount,
                                                   hiddenFamilies, hiddenFamilyCount);
   } catch (const std::bad_alloc&) {
-    // The answers stay as they were.
+    // Out of memory: the previous answers remain.
   }
 }
 

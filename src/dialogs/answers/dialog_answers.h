@@ -1,4 +1,4 @@
-// What the user answers where there are no windows.
+// The host's answers to the dialogs, on systems without dialog windows.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-namespace hexlume {
+#include "dialogs/size_dialog.h"
 
-constexpr int32_t defaultDenominator = 100;
+namespace hexlume {
 
 struct DialogAnswers {
   int32_t scaleDenominator = defaultDenominator;
-  std::map<std::string, bool, std::less<>> hiddenLayers;  // and whether the last drawing has them
+  std::map<std::string, bool, std::less<>> hiddenLayers;  // with: the last drawing has it
   std::vector<int32_t> hiddenFamilies;
 };
 

@@ -10,7 +10,7 @@ namespace hexlume {
 
 namespace {
 
-// The families in the order of the sheet's rows.
+// The families in the order of the rows of the line type page.
 constexpr int32_t familyOfRow[] = {0, 2, 1, 3, 4};
 
 void AddExcludedLayer(const LayerNameEntry& layer) {
@@ -23,7 +23,7 @@ bool IsUnticked(const LayerNameEntry& layer) {
   return dialogAnswers.hiddenLayers.count(layer.name) != 0;
 }
 
-// Notes which of the names to be unticked are there.
+// Stores for each name in hiddenLayers whether the drawing has such a layer.
 void FindHiddenLayers() {
   auto& hidden = dialogAnswers.hiddenLayers;
   for (auto& [name, exists] : hidden) exists = false;
@@ -31,9 +31,9 @@ void FindHiddenLayers() {
     if (const auto found = hidden.find(layer.name); found != hidden.end()) found->second = true;
 }
 
-// The page of the layers offers those that are shown. A layer that isn't offered counts twice: as not
-// offered, and as a row that the list doesn't have, which counts as one without a tick. The conversions
-// compare this count with the number of layers, so it stays so.
+// Gives the counts of the layer page, which lists the shown layers only. A layer that isn't shown counts
+// twice: once as not listed, and once as an unticked row beyond the end of the list. The conversions compare
+// this count with the number of layers, so the double count must be kept.
 void AnswerLayers() {
   state.excludedLayerCount = 0;
   for (const LayerNameEntry& layer : state.layerNames) {

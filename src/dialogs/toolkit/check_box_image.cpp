@@ -6,7 +6,7 @@ namespace hexlume {
 
 namespace {
 
-// Without themes: as large as the system draws it, by the screen's resolution.
+// The size of a check box without themes, at the resolution of the screen.
 SIZE PlainSize(HDC screen) {
   constexpr int sizeAt96 = 13;
   return {MulDiv(sizeAt96, GetDeviceCaps(screen, LOGPIXELSX), 96),

@@ -1,4 +1,4 @@
-// How check boxes look: as the theme has them, or as the system draws them where there are no themes.
+// Draws check boxes with the current theme, or as the system draws them without themes.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ class CheckBoxImage : private CDll {
  public:
   ~CheckBoxImage() { Close(); }
 
-  // Takes the present theme of the window.
+  // Loads the current theme of the window.
   void Open(HWND window);
 
   SIZE Size() const { return size; }

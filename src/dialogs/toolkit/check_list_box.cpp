@@ -12,7 +12,7 @@ namespace hexlume {
 namespace {
 
 constexpr int boxMargin = 2;   // around a box, pixels
-constexpr int textMargin = 2;  // in front of a text
+constexpr int textMargin = 2;  // left of a text, pixels
 
 std::wstring RowText(HWND list, UINT row) {
   const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, row, 0);
@@ -23,11 +23,11 @@ std::wstring RowText(HWND list, UINT row) {
   return text;
 }
 
-struct RowColours {
+struct RowColors {
   int text, background;
 };
 
-RowColours ColoursOf(UINT itemState) {
+RowColors ColorsOf(UINT itemState) {
   if (itemState & ODS_SELECTED) return {COLOR_HIGHLIGHTTEXT, COLOR_HIGHLIGHT};
   return {itemState & ODS_DISABLED ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT, COLOR_WINDOW};
 }
@@ -39,16 +39,16 @@ int CListBox::AddString(const char* text) {
   return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str())));
 }
 
-// A row's tick is the number that the list keeps for it.
+// The item data of a row is its check state.
 int CCheckListBox::GetCheck(int row) const {
   const LRESULT check = SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(row));
   return check == LB_ERR ? 0 : static_cast<int>(check);
 }
 
 void CCheckListBox::SetCheck(int row, int check) {
-  if (row < 0) return;  // to the system it would mean all rows
+  if (row < 0) return;  // -1 would set all rows
   SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(row), check);
-  if (!IsWindowVisible(m_hWnd)) return;  // drawn as a whole when it appears
+  if (!IsWindowVisible(m_hWnd)) return;  // a hidden list is drawn as a whole when it is shown
   RECT rect;
   if (SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rect)) != LB_ERR)
     InvalidateRect(m_hWnd, &rect, FALSE);
@@ -63,7 +63,7 @@ LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: {
-      // A double click on a box is two clicks on it.
+      // A double click on a box counts as two clicks.
       const int row = BoxAt(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
       if (row < 0) break;
       SetFocus(m_hWnd);
@@ -78,7 +78,7 @@ LRESULT CCheckListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     }
     case WM_CHAR:
-      if (wParam == VK_SPACE) return 0;  // not the first letter of a row to look for
+      if (wParam == VK_SPACE) return 0;  // the list must not search for a row that begins with a blank
       break;
     case WM_SETFONT:
     case WM_THEMECHANGED: {
@@ -100,7 +100,7 @@ void CCheckListBox::PreSubclassWindow() {
   FitItemHeight();
 }
 
-// A list asks for its rows' height while it is made, when it has neither font nor object yet.
+// The row height is set here because WM_MEASUREITEM comes before the list has its font and its object.
 void CCheckListBox::FitItemHeight() {
   m_image.Open(m_hWnd);
   TEXTMETRICW metrics = {};
@@ -114,7 +114,7 @@ int CCheckListBox::TextStart() const {
   return m_image.Size().cx + 2 * boxMargin;
 }
 
-// The row at a height of the list, -1 if none.
+// Returns the row at y in client coordinates, -1 if there is none.
 int CCheckListBox::RowAt(int y) const {
   if (y < 0) return -1;
   const auto height = static_cast<int>(SendMessage(LB_GETITEMHEIGHT));
@@ -122,7 +122,7 @@ int CCheckListBox::RowAt(int y) const {
   return row < GetCount() ? row : -1;
 }
 
-// The row whose box is at a place of the list, -1 if none.
+// Returns the row whose check box is at a point in client coordinates, -1 if there is none.
 int CCheckListBox::BoxAt(int x, int y) const {
   return x >= 0 && x < TextStart() ? RowAt(y) : -1;
 }
@@ -144,7 +144,7 @@ void CCheckListBox::FollowPointer(int y) {
   m_tip.SetRow(m_hWnd, row, place, IsCut(text) ? text : std::wstring());
 }
 
-// Keeps the tip on the row under the pointer.
+// Shows the tooltip of the row under the pointer.
 void CCheckListBox::FollowRows(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_VSCROLL:
@@ -159,7 +159,7 @@ void CCheckListBox::FollowRows(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void CCheckListBox::DrawItem(const DRAWITEMSTRUCT& item) {
-  if (item.itemID == static_cast<UINT>(-1)) {  // an empty list that gets or loses the focus
+  if (item.itemID == static_cast<UINT>(-1)) {  // an empty list that gains or loses the focus
     if (!(item.itemState & ODS_NOFOCUSRECT)) DrawFocusRect(item.hDC, &item.rcItem);
     return;
   }
@@ -183,9 +183,9 @@ void CCheckListBox::DrawItem(const DRAWITEMSTRUCT& item) {
 
 void CCheckListBox::DrawText(const DRAWITEMSTRUCT& item, RECT rect) {
   const std::wstring text = RowText(m_hWnd, item.itemID);
-  const RowColours colours = ColoursOf(item.itemState);
-  const COLORREF textBefore = SetTextColor(item.hDC, GetSysColor(colours.text));
-  const COLORREF backgroundBefore = SetBkColor(item.hDC, GetSysColor(colours.background));
+  const RowColors colors = ColorsOf(item.itemState);
+  const COLORREF textBefore = SetTextColor(item.hDC, GetSysColor(colors.text));
+  const COLORREF backgroundBefore = SetBkColor(item.hDC, GetSysColor(colors.background));
   TEXTMETRICW metrics = {};
   GetTextMetricsW(item.hDC, &metrics);
   const int y = (rect.top + rect.bottom - metrics.tmHeight) / 2;

@@ -1,4 +1,4 @@
-// A list with a check box in front of each row: an owner-drawn list that keeps its texts.
+// A list with a check box at the left of each row: an owner-drawn list box with LBS_HASSTRINGS.
 #pragma once
 
 #include "dialogs/toolkit/check_box_image.h"
@@ -15,10 +15,10 @@ class CListBox : public CWnd {
   int SetCurSel(int row) { return static_cast<int>(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(row))); }
 };
 
-// A click on a box and the space key turn the row's tick round. A text that is cut shows whole in a tooltip.
+// A click on a box or the space key toggles the row. A row whose text is cut off shows it in a tooltip.
 class CCheckListBox : public CListBox {
  public:
-  // 1 for a row with a tick, 0 for one without and for one that isn't there.
+  // Returns 1 for a ticked row, 0 for an unticked one and for a row that doesn't exist.
   int GetCheck(int row) const;
   void SetCheck(int row, int check);
 

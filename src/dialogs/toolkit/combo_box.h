@@ -9,7 +9,7 @@ class CComboBox : public CWnd {
   int AddString(const char* text);
   int GetCurSel() const { return static_cast<int>(SendMessage(CB_GETCURSEL)); }
   int SetCurSel(int row) { return static_cast<int>(SendMessage(CB_SETCURSEL, static_cast<WPARAM>(row))); }
-  // The selection in the edit field, in characters.
+  // Sets the selection of the edit field, in characters.
   BOOL SetEditSel(int start, int end) {
     return static_cast<BOOL>(SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(start, end)));
   }

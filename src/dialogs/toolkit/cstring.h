@@ -1,4 +1,4 @@
-// The text of a dialog: bytes of code page 932.
+// A string in code page 932.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +19,7 @@ class CString {
 
   void Format(const char* format, ...) __attribute__((format(gnu_printf, 2, 3)));
 
-  // From the module's string table. 0 if it has no such text.
+  // Loads a string of the module's string table. Returns 0 if there is none with this id.
   BOOL LoadString(UINT id);
 
  private:

@@ -1,4 +1,4 @@
-// A modal dialog made from a template of the module, and the exchange of its controls with its fields.
+// A modal dialog made from a template of the module, and the data exchange with its controls.
 #pragma once
 
 #include "dialogs/toolkit/wnd.h"
@@ -8,7 +8,7 @@ namespace hexlume {
 class CDialog;
 
 struct CDataExchange {
-  BOOL m_bSaveAndValidate;  // TRUE from the controls to the fields
+  BOOL m_bSaveAndValidate;  // TRUE: from the controls to the fields
   CDialog* m_pDlgWnd;
 };
 
@@ -16,14 +16,14 @@ class CDialog : public CWnd {
  public:
   explicit CDialog(UINT templateId) : m_templateId(templateId) {}
 
-  // IDOK or IDCANCEL; -1 if the window can't be made.
+  // Returns IDOK or IDCANCEL, or -1 if the window can't be created.
   virtual INT_PTR DoModal();
 
   BOOL UpdateData(BOOL saveAndValidate = TRUE);
   BOOL PreTranslateMessage(MSG* message) override;
 
  protected:
-  // The controls are there and not shown yet. Returns 0 if it has set the focus.
+  // Called when the controls exist and the dialog isn't shown yet. Returns 0 if it has set the focus.
   virtual BOOL OnInitDialog();
   virtual void DoDataExchange(CDataExchange*) {}
   virtual void OnOK();
@@ -32,7 +32,7 @@ class CDialog : public CWnd {
   void EndDialog(int result);
   BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
-  // The first message of a dialog, whose object it is made for: CDialog* as the parameter of the making.
+  // Handles WM_INITDIALOG: attaches the object to its window and calls OnInitDialog.
   INT_PTR Begin(HWND window);
 
   const UINT m_templateId;
@@ -41,7 +41,7 @@ class CDialog : public CWnd {
   static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 };
 
-// The first exchange binds the control to its object.
+// Attaches the control to its object the first time it is called.
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 void DDX_Text(CDataExchange* exchange, int id, CString& text);
 

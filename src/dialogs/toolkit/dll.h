@@ -1,4 +1,4 @@
-// A library that is bound while the program runs.
+// A library that is loaded at run time.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +18,7 @@ class CDll {
   HMODULE m_module = nullptr;
 
  protected:
-  // Null if the library isn't loaded or has no such entry.
+  // Returns null if the library isn't loaded or has no such function.
   template <typename Function>
   Function Entry(const char* name) const {
     return m_module ? reinterpret_cast<Function>(GetProcAddress(m_module, name)) : nullptr;

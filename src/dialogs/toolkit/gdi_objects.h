@@ -1,4 +1,4 @@
-// What the dialogs need of GDI.
+// The GDI objects that the dialogs need.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@ namespace hexlume {
 
 class CWnd;
 
-// A font that is deleted with its object, which must outlive the windows that show the font.
+// A font that is deleted with its object. It must outlive the windows that use it.
 class CFont {
  public:
   CFont() = default;
@@ -28,7 +28,7 @@ class CFont {
   HGDIOBJ m_hObject = nullptr;
 };
 
-// The device context of a whole window with its frame, null for the whole screen.
+// The device context of a whole window including its frame, or of the screen if window is null.
 class CWindowDC {
  public:
   explicit CWindowDC(CWnd* window);
@@ -42,7 +42,7 @@ class CWindowDC {
   HWND m_hWnd;
 };
 
-// The device context of a window's inside, with the window's font in it.
+// The device context of a window's client area, with the window's font selected.
 class CFontDC {
  public:
   explicit CFontDC(HWND window);

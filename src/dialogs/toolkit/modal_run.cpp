@@ -42,7 +42,7 @@ void ModalRun::DeliverMessages(CWnd& window) {
   MSG message;
   while (!ended) {
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-    if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));  // for the host's own loop
+    if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));  // for the host's message loop
     if (got <= 0) return;
     const bool isOurs = message.hwnd == shown || IsChild(shown, message.hwnd);
     bool isDone = false;
@@ -65,7 +65,8 @@ void ModalRun::End(INT_PTR result) {
   if (!current || current->ended) return;
   current->ended = true;
   current->result = result;
-  // The loop may be waiting: what another thread sends is answered within GetMessage.
+  // Wakes up the message loop: a message that another thread sends is handled inside GetMessage, which
+  // then keeps waiting.
   PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 

@@ -1,4 +1,4 @@
-// A modal window's time: from before it is made until it is gone.
+// The modal loop of a window, from before its creation until after its destruction.
 #pragma once
 
 #include <windows.h>
@@ -9,8 +9,9 @@ namespace hexlume {
 
 class CWnd;
 
-// The owner is the active window of the thread, the host's. It is disabled meanwhile, and enabled again
-// before the modal window goes, so that it is the one to become active. One run at a time.
+// The owner is the root of the thread's active window, which is the host's. It is disabled during the
+// run, and enabled before the modal window is destroyed so that it becomes the active window. Runs
+// can't be nested.
 class ModalRun {
  public:
   ModalRun();
@@ -20,22 +21,21 @@ class ModalRun {
 
   HWND Owner() const { return owner; }
 
-  // Shows the window in the middle of its owner and delivers messages until End. The window is gone
-  // afterwards. Returns the result told to End, -1 if there is no window; throws faultCode if a handler
-  // failed.
+  // Shows the window centred on its owner and delivers messages until End is called, then destroys it.
+  // Returns the argument of End, or -1 if there is no window. Throws faultCode if a handler failed.
   INT_PTR Run(CWnd& window);
 
-  // Ends the run that goes on.
+  // Ends the current run.
   static void End(INT_PTR result);
 
-  // Calls a handler. A fault or an exception in it ends the run instead of going through the system's own
-  // frames, which can't be done.
+  // Calls a handler. A fault or exception in it ends the run, because it can't be unwound through
+  // the system's frames.
   template <typename Handler>
   static void Protect(Handler handler) {
     Protect([](void* context) { (*static_cast<Handler*>(context))(); }, &handler);
   }
 
-  // To be told of each window that goes: one that others have destroyed needs no more messages.
+  // Must be called for each window that is destroyed. Ends the run if it was the modal window.
   static void WindowIsGone(HWND window);
 
  private:

@@ -14,9 +14,9 @@ ModuleControls::ModuleControls() {
   manifest.cbSize = sizeof manifest;
   manifest.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
   manifest.hModule = ModuleInstance();
-  manifest.lpResourceName = MAKEINTRESOURCEW(2);  // the number that a library's manifest has
+  manifest.lpResourceName = MAKEINTRESOURCEW(2);  // the resource number of a library's manifest
   context = CreateActCtxW(&manifest);
-  // Without the manifest the controls are those of the host.
+  // On failure the controls are those of the host.
   if (context != INVALID_HANDLE_VALUE) ActivateActCtx(context, &cookie);
 }
 

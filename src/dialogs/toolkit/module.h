@@ -1,14 +1,14 @@
-// The module that the dialogs are part of, which isn't that of the host.
+// The library that contains the dialogs, as opposed to the host's executable.
 #pragma once
 
 #include <windows.h>
 
 namespace hexlume {
 
-// Where the resources are.
+// Returns the instance that contains the dialogs' resources.
 HINSTANCE ModuleInstance();
 
-// While it lives, the thread's windows are made of the common controls that the module's manifest asks for.
+// While an object exists, windows that the thread creates use the common controls of the library's manifest.
 class ModuleControls {
  public:
   ModuleControls();

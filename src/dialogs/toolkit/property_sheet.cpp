@@ -34,7 +34,7 @@ INT_PTR CALLBACK CPropertyPage::PageProc(HWND window, UINT message, WPARAM, LPAR
   if (message != WM_INITDIALOG) return FALSE;
   const auto* description = reinterpret_cast<const PROPSHEETPAGEW*>(lParam);
   auto* page = reinterpret_cast<CPropertyPage*>(description->lParam);
-  // The first page is made before the system tells the sheet's window.
+  // The first page is created before PropertySheetW returns the sheet's window.
   if (!page->m_sheet->m_hWnd) page->m_sheet->SubclassWindow(::GetParent(window));
   page->m_beginning = true;
   const INT_PTR setFocus = page->Begin(window);
@@ -72,7 +72,7 @@ INT_PTR CPropertySheet::DoModal() {
   ModalRun run;
   std::vector<PROPSHEETPAGEW> pages;
   for (CPropertyPage* page : m_pages) pages.push_back(page->Description(this));
-  // To the system it is a modeless sheet: the loop that makes it modal is our own.
+  // The system gets a modeless sheet; ModalRun makes it modal.
   m_psh.dwFlags |= PSH_PROPSHEETPAGE | PSH_MODELESS;
   m_psh.hwndParent = run.Owner();
   m_psh.pszCaption = m_caption.c_str();
@@ -95,7 +95,7 @@ CPropertyPage* CPropertySheet::GetActivePage() const {
 
 BOOL CPropertySheet::SetActivePage(CPropertyPage* page) {
   const auto found = std::find(m_pages.begin(), m_pages.end(), page);
-  // The system doesn't know of a page that is just beginning yet, and would make it a second time.
+  // The system doesn't count a page until its WM_INITDIALOG returns, and would create it a second time.
   if (found == m_pages.end() || page->IsBeginning()) return FALSE;
   return SendMessage(PSM_SETCURSEL, static_cast<WPARAM>(found - m_pages.begin())) != 0;
 }
@@ -111,7 +111,7 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SYSCOMMAND:
     case WM_CLOSE:
     case PSM_PRESSBUTTON: EndIfClosed(); break;
-    // By a click on a tab, by a message, or by a key.
+    // A click on a tab, a message or a key can change the page.
     case WM_NOTIFY:
     case PSM_SETCURSEL:
     case PSM_ISDIALOGMESSAGE: TakeFocusFromHiddenPage(); break;
@@ -119,14 +119,14 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
-// A modeless sheet that was closed stays, without an active page. Its own result isn't asked: it may be about
-// changes that a page has declared, and ours declare none.
+// A modeless sheet stays open after OK or Cancel, without a current page. PSM_GETRESULT isn't used: it
+// reports changes that pages have declared, and these pages declare none.
 void CPropertySheet::EndIfClosed() {
   if (SendMessage(PSM_GETCURRENTPAGEHWND) != 0) return;
   ModalRun::End(m_applied ? IDOK : IDCANCEL);
 }
 
-// The focus may stay where it was when another page becomes active: keys would work on what nobody sees.
+// When the page changes, the focus can stay on a control of the hidden page, which would then get the keys.
 void CPropertySheet::TakeFocusFromHiddenPage() const {
   const auto active = reinterpret_cast<HWND>(SendMessage(PSM_GETCURRENTPAGEHWND));
   const HWND focus = GetFocus();

@@ -1,4 +1,4 @@
-// A modal sheet of pages with tabs.
+// A modal property sheet.
 #pragma once
 
 #include <windows.h>
@@ -13,19 +13,19 @@ namespace hexlume {
 
 class CPropertySheet;
 
-// A page is made when it is shown first; one that the user never opens never gets a message.
+// A page is created when it is first shown; a page that the user never opens gets no message.
 class CPropertyPage : public CDialog {
  public:
   explicit CPropertyPage(UINT templateId) : CDialog(templateId) {}
 
-  // The page's title is that of its template.
+  // Describes the page to the system. Its title is the caption of its template.
   PROPSHEETPAGEW Description(CPropertySheet* sheet);
 
-  // While OnInitDialog goes on.
+  // Whether OnInitDialog is running.
   bool IsBeginning() const { return m_beginning; }
 
  protected:
-  // When the sheet is closed with OK.
+  // Called when the sheet is closed with OK.
   void OnOK() override {}
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -45,7 +45,7 @@ class CPropertySheet : public CWnd {
 
   void AddPage(CPropertyPage* page) { m_pages.push_back(page); }
 
-  // IDOK or IDCANCEL; -1 if the window can't be made.
+  // Returns IDOK or IDCANCEL, or -1 if the window can't be created.
   INT_PTR DoModal();
 
   int GetActiveIndex() const;
@@ -53,7 +53,7 @@ class CPropertySheet : public CWnd {
   BOOL SetActivePage(CPropertyPage* page);
   CPropertyPage* GetPage(size_t index) const { return m_pages[index]; }
 
-  // The pages have taken the user's OK, or the sheet was cancelled after all.
+  // True after the pages have accepted OK, false after a cancel.
   void SetApplied(bool applied) { m_applied = applied; }
 
   BOOL PreTranslateMessage(MSG* message) override;

@@ -11,7 +11,7 @@ namespace hexlume {
 
 namespace {
 
-// The record as it was first: every version of the controls takes it.
+// The first version of the record, which every version of the common controls accepts.
 TOOLINFOW Tool(HWND list) {
   TOOLINFOW tool = {};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;
@@ -26,8 +26,8 @@ int ScreenWidth(HWND window) {
   return monitor.rcWork.right - monitor.rcWork.left;
 }
 
-// In lines of at most this width: a tooltip by itself breaks a text at its blanks alone, and a name may have
-// none.
+// Breaks the text into lines of at most this width. A tooltip breaks only at blanks, and a name
+// may have none.
 std::wstring InLines(HWND list, const std::wstring& text, int width) {
   const CFontDC canvas(list);
   std::wstring lines;
@@ -47,7 +47,7 @@ std::wstring InLines(HWND list, const std::wstring& text, int width) {
 }  // namespace
 
 void RowTip::Make() {
-  INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_TAB_CLASSES};  // with tooltips
+  INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_TAB_CLASSES};  // includes the tooltip class
   InitCommonControlsEx(&classes);
   m_tip = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
                           CW_USEDEFAULT, CW_USEDEFAULT, m_list, nullptr, ModuleInstance(), nullptr);

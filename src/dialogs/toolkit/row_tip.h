@@ -1,4 +1,4 @@
-// The whole text of a list's row that is cut, as a tooltip while the pointer rests on it.
+// A tooltip with the full text of a list row that is cut off.
 #pragma once
 
 #include <windows.h>
@@ -9,22 +9,23 @@ namespace hexlume {
 
 class RowTip {
  public:
-  // The row that has the tip, or had no need of one; -1 if none.
+  // Returns the row last passed to SetRow, with or without a tooltip; -1 if none.
   int Row() const { return m_row; }
 
-  // The pointer is on this row of the list. The text is what its tip shows, "" for none.
+  // Called when the pointer moves to a row. text is shown in the tooltip; if it is empty, there
+  // is no tooltip.
   void SetRow(HWND list, int row, const RECT& place, const std::wstring& text);
-  // The rows may have moved under the pointer.
+  // Removes the tooltip, as the rows may have moved under the pointer.
   void Clear();
 
-  // What the pointer does in the list.
+  // Passes a mouse message of the list to the tooltip.
   void Relay(UINT message, WPARAM wParam, LPARAM lParam) const;
 
  private:
   void Make();
 
   HWND m_list = nullptr;
-  HWND m_tip = nullptr;  // goes with the list's dialog, which owns it
+  HWND m_tip = nullptr;  // destroyed with the list's dialog, which owns it
   int m_row = -1;
   bool m_hasTool = false;
 };

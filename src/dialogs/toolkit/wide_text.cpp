@@ -15,7 +15,7 @@ std::wstring WideText(const char* bytes) {
   if (units <= 0) return {};
   std::wstring text(static_cast<size_t>(units), L'\0');
   MultiByteToWideChar(codePage, 0, bytes, -1, text.data(), units);
-  text.pop_back();  // the closing 0
+  text.pop_back();  // the terminating 0
   return text;
 }
 

@@ -1,4 +1,4 @@
-// Windows are asked in UTF-16, whatever the machine's locale; everything else here is bytes of code page 932.
+// Converts between code page 932, in which the dialogs keep their text, and the UTF-16 of window calls.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The application object of a library, as far as it is the same for every library.
+// The application object, as far as it is the same for every library.
 #pragma once
 
 namespace hexlume {
@@ -7,7 +7,7 @@ class CWinApp {
  public:
   virtual ~CWinApp() = default;
 
-  // At load and unload of the library. InitInstance returns 0 if the library can't start.
+  // Called when the library is loaded and unloaded. InitInstance returns 0 if the library can't start.
   virtual int InitInstance() { return 1; }
   virtual int ExitInstance() { return 0; }
 };

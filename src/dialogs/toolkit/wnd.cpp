@@ -27,7 +27,7 @@ CRect WorkArea(HWND window) {
   return {area.left, area.top, area.right, area.bottom};
 }
 
-// Where a stretch begins that is centred on another but doesn't leave its bounds.
+// Returns the start of an interval that is centred on another one but kept between lowest and highest.
 LONG CentredStart(LONG length, LONG start, LONG end, LONG lowest, LONG highest) {
   const LONG centred = (start + end) / 2 - length / 2;
   return std::max(std::min(centred, highest - length), lowest);

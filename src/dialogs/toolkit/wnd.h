@@ -1,4 +1,4 @@
-// A window and the object that answers its messages.
+// A window and the object that handles its messages.
 #pragma once
 
 #include <windows.h>
@@ -23,13 +23,13 @@ class CWnd {
 
   HWND m_hWnd = nullptr;
 
-  // The object that answers a window's messages, null if there is none.
+  // Returns the object that handles the window's messages, null if there is none.
   static CWnd* FromHandlePermanent(HWND window);
-  // The same, or else an object that only calls the window and is gone behind the modal run.
+  // Returns the same, or else a temporary object that lives until the modal run ends.
   static CWnd* FromHandle(HWND window);
   static void DeleteTempMap();
 
-  // From now on the object answers the messages of this window, until the window goes.
+  // Lets the object handle the messages of this window until the window is destroyed.
   BOOL SubclassWindow(HWND window);
 
   static CWnd* GetDesktopWindow() { return FromHandle(::GetDesktopWindow()); }
@@ -39,8 +39,8 @@ class CWnd {
   void GetWindowRect(RECT* rect) const { ::GetWindowRect(m_hWnd, rect); }
   void ScreenToClient(RECT* rect) const;
   void MoveWindow(const RECT& rect, BOOL repaint = TRUE);
-  // In the middle of the other window, as far as that is in reach: a child stays within its parent, a window
-  // of its own on the screen. Without another window it is the owner.
+  // Centres the window on the other window, or on its owner if that is null. A child is kept within its
+  // parent, a top-level window on the screen.
   void CenterWindow(CWnd* alternate = nullptr);
   void UpdateWindow() { ::UpdateWindow(m_hWnd); }
 
@@ -52,20 +52,21 @@ class CWnd {
   void SetWindowText(const char* text);
   void SetDlgItemText(int id, const char* text);
 
-  // A message from the queue to the window or one of its children, before it is delivered. Not 0 if it has
-  // been dealt with.
+  // Called for a message from the queue to the window or one of its children, before it is delivered. Returns
+  // nonzero if the message was handled.
   virtual BOOL PreTranslateMessage(MSG*) { return FALSE; }
 
  protected:
-  // The object has just been given its window.
+  // Called when the object has just been given its window.
   virtual void PreSubclassWindow() {}
   virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-  // What a control tells its parent, offered to the control's object first. Not 0 if it has been dealt with.
+  // Called for a notification from a control to its parent, on the control's object. Returns nonzero if the
+  // notification was handled.
   virtual BOOL OnChildNotify(UINT, WPARAM, LPARAM) { return FALSE; }
   virtual BOOL OnCommand(WPARAM, LPARAM) { return FALSE; }
   virtual void OnSize(UINT type, int cx, int cy);
 
-  // What the window does with the message at hand by itself.
+  // Runs the window's own handling of the current message.
   LRESULT Default();
 
  private:

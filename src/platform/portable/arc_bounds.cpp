@@ -38,7 +38,7 @@ POINT PointAt(const Circle& circle, double angle) {
           ToInt(circle.centre.y + circle.radius.cy * std::sin(angle))};
 }
 
-// Where the arc passes right, bottom, left and top of its circle, it reaches the box's own side.
+// Where the arc crosses the axes of its ellipse, its bounds extend to the side of the box.
 void ReachSides(RECT& bounds, const RECT& box, double from, double to) {
   for (int side = static_cast<int>(std::ceil(from / quarter)); side * quarter <= to; ++side) {
     switch (side & 3) {

@@ -1,20 +1,21 @@
-// Where arcs end and how far they reach.
+// Bounds and end points of arcs.
 #pragma once
 
 #include "platform/gdi.h"
 
 namespace hexlume {
 
-// What an arc from start to end of the ellipse in the box adds to the metafile's bounds, in logical units,
-// right and bottom inclusive. GDI goes counterclockwise on a device whose y grows downward, whatever the map
-// mode and the arc direction are, and so do we: the bounds of some arcs are too wide or too narrow by that.
-// Sums wrap; an arc whose box overflows may have sides in the wrong order.
+// Returns what an elliptic arc adds to the metafile's bounds, in logical units, right and bottom inclusive.
+// As in GDI, the arc is taken counterclockwise with Y downward, whatever the map mode and the arc direction
+// are, so the bounds of some arcs are too large or too small. Sums wrap around; if the box overflows, the
+// sides of the bounds may be in the wrong order.
 RECT ArcBounds(const RECT& box, POINT start, POINT end);
 
-// The point of a circle at an angle in degrees. A coordinate that doesn't fit an int32 is INT32_MIN.
+// Returns the point of a circle at an angle in degrees. A coordinate that doesn't fit an
+// int32 becomes INT32_MIN.
 POINT PointOnCircle(int x, int y, DWORD radius, FLOAT angle);
 
-// The box of a circle. Its sides wrap, and are then sorted.
+// Returns the bounding box of a circle. Its sides wrap around, and are then sorted.
 RECT CircleBox(int x, int y, DWORD radius);
 
 }  // namespace hexlume

@@ -11,10 +11,10 @@ void AppendCreate(DeviceContext& dc, uint32_t index, HGDIOBJ object) {
                                         index,
                                         static_cast<uint32_t>(pen->style),
                                         {pen->width, 0},
-                                        pen->colour});
+                                        pen->color});
   } else if (const BrushData* brush = DataOf<BrushData>(object)) {
     dc.writer.Append(EmfCreateBrushRecord{emrCreateBrushIndirect, sizeof(EmfCreateBrushRecord), index,
-                                          brush->style, brush->colour, 0});
+                                          brush->style, brush->color, 0});
   } else if (const FontData* font = DataOf<FontData>(object)) {
     AppendCreateFont(dc, index, *font);
   }

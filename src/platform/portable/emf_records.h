@@ -1,9 +1,9 @@
-// The records of an enhanced metafile as they lie in the file, little-endian.
+// The records of an enhanced metafile as in the file, little-endian.
 #pragma once
 
-#include "platform/gdi.h"
-
 #include <cstdint>
+
+#include "platform/gdi.h"
 
 namespace hexlume {
 
@@ -72,14 +72,14 @@ struct EmfEofRecord {
   uint32_t sizeAgain;
 };
 
-// SETMAPMODE, SETBKMODE, SETPOLYFILLMODE, SETTEXTALIGN, SETARCDIRECTION, SETTEXTCOLOR.
+// For SETMAPMODE, SETBKMODE, SETPOLYFILLMODE, SETTEXTALIGN, SETARCDIRECTION and SETTEXTCOLOR.
 struct EmfModeRecord {
   uint32_t type;
   uint32_t size;
   uint32_t mode;
 };
 
-// SELECTOBJECT, DELETEOBJECT.
+// For SELECTOBJECT and DELETEOBJECT.
 struct EmfObjectRecord {
   uint32_t type;
   uint32_t size;
@@ -92,7 +92,7 @@ struct EmfCreatePenRecord {
   uint32_t index;
   uint32_t style;
   POINT width;  // y unused
-  COLORREF colour;
+  COLORREF color;
 };
 
 struct EmfCreateBrushRecord {
@@ -100,11 +100,11 @@ struct EmfCreateBrushRecord {
   uint32_t size;
   uint32_t index;
   uint32_t style;
-  COLORREF colour;
+  COLORREF color;
   uint32_t hatch;
 };
 
-// MOVETOEX, LINETO.
+// For MOVETOEX and LINETO.
 struct EmfPointRecord {
   uint32_t type;
   uint32_t size;
@@ -115,7 +115,7 @@ struct EmfSetPixelRecord {
   uint32_t type;
   uint32_t size;
   POINT point;
-  COLORREF colour;
+  COLORREF color;
 };
 
 struct EmfEllipseRecord {
@@ -141,7 +141,7 @@ struct EmfAngleArcRecord {
   float sweep;
 };
 
-// POLYBEZIER, POLYGON and their 16-bit forms; the points follow.
+// For POLYBEZIER, POLYGON and their 16-bit forms. The points follow.
 struct EmfPolyRecord {
   uint32_t type;
   uint32_t size;

@@ -25,7 +25,7 @@ EmfWriter::EmfWriter(size_t largestMetafile) : mostBytes(largestMetafile - sizeo
   BeginLastPiece(smallestPiece);
 }
 
-// Every piece has room for EOF behind what is counted as its room.
+// Every piece has additional space for EOF, which pieceRoom doesn't include.
 void EmfWriter::AddPiece(size_t pieceRoom) {
   bytes.pieces.push_back({std::unique_ptr<uint8_t[]>(new uint8_t[pieceRoom + sizeof(EmfEofRecord)]), 0});
 }
@@ -40,15 +40,16 @@ void EmfWriter::EndPiece(EmfBytes::Piece& piece) {
   bytes.size += piece.used;
 }
 
-// What doesn't fit the piece goes on in a new one, whose memory is there before the first byte is written.
+// Splits a record that doesn't fit the last piece. The new piece is allocated before the first
+// byte is written.
 void EmfWriter::AppendAcross(const void* head, size_t headSize, const void* tail, size_t tailSize) {
   const size_t wanted = headSize + tailSize;
   const size_t written = bytes.size + static_cast<size_t>(next - pieceStart);
   const size_t left = mostBytes - written;
   if (wanted > left) throw std::bad_alloc();
   const size_t growth = std::clamp(written / growthDivisor, smallestPiece, largestPiece);
-  // No piece has room beyond the largest metafile, as what fits a piece isn't looked at any more. A multiple
-  // of 4, so that records lie aligned in the next piece too.
+  // No piece may have room beyond the largest metafile, because Append checks only the room of the piece. It
+  // is a multiple of 4, so that records are aligned in the next piece too.
   const size_t pieceRoom = std::min(std::max(wanted, growth), left - Room()) & ~size_t{3};
   AddPiece(pieceRoom);
   const size_t headHere = std::min(headSize, Room());

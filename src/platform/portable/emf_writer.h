@@ -1,9 +1,5 @@
-// The bytes of an enhanced metafile while it is being recorded, and the table of its objects' indices.
+// The bytes of an enhanced metafile during recording, and the table of its object indices.
 #pragma once
-
-#include "platform/gdi.h"
-#include "platform/portable/emf_records.h"
-#include "platform/portable/gdi_object.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,31 +9,34 @@
 #include <new>
 #include <vector>
 
+#include "platform/gdi.h"
+#include "platform/portable/emf_records.h"
+#include "platform/portable/gdi_object.h"
+
 namespace hexlume {
 
-// Bytes in pieces that never move: each new piece is a fraction of what is there already, so that a metafile
-// takes little more memory than it is long, and neither growing nor closing it copies anything.
+// Bytes in pieces that never move. Each new piece is a fraction of the current size, so the memory is little
+// more than the metafile's size, and neither growing nor closing copies bytes.
 struct EmfBytes {
   struct Piece {
     std::unique_ptr<uint8_t[]> bytes;
     size_t used;
   };
   std::vector<Piece> pieces;
-  size_t size = 0;  // of what is used of the pieces that are done
+  size_t size = 0;  // sum of the used bytes of the finished pieces
 
-  // Copies all bytes to a buffer of that size at least.
+  // Copies all bytes to a buffer of at least that size.
   void CopyTo(uint8_t* buffer) const;
 };
 
-// Records appended one after the other, from the header to EOF. Without memory, or when the metafile's size
-// would exceed the largest, that of an int32, appending throws std::bad_alloc and leaves the metafile as it
-// was; it can always be finished.
+// Appends records, from the header to EOF. If memory runs out, or the metafile would exceed its largest size
+// (INT32_MAX), Append throws std::bad_alloc and leaves the metafile unchanged. Finish always succeeds.
 class EmfWriter {
  public:
   explicit EmfWriter(size_t largestMetafile = INT32_MAX);
 
-  // Appends one record, and owns size, count and growth for all: its head, a struct of emf_records.h, and a
-  // tail of variable length. The head's size field tells the sum of both, a multiple of 4.
+  // Appends one record: its head, a struct of emf_records.h, and a tail of variable length. The size field in
+  // the head must be the sum of both, a multiple of 4.
   void Append(const void* head, size_t headSize, const void* tail, size_t tailSize) {
     if (headSize + tailSize > Room()) {
       AppendAcross(head, headSize, tail, tailSize);
@@ -48,7 +47,8 @@ class EmfWriter {
     ++recordCount;
   }
 
-  // The same for a record without a tail, made in place: a copy of one just made would wait for it.
+  // Appends a record without a tail. It is constructed in place, because copying a record just
+  // built would stall.
   template <typename Record>
   void Append(Record record) {
     if (sizeof(Record) > Room()) {
@@ -61,8 +61,8 @@ class EmfWriter {
     ++recordCount;
   }
 
-  // Appends EOF, completes the header's byte and record counts, and gives the finished bytes away. The header
-  // was the first record appended.
+  // Appends EOF, sets the byte and record counts in the header, which must be the first record, and
+  // returns the bytes.
   EmfBytes Finish(EmfHeaderRecord header);
 
  private:
@@ -79,18 +79,18 @@ class EmfWriter {
     next += count;
   }
 
-  size_t mostBytes;  // before EOF
+  size_t mostBytes;  // without EOF
   EmfBytes bytes;
-  uint8_t* pieceStart = nullptr;  // of the last piece
-  uint8_t* next = nullptr;        // behind what is written in it
-  uint8_t* pieceEnd = nullptr;    // before what is kept free for EOF
+  uint8_t* pieceStart = nullptr;  // start of the last piece
+  uint8_t* next = nullptr;        // after its used bytes
+  uint8_t* pieceEnd = nullptr;    // before the space reserved for EOF
   uint32_t recordCount = 0;
 };
 
-// Which object stands under which index. Index 0 is the metafile itself.
+// Maps object indices to objects. Index 0 is the metafile itself.
 class EmfHandleTable {
  public:
-  // The lowest free index, with memory for it made; it stays free until Take. Throws std::bad_alloc.
+  // Returns the lowest free index and allocates its entry. It is free until Take. Throws std::bad_alloc.
   uint32_t NextIndex() {
     while (lowestFree < objects.size() && objects[lowestFree]) ++lowestFree;
     if (lowestFree == objects.size()) objects.push_back(nullptr);
@@ -108,16 +108,16 @@ class EmfHandleTable {
     lowestFree = std::min(lowestFree, index);
   }
 
-  // The index stays taken for ever, by no object.
+  // Marks the index as used by no object, permanently.
   void Forget(uint32_t index) noexcept { objects[index] = &nobody; }
 
-  // The object's index, 0 if it has none. Mostly it is the one that the object took last.
+  // Returns the object's index, 0 if it has none. Usually it is the object's last index.
   uint32_t IndexOf(HGDIOBJ object) const {
     const uint32_t last = object->metafileIndex;
     return last < objects.size() && objects[last] == object ? last : SearchFor(object);
   }
 
-  // As the header tells it: one more than the highest index ever taken.
+  // The count for the header: one more than the highest index ever used.
   uint32_t HandleCount() const { return handleCount; }
 
   // Calls visit(object) for each object in the table.
@@ -134,7 +134,7 @@ class EmfHandleTable {
   static GdiObject nobody;
 
   std::vector<HGDIOBJ> objects{&nobody};
-  uint32_t lowestFree = 1;  // no index below it is free
+  uint32_t lowestFree = 1;  // all indices below are in use
   uint32_t handleCount = 1;
 };
 

@@ -1,5 +1,5 @@
-// A guard is a place that the handler of a processor fault jumps back to. The handlers stand only while some
-// thread has a guard, and whatever isn't a guard's goes on to the handler that stood there before.
+// A guard is a jump target for the signal handlers of processor faults. The handlers are installed while any
+// thread has a guard; a signal outside of a guard is passed to the previous handler.
 #include "platform/fault_guard.h"
 
 #include <pthread.h>
@@ -19,22 +19,22 @@ struct Guard {
   sigjmp_buf resume;
 };
 
-// The innermost guard of this thread. In the memory that a thread has from its start: any other would be
-// allocated by the first look at it, which may be that of a handler.
+// The innermost guard of this thread. With the initial-exec model it needs no allocation on first access,
+// which can be in a signal handler.
 [[gnu::tls_model("initial-exec")]] thread_local Guard* innermost = nullptr;
 
 constexpr int faultSignals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP};
 constexpr size_t faultSignalCount = sizeof faultSignals / sizeof faultSignals[0];
 
-// The handlers that stood there before ours.
+// The handlers before ours were installed.
 struct sigaction previous[faultSignalCount];
 
 void PassOn(int signal, siginfo_t* info, void* context, const struct sigaction& handler) {
   if (handler.sa_flags & SA_SIGINFO) {
     handler.sa_sigaction(signal, info, context);
   } else if (handler.sa_handler == SIG_DFL || (handler.sa_handler == SIG_IGN && info->si_code > 0)) {
-    // Comes again behind this handler, where nothing stops it from ending the process. The system doesn't let
-    // a fault of the processor be ignored either.
+    // The signal is pending until this handler returns, and then ends the process. As the kernel does, a
+    // processor fault isn't ignored.
     ::signal(signal, SIG_DFL);
     raise(signal);
   } else if (handler.sa_handler != SIG_IGN) {
@@ -43,8 +43,7 @@ void PassOn(int signal, siginfo_t* info, void* context, const struct sigaction& 
 }
 
 void OnFault(int signal, siginfo_t* info, void* context) {
-  // Codes above 0 are the kernel's own; another process, or a thread by raise, sends the same signals without
-  // a fault.
+  // Codes above 0 come from the kernel. Another process, or raise, sends the same signals without a fault.
   if (innermost && info->si_code > 0) siglongjmp(innermost->resume, 1);
   for (size_t i = 0; i < faultSignalCount; ++i)
     if (faultSignals[i] == signal) PassOn(signal, info, context, previous[i]);
@@ -54,7 +53,7 @@ bool IsOurs(const struct sigaction& handler) {
   return (handler.sa_flags & SA_SIGINFO) && handler.sa_sigaction == OnFault;
 }
 
-// The handlers, for the whole process.
+// Installs the handlers for the whole process, and counts the threads that need them.
 class Handlers {
  public:
   void Need() {
@@ -71,30 +70,30 @@ class Handlers {
 
  private:
   static void Install(size_t i) {
-    struct sigaction standing;
-    sigaction(faultSignals[i], nullptr, &standing);
-    if (IsOurs(standing)) return;
-    previous[i] = standing;
-    // With the mask that the one before asks for, as it may be called from ours.
-    struct sigaction ours = standing;
+    struct sigaction installed;
+    sigaction(faultSignals[i], nullptr, &installed);
+    if (IsOurs(installed)) return;
+    previous[i] = installed;
+    // Uses the previous handler's mask and flags, because that handler may be called from ours.
+    struct sigaction ours = installed;
     ours.sa_sigaction = OnFault;
-    ours.sa_flags = SA_SIGINFO | SA_ONSTACK | (standing.sa_flags & (SA_NODEFER | SA_RESTART));
+    ours.sa_flags = SA_SIGINFO | SA_ONSTACK | (installed.sa_flags & (SA_NODEFER | SA_RESTART));
     sigaction(faultSignals[i], &ours, nullptr);
   }
 
-  // A handler that the host has put over ours meanwhile stays.
+  // If the host has replaced our handler in the meantime, its handler is kept.
   static void Remove(size_t i) {
-    struct sigaction standing;
-    sigaction(faultSignals[i], nullptr, &standing);
-    if (IsOurs(standing)) sigaction(faultSignals[i], &previous[i], nullptr);
+    struct sigaction installed;
+    sigaction(faultSignals[i], nullptr, &installed);
+    if (IsOurs(installed)) sigaction(faultSignals[i], &previous[i], nullptr);
   }
 
   std::mutex mutex;
   int threads = 0;
 } handlers;
 
-// What a thread needs around its outermost guard: the handlers, a stack of their own, as there is none left
-// after an overflow, and that the signals get through. All of it is as it was afterwards.
+// Prepares a thread for its outermost guard: installs the handlers, gives them an alternate stack for stack
+// overflows, and unblocks the signals. The destructor restores the previous state.
 class ThreadSetup {
  public:
   ThreadSetup() {
@@ -119,14 +118,15 @@ class ThreadSetup {
   ThreadSetup& operator=(const ThreadSetup&) = delete;
 
  private:
-  // On the thread's own stack, above all that can overflow: so it needs no memory that could run out.
+  // Part of the thread's stack, above all frames that can overflow, so that no allocation can fail.
   alignas(16) char stack[32 * 1024];
   stack_t previousStack;
   bool stackIsSet;
   sigset_t previousMask;
 };
 
-// False if a fault or an exception ended the run. In a function of its own, as the jump back spoils locals.
+// Returns false if a fault or an exception ended the run. A separate function, because the jump back makes
+// local variables indeterminate.
 [[gnu::noinline]] bool RunToReturn(void (*run)(void* context), void* context, Guard& guard) {
   if (sigsetjmp(guard.resume, 1) != 0) return false;
   innermost = &guard;

@@ -1,4 +1,4 @@
-// What a font object holds.
+// The data of a font object.
 #pragma once
 
 #include "platform/gdi.h"

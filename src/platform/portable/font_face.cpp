@@ -2,6 +2,10 @@
 
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_ADVANCES_H
+#include FT_TRUETYPE_TABLES_H
+#include FT_TRUETYPE_TAGS_H
 
 #include <algorithm>
 #include <cstddef>
@@ -12,19 +16,12 @@
 #include <vector>
 
 #include "platform/code_page_932.h"
+#include "platform/portable/gothic_families.h"
 #include "platform/portable/vertical_glyphs.h"
-#include FT_FREETYPE_H
-#include FT_ADVANCES_H
-#include FT_TRUETYPE_TABLES_H
-#include FT_TRUETYPE_TAGS_H
 
 namespace hexlume {
 
 namespace {
-
-// Japanese Gothics of fixed pitch, those preferred first.
-constexpr const char* gothicFamilies[] = {"IPAGothic", "Noto Sans Mono CJK JP", "VL Gothic", "TakaoGothic",
-                                          "IPAexGothic"};
 
 struct ConfigCloser {
   void operator()(FcConfig* config) const { FcConfigDestroy(config); }
@@ -55,7 +52,7 @@ int64_t SixtyFourths(int64_t units, int ppem, int32_t unitsPerEm) {
   return (2 * 64 * units * ppem + unitsPerEm) / (2 * unitsPerEm);
 }
 
-// Where there is no font file.
+// Used if there is no font file.
 class PlainFace : public FontFace {
  public:
   PlainFace() { measures = {1000, 880, 120, 500, 1000, true}; }
@@ -92,11 +89,10 @@ class FileFace : public FontFace {
     if (isVertical) verticalGlyphs = VerticalGlyphs(TableOf(face.get(), TTAG_GSUB));
   }
 
-  // Whether text can be measured with it at all.
+  // Whether the face has the measures that text needs.
   bool IsUsable() const { return measures.unitsPerEm > 0 && measures.ascent + measures.descent > 0; }
 
-  // In vertical text a character with a glyph of its own there, or one that stands upright, advances
-  // downward.
+  // In vertical text, a character that has a vertical glyph or is upright advances downward.
   int64_t Advance(char16_t character, int ppem) const override {
     const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
     if (!isVertical) return AdvanceAcross(glyph, ppem);
@@ -107,8 +103,8 @@ class FileFace : public FontFace {
   }
 
  private:
-  // A Japanese face of fixed pitch has two widths, of which the wider is the em, and needn't say so of
-  // itself.
+  // A Japanese face of fixed pitch has two widths, the wider of which is the em, so the font file may not be
+  // marked as fixed-width.
   bool IsFixedPitch() const {
     if (FT_IS_FIXED_WIDTH(face.get())) return true;
     const int32_t narrow = UnitsOf('i');
@@ -127,8 +123,8 @@ class FileFace : public FontFace {
     return SixtyFourths(UnitsAcross(glyph), ppem, measures.unitsPerEm);
   }
 
-  // The scaler's own: it scales a glyph's upper and lower end by themselves, so that the face's units don't
-  // give it.
+  // Asks the scaler, because it scales the top and the bottom of a glyph separately: the result differs from
+  // the scaled advance.
   int64_t AdvanceDown(FT_UInt glyph, int ppem) const {
     if (FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem)) != 0 ||
         FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) != 0)
@@ -182,8 +178,7 @@ Pattern PatternOfFamily(const std::string& family) {
   return pattern;
 }
 
-// One of the Gothics, else any Japanese font, of which those that the system has for fixed pitch come first,
-// as they do where there is none at all.
+// The pattern asks for one of the Gothics, then for any Japanese font, those of fixed pitch first.
 Pattern PatternOfGothic(FcConfig* config) {
   Pattern pattern = ScalablePattern();
   if (!pattern) return pattern;
@@ -195,7 +190,7 @@ Pattern PatternOfGothic(FcConfig* config) {
   return pattern;
 }
 
-// A family's name in Japanese, if it has one.
+// Returns a family's Japanese name, or its first name if it has none.
 std::string JapaneseNameOf(FcPattern* font) {
   FcChar8* name = nullptr;
   FcChar8* language = nullptr;
@@ -212,7 +207,7 @@ bool ComesBefore(const std::string& name, const std::string& other) {
                             reinterpret_cast<const FcChar8*>(other.c_str())) < 0;
 }
 
-// The Japanese family whose name comes first; empty without any.
+// Returns the Japanese family that is first in alphabetical order, or an empty string if there is none.
 std::string FirstJapaneseFamily(FcConfig* config) {
   const Pattern pattern = ScalablePattern();
   const ObjectSet objects(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, static_cast<const char*>(nullptr)));
@@ -231,7 +226,7 @@ bool IsVertical(const LOGFONTA& font) {
   return font.lfFaceName[0] == '@';
 }
 
-// What has no family of its own takes the first one, whatever its pitch.
+// A missing or non-Japanese family is replaced by the first Japanese one, whatever its pitch.
 Pattern PatternOfVertical(FcConfig* config, const std::string& family) {
   if (!family.empty() && IsInstalled(config, family, true)) return PatternOfFamily(family);
   const std::string first = FirstJapaneseFamily(config);
@@ -275,7 +270,7 @@ Library OpenLibrary() {
   return Library(library);
 }
 
-// Drawings name few faces.
+// Enough for the few faces that drawings use.
 constexpr size_t mostFaces = 16;
 
 struct FaceRow {
@@ -284,7 +279,8 @@ struct FaceRow {
   std::unique_ptr<FontFace> face;
 };
 
-// A configuration of our own, so that the host's is left alone. The library is closed after the faces.
+// A private configuration, so that the host's isn't changed. The library must be closed after the faces,
+// hence the order of the fields.
 struct FaceCache {
   Config config{FcInitLoadConfigAndFonts()};
   Library library = OpenLibrary();

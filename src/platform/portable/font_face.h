@@ -1,4 +1,4 @@
-// Font files: which of them stands for a LOGFONT, and what it measures.
+// The font files that replace the faces of Windows, and their measures.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,13 @@
 
 namespace hexlume {
 
-// In units of the face's own grid.
+// In font units.
 struct FaceMeasures {
   int32_t unitsPerEm;
   int32_t ascent;
   int32_t descent;
   int32_t averageWidth;
-  int32_t boxWidth;  // of the box that holds every glyph
+  int32_t boxWidth;  // width of the box around all glyphs
   bool isFixedPitch;
 };
 
@@ -23,19 +23,18 @@ class FontFace {
 
   const FaceMeasures& Measures() const { return measures; }
 
-  // A character's advance at an em of so many pixels, in 64ths of a pixel.
+  // Returns the advance of a character in 64ths of a pixel, at an em of ppem pixels.
   virtual int64_t Advance(char16_t character, int ppem) const = 0;
 
  protected:
   FaceMeasures measures = {};
 };
 
-// The face for a font: the one of its name, if that has Japanese characters where the font's set of
-// characters asks for them, otherwise a Japanese Gothic of fixed pitch, or what comes nearest to one. A name
-// with an "@" before it asks for the face of vertical text; a family that isn't there, or isn't Japanese, is
-// then replaced by the Japanese one whose name comes first in the alphabet. A system without any font has a
-// face too, whose characters fill an em or half of it. The last few faces are kept, so the reference is for
-// use at once.
+// Returns the face for a font: the installed face of its name (which must have Japanese characters if the
+// font's character set is Japanese), otherwise a Japanese Gothic of fixed pitch or the nearest match. A name
+// with a leading "@" gives a face for vertical text; if that family is missing or isn't Japanese, the first
+// Japanese family in alphabetical order is used. Without any font on the system, the face has characters of
+// an em or half an em. Only the last few faces are kept, so the reference must be used at once.
 const FontFace& FaceOf(const LOGFONTA& font);
 
 }  // namespace hexlume

@@ -1,4 +1,4 @@
-// How large a context's font comes out on the device.
+// The size of a context's font on the device.
 #pragma once
 
 #include "platform/gdi.h"
@@ -7,34 +7,33 @@
 
 namespace hexlume {
 
-// In pixels of the device.
+// In device pixels.
 struct FontMeasure {
   const FontFace* face;
-  int ppem;  // pixels of an em
+  int ppem;  // pixels per em
   int ascent;
   int descent;
   int internalLeading;
-  int naturalWidth;  // the average width as the height alone makes it
-  int averageWidth;  // and as it is drawn
+  int naturalWidth;  // average width at this height, not stretched
+  int averageWidth;  // average width as drawn
   int maxWidth;
 };
 
-// The measure of the context's font, as GDI finds it:
-// - The height is turned to whole pixels, the fraction cut; where none is left it is 16. A positive height is
-// the whole
-//   cell's and gives the em that comes nearest, but none whose cell would be higher; a negative one is the
-//   em's. An em above 65535 pixels becomes one of 1.
-// - Each measure is the face's at that em, rounded by itself.
-// - A width, cut to pixels by the scale of heights too, of at most 100 times the cell's height stretches the
-// characters to
-//   that average width.
-FontMeasure MeasureFont(const DeviceContext& dc);
+// Measures the context's font as GDI does:
+//
+// - The height is truncated to whole pixels; 0 becomes 16. A positive height is that of the cell: the em is
+//   the nearest one whose cell isn't higher. A negative height is that of the em. An em above 65535 pixels
+//   becomes 1.
+// - Each measure of the face is scaled to that em and rounded separately.
+// - The width is truncated to pixels, with the vertical scale. If it isn't 0 and at most 100 times the height
+//   of the cell, the characters are stretched to this average width.
+FontMeasure MeasureContextFont(const DeviceContext& dc);
 
-// A character's advance in pixels. In a face of fixed pitch a character as wide as the em takes an even
-// number of them.
+// Returns a character's advance in pixels. In a face of fixed pitch, a character as wide as the em gets
+// an even number.
 int CharacterPixels(const FontMeasure& measure, char16_t character);
 
-// Pixels in the context's logical units, rounded.
+// Convert pixels to the context's logical units, rounded.
 LONG LogicalWidth(const DeviceContext& dc, int pixels);
 LONG LogicalHeight(const DeviceContext& dc, int pixels);
 

@@ -14,7 +14,7 @@ constexpr int defaultCellHeight = 16;
 constexpr int largestPpem = 65535;
 constexpr int mostHeightsWide = 100;
 
-// Pixels of a logical unit. GDI holds it as a float, which decides how halves are rounded.
+// Returns the pixels per logical unit. GDI stores this as a float, which affects how halves are rounded.
 double PixelsPerUnit(const DeviceContext& dc, LONG pixels, LONG millimetres) {
   return dc.mapMode == MM_HIMETRIC ? static_cast<float>(pixels / (millimetres * 100.0)) : 1.0;
 }
@@ -27,7 +27,7 @@ double PixelsPerUnitDown(const DeviceContext& dc) {
   return PixelsPerUnit(dc, referenceDevice.pixels.cy, referenceDevice.millimetres.cy);
 }
 
-// Halves go up.
+// Rounds halves up.
 int RoundedQuotient(int64_t product, int64_t divisor) {
   const int64_t rounded = (2 * product + divisor) / (2 * divisor);
   return static_cast<int>(std::clamp<int64_t>(rounded, INT32_MIN, INT32_MAX));
@@ -45,11 +45,11 @@ int PpemOfCell(int height, const FaceMeasures& face) {
 }
 
 struct PixelSize {
-  int height;  // negative: the em's
-  int width;   // 0: what belongs to the height
+  int height;  // negative: height of the em
+  int width;   // 0: the natural width for the height
 };
 
-// The stock font is made in pixels, whatever the mode. Widths go by the scale of heights.
+// A stock font is in pixels in every map mode. Widths use the vertical scale.
 PixelSize SizeOf(const DeviceContext& dc, const LOGFONTA& font) {
   if (dc.font->stockNumber != notAStockObject) return {defaultCellHeight, 0};
   const double height = std::trunc(font.lfHeight * PixelsPerUnitDown(dc));
@@ -65,8 +65,8 @@ LONG ToLogical(int pixels, double pixelsPerUnit) {
       std::clamp(rounded, static_cast<double>(INT32_MIN), static_cast<double>(INT32_MAX)));
 }
 
-// The scaler stretches by a factor of 16 binary places, which is cut, to 64ths of a pixel, which are rounded;
-// a part of a pixel counts as a whole one. The limits are beyond any font's.
+// The stretch factor is truncated to 16 binary places, the product is rounded to 64ths of a pixel, and the
+// result is rounded up to whole pixels. The limits are beyond those of any font.
 int Stretched(const FontMeasure& measure, int64_t pixels) {
   const int64_t factor =
       std::min<int64_t>((int64_t{measure.averageWidth} << 16) / measure.naturalWidth, UINT32_MAX);
@@ -83,7 +83,7 @@ const LOGFONTA& LogFontOf(const DeviceContext& dc) {
 
 }  // namespace
 
-FontMeasure MeasureFont(const DeviceContext& dc) {
+FontMeasure MeasureContextFont(const DeviceContext& dc) {
   const LOGFONTA& font = LogFontOf(dc);
   const PixelSize size = SizeOf(dc, font);
   FontMeasure measure = {};
@@ -106,7 +106,7 @@ FontMeasure MeasureFont(const DeviceContext& dc) {
 }
 
 int CharacterPixels(const FontMeasure& measure, char16_t character) {
-  // Two roundings, the first to 64ths of a pixel, as the scaler works.
+  // Rounded twice, first to 64ths of a pixel, like the scaler.
   const int64_t natural = (measure.face->Advance(character, measure.ppem) + 32) / 64;
   if (measure.face->Measures().isFixedPitch && natural >= measure.ppem)
     return 2 * RoundedQuotient(natural * measure.averageWidth, 2LL * measure.naturalWidth);
@@ -155,7 +155,7 @@ BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
   constexpr BYTE outlines = 0x06;  // vectors, TrueType
   constexpr BYTE variablePitch = 0x01;
   constexpr BYTE swiss = 0x20;
-  const FontMeasure measure = MeasureFont(*dc);
+  const FontMeasure measure = MeasureContextFont(*dc);
   *metrics = {};
   metrics->tmHeight = LogicalHeight(*dc, measure.ascent + measure.descent);
   metrics->tmAscent = LogicalHeight(*dc, measure.ascent);

@@ -10,7 +10,7 @@ namespace hexlume {
 
 namespace {
 
-constexpr char16_t firstHalfWidth = 0xFF61;  // half-width forms of the Japanese characters
+constexpr char16_t firstHalfWidth = 0xFF61;  // first half-width form of a Japanese character
 constexpr char16_t halfWidthU = 0xFF73;
 constexpr char16_t halfWidthKa = 0xFF76;
 constexpr char16_t halfWidthTo = 0xFF84;
@@ -20,8 +20,7 @@ constexpr char16_t halfWidthVoiced = 0xFF9E;
 constexpr char16_t halfWidthSemiVoiced = 0xFF9F;
 constexpr char16_t vu = 0x30F4;
 
-// From U+FF61 on, up to the two voice marks. Those become marks that go over a character, which have no
-// bytes.
+// The full-width forms of U+FF61 to U+FF9F. The last two are combining voice marks, which have no code.
 constexpr char16_t fullWidth[] = {
     0x3002, 0x300C, 0x300D, 0x3001, 0x30FB, 0x30F2, 0x30A1, 0x30A3, 0x30A5, 0x30A7, 0x30A9, 0x30E3, 0x30E5,
     0x30E7, 0x30C3, 0x30FC, 0x30A2, 0x30A4, 0x30A6, 0x30A8, 0x30AA, 0x30AB, 0x30AD, 0x30AF, 0x30B1, 0x30B3,
@@ -35,7 +34,7 @@ char16_t FullWidth(char16_t character) {
   if (character > ' ' && character < 0x7F && character != '\\') return character + 0xFEE0;
   if (character >= firstHalfWidth && character <= halfWidthSemiVoiced)
     return fullWidth[character - firstHalfWidth];
-  if (character == 0x309B || character == 0x309C) return character - 2;  // the same two marks
+  if (character == 0x309B || character == 0x309C) return character - 2;  // combining form of the mark
   return character;
 }
 
@@ -44,12 +43,12 @@ bool IsVoiceable(char16_t katakana) {
          (katakana >= halfWidthHa && katakana <= halfWidthHo);
 }
 
-// The half-width katakana and the mark behind it as one character, 0 if they don't join.
+// Returns the half-width katakana joined with the mark after it, or 0 if they can't be joined.
 char16_t Joined(char16_t katakana, char16_t mark) {
   const char16_t plain = FullWidth(katakana);
   if (mark == halfWidthVoiced) {
     if (katakana == halfWidthU) return vu;
-    if (katakana == 0xFF66 || katakana == 0xFF9C) return plain + 8;  // wo and wa, not in the code page
+    if (katakana == 0xFF66 || katakana == 0xFF9C) return plain + 8;  // voiced wo, wa: not in code page 932
     return IsVoiceable(katakana) ? plain + 1 : 0;
   }
   if (mark == halfWidthSemiVoiced && katakana >= halfWidthHa && katakana <= halfWidthHo) return plain + 2;

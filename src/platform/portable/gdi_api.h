@@ -1,6 +1,6 @@
-// The part of GDI that the converters call, where there is no GDI: a device context that records an enhanced
-// metafile, the objects it draws with, regions and font metrics. Each function has its documented meaning,
-// for the calls that are made; what is left out of a function stands at its declaration.
+// The part of GDI that the converters call, for systems without GDI: a device context that records an
+// enhanced metafile, its objects, regions and font metrics. Each function has its documented meaning for the
+// calls that the converters make. Limitations are noted at the declarations.
 #pragma once
 
 #include <hexlume_system.h>
@@ -24,7 +24,7 @@ struct SIZE {
   LONG cy;
 };
 
-// Handles. Objects of all kinds share one base, as GDI's generic handle does.
+// Handles. All kinds of objects have one base type, like GDI's generic handle.
 struct GdiObject;
 struct DeviceContext;
 using HGDIOBJ = GdiObject*;
@@ -62,7 +62,7 @@ constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
 constexpr int SYSTEM_FONT = 13;
 
-// What GetObjectType returns.
+// Results of GetObjectType.
 constexpr DWORD OBJ_PEN = 1;
 constexpr DWORD OBJ_BRUSH = 2;
 constexpr DWORD OBJ_FONT = 6;
@@ -87,7 +87,7 @@ constexpr int RGN_XOR = 3;
 constexpr int RGN_DIFF = 4;
 constexpr int RGN_COPY = 5;
 
-// What the region calls return.
+// Results of the region calls.
 constexpr int RGN_ERROR = 0;
 constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
@@ -145,24 +145,24 @@ struct TEXTMETRICA {
   BYTE tmCharSet;
 };
 
-// Metafiles. A metafile is always in memory, so file is NULL, and has no description.
+// Metafiles. They are in memory only and have no description: file and description must be NULL.
 HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR description);
-extern "C" HENHMETAFILE CloseEnhMetaFile(HDC dc);  // exported, beside the two in hexlume_system.h
-BOOL DeleteDC(HDC dc);                             // of a metafile's context: it is given up
+extern "C" HENHMETAFILE CloseEnhMetaFile(HDC dc);  // exported, like the two in hexlume_system.h
+BOOL DeleteDC(HDC dc);                             // discards the metafile
 
 // The context.
 int SetMapMode(HDC dc, int mode);  // MM_TEXT and MM_HIMETRIC
 int SetArcDirection(HDC dc, int direction);
 int SetPolyFillMode(HDC dc, int mode);
 int SetBkMode(HDC dc, int mode);
-COLORREF SetTextColor(HDC dc, COLORREF colour);
+COLORREF SetTextColor(HDC dc, COLORREF color);
 UINT SetTextAlign(HDC dc, UINT align);
 int SetTextCharacterExtra(HDC dc, int extra);
 BOOL LPtoDP(HDC dc, POINT* points, int count);
 
 // Objects.
-HPEN CreatePen(int style, int width, COLORREF colour);
-HBRUSH CreateSolidBrush(COLORREF colour);
+HPEN CreatePen(int style, int width, COLORREF color);
+HBRUSH CreateSolidBrush(COLORREF color);
 HFONT CreateFontIndirectA(const LOGFONTA* font);
 HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight, DWORD italic,
                   DWORD underline, DWORD strikeOut, DWORD charSet, DWORD outPrecision, DWORD clipPrecision,
@@ -175,7 +175,7 @@ DWORD GetObjectType(HGDIOBJ object);
 // Strokes and shapes.
 BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);
 BOOL LineTo(HDC dc, int x, int y);
-COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF color);
 BOOL Ellipse(HDC dc, int left, int top, int right, int bottom);
 BOOL Arc(HDC dc, int left, int top, int right, int bottom, int xStart, int yStart, int xEnd, int yEnd);
 BOOL AngleArc(HDC dc, int x, int y, DWORD radius, FLOAT startAngle, FLOAT sweep);

@@ -8,7 +8,8 @@ namespace hexlume {
 
 GdiObject* freeObjects = nullptr;
 
-// They come in blocks that stay to the end: a handle always points at an object, living or deleted.
+// Allocates objects in blocks that are never freed, so a handle always points to an object,
+// living or deleted.
 void AddFreeObjects() {
   constexpr size_t blockSize = 64;
   static std::vector<std::unique_ptr<GdiObject[]>> blocks;

@@ -2,7 +2,7 @@
 
 namespace hexlume {
 
-// The library shares the C++ runtime with its host, so a plain throw reaches the host's `catch (int)`.
+// The library and its host use the same C++ runtime, so a plain throw reaches the host's `catch (int)`.
 void ThrowToHost(int32_t code) {
   throw code;
 }

@@ -1,5 +1,5 @@
-// Libraries that stay in the process when ours is unloaded: they keep memory to their end and never free it,
-// so each load and unload of them would lose some.
+// Keeps libraries loaded when ours is unloaded. They never free some of their memory, so each unload and
+// reload would leak it.
 #include <dlfcn.h>
 #include <fontconfig/fontconfig.h>
 #include <pixman.h>
@@ -8,7 +8,7 @@ namespace hexlume {
 
 namespace {
 
-// The library that a function stands in.
+// Keeps the library that contains a function.
 template <typename Function>
 void KeepLibraryOf(Function* function) {
   Dl_info library;

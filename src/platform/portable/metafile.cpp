@@ -1,8 +1,8 @@
-// Opening, closing and giving up a metafile.
-#include "platform/portable/device_context.h"
-
+// Opens, closes and discards metafiles.
 #include <memory>
 #include <new>
+
+#include "platform/portable/device_context.h"
 
 namespace hexlume {
 
@@ -23,7 +23,7 @@ EmfHeaderRecord HeaderOf(const DeviceContext& dc) {
   return header;
 }
 
-// Hundredths of a millimetre of a device coordinate. The product wraps, as GDI's does.
+// Converts a device coordinate to hundredths of a millimetre. The product wraps around, as in GDI.
 LONG FrameSide(LONG device, LONG pixels, LONG millimetres) {
   const uint32_t product = static_cast<uint32_t>(device) * static_cast<uint32_t>(millimetres * 100);
   return static_cast<LONG>(product) / pixels;

@@ -1,7 +1,7 @@
-// The settings of a context.
-#include "platform/portable/device_context.h"
-
+// The modes of a context.
 #include <utility>
+
+#include "platform/portable/device_context.h"
 
 using namespace hexlume;
 
@@ -11,7 +11,7 @@ void AppendMode(DeviceContext& dc, EmfType type, uint32_t mode) {
   dc.writer.Append(EmfModeRecord{type, sizeof(EmfModeRecord), mode});
 }
 
-// Records and sets one of two values; 0 for any other.
+// Records and sets one of two values. Returns 0 for any other value.
 int SetOneOf(HDC dc, EmfType type, int first, int second, int& setting, int value) {
   if (value != first && value != second) return 0;
   AppendMode(*dc, type, static_cast<uint32_t>(value));
@@ -20,7 +20,7 @@ int SetOneOf(HDC dc, EmfType type, int first, int second, int& setting, int valu
 
 }  // namespace
 
-// A mode that isn't set is recorded all the same.
+// Modes that aren't supported are recorded, but not set.
 int SetMapMode(HDC dc, int mode) {
   if (!IsOpen(dc)) return 0;
   AppendMode(*dc, emrSetMapMode, static_cast<uint32_t>(mode));
@@ -44,11 +44,11 @@ int SetBkMode(HDC dc, int mode) {
   return SetOneOf(dc, emrSetBkMode, TRANSPARENT, OPAQUE, dc->bkMode, mode);
 }
 
-COLORREF SetTextColor(HDC dc, COLORREF colour) {
-  constexpr COLORREF noColour = 0xFFFFFFFF;
-  if (!IsOpen(dc)) return noColour;
-  AppendMode(*dc, emrSetTextColor, colour);
-  return std::exchange(dc->textColour, colour);
+COLORREF SetTextColor(HDC dc, COLORREF color) {
+  constexpr COLORREF noColor = 0xFFFFFFFF;
+  if (!IsOpen(dc)) return noColor;
+  AppendMode(*dc, emrSetTextColor, color);
+  return std::exchange(dc->textColor, color);
 }
 
 UINT SetTextAlign(HDC dc, UINT align) {
@@ -59,7 +59,7 @@ UINT SetTextAlign(HDC dc, UINT align) {
   return std::exchange(dc->textAlign, align & kept);
 }
 
-// Isn't recorded: it shows in the distances of the characters of a text.
+// Not recorded: it changes the character spacing of texts.
 int SetTextCharacterExtra(HDC dc, int extra) {
   constexpr int noExtra = 0x8000000;
   if (!IsOpen(dc)) return noExtra;

@@ -4,8 +4,8 @@
 
 namespace hexlume {
 
-// The library lies in a folder of shared libraries, where no host has ever left it a file. What stands beside
-// it there belongs to others and must not be deleted by a load, so it tells no place.
+// The library is in a folder of shared libraries, where a file of the same name with another extension isn't
+// its own and must not be deleted when it is loaded. So no path is given.
 bool ModuleFileName(char*, size_t) {
   return false;
 }

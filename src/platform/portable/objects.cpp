@@ -1,16 +1,16 @@
-// Pens, brushes and stock objects, and how objects of all kinds are selected and deleted.
-#include "platform/portable/device_context.h"
-
+// Pens, brushes and stock objects; selection and deletion of objects of all kinds.
 #include <array>
 #include <cstdint>
 #include <new>
 #include <utility>
 
+#include "platform/portable/device_context.h"
+
 namespace hexlume {
 
 namespace {
 
-// "System" as Windows has it where code page 932 is the ANSI one.
+// The system font of Windows when code page 932 is the ANSI code page.
 constexpr FontData systemFont = {{18, 8, 0, 0, FW_NORMAL, 0, 0, 0, SHIFTJIS_CHARSET, 0, 0, 0, 34, "System"}};
 
 constexpr int stockObjectCount = SYSTEM_FONT + 1;
@@ -40,7 +40,7 @@ bool IsLiving(HGDIOBJ object) {
   return object && !DataOf<std::monostate>(object);
 }
 
-// An object that went while a record still names it keeps its index from being given to another.
+// If a metafile still has a record of the object, its index isn't reused.
 void Release(HGDIOBJ object) {
   for (DeviceContext* dc = newestContext; dc && object->recordedIn != 0; dc = dc->older) {
     if (const uint32_t index = dc->handles.IndexOf(object)) {
@@ -55,7 +55,7 @@ void Deselect(HGDIOBJ object) {
   if (--object->selectedIn == 0 && object->deletedWhileSelected) Release(object);
 }
 
-// The record is appended before anything changes, so that without memory all is as it was.
+// The record is appended first, so that nothing has changed if memory runs out.
 HGDIOBJ SelectInto(DeviceContext& dc, HGDIOBJ& selected, HGDIOBJ object) {
   const uint32_t index = RecordedIndex(dc, object);
   dc.writer.Append(EmfObjectRecord{emrSelectObject, sizeof(EmfObjectRecord), index});
@@ -66,7 +66,7 @@ HGDIOBJ SelectInto(DeviceContext& dc, HGDIOBJ& selected, HGDIOBJ object) {
   return before;
 }
 
-// An object can always be deleted: without memory the metafile lacks the record, and the index stays taken.
+// Deleting never fails: without memory the metafile lacks the record, and the index isn't reused.
 void AppendDelete(DeviceContext& dc, HGDIOBJ object) noexcept {
   const uint32_t index = dc.handles.IndexOf(object);
   if (index == 0) return;
@@ -90,17 +90,17 @@ void LeaveObjects(DeviceContext& dc) {
 
 using namespace hexlume;
 
-// Styles that need more than a style to be told are solid lines.
-HPEN CreatePen(int style, int width, COLORREF colour) {
+// Styles that need more than this call's arguments become solid lines.
+HPEN CreatePen(int style, int width, COLORREF color) {
   constexpr int insideFrame = 6;
   if (style == PS_NULL) return GetStockObject(NULL_PEN);
   const bool isKnown = (style >= PS_SOLID && style <= PS_DASHDOTDOT) || style == insideFrame;
   const int magnitude = width < 0 && width != INT32_MIN ? -width : width;
-  return NewObject(PenData{isKnown ? style : PS_SOLID, magnitude, colour});
+  return NewObject(PenData{isKnown ? style : PS_SOLID, magnitude, color});
 }
 
-HBRUSH CreateSolidBrush(COLORREF colour) {
-  return NewObject(BrushData{BS_SOLID, colour});
+HBRUSH CreateSolidBrush(COLORREF color) {
+  return NewObject(BrushData{BS_SOLID, color});
 }
 
 HGDIOBJ GetStockObject(int object) {
@@ -115,7 +115,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
   if (DataOf<BrushData>(object)) return SelectInto(*dc, dc->brush, object);
   if (DataOf<FontData>(object)) return SelectInto(*dc, dc->font, object);
   if (!DataOf<RegionData>(object)) return nullptr;
-  // A region is selected as the clip region, and what comes back is its complexity.
+  // Selecting a region sets the clip region and returns its complexity.
   return reinterpret_cast<HGDIOBJ>(static_cast<intptr_t>(ExtSelectClipRgn(dc, object, RGN_COPY)));
 }
 
@@ -132,7 +132,7 @@ BOOL DeleteObject(HGDIOBJ object) {
   return 1;
 }
 
-// 0 for what is no object, or a deleted one.
+// Returns 0 for NULL and for a deleted object.
 DWORD GetObjectType(HGDIOBJ object) {
   constexpr DWORD types[] = {0, OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_REGION};  // in the order of ObjectData
   return object ? types[object->data.index()] : 0;

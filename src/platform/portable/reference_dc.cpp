@@ -2,7 +2,7 @@
 
 namespace hexlume {
 
-// There is no printer whose driver could be asked: the metafile's own reference device serves.
+// There are no printer drivers, so the metafile's own reference device is used.
 HDC DefaultPrinterDC() {
   return nullptr;
 }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int64_t mostCombinedBoxes = 2 * static_cast<int64_t>(mostRegionBoxes);
 
-// Walks down the rows of a region.
+// Iterates over the rows of a region from top to bottom.
 struct RowWalk {
   explicit RowWalk(const pixman_region32_t& region) {
     int count = 0;
@@ -30,13 +30,13 @@ struct RowWalk {
     boxes = next - row;
   }
 
-  // Up to y, which is no farther down than the row's end.
+  // Moves down to y, which must not be below the end of the current row.
   void MoveTo(int32_t y) {
     top = y;
     if (!IsDone() && row->y2 <= y) Step();
   }
 
-  // Where what the row at top holds changes next.
+  // Returns where the content changes next below top.
   int32_t Bottom() const {
     if (IsDone()) return INT32_MAX;
     return top < row->y1 ? row->y1 : row->y2;
@@ -47,12 +47,12 @@ struct RowWalk {
   const pixman_box32_t* row = nullptr;
   const pixman_box32_t* next = nullptr;
   const pixman_box32_t* end = nullptr;
-  int64_t boxes = 0;  // in the row
+  int64_t boxes = 0;  // number of rectangles in the row
   int32_t top = INT32_MIN;
 };
 
-// A row of the result lies between two changes in those of the regions, and has at most the rectangles of
-// both.
+// The result changes only where one of the two regions does, and a row of it has at most the rectangles of
+// both, so their sum is an upper limit.
 bool CanCombine(const pixman_region32_t& first, const pixman_region32_t& second) {
   RowWalk a(first);
   RowWalk b(second);
@@ -123,7 +123,8 @@ void RegionData::Swap(RegionData& other) noexcept {
   std::swap(rows, other.rows);
 }
 
-// Where one of the two is the result, it is taken as it stands.
+// If the result equals one of the two regions, that one is used without change, so that its rows
+// may remain apart.
 bool RegionData::TakeUnchanged(const RegionData& first, const RegionData& second, int mode) {
   const bool isFirst = (mode != RGN_AND && second.IsEmpty()) ||
                        (mode == RGN_DIFF && !DoOverlap(first.region.extents, second.region.extents));
@@ -162,7 +163,7 @@ RECT RegionData::Box() const {
   return {extents.x1, extents.y1, extents.x2, extents.y2};
 }
 
-// Rows that are apart are those of an ellipse, with one rectangle each.
+// Separate rows are those of an ellipse, with one rectangle each.
 std::vector<pixman_box32_t> RegionData::Boxes() const {
   int count = 0;
   const pixman_box32_t* const joined = pixman_region32_rectangles(&region, &count);

@@ -1,4 +1,4 @@
-// What a region object holds.
+// The data of a region object.
 #pragma once
 
 #include <pixman.h>
@@ -11,14 +11,13 @@
 
 namespace hexlume {
 
-// A set of pixels as rectangles in rows, from the top and in each row from the left. Right and bottom are
-// exclusive. Equal rows are one, but GDI leaves the rows of an ellipse apart until the region is combined
-// with another that changes it. Whatever needs memory throws std::bad_alloc without it and leaves the region
-// as it was.
+// A set of pixels as rectangles in rows, from top to bottom and left to right, right and bottom exclusive.
+// Equal rows are joined, except those of an ellipse, which GDI keeps separate until the region is changed by
+// a combination. If memory runs out, throws std::bad_alloc and leaves the region unchanged.
 class RegionData {
  public:
   RegionData() noexcept;
-  explicit RegionData(const RECT& box) noexcept;  // an empty box makes an empty region
+  explicit RegionData(const RECT& box) noexcept;  // an empty box gives an empty region
   enum class Rows { joined, apart };
   explicit RegionData(const std::vector<RECT>& boxes, Rows rows = Rows::joined);
   RegionData(const RegionData& other);
@@ -26,14 +25,15 @@ class RegionData {
   RegionData& operator=(RegionData other) noexcept;
   ~RegionData();
 
-  // Makes this first and second by one of the RGN_ modes but RGN_COPY; each of them may be this. False, with
-  // nothing changed, for another mode or if the result could get far more rectangles than a region may have.
+  // Sets this to the combination of first and second, either of which may be this. mode is RGN_AND, RGN_OR,
+  // RGN_XOR or RGN_DIFF. Returns false, with nothing changed, for any other mode, or if the result could have
+  // far more rectangles than mostRegionBoxes.
   bool Combine(const RegionData& first, const RegionData& second, int mode);
 
-  // NULLREGION, SIMPLEREGION or COMPLEXREGION.
+  // Returns NULLREGION, SIMPLEREGION or COMPLEXREGION.
   int Complexity() const;
 
-  RECT Box() const;  // zeros if it is empty
+  RECT Box() const;  // zeros if the region is empty
 
   std::vector<pixman_box32_t> Boxes() const;
   size_t BoxCount() const;

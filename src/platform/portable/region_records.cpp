@@ -1,4 +1,4 @@
-// The calls that record a region.
+// The functions that record a region.
 #include <cstdint>
 #include <utility>
 
@@ -54,11 +54,11 @@ RECT Inclusive(const RECT& box) {
   return {box.left, box.top, box.right - 1, box.bottom - 1};
 }
 
-// Each fill makes a brush of its own, which nothing ever deletes or names again.
+// As in GDI, each fill creates a brush of its own, which is never deleted or used again.
 uint32_t AppendBrush(DeviceContext& dc, const BrushData& brush) {
   const uint32_t index = dc.handles.NextIndex();
   dc.writer.Append(EmfCreateBrushRecord{emrCreateBrushIndirect, sizeof(EmfCreateBrushRecord), index,
-                                        brush.style, brush.colour, 0});
+                                        brush.style, brush.color, 0});
   GdiObject noObject;
   dc.handles.Take(index, &noObject);
   dc.handles.Forget(index);
@@ -93,7 +93,7 @@ int RemoveClip(DeviceContext& dc) {
   return SIMPLEREGION;
 }
 
-// Without a clip region the whole device is combined with.
+// Without a clip region, the whole device is the first operand.
 int CombineClip(Clip& clip, const RegionData& region, int mode) {
   RegionData result =
       clip.isSet ? clip.region : RegionData({0, 0, referenceDevice.pixels.cx, referenceDevice.pixels.cy});

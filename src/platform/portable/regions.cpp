@@ -1,29 +1,9 @@
-#include <algorithm>
 #include <utility>
 #include <vector>
 
+#include "platform/ellipse_scan.h"
 #include "platform/polygon_scan.h"
-#include "platform/portable/ellipse_scan.h"
 #include "platform/portable/gdi_object.h"
-
-namespace hexlume {
-
-namespace {
-
-RECT Ordered(int left, int top, int right, int bottom) {
-  return {std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
-}
-
-// GDI takes the ellipse's last column and row off, even from a box without any.
-bool WithoutLastPixels(RECT& box) {
-  if (box.right == INT32_MIN || box.bottom == INT32_MIN) return false;
-  box = Ordered(box.left, box.top, box.right - 1, box.bottom - 1);
-  return true;
-}
-
-}  // namespace
-
-}  // namespace hexlume
 
 using namespace hexlume;
 
@@ -34,14 +14,13 @@ HRGN CreatePolygonRgn(const POINT* points, int count, int fillMode) {
 }
 
 HRGN CreateEllipticRgn(int left, int top, int right, int bottom) {
-  RECT box = Ordered(left, top, right, bottom);
   std::vector<RECT> boxes;
-  if (!WithoutLastPixels(box) || !ScanEllipse(box, boxes)) return nullptr;
+  if (!ScanEllipse(OrderedBox(left, top, right, bottom), boxes)) return nullptr;
   return NewObject(RegionData(boxes, RegionData::Rows::apart));
 }
 
 HRGN CreateRectRgn(int left, int top, int right, int bottom) {
-  return NewObject(RegionData(Ordered(left, top, right, bottom)));
+  return NewObject(RegionData(OrderedBox(left, top, right, bottom)));
 }
 
 int CombineRgn(HRGN destination, HRGN first, HRGN second, int mode) {

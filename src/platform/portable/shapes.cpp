@@ -1,16 +1,16 @@
-// What is drawn into a box, and what is drawn through points.
-#include "platform/portable/arc_bounds.h"
-#include "platform/portable/device_context.h"
-
+// Ellipses, arcs, Bezier curves and polygons.
 #include <algorithm>
 #include <cstdint>
 #include <vector>
+
+#include "platform/portable/arc_bounds.h"
+#include "platform/portable/device_context.h"
 
 using namespace hexlume;
 
 namespace {
 
-// Any two opposite corners as a box with left <= right and top <= bottom.
+// Returns the box of two opposite corners, with left <= right and top <= bottom.
 RECT Sorted(int left, int top, int right, int bottom) {
   return {std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
 }
@@ -19,7 +19,7 @@ bool IsEmpty(const RECT& box) {
   return box.left == box.right || box.top == box.bottom;
 }
 
-// A box that isn't empty, as records tell it: right and bottom belong to it.
+// Makes right and bottom inclusive, as in records. The box must not be empty.
 RECT Inclusive(const RECT& box) {
   return {box.left, box.top, box.right - 1, box.bottom - 1};
 }
@@ -55,7 +55,7 @@ void AppendPoints(DeviceContext& dc, EmfType type, const RECT& box, DWORD count,
   dc.writer.Append(&record, sizeof record, points, size);
 }
 
-// Points in 16 bits where all fit. The record's box is that of the points as they are, in logical units.
+// Records the points in 16 bits if all of them fit. The record's box is that of the points, in logical units.
 void AppendPoly(DeviceContext& dc, EmfType type, EmfType type16, const POINT* points, DWORD count) {
   const RECT box = BoxOf(points, count);
   if (FitsIn16Bits(box)) {
@@ -88,7 +88,7 @@ BOOL Arc(HDC dc, int left, int top, int right, int bottom, int xStart, int yStar
   return 1;
 }
 
-// Curves with a point too few or too many are recorded, but fail and don't move the position.
+// A wrong number of points is recorded, but the call fails and doesn't move the current position.
 BOOL PolyBezier(HDC dc, const POINT* points, DWORD count) {
   if (!IsOpen(dc) || (!points && count != 0)) return 0;
   AppendPoly(*dc, emrPolyBezier, emrPolyBezier16, points, count);

@@ -10,10 +10,10 @@ namespace hexlume {
 
 namespace {
 
-// The stack that a thread was given, from its low end, which it grows towards.
+// The stack of a thread: its low end, towards which it grows, and its size.
 struct Stack {
   uintptr_t low = 0;
-  size_t size = 0;  // 0 where the system doesn't tell
+  size_t size = 0;  // 0 if the system doesn't report it
 };
 
 Stack StackOfThread() {
@@ -30,14 +30,14 @@ Stack StackOfThread() {
 }  // namespace
 
 bool HasStackRoom() {
-  // Asked for once, as the system reads a file of its own for the main thread's.
+  // Determined once per thread, because for the main thread it reads a file of the system.
   thread_local const Stack stack = StackOfThread();
   const auto here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
-  // A host may run on a stack of its own, whose end nobody knows.
+  // On a stack that a host has made itself, the end isn't known.
   if (here < stack.low || here - stack.low >= stack.size) return true;
   constexpr size_t reserve = 64 * 1024;
   if (here - stack.low <= std::min(reserve, stack.size / 4)) return false;
-  // Where the system sets a stack no limit, this is one.
+  // A limit for stacks that the system doesn't limit.
   constexpr size_t mostUsed = 64 * 1024 * 1024;
   return stack.low + stack.size - here < mostUsed;
 }

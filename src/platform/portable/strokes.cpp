@@ -1,8 +1,8 @@
 // Moves, lines, points and curves.
+#include <algorithm>
+
 #include "platform/portable/arc_bounds.h"
 #include "platform/portable/device_context.h"
-
-#include <algorithm>
 
 using namespace hexlume;
 
@@ -22,16 +22,16 @@ BOOL LineTo(HDC dc, int x, int y) {
   return 1;
 }
 
-// A metafile has no pixels, so there is no colour to be returned.
-COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour) {
-  constexpr COLORREF noColour = 0xFFFFFFFF;
-  if (!IsOpen(dc)) return noColour;
-  dc->writer.Append(EmfSetPixelRecord{emrSetPixelV, sizeof(EmfSetPixelRecord), {x, y}, colour});
+// A metafile has no pixels, so there is no colour to return.
+COLORREF SetPixel(HDC dc, int x, int y, COLORREF color) {
+  constexpr COLORREF noColor = 0xFFFFFFFF;
+  if (!IsOpen(dc)) return noColor;
+  dc->writer.Append(EmfSetPixelRecord{emrSetPixelV, sizeof(EmfSetPixelRecord), {x, y}, color});
   AddLogicalBounds(*dc, {x, y, x, y});
-  return noColour;
+  return noColor;
 }
 
-// A circle without a radius, or one whose radius is no int32, is recorded, but draws nothing and fails.
+// A radius of 0, or one that doesn't fit an int32, is recorded, but draws nothing and fails.
 BOOL AngleArc(HDC dc, int x, int y, DWORD radius, FLOAT startAngle, FLOAT sweep) {
   if (!IsOpen(dc)) return 0;
   dc->writer.Append(

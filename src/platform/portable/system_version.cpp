@@ -2,7 +2,7 @@
 
 namespace hexlume {
 
-// The portable GDI draws arcs as every Windows does but version 4.10, so it tells a version of today.
+// The portable GDI draws arcs like all versions of Windows except 4.10, so this reports a current one.
 SystemVersion GetSystemVersion() {
   return {10, 0};
 }

@@ -19,7 +19,7 @@ struct EmfTextRecord {
   uint32_t size;
   RECT bounds;  // logical units
   uint32_t graphicsMode;
-  float scaleAcross;  // hundredths of a millimetre of a logical unit
+  float scaleAcross;  // hundredths of a millimetre per logical unit
   float scaleDown;
   POINT reference;
   uint32_t count;
@@ -67,7 +67,7 @@ int32_t Limited(int64_t value) {
   return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
-// At the ends of the plane boxes wrap around, as Windows' do.
+// Boxes wrap around at the limits of int32, as in Windows.
 int32_t Wrapped(int64_t value) {
   return static_cast<int32_t>(static_cast<uint32_t>(value));
 }
@@ -78,8 +78,8 @@ struct TextSize {
   int64_t descent;
 };
 
-// Where the text's box lies about its reference point. The box isn't turned with the text, and reaches down
-// from the point in logical units, so in MM_HIMETRIC upwards.
+// Returns the bounds of a text from its reference point. As in GDI they aren't rotated with the text, and
+// extend towards larger y, which is upward in MM_HIMETRIC.
 RECT TextBounds(const DeviceContext& dc, int64_t x, int64_t y, const TextSize& size) {
   int64_t left = x;
   int64_t right = x + size.width + 1;
@@ -125,7 +125,7 @@ float ScaleOf(const DeviceContext& dc, LONG pixels, LONG millimetres, float inHi
 }
 
 void AppendText(DeviceContext& dc, POINT reference, const std::u16string& text) {
-  const FontMeasure font = MeasureFont(dc);
+  const FontMeasure font = MeasureContextFont(dc);
   const std::vector<int32_t> advances = Advances(dc, font, text);
   EmfTextRecord record = {};
   record.type = emrExtTextOutW;
@@ -187,7 +187,7 @@ void AppendCreateFont(DeviceContext& dc, uint32_t index, const FontData& fontDat
 using namespace hexlume;
 
 BOOL TextOutA(HDC dc, int x, int y, LPCSTR text, int length) {
-  // Longer than any record.
+  // More than fits a record.
   constexpr int longestText = 1 << 26;
   if (!IsOpen(dc) || length < 0 || length > longestText) return 0;
   AppendText(*dc, {x, y}, text ? Utf16Text(text, static_cast<size_t>(length)) : std::u16string());

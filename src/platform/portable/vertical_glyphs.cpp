@@ -20,10 +20,10 @@ constexpr UnitRange uprightCharacters[] = {
 
 constexpr size_t tagLength = 4;
 
-// More than any font needs: a table that names the same glyphs over and over is left there.
+// More than any font needs. Ends the reading of a table that repeats glyphs endlessly.
 constexpr size_t mostSteps = 1 << 20;
 
-// The table GSUB of a font file: words of high byte first, which are offsets, counts and glyphs.
+// Reads the GSUB table of a font file: 16-bit big-endian words, which are offsets, counts and glyphs.
 class SubstitutionTable {
  public:
   SubstitutionTable(const std::vector<uint8_t>& bytes, std::map<uint32_t, uint32_t>& substitutes)
@@ -39,7 +39,7 @@ class SubstitutionTable {
   }
 
  private:
-  // 0 beyond the table's end.
+  // Returns 0 beyond the end of the table.
   size_t WordAt(size_t place) const {
     return place + 2 <= table.size() ? static_cast<size_t>(table[place] << 8 | table[place + 1]) : 0;
   }
@@ -48,8 +48,8 @@ class SubstitutionTable {
     return place + tagLength <= table.size() && std::memcmp(&table[place], tag, tagLength) == 0;
   }
 
-  // 0 if there is none, as for a feature. The default script has small letters to GDI: under "DFLT", as fonts
-  // have it, it isn't found.
+  // Returns the offset of the Japanese or the default script, 0 if there is neither. GDI looks for the
+  // default script as "dflt", so it doesn't find the "DFLT" of fonts.
   size_t FindScript() const {
     const size_t scripts = WordAt(4);
     const size_t count = WordAt(scripts);
@@ -62,7 +62,7 @@ class SubstitutionTable {
     return script;
   }
 
-  // Of the script's default language.
+  // Returns the offset of the vertical feature of the script's default language, 0 if there is none.
   size_t FindFeature() const {
     const size_t script = FindScript();
     if (script == 0 || WordAt(script) == 0) return 0;
@@ -86,7 +86,7 @@ class SubstitutionTable {
       AddSubstitution(lookup + WordAt(lookup + 6 + 2 * i));
   }
 
-  // The glyphs that it is for are in a list (format 1) or in ranges (format 2).
+  // The glyphs of a substitution are a list (format 1) or ranges (format 2).
   void AddSubstitution(size_t subtable) {
     const size_t coverage = subtable + WordAt(subtable + 2);
     const size_t count = WordAt(coverage + 2);
@@ -106,8 +106,7 @@ class SubstitutionTable {
       AddGlyph(subtable, firstIndex + glyph - first, glyph);
   }
 
-  // Format 1 adds a number to the glyph's own, format 2 has a list. Of several for one glyph the first
-  // counts.
+  // Format 1 adds a number to the glyph, format 2 has a list. The first substitution of a glyph wins.
   void AddGlyph(size_t subtable, size_t index, size_t glyph) {
     const size_t operand = WordAt(subtable + 4);
     size_t substitute = glyph;

@@ -1,4 +1,4 @@
-// Vertical text: which glyphs a font file has for it, and which characters stand upright in it.
+// Vertical text: the glyphs of a font file for it, and which characters are upright in it.
 #pragma once
 
 #include <cstdint>
@@ -7,17 +7,17 @@
 
 namespace hexlume {
 
-// Whether the character stands upright in vertical text. All others are turned with the line.
+// Whether the character is upright in vertical text. All others are rotated with the line.
 bool StandsUpright(char16_t character);
 
-// The glyphs that take the place of others in vertical text, by the feature "vrt2" or "vert" that a font's
-// table GSUB has for Japanese. As in GDI only substitutions of one glyph by one count.
+// The substitutions of glyphs in vertical text: the feature "vrt2" or "vert" for Japanese in a font's GSUB
+// table. As in GDI, only substitutions of one glyph by one glyph are used.
 class VerticalGlyphs {
  public:
   VerticalGlyphs() = default;
   explicit VerticalGlyphs(const std::vector<uint8_t>& gsubTable);
 
-  // The glyph in vertical text: the same where the font has no other.
+  // Returns the glyph for vertical text, or the same glyph if the font has no substitution.
   uint32_t Of(uint32_t glyph) const;
 
  private:

@@ -1,6 +1,6 @@
-// A guard is a frame of structured handling: the system's functions get the faults first that they raise and
-// handle themselves, and the other threads of the host never meet it. Only a stack overflow is taken
-// beforehand, by a vectored handler, as structured handling needs some KB of stack that needn't be left.
+// A guard is a frame of structured exception handling. So functions of the system handle their own faults
+// first, and other threads of the host aren't affected. Only stack overflows are caught earlier, by a
+// vectored handler, because structured handling needs some KB of stack that may not be left.
 #include "platform/fault_guard.h"
 
 #include <intrin.h>
@@ -32,7 +32,7 @@ class FloatingPointControl {
  public:
   FloatingPointControl() : sse(_mm_getcsr()) { asm volatile("fnstcw %0" : "=m"(x87)); }
 
-  // Empties the x87 registers too: a fault in the middle of a computation leaves them in use.
+  // Empties the x87 registers too, which are in use after a fault in the middle of a computation.
   void Restore() const {
     asm volatile("fninit\n\tfldcw %0" ::"m"(x87));
     _mm_setcsr(sse);
@@ -48,7 +48,7 @@ __attribute__((noinline)) void RunToReturn(Guard* guard) noexcept {
     guard->run(guard->context);
     guard->returned = true;
   } catch (...) {
-    // That it didn't return says enough.
+    // guard->returned is still false.
   }
 }
 
@@ -58,10 +58,10 @@ __attribute__((noinline)) void RunToReturn(Guard* guard) noexcept {
 
 #ifdef __x86_64__
 
-// Goes on after the call when a fault has ended it.
+// Calls run(guard). Returns also if a fault has ended the call.
 extern "C" void RunUnderHandler(void (*run)(Guard*), Guard* guard) asm("HexlumeRunUnderHandler");
 
-// One scope, whose filter is the constant EXCEPTION_EXECUTE_HANDLER.
+// RunUnderHandler has one scope, with the constant filter EXCEPTION_EXECUTE_HANDLER.
 asm(R"(
         .text
         .p2align 4
@@ -100,7 +100,7 @@ __attribute__((noinline)) void RunResumable(Guard* guard) {
 void GoOnWith(Guard* guard, CONTEXT* context) {
   context->Rip = reinterpret_cast<DWORD64>(Resume);
   context->Rcx = reinterpret_cast<DWORD64>(guard);
-  // As if called: room for the return address and four parameters.
+  // Simulates a call: room for the return address and four parameters.
   context->Rsp = reinterpret_cast<DWORD64>(guard->scratch + sizeof guard->scratch - 40);
 }
 
@@ -115,7 +115,7 @@ EXCEPTION_DISPOSITION OnException(EXCEPTION_RECORD* exception, void* frame, CONT
   if (exception->ExceptionFlags & (EXCEPTION_UNWINDING | EXCEPTION_EXIT_UNWIND))
     return ExceptionContinueSearch;
   RtlUnwind(frame, nullptr, exception, nullptr);
-  // RtlUnwind keeps no register but ebp.
+  // RtlUnwind preserves ebp only.
   asm volatile("" ::: "ebx", "esi", "edi");
   Resume(static_cast<Registration*>(frame)->guard);
 }
@@ -161,7 +161,7 @@ void RunGuarded(void (*run)(void* context), void* context) {
   if (handler) RemoveVectoredExceptionHandler(handler);
   if (guard.returned) return;
   control.Restore();
-  // Without its guard page back, the next overflow would end the process.
+  // Restores the guard page. Without it the next overflow would end the process.
   if (guard.stackOverflowed) _resetstkoflw();
   throw faultCode;
 }

@@ -8,8 +8,8 @@ namespace hexlume {
 
 namespace {
 
-// What the system's own compilers tell about an object that is thrown; the layout is that of their header
-// ehdata.h. A field that points is an address on x86 and an offset from the image on x64.
+// The description of a thrown object as the system's own compilers generate it, in the layout of their header
+// ehdata.h. Pointer fields are addresses on x86 and offsets from the image base on x64.
 
 struct TypeDescriptor {
   const void* typeInfoTable;
@@ -53,7 +53,7 @@ uint32_t Place(const void* object) {
 }  // namespace
 
 void ThrowToHost(int32_t code) {
-  // All of it outlives this call: a host reads it after our frames are gone.
+  // Static, because a host reads all of it after the library's frames are gone.
   static int32_t thrown;
   static TypeDescriptor intType = {nullptr, nullptr, ".H"};
   static CatchableType catchable;

@@ -5,7 +5,7 @@
 namespace hexlume {
 
 bool ModuleFileName(char* path, size_t size) {
-  // Under another name the library must not be mistaken for its host, whose files are none of its business.
+  // Checked by name: if the library has another name, the file of the host must not be taken for it.
   const HMODULE module = GetModuleHandleA("Hexlume.dll");
   if (!module) return false;
   const DWORD length = GetModuleFileNameA(module, path, static_cast<DWORD>(size));

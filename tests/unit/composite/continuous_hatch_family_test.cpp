@@ -195,8 +195,8 @@ TEST(ContinuousHatchFamily, a_start_right_of_the_left_edge_slides_down_its_line)
 
 TEST(ContinuousHatchFamily, the_second_row_of_a_line_that_slid_counts_from_the_base) {
   // A boundary from (10, 10) to (60, 50) on a sheet of 300 x 200, and a base 5 right of its corner. X: 1500 +
-  // 424.26 = 1924.26, and so on to 5742.6, 10 rows after the first at 1000. The second pass: from -19499 + 212 +
-  // 212 = -19075; then Y: -19000 + 424.26 = -18575.74, to -15181.66, 9 rows.
+  // 424.26 = 1924.26, and so on to 5742.6, 10 rows after the first at 1000. The second pass: from -19499 +
+  // 212 + 212 = -19075; then Y: -19000 + 424.26 = -18575.74, to -15181.66, 9 rows.
   const std::string lines = List(Family(45, -212.13, 212.13, 1500, -19000), {1000, -15000, 6000, -19000});
   const std::string first = Line(1000, -19499, 6000, -14500) + Line(1924, -19499, 6000, -15424);
   EXPECT_EQ(lines.substr(0, first.size()), first);

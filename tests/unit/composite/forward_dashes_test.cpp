@@ -294,11 +294,11 @@ TEST(ForwardDashes, the_sign_of_the_offset_is_that_before_it_loses_its_fraction)
 TEST(ForwardDashes, a_base_far_away_is_rewound_at_once) {
   // A million periods of 300 to the right of the first of these tests: the first pass is the same; in the
   // second each of the 14 rows begins right of the edge and has one dash.
-  const std::string near = List({0, 1000, -19000, -200, 300, {200, -100}}, boundary);
-  const std::string far = List({0, 300001000, -19000, -200, 300, {200, -100}}, boundary);
-  const size_t secondPass = far.find("MoveToEx(300001000, -19000)");
-  EXPECT_EQ(far.substr(0, secondPass), near.substr(0, secondPass));
-  EXPECT_EQ(CountDashes(far), 1 + 217 + 14);
+  const std::string nearBase = List({0, 1000, -19000, -200, 300, {200, -100}}, boundary);
+  const std::string farBase = List({0, 300001000, -19000, -200, 300, {200, -100}}, boundary);
+  const size_t secondPass = farBase.find("MoveToEx(300001000, -19000)");
+  EXPECT_EQ(farBase.substr(0, secondPass), nearBase.substr(0, secondPass));
+  EXPECT_EQ(CountDashes(farBase), 1 + 217 + 14);
 }
 
 TEST(ForwardDashes, rows_that_would_never_end_stop_outside_the_extent) {

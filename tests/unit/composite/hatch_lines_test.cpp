@@ -20,7 +20,7 @@ class HatchLinesTest : public ConverterTest {
   // The listing of a pattern's groups over an extent of 1000 x 600 units.
   std::string Fill(const std::string& groups) {
     stream = StreamOf(groups);
-    return ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 5); });
+    return ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 5}); });
   }
 };
 
@@ -98,12 +98,13 @@ TEST_F(HatchLinesTest, the_base_is_truncated_as_a_sum) {
 TEST_F(HatchLinesTest, lengths_are_scaled_as_the_drawing_is) {
   state.drawScale = 2.0;
   // The base (100, -900), dashes of 150 and gaps of 100, rows 450 apart; rewound to -150. The second pass
-  // starts at -1350.
-  const auto row = [](int32_t y) {
-    return Line(-150, y, 0, y) + Line(100, y, 250, y) + Line(350, y, 500, y) + Line(600, y, 750, y) +
-           Line(850, y, 1000, y);
+  // starts at (100, -1350), not rewound.
+  const auto rowFrom100 = [](int32_t y) {
+    return Line(100, y, 250, y) + Line(350, y, 500, y) + Line(600, y, 750, y) + Line(850, y, 1000, y);
   };
-  EXPECT_EQ(Fill("53 0\n43 2\n44 2\n45 0\n46 9\n79 2\n49 3\n49 -2\n"), row(-900) + row(-450) + row(-1350));
+  EXPECT_EQ(Fill("53 0\n43 2\n44 2\n45 0\n46 9\n79 2\n49 3\n49 -2\n"),
+            Line(-150, -900, 0, -900) + rowFrom100(-900) + Line(-150, -450, 0, -450) + rowFrom100(-450) +
+                rowFrom100(-1350));
 }
 
 TEST_F(HatchLinesTest, other_groups_dont_count) {
@@ -214,7 +215,7 @@ TEST_F(HatchLinesTest, a_pattern_too_dense_is_cut_off_and_read_to_its_end) {
   const std::string dense = "53 0\n43 0\n44 0\n45 0\n46 0.0000000001\n79 0\n";
   stream = StreamOf(dense + OneRow("45", "79 0\n") + "98 1\n0 LINE\n");
   const HDC canvas = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-  FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0);
+  FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0});
   EXPECT_EQ(state.groupCode, 98);
   const HENHMETAFILE metafile = CloseEnhMetaFile(canvas);
   // Two records of 16 bytes each, a header and an end.
@@ -228,7 +229,7 @@ TEST_F(HatchLinesTest, a_pattern_cut_off_anywhere_ends) {
   for (size_t length = 0; length <= whole.size(); ++length) {
     stream = StreamOf(whole);
     stream.bytes.resize(stream.bytes.size() - length);
-    ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0); });
+    ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0}); });
   }
 }
 
@@ -241,7 +242,7 @@ TEST_F(HatchLinesTest, absurd_scales_and_numbers_end) {
                                  "\n46 " + value + "\n79 1\n49 " + value + "\n79 0\n";
       stream = StreamOf(family);
       const HDC canvas = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-      FillHatchLines(stream, canvas, 0, -400, 1000, -1000, 0);
+      FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0});
       DeleteEnhMetaFile(CloseEnhMetaFile(canvas));
     }
   }

@@ -32,7 +32,7 @@ class CircleCutTest : public ConverterTest {
 
   // What the view leaves of the circle.
   AngleRange Cut(const ViewRect& by, const AngleRange& uncut = {0.0, 360.0}) {
-    return CutToView(by, PlaceCircle(5000.0, 5000.0, 1000.0), 1000.0, uncut);
+    return CutCircleToView(by, PlaceCircle(5000.0, 5000.0, 1000.0), 1000.0, uncut);
   }
 };
 
@@ -211,20 +211,20 @@ TEST_F(CircleCutTest, a_row_that_is_no_number_overwrites_one_before_it) {
 TEST_F(CircleCutTest, a_circle_without_a_radius_stays_whole) {
   const SheetCircle point = PlaceCircle(5000.0, 5000.0, 0.0);
   // A cap of 0 of 0, and one of -1000.
-  ExpectRange(0.0, 360.0, CutToView({5001, 0, farRight, farDown}, point, 0.0, {0.0, 360.0}));
-  ExpectRange(0.0, 360.0, CutToView({6000, 0, farRight, farDown}, point, 0.0, {0.0, 360.0}));
-  ExpectRange(0.0, 360.0, CutToView({0, 0, farRight, farDown}, point, 0.0, {0.0, 360.0}));
+  ExpectRange(0.0, 360.0, CutCircleToView({5001, 0, farRight, farDown}, point, 0.0, {0.0, 360.0}));
+  ExpectRange(0.0, 360.0, CutCircleToView({6000, 0, farRight, farDown}, point, 0.0, {0.0, 360.0}));
+  ExpectRange(0.0, 360.0, CutCircleToView({0, 0, farRight, farDown}, point, 0.0, {0.0, 360.0}));
 }
 
 TEST_F(CircleCutTest, a_radius_that_the_sheet_can_not_hold_is_cut_without_a_fault) {
   const double radius = 1e300;
-  CutToView({0, 0, farRight, farDown}, PlaceCircle(5000.0, 5000.0, radius), radius, {0.0, 360.0});
-  ExpectRange(
-      0.0, 360.0,
-      CutToView({5001, 0, farRight, farDown}, PlaceCircle(5000.0, 5000.0, HUGE_VAL), HUGE_VAL, {0.0, 360.0}));
+  CutCircleToView({0, 0, farRight, farDown}, PlaceCircle(5000.0, 5000.0, radius), radius, {0.0, 360.0});
+  ExpectRange(0.0, 360.0,
+              CutCircleToView({5001, 0, farRight, farDown}, PlaceCircle(5000.0, 5000.0, HUGE_VAL), HUGE_VAL,
+                              {0.0, 360.0}));
   // A sheet's coordinate can't be negated, and a depth wraps around.
-  CutToView({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, PlaceCircle(1e300, -1e300, 1e12), 1e12,
-            {0.0, 360.0});
+  CutCircleToView({INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, PlaceCircle(1e300, -1e300, 1e12), 1e12,
+                  {0.0, 360.0});
 }
 
 }  // namespace

@@ -153,15 +153,15 @@ TEST_F(PortableFont, only_a_vertical_face_advances_downward) {
   if (!isMeasuredFace) GTEST_SKIP() << "IPAGothic isn't installed";
   const FontFace& level = FaceOf(Font(0, 0, "IPAPGothic"));
   const FontFace& vertical = FaceOf(Font(0, 0, "@IPAPGothic"));
-  // GDI's answers under Wine at an em of 16 pixels: the degree sign, the section sign, a quotation mark and a
-  // letter.
-  EXPECT_EQ((level.Advance(0x00B0, 16) + 32) / 64, 5);
-  EXPECT_EQ((vertical.Advance(0x00B0, 16) + 32) / 64, 15);
-  EXPECT_EQ((level.Advance(0x00A7, 16) + 32) / 64, 9);
-  EXPECT_EQ((vertical.Advance(0x00A7, 16) + 32) / 64, 15);
-  EXPECT_EQ((level.Advance(0x2018, 16) + 32) / 64, 6);
-  EXPECT_EQ((vertical.Advance(0x2018, 16) + 32) / 64, 15);
-  EXPECT_EQ(vertical.Advance('A', 16), level.Advance('A', 16));
+  // GDI's answers under Wine for a height of 16 pixels, an em of 16 * 2048 / 2203 = 15: the degree sign, the
+  // section sign, a quotation mark and a letter.
+  EXPECT_EQ((level.Advance(0x00B0, 15) + 32) / 64, 5);
+  EXPECT_EQ((vertical.Advance(0x00B0, 15) + 32) / 64, 15);
+  EXPECT_EQ((level.Advance(0x00A7, 15) + 32) / 64, 9);
+  EXPECT_EQ((vertical.Advance(0x00A7, 15) + 32) / 64, 15);
+  EXPECT_EQ((level.Advance(0x2018, 15) + 32) / 64, 6);
+  EXPECT_EQ((vertical.Advance(0x2018, 15) + 32) / 64, 15);
+  EXPECT_EQ(vertical.Advance('A', 15), level.Advance('A', 15));
 }
 
 // GDI's answers under Wine.

@@ -388,8 +388,7 @@ TEST_F(LayerTableTest, a_name_of_several_keywords_ends_on_the_state_of_its_last_
 }
 
 TEST_F(LayerTableTest, without_line_types_every_layer_is_solid) {
-  for (const LtypeKeyword& keyword : ltypeKeywords)
-    EXPECT_EQ("solid", OfLayer({keyword.name})) << keyword.name;
+  for (const KnownLtype& known : knownLtypes) EXPECT_EQ("solid", OfLayer({known.keyword})) << known.keyword;
 }
 
 TEST_F(LayerTableTest, a_hit_without_a_record_leaves_the_pattern) {

@@ -13,6 +13,7 @@
 #include "support/metafile_canvas.h"
 #include "support/mtext_calls.h"
 #include "support/text_groups.h"
+#include "text/mtext_codes.h"
 
 namespace hexlume::mtext_test {
 namespace {

@@ -1,0 +1,79 @@
+# The Debian packages, which cpack makes of the components of the installation.
+target_link_options(hexlume_options INTERFACE -Wl,-z,relro,-z,now)
+
+set(HEXLUME_MAINTAINER "The Hexlume developers <maintainers@hexlume.example>")
+set(HEXLUME_CHANGELOG ${CMAKE_BINARY_DIR}/changelog.gz)
+execute_process(
+  COMMAND ${CMAKE_SOURCE_DIR}/scripts/debian_changelog.sh ${HEXLUME_MAINTAINER}
+  COMMAND gzip -9nc
+  OUTPUT_FILE ${HEXLUME_CHANGELOG} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND gzip -9nc ${CMAKE_SOURCE_DIR}/docs/hexlume.1
+  OUTPUT_FILE ${CMAKE_BINARY_DIR}/hexlume.1.gz COMMAND_ERROR_IS_FATAL ANY)
+install(FILES ${CMAKE_BINARY_DIR}/hexlume.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+
+# The tool holds the reader of its options, whose licence is asked for in copies too.
+file(READ LICENSE HEXLUME_LICENCE)
+file(READ /usr/share/doc/libcxxopts-dev/copyright HEXLUME_CXXOPTS_LICENCE)
+file(WRITE ${CMAKE_BINARY_DIR}/licences/library "${HEXLUME_LICENCE}")
+file(WRITE ${CMAKE_BINARY_DIR}/licences/development "${HEXLUME_LICENCE}")
+file(WRITE ${CMAKE_BINARY_DIR}/licences/tool
+  "${HEXLUME_LICENCE}\n\nhexlume contains cxxopts, of which Debian's package says:\n\n${HEXLUME_CXXOPTS_LICENCE}")
+
+function(hexlume_debian_package component name)
+  install(FILES ${CMAKE_BINARY_DIR}/licences/${component}
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} RENAME copyright COMPONENT ${component})
+  install(FILES ${HEXLUME_CHANGELOG} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component})
+endfunction()
+hexlume_debian_package(tool hexlume)
+hexlume_debian_package(library libhexlume1)
+hexlume_debian_package(development libhexlume-dev)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME hexlume)
+set(CPACK_PACKAGE_CONTACT ${HEXLUME_MAINTAINER})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_COMPONENTS_ALL tool library development)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/lib)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME hexlume)
+set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOL_DESCRIPTION "converter of DXF drawings to enhanced metafiles
+hexlume converts drawings in ASCII DXF to enhanced metafiles (EMF), and to
+pictures in PNG, SVG and PDF. It draws a part of a sheet, turned, in colour
+or black, and lists what a metafile holds.")
+
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libhexlume1)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+file(WRITE ${CMAKE_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_BINARY_DIR}/triggers)
+# Texts are measured with a Japanese Gothic font.
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "fonts-ipafont-gothic")
+set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "libraries that turn DXF drawings into enhanced metafiles
+Hexlume reads a drawing in ASCII DXF group by group and draws each entity at
+once into an enhanced metafile (EMF): the same picture as on Windows, stroke
+for stroke.
+
+This package has the libraries: libhexlume for programs that know its nine
+functions from Windows, libhexlume_host for all others.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libhexlume-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "libraries that turn DXF drawings into enhanced metafiles - development
+Hexlume reads a drawing in ASCII DXF group by group and draws each entity at
+once into an enhanced metafile (EMF): the same picture as on Windows, stroke
+for stroke.
+
+This package has headers, files for CMake and pkg-config, documents, and
+examples of hosts in several languages.")
+include(CPack)

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Writes CHANGELOG.md in the form that Debian packages have: scripts/debian_changelog.sh "NAME <ADDRESS>"
+# A release is a heading "## VERSION (DATE)", a change an item of a list, which may go on in indented lines.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+awk -v maintainer="$1" '
+  function close_release() {
+    if (version == "") return
+    print ""
+    ("LC_ALL=C date -u -R -d " day) | getline stamp
+    print " -- " maintainer "  " stamp
+  }
+  /^## / {
+    close_release()
+    if (version != "") print ""
+    version = $2
+    day = substr($3, 2, length($3) - 2)
+    print "hexlume (" version ") unstable; urgency=medium\n"
+  }
+  /^- / { print "  * " substr($0, 3) }
+  /^  / { print "    " substr($0, 3) }
+  END { close_release() }
+' CHANGELOG.md

@@ -1,0 +1,26 @@
+// Where the bytes of a drawing come from.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+namespace hexlume {
+
+class TextSource {
+ public:
+  virtual ~TextSource() = default;
+
+  // Stores the next bytes and returns their number, which is less than size only at the end.
+  virtual size_t Read(char* buffer, size_t size) = 0;
+
+  // Whether a read has failed.
+  virtual bool HasFailed() const = 0;
+};
+
+// Opens what a conversion's path names; null if it can't be opened.
+using SourceOpener = std::unique_ptr<TextSource> (*)(const char* path);
+
+// The path of a file, unless the host library has set its own opener.
+extern SourceOpener openSource;
+
+}  // namespace hexlume
