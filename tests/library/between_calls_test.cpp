@@ -54,9 +54,9 @@ class BetweenCalls : public testing::Test {
   int32_t code = -1;
 };
 
-std::string Stroke(const std::string& frame, const std::string& colour, const std::string& from,
+std::string Stroke(const std::string& frame, const std::string& color, const std::string& from,
                    const std::string& to) {
-  return "Frame(" + frame + ")\nSetMapMode(MM_HIMETRIC)\nCreatePen(1, PS_SOLID, 0, " + colour +
+  return "Frame(" + frame + ")\nSetMapMode(MM_HIMETRIC)\nCreatePen(1, PS_SOLID, 0, " + color +
          ")\nSelectObject(1)\nMoveToEx(" + from + ")\nLineTo(" + to +
          ")\nSelectObject(BLACK_PEN)\nDeleteObject(1)\n";
 }

@@ -17,7 +17,7 @@ using Numbers = std::vector<int32_t>;
 
 struct Layer {
   const char* name;
-  int32_t colour;     // negative: switched off
+  int32_t color;      // negative: switched off
   int32_t flags = 0;  // 1: frozen
 };
 

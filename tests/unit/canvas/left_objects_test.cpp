@@ -37,15 +37,15 @@ class LeftObjectsTest : public ConverterTest {
   ~LeftObjectsTest() override { DeleteLeftObjects(); }
 
   // An arc about (5000, -5000) from (6000, -5000).
-  void Draw(Canvas canvas, int32_t colour) {
-    stream = StreamOf("62 " + std::to_string(colour) + "\n10 50\n20 50\n40 10\n50 0\n51 90\n");
+  void Draw(Canvas canvas, int32_t color) {
+    stream = StreamOf("62 " + std::to_string(color) + "\n10 50\n20 50\n40 10\n50 0\n51 90\n");
     DrawBlockArc({RunOn(canvas)});
   }
   // One that starts outside the view, and is dropped.
-  void Drop(Canvas canvas, int32_t colour) {
+  void Drop(Canvas canvas, int32_t color) {
     const ViewRect whole = view;
     view = {0, 0, 100, 100};
-    Draw(canvas, colour);
+    Draw(canvas, color);
     view = whole;
   }
   static HFONT LeaveFont(Canvas canvas) {

@@ -34,9 +34,9 @@ class DimInsertHatchTest : public ConverterTest {
   double blockOriginY = 0.0;
 };
 
-std::string Filled(COLORREF colour, const std::string& corners) {
-  return "CreatePen(1, PS_SOLID, 0, " + HexOf(colour) +
-         ")\nSelectObject(1)\nCreateBrushIndirect(2, BS_SOLID, " + HexOf(colour) +
+std::string Filled(COLORREF color, const std::string& corners) {
+  return "CreatePen(1, PS_SOLID, 0, " + HexOf(color) +
+         ")\nSelectObject(1)\nCreateBrushIndirect(2, BS_SOLID, " + HexOf(color) +
          ", 0)\nSelectObject(2)\nSetPolyFillMode(ALTERNATE)\nPolygon(" + corners +
          ")\nSelectObject(BLACK_PEN)\nSelectObject(WHITE_BRUSH)\nDeleteObject(1)\nDeleteObject(2)\n";
 }
@@ -133,7 +133,7 @@ TEST_F(DimInsertHatchTest, it_takes_the_colour_that_stands_in_dim_color) {
   state.blockColor = 1;
   EXPECT_EQ(Filled(blue, triangle), Draw("62 3\n" + arrowhead));
   state.dimColor = -1;
-  EXPECT_EQ(Filled(countColour, triangle), Draw(arrowhead));
+  EXPECT_EQ(Filled(countColor, triangle), Draw(arrowhead));
 }
 
 TEST_F(DimInsertHatchTest, with_monochrome_on_it_is_black) {

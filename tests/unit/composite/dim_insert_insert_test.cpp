@@ -14,8 +14,8 @@ namespace {
 const std::string slanted = LineOf(Ends(10, 90, 30, 80));
 const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(10, 90, 30, 80));
 
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color = black, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
 
 // From (1000, 2000) to (2000, 1000) in hundredths of the model, from the block's origin.
@@ -161,7 +161,7 @@ TEST_F(DimInsertInsertTest, its_colour_is_mapped) {
   EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 2\n"));
   EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 7\n"));
   EXPECT_EQ(SlantedStroke(black), Draw("2 A\n62 6\n62 0\n"));
-  EXPECT_EQ(SlantedStroke(countColour), Draw("2 A\n62 -1\n"));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("2 A\n62 -1\n"));
 }
 
 TEST_F(DimInsertInsertTest, without_a_colour_it_hands_black_on) {

@@ -16,8 +16,8 @@ constexpr int32_t dimensionColor = 6;  // magenta
 const std::string slanted = LineOf(Ends(10, 90, 30, 80));
 const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(10, 90, 30, 80));
 
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color = black, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
 
 // From (1000, 2000) to (2000, 1000) in hundredths of the model, from the block's origin.
@@ -194,7 +194,7 @@ TEST_F(DimInsertTest, on_layer_0_of_a_dimension_on_an_unknown_layer_its_colour_i
   EXPECT_EQ(-1, ColorOf("8 0\n"));
   // The line's own -1 gives way to the insert's, which is -1 as well.
   AddBlock("B", LineOf("62 -1\n8 DOORS\n" + Ends(10, 90, 30, 80)));
-  EXPECT_EQ(SlantedStroke(countColour, 3), Draw("8 0\n2 B\n"));
+  EXPECT_EQ(SlantedStroke(countColor, 3), Draw("8 0\n2 B\n"));
 }
 
 TEST_F(DimInsertTest, a_colour_of_minus_1_in_front_of_a_known_layer_gives_way_to_the_dimensions) {

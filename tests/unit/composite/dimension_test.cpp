@@ -18,8 +18,8 @@ namespace {
 const std::string slanted = LineOf(Ends(10, 90, 30, 80));
 const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(10, 90, 30, 80));
 
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color = black, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
 
 class DimensionTest : public BlockStreamTest {

@@ -39,21 +39,21 @@ const char region[] = "1000, -2000, 3000, -1000, 1, -2000..-1000:1000..3000";
 // On a device of 1024 points on 27100 units and 768 on 20300: 37.79 and 113.36, 37.83 and 75.67.
 const char deviceRegion[] = "38, 38, 113, 76, 1, 38..76:38..113";
 
-std::string InTools(COLORREF colour, const std::string& calls) {
-  return "CreatePen(1, PS_SOLID, 0, " + HexOf(colour) +
-         ")\nSelectObject(1)\nCreateBrushIndirect(2, BS_SOLID, " + HexOf(colour) + ", 0)\nSelectObject(2)\n" +
+std::string InTools(COLORREF color, const std::string& calls) {
+  return "CreatePen(1, PS_SOLID, 0, " + HexOf(color) +
+         ")\nSelectObject(1)\nCreateBrushIndirect(2, BS_SOLID, " + HexOf(color) + ", 0)\nSelectObject(2)\n" +
          calls + "SelectObject(BLACK_PEN)\nSelectObject(WHITE_BRUSH)\nDeleteObject(1)\nDeleteObject(2)\n";
 }
 
-std::string Filled(COLORREF colour, const std::string& filled = region) {
-  return InTools(colour,
-                 "CreateBrushIndirect(3, BS_SOLID, " + HexOf(colour) + ", 0)\nFillRgn(3, " + filled + ")\n");
+std::string Filled(COLORREF color, const std::string& filled = region) {
+  return InTools(color,
+                 "CreateBrushIndirect(3, BS_SOLID, " + HexOf(color) + ", 0)\nFillRgn(3, " + filled + ")\n");
 }
 
 // Without any lines.
-std::string Clipped(COLORREF colour, const std::string& clip = deviceRegion) {
-  return InTools(colour, "ExtSelectClipRgn(RGN_AND, " + clip +
-                             ")\nExtSelectClipRgn(RGN_COPY)\nSetMapMode(MM_HIMETRIC)\n");
+std::string Clipped(COLORREF color, const std::string& clip = deviceRegion) {
+  return InTools(color, "ExtSelectClipRgn(RGN_AND, " + clip +
+                            ")\nExtSelectClipRgn(RGN_COPY)\nSetMapMode(MM_HIMETRIC)\n");
 }
 
 const std::string solid = "2 SOLID\n" + rectangle + "75 0\n";
@@ -131,7 +131,7 @@ TEST_F(HatchTest, its_colour_is_mapped) {
 }
 
 TEST_F(HatchTest, a_negative_colour_is_no_crash) {
-  EXPECT_EQ(Filled(countColour), Draw("62 -1\n" + solid));
+  EXPECT_EQ(Filled(countColor), Draw("62 -1\n" + solid));
   EXPECT_EQ(Filled(black), Draw("62 -5\n" + solid));
 }
 

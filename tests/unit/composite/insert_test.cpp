@@ -17,8 +17,8 @@ const std::string slanted = LineOf(Ends(10, 90, 30, 80));
 // The same one with the colour of the insert.
 const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(10, 90, 30, 80));
 
-std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color = black, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
 
 // From (1000, 2000) to (2000, 1000) in hundredths of the model, from the block's origin.
@@ -108,7 +108,7 @@ TEST_F(InsertTest, on_layer_0_it_hands_that_layer_on) {
 TEST_F(InsertTest, an_unknown_layer_is_handed_on_and_leaves_the_colour) {
   state.entColor = 4;
   // The block's line finds no layer of that name, and its colour stays at -1.
-  EXPECT_EQ(SlantedStroke(countColour), Draw("8 GONE\n2 A\n"));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("8 GONE\n2 A\n"));
   EXPECT_STREQ("GONE", state.insertLayer);
   EXPECT_EQ(4, state.entColor);
 }
@@ -154,7 +154,7 @@ TEST_F(InsertTest, without_a_layer_and_a_colour_that_of_the_entity_before_it_cou
 }
 
 TEST_F(InsertTest, a_negative_colour_is_handed_on) {
-  EXPECT_EQ(SlantedStroke(countColour), Draw("8 WALLS\n62 -1\n2 A\n"));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("8 WALLS\n62 -1\n2 A\n"));
   EXPECT_EQ(SlantedStroke(black), Draw("8 WALLS\n62 -5\n2 A\n"));
 }
 

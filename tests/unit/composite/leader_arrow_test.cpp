@@ -19,19 +19,19 @@ namespace {
 const std::string toLeft = "10 50\n20 50\n10 30\n20 50\n";
 const char toLeftPath[] = "MoveToEx(5000, -5000)\nLineTo(3000, -5000)\nLineTo(3000, -5000)\n";
 
-std::string LeaderToLeft(COLORREF colour = black, int32_t width = 0) {
-  return InPen(colour, toLeftPath, width);
+std::string LeaderToLeft(COLORREF color = black, int32_t width = 0) {
+  return InPen(color, toLeftPath, width);
 }
 
 // The blocks' lines, each with another end, as their leader has them unturned at (5000, -5000) at scale 1.
 const std::string openLine = LineOf("8 0\n" + Ends(0, 0, 10, -5));
 const std::string dotLine = LineOf("8 0\n" + Ends(0, 0, 10, -7));
 
-std::string Open(COLORREF colour = countColour, int32_t width = 0) {
-  return Stroke(colour, 5000, -5000, 6000, -5500, width);
+std::string Open(COLORREF color = countColor, int32_t width = 0) {
+  return Stroke(color, 5000, -5000, 6000, -5500, width);
 }
 std::string Dot() {
-  return Stroke(countColour, 5000, -5000, 6000, -5700);
+  return Stroke(countColor, 5000, -5000, 6000, -5700);
 }
 
 class LeaderArrowTest : public BlockStreamTest {
@@ -213,7 +213,7 @@ TEST_F(LeaderArrowTest, a_size_of_2_5_and_a_scale_of_10_in_1_to_5_give_a_block_s
   AddStyle("LARGE", "_OPEN", "", 2.5, 10);
   state.scaleDenominator = 5;
   // (1000, -500) times 5.
-  EXPECT_EQ(LeaderToLeft() + Stroke(countColour, 5000, -5000, 10000, -7500), Draw("3 LARGE\n" + toLeft));
+  EXPECT_EQ(LeaderToLeft() + Stroke(countColor, 5000, -5000, 10000, -7500), Draw("3 LARGE\n" + toLeft));
   EXPECT_EQ(5.0, state.insertScaleX);
   EXPECT_EQ(5.0, state.insertScaleY);
 }
@@ -222,12 +222,12 @@ TEST_F(LeaderArrowTest, a_denominator_leaves_the_fraction) {
   AddStyle("SMALL", "_OPEN", "", 1, 3);
   state.scaleDenominator = 2;
   // (1000, -500) times 1.5.
-  EXPECT_EQ(LeaderToLeft() + Stroke(countColour, 5000, -5000, 6500, -5750), Draw("3 SMALL\n" + toLeft));
+  EXPECT_EQ(LeaderToLeft() + Stroke(countColor, 5000, -5000, 6500, -5750), Draw("3 SMALL\n" + toLeft));
 }
 
 TEST_F(LeaderArrowTest, a_style_without_an_arrow_sets_the_scale_too) {
   AddStyle("ARROWLESS", "", "", 3, 2);
-  EXPECT_EQ(LeaderToLeft() + Stroke(countColour, 5000, -5000, 11000, -8000),
+  EXPECT_EQ(LeaderToLeft() + Stroke(countColor, 5000, -5000, 11000, -8000),
             Draw("3 ARROWLESS\n" + toLeft + "1000 _OPEN\n"));
 }
 
@@ -235,14 +235,14 @@ TEST_F(LeaderArrowTest, an_unknown_style_leaves_the_scales_as_they_are) {
   state.insertScaleX = 2.0;
   state.insertScaleY = 3.0;
   for (const char* style : {"3 GONE\n", "3 by_name\n", "3 \n", ""})
-    EXPECT_EQ(LeaderToLeft() + Stroke(countColour, 5000, -5000, 7000, -6500),
+    EXPECT_EQ(LeaderToLeft() + Stroke(countColor, 5000, -5000, 7000, -6500),
               Draw(style + toLeft + "1000 _OPEN\n"))
         << style;
 }
 
 TEST_F(LeaderArrowTest, a_style_without_a_size_draws_its_arrow_to_a_point) {
   AddStyle("SIZELESS", "_OPEN", "", 0, 5);
-  EXPECT_EQ(LeaderToLeft() + Stroke(countColour, 5000, -5000, 5000, -5000), Draw("3 SIZELESS\n" + toLeft));
+  EXPECT_EQ(LeaderToLeft() + Stroke(countColor, 5000, -5000, 5000, -5000), Draw("3 SIZELESS\n" + toLeft));
 }
 
 TEST_F(LeaderArrowTest, a_denominator_of_0_does_no_harm) {
@@ -302,14 +302,14 @@ TEST_F(LeaderArrowTest, a_leader_whose_second_vertex_is_outside_has_one) {
 TEST_F(LeaderArrowTest, it_is_cut_to_the_view) {
   view = {0, 0, 5500, 10000};
   // Halfway.
-  EXPECT_EQ(LeaderToLeft() + Stroke(countColour, 5000, -5000, 5500, -5250), Draw("3 BY_NAME\n" + toLeft));
+  EXPECT_EQ(LeaderToLeft() + Stroke(countColor, 5000, -5000, 5500, -5250), Draw("3 BY_NAME\n" + toLeft));
 }
 
 TEST_F(LeaderArrowTest, on_a_turned_sheet_it_is_turned_along) {
   state.rotated = 1;
   // 20000 - X and -10000 - Y; a line's ends swap.
   EXPECT_EQ(InPen(black, "MoveToEx(15000, -5000)\nLineTo(17000, -5000)\nLineTo(17000, -5000)\n") +
-                Stroke(countColour, 14000, -4500, 15000, -5000),
+                Stroke(countColor, 14000, -4500, 15000, -5000),
             Draw("3 BY_NAME\n" + toLeft));
 }
 
@@ -359,7 +359,7 @@ TEST_F(LeaderArrowTest, a_block_on_a_leg_up_points_down) {
   // (1000, -500) turned by -90 degrees is (-500, -1000), and the line is sorted. Y: 4000.5 - 10000 and 5000.5
   // - 10000, cut.
   EXPECT_EQ(InPen(black, "MoveToEx(5000, -4999)\nLineTo(5000, -2999)\nLineTo(5000, -2999)\n") +
-                Stroke(countColour, 4500, -5999, 5000, -4999),
+                Stroke(countColor, 4500, -5999, 5000, -4999),
             Draw("3 BY_NAME\n10 50\n20 50\n10 50\n20 70\n"));
 }
 
@@ -368,7 +368,7 @@ TEST_F(LeaderArrowTest, a_block_on_a_leg_to_the_right_points_to_the_left) {
   state.shiftY = 0.5;
   // (1000, -500) turned by 180 degrees is (-1000, 500). Y: 5500.5 - 10000.
   EXPECT_EQ(InPen(black, "MoveToEx(5000, -4999)\nLineTo(7000, -4999)\nLineTo(7000, -4999)\n") +
-                Stroke(countColour, 4000, -4499, 5000, -4999),
+                Stroke(countColor, 4000, -4499, 5000, -4999),
             Draw("3 BY_NAME\n10 50\n20 50\n10 70\n20 50\n"));
 }
 
@@ -461,10 +461,10 @@ TEST_F(LeaderArrowTest, scales_and_angle_are_left_but_an_insert_behind_it_starts
 }
 
 TEST_F(LeaderArrowTest, without_a_known_style_it_has_the_scale_of_the_insert_before) {
-  EXPECT_EQ(Stroke(black, 2000, -7000, 4000, -9700) + LeaderToLeft() +
-                Stroke(countColour, 5000, -5000, 7000, -6500),
-            DrawSection("0 INSERT\n8 GONE\n2 PLAIN\n10 20\n20 30\n41 2\n42 3\n0 LEADER\n" + toLeft +
-                        "1000 _OPEN\n"));
+  EXPECT_EQ(
+      Stroke(black, 2000, -7000, 4000, -9700) + LeaderToLeft() + Stroke(countColor, 5000, -5000, 7000, -6500),
+      DrawSection("0 INSERT\n8 GONE\n2 PLAIN\n10 20\n20 30\n41 2\n42 3\n0 LEADER\n" + toLeft +
+                  "1000 _OPEN\n"));
 }
 
 // Bad input.

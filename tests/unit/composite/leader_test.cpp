@@ -24,8 +24,8 @@ std::string Path(const Places& places) {
   return calls;
 }
 
-std::string Leader(const Places& places, COLORREF colour = black, int32_t width = 0) {
-  return InPen(colour, Path(places), width);
+std::string Leader(const Places& places, COLORREF color = black, int32_t width = 0) {
+  return InPen(color, Path(places), width);
 }
 
 size_t Count(const std::string& listing, const std::string& call) {
@@ -191,7 +191,7 @@ TEST_F(LeaderTest, a_colour_behind_the_first_vertex_comes_too_late) {
 }
 
 TEST_F(LeaderTest, the_colour_minus_1_is_the_count_of_colours_and_others_below_0_are_black) {
-  EXPECT_EQ(Leader(bentPlaces, countColour), Draw("62 -1\n" + bent));
+  EXPECT_EQ(Leader(bentPlaces, countColor), Draw("62 -1\n" + bent));
   EXPECT_EQ(Leader(bentPlaces, black), Draw("8 WALLS\n62 -5\n" + bent));
 }
 

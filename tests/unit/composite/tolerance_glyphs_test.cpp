@@ -58,7 +58,7 @@ TEST_F(ToleranceGlyphsTest, its_colour_is_that_of_ent_color) {
   state.blockColor = 3;
   EXPECT_EQ(InPen(cyan, "MoveToEx(5200, -6500)\nLineTo(6300, -6500)\n"), Draw('u'));
   state.entColor = -1;
-  EXPECT_EQ(InPen(countColour, ""), Draw('q'));
+  EXPECT_EQ(InPen(countColor, ""), Draw('q'));
 }
 
 TEST_F(ToleranceGlyphsTest, it_stands_at_ent_x_and_ent_y_and_leaves_them) {

@@ -51,13 +51,13 @@ std::string Character(int x, const std::string& text) {
   return ToleranceCharacter(700, x, -2400, text);
 }
 
-std::string Box(int right, COLORREF colour = black) {
-  return ToleranceBox(colour, 5000, -2500, right, -1500);
+std::string Box(int right, COLORREF color = black) {
+  return ToleranceBox(color, 5000, -2500, right, -1500);
 }
 
 // The symbol "u", 1500 wide, in the first row.
-std::string Straightness(int x, COLORREF colour = black) {
-  return Stroke(colour, x + 200, -2000, x + 1300, -2000);
+std::string Straightness(int x, COLORREF color = black) {
+  return Stroke(color, x + 200, -2000, x + 1300, -2000);
 }
 
 // Text.

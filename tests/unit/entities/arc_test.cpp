@@ -29,13 +29,13 @@ class ArcTest : public ConverterTest {
 
   // The listing of an arc of centre (5000, -5000), radius 1000 and these angles, walked in dashes within the
   // pen that stands around it.
-  std::string Dashed(COLORREF colour, double startAngle, double sweep, int32_t slot, int32_t count,
+  std::string Dashed(COLORREF color, double startAngle, double sweep, int32_t slot, int32_t count,
                      int32_t family, int32_t mirror = 0) {
     return ListCalls([&](Canvas canvas) {
-      const HPEN pen = CreatePen(family, 0, colour);
+      const HPEN pen = CreatePen(family, 0, color);
       const HGDIOBJ previousPen = SelectObject(canvas, pen);
       const HGDIOBJ previousBrush = SelectObject(canvas, GetStockObject(NULL_BRUSH));
-      DashArc(canvas, 5000, -5000, 1000, startAngle, sweep, 10000, 5000, colour,
+      DashArc(canvas, 5000, -5000, 1000, startAngle, sweep, 10000, 5000, color,
               state.ltypes.at(static_cast<size_t>(slot)).dashes, count, mirror);
       SelectObject(canvas, previousBrush);
       SelectObject(canvas, previousPen);
@@ -54,8 +54,8 @@ const std::string place = centre + "40 10\n";
 const std::string quarter = place + "50 37\n51 127\n";
 const std::string quarterCalls = "MoveToEx(5798, -4399)\nAngleArc(5000, -5000, 1000, -37, -90)\n";
 
-std::string QuarterArc(COLORREF colour, const std::string& style = "PS_SOLID") {
-  return HeldArc(colour, quarterCalls, style);
+std::string QuarterArc(COLORREF color, const std::string& style = "PS_SOLID") {
+  return HeldArc(color, quarterCalls, style);
 }
 
 // Angles.
@@ -294,7 +294,7 @@ TEST_F(ArcTest, a_colour_other_than_0_is_mapped) {
   EXPECT_EQ(QuarterArc(cyan), Draw("8 DOORS\n62 130\n" + quarter));
   EXPECT_EQ(QuarterArc(black), Draw("8 DOORS\n62 7\n" + quarter));
   EXPECT_EQ(QuarterArc(black), Draw("8 DOORS\n62 256\n" + quarter));
-  EXPECT_EQ(QuarterArc(countColour), Draw("8 DOORS\n62 -1\n" + quarter));
+  EXPECT_EQ(QuarterArc(countColor), Draw("8 DOORS\n62 -1\n" + quarter));
 }
 
 TEST_F(ArcTest, colour_0_leaves_the_layers_colour) {

@@ -37,12 +37,12 @@ class BlockArcTest : public ConverterTest {
   }
 
   // The listing of the quarter below in dashes.
-  std::string Dashed(COLORREF colour, int32_t slot, int32_t count, int32_t family) {
+  std::string Dashed(COLORREF color, int32_t slot, int32_t count, int32_t family) {
     return ListCalls([&](Canvas canvas) {
-      const HPEN pen = CreatePen(family, 0, colour);
+      const HPEN pen = CreatePen(family, 0, color);
       const HGDIOBJ previousPen = SelectObject(canvas, pen);
       const HGDIOBJ previousBrush = SelectObject(canvas, GetStockObject(NULL_BRUSH));
-      DashArc(canvas, 5000, -5000, 1000, -37.0, -90.0, 10000, 5000, colour,
+      DashArc(canvas, 5000, -5000, 1000, -37.0, -90.0, 10000, 5000, color,
               state.ltypes.at(static_cast<size_t>(slot)).dashes, count, 0);
       SelectObject(canvas, previousBrush);
       SelectObject(canvas, previousPen);
@@ -60,13 +60,13 @@ const std::string place = centre + "40 10\n";
 // From 37 to 127 degrees: it starts at (cos, sin) * 1000 = (798.6, 601.8) from (5000, -5000).
 const std::string quarter = place + "50 37\n51 127\n";
 
-std::string QuarterArc(COLORREF colour, const std::string& style = "PS_SOLID") {
-  return HeldArc(colour, "MoveToEx(5798, -4399)\nAngleArc(5000, -5000, 1000, -37, -90)\n", style);
+std::string QuarterArc(COLORREF color, const std::string& style = "PS_SOLID") {
+  return HeldArc(color, "MoveToEx(5798, -4399)\nAngleArc(5000, -5000, 1000, -37, -90)\n", style);
 }
 
 // What is left of an arc that is dropped with its pen and brush selected.
-std::string Left(const std::string& style, COLORREF colour) {
-  std::string listing = InPenAndBrush(style, 0, colour, "");
+std::string Left(const std::string& style, COLORREF color) {
+  std::string listing = InPenAndBrush(style, 0, color, "");
   return listing.substr(0, listing.find("SelectObject(WHITE_BRUSH)"));
 }
 
@@ -250,7 +250,7 @@ TEST_F(BlockArcTest, layer_0_takes_the_inserts_colour_and_the_style_of_its_layer
 
 TEST_F(BlockArcTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(QuarterArc(countColour), Draw("8 0\n" + quarter));
+  EXPECT_EQ(QuarterArc(countColor), Draw("8 0\n" + quarter));
 }
 
 TEST_F(BlockArcTest, another_layer_gives_its_own_colour_and_no_width) {

@@ -37,12 +37,12 @@ class BlockCircleTest : public ConverterTest {
   }
 
   // The listing of the circle below in dashes.
-  std::string Dashed(COLORREF colour, int32_t slot, int32_t count, int32_t family) {
+  std::string Dashed(COLORREF color, int32_t slot, int32_t count, int32_t family) {
     return ListCalls([&](Canvas canvas) {
-      const HPEN pen = CreatePen(family, 0, colour);
+      const HPEN pen = CreatePen(family, 0, color);
       const HGDIOBJ previousPen = SelectObject(canvas, pen);
       const HGDIOBJ previousBrush = SelectObject(canvas, GetStockObject(NULL_BRUSH));
-      DashArc(canvas, 5000, -5000, 1000, -0.0, -360.0, 10000, 5000, colour,
+      DashArc(canvas, 5000, -5000, 1000, -0.0, -360.0, 10000, 5000, color,
               state.ltypes.at(static_cast<size_t>(slot)).dashes, count, 0);
       SelectObject(canvas, previousBrush);
       SelectObject(canvas, previousPen);
@@ -57,8 +57,8 @@ class BlockCircleTest : public ConverterTest {
 const std::string centre = "10 50\n20 50\n";
 const std::string circle = centre + "40 10\n";
 
-std::string WholeCircle(COLORREF colour, int32_t width = 0) {
-  return HeldArc(colour, "MoveToEx(6000, -5000)\nAngleArc(5000, -5000, 1000, -0, -360)\n", "PS_SOLID", width);
+std::string WholeCircle(COLORREF color, int32_t width = 0) {
+  return HeldArc(color, "MoveToEx(6000, -5000)\nAngleArc(5000, -5000, 1000, -0, -360)\n", "PS_SOLID", width);
 }
 
 TEST_F(BlockCircleTest, it_is_a_round_within_a_pen_and_a_hollow_brush) {
@@ -148,7 +148,7 @@ TEST_F(BlockCircleTest, by_block_lets_colour_0_keep_the_layers_colour) {
 TEST_F(BlockCircleTest, layer_0_takes_the_inserts_colour) {
   EXPECT_EQ(WholeCircle(magenta), Draw("8 0\n" + circle));
   SetInsertLayer("GONE");
-  EXPECT_EQ(WholeCircle(countColour), Draw("8 0\n" + circle));
+  EXPECT_EQ(WholeCircle(countColor), Draw("8 0\n" + circle));
 }
 
 TEST_F(BlockCircleTest, another_layer_gives_its_colour_and_its_width_to_the_outer_pen) {

@@ -16,13 +16,13 @@ namespace {
 
 constexpr int32_t insertColor = 6;  // magenta
 
-std::string Whole(COLORREF colour, const std::string& box) {
-  std::string calls = InPen(colour, "SelectObject(NULL_BRUSH)\nEllipse(" + box + ")\n");
+std::string Whole(COLORREF color, const std::string& box) {
+  std::string calls = InPen(color, "SelectObject(NULL_BRUSH)\nEllipse(" + box + ")\n");
   return calls + "SelectObject(WHITE_BRUSH)\n";
 }
 
-std::string Part(COLORREF colour, const std::string& box, const std::string& radials) {
-  return InPen(colour, "Arc(" + box + ", " + radials + ")\n");
+std::string Part(COLORREF color, const std::string& box, const std::string& radials) {
+  return InPen(color, "Arc(" + box + ", " + radials + ")\n");
 }
 
 // Centre, end of the major axis and ratio.
@@ -372,7 +372,7 @@ TEST_F(BlockEllipseTest, layer_0_takes_the_inserts_colour) {
 
 TEST_F(BlockEllipseTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(Whole(countColour, plainBox), Draw("8 0\n" + plainShape + allRound));
+  EXPECT_EQ(Whole(countColor, plainBox), Draw("8 0\n" + plainShape + allRound));
 }
 
 TEST_F(BlockEllipseTest, another_layer_gives_its_own_colour) {

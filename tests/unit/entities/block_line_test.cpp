@@ -47,11 +47,11 @@ const std::string horizontal = Ends(10, 90, 17, 90);
 const char twoDashes[] =
     "MoveToEx(1000, -1000)\nLineTo(1300, -1000)\nMoveToEx(1500, -1000)\nLineTo(1700, -1000)\n";
 
-std::string SlantedStroke(COLORREF colour, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
-std::string HorizontalStroke(COLORREF colour) {
-  return Stroke(colour, 1000, -1000, 1700, -1000);
+std::string HorizontalStroke(COLORREF color) {
+  return Stroke(color, 1000, -1000, 1700, -1000);
 }
 
 // Coordinates.
@@ -138,7 +138,7 @@ TEST_F(BlockLineTest, layer_0_takes_style_and_width_of_the_inserts_layer) {
 
 TEST_F(BlockLineTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(SlantedStroke(countColour), Draw("8 0\n" + slanted));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("8 0\n" + slanted));
 }
 
 TEST_F(BlockLineTest, another_layer_gives_its_own_colour_and_width) {
@@ -188,7 +188,7 @@ TEST_F(BlockLineTest, a_colour_other_than_0_is_mapped) {
 
 TEST_F(BlockLineTest, a_negative_colour_stays_negative) {
   EXPECT_EQ(SlantedStroke(black), Draw("8 0\n62 -3\n" + slanted));
-  EXPECT_EQ(SlantedStroke(countColour), Draw("8 0\n62 -1\n" + slanted));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("8 0\n62 -1\n" + slanted));
 }
 
 TEST_F(BlockLineTest, colour_0_is_black_without_the_inherit_flag) {
@@ -201,7 +201,7 @@ TEST_F(BlockLineTest, colour_0_keeps_the_inserts_colour_on_layer_0) {
 
 TEST_F(BlockLineTest, colour_0_keeps_the_nearly_black_of_an_unknown_layer) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(SlantedStroke(countColour), Draw("8 0\n62 0\n" + slanted));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("8 0\n62 0\n" + slanted));
 }
 
 TEST_F(BlockLineTest, on_an_insert_of_layer_0_colour_0_takes_the_inserts_colour_with_the_flag_alone) {

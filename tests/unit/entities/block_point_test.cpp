@@ -19,10 +19,10 @@ constexpr int32_t insertColor = 6;  // magenta
 // At (3000, 6000 - 10000).
 const std::string place = "10 30\n20 60\n";
 
-std::string Pixel(COLORREF colour = black, const std::string& at = "3000, -4000") {
+std::string Pixel(COLORREF color = black, const std::string& at = "3000, -4000") {
   char pixel[80];
-  std::snprintf(pixel, sizeof pixel, "SetPixelV(%s, 0x%06X)\n", at.c_str(), static_cast<unsigned>(colour));
-  return InPen(colour, std::string("SelectObject(NULL_BRUSH)\n") + pixel) + "SelectObject(WHITE_BRUSH)\n";
+  std::snprintf(pixel, sizeof pixel, "SetPixelV(%s, 0x%06X)\n", at.c_str(), static_cast<unsigned>(color));
+  return InPen(color, std::string("SelectObject(NULL_BRUSH)\n") + pixel) + "SelectObject(WHITE_BRUSH)\n";
 }
 
 // Marks of a size of 10.5. 3010.5 and 2989.5; -3989.5 and -4010.5, toward zero. 10.5 / sqrt 2 = 7.4.
@@ -197,7 +197,7 @@ TEST_F(BlockPointTest, layer_0_takes_the_inserts_colour) {
 
 TEST_F(BlockPointTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(Pixel(countColour), Draw("8 0\n" + place));
+  EXPECT_EQ(Pixel(countColor), Draw("8 0\n" + place));
 }
 
 TEST_F(BlockPointTest, another_layer_gives_its_own_colour) {

@@ -50,8 +50,8 @@ const std::string points4 = "10 0\n20 100\n10 10\n20 90\n10 20\n20 80\n10 30\n20
 const std::string drawn4 = "0, 0, 1000, -1000, 2000, -2000, 3000, 0";
 const std::string plain = count4 + bareKnots + points4;
 
-std::string Plain(COLORREF colour, const std::string& style = "PS_SOLID") {
-  return Curve(colour, drawn4, style);
+std::string Plain(COLORREF color, const std::string& style = "PS_SOLID") {
+  return Curve(color, drawn4, style);
 }
 
 // Coordinates.
@@ -190,7 +190,7 @@ TEST_F(BlockSplineTest, layer_0_takes_the_inserts_colour_and_its_layers_style) {
 
 TEST_F(BlockSplineTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(Plain(countColour), Draw("8 0\n" + plain));
+  EXPECT_EQ(Plain(countColor), Draw("8 0\n" + plain));
 }
 
 TEST_F(BlockSplineTest, an_unknown_layer_leaves_everything) {

@@ -26,9 +26,9 @@ class CircleTest : public ConverterTest {
   }
 
   // The listing of the whole circle of centre (5000, -5000) and radius 1000 in dashes.
-  std::string Dashed(COLORREF colour, int32_t slot, int32_t count, int32_t mirror = 0) {
+  std::string Dashed(COLORREF color, int32_t slot, int32_t count, int32_t mirror = 0) {
     return ListCalls([&](Canvas canvas) {
-      DashArc(canvas, 5000, -5000, 1000, -0.0, -360.0, 10000, 5000, colour,
+      DashArc(canvas, 5000, -5000, 1000, -0.0, -360.0, 10000, 5000, color,
               state.ltypes.at(static_cast<size_t>(slot)).dashes, count, mirror);
     });
   }
@@ -40,8 +40,8 @@ class CircleTest : public ConverterTest {
 const std::string centre = "10 50\n20 50\n";
 const std::string circle = centre + "40 10\n";
 
-std::string WholeCircle(COLORREF colour) {
-  return InPen(colour, "MoveToEx(6000, -5000)\nAngleArc(5000, -5000, 1000, -0, -360)\n");
+std::string WholeCircle(COLORREF color) {
+  return InPen(color, "MoveToEx(6000, -5000)\nAngleArc(5000, -5000, 1000, -0, -360)\n");
 }
 
 // Its box of 4000 to 6000 across and -4000 to -6000 on the sheet, widened by one to the right and downward.

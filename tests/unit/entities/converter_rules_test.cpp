@@ -262,9 +262,9 @@ TEST_F(ConverterRules, colour_numbers_far_outside_the_palette_are_black_or_stay_
 
 TEST_F(ConverterRules, yellow_and_white_are_never_delivered) {
   for (int32_t number = -5; number <= 300; ++number) {
-    const COLORREF colour = ColorAt(ResolveColor(number));
-    EXPECT_NE(0x00FFFFu, colour) << number;
-    EXPECT_NE(0xFFFFFFu, colour) << number;
+    const COLORREF color = ColorAt(ResolveColor(number));
+    EXPECT_NE(0x00FFFFu, color) << number;
+    EXPECT_NE(0xFFFFFFu, color) << number;
   }
 }
 

@@ -38,12 +38,12 @@ class DimInsertArcTest : public ConverterTest {
   }
 
   // The listing of the quarter below in dashes.
-  std::string Dashed(COLORREF colour, int32_t slot, int32_t count, int32_t family) {
+  std::string Dashed(COLORREF color, int32_t slot, int32_t count, int32_t family) {
     return ListCalls([&](Canvas canvas) {
-      const HPEN pen = CreatePen(family, 0, colour);
+      const HPEN pen = CreatePen(family, 0, color);
       const HGDIOBJ previousPen = SelectObject(canvas, pen);
       const HGDIOBJ previousBrush = SelectObject(canvas, GetStockObject(NULL_BRUSH));
-      DashArc(canvas, 5000, -5000, 1000, -37.0, -90.0, 10000, 5000, colour,
+      DashArc(canvas, 5000, -5000, 1000, -37.0, -90.0, 10000, 5000, color,
               state.ltypes.at(static_cast<size_t>(slot)).dashes, count, 0);
       SelectObject(canvas, previousBrush);
       SelectObject(canvas, previousPen);
@@ -61,8 +61,8 @@ const std::string place = centre + "40 10\n";
 // From 37 to 127 degrees: it starts at (cos, sin) * 1000 = (798.6, 601.8) from (5000, -5000).
 const std::string quarter = place + "50 37\n51 127\n";
 
-std::string QuarterArc(COLORREF colour, const std::string& style = "PS_SOLID") {
-  return HeldArc(colour, "MoveToEx(5798, -4399)\nAngleArc(5000, -5000, 1000, -37, -90)\n", style);
+std::string QuarterArc(COLORREF color, const std::string& style = "PS_SOLID") {
+  return HeldArc(color, "MoveToEx(5798, -4399)\nAngleArc(5000, -5000, 1000, -37, -90)\n", style);
 }
 
 TEST_F(DimInsertArcTest, it_is_drawn_within_a_pen_and_a_hollow_brush) {
@@ -180,7 +180,7 @@ TEST_F(DimInsertArcTest, by_block_in_any_case_lets_colour_0_keep_the_layers_colo
 TEST_F(DimInsertArcTest, layer_0_takes_the_inserts_colour) {
   EXPECT_EQ(QuarterArc(magenta), Draw("8 0\n" + quarter));
   SetInsertLayer("GONE");
-  EXPECT_EQ(QuarterArc(countColour), Draw("8 0\n" + quarter));
+  EXPECT_EQ(QuarterArc(countColor), Draw("8 0\n" + quarter));
 }
 
 TEST_F(DimInsertArcTest, another_layer_gives_its_own_colour_and_no_width) {

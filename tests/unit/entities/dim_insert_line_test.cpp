@@ -43,8 +43,8 @@ class DimInsertLineTest : public ConverterTest {
 // From (1000, -1000) to (3000, -2000).
 const std::string slanted = Ends(10, 90, 30, 80);
 
-std::string SlantedStroke(COLORREF colour, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
 
 // Coordinates.
@@ -128,7 +128,7 @@ TEST_F(DimInsertLineTest, layer_0_takes_the_inserts_colour_and_its_layers_width)
 
 TEST_F(DimInsertLineTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(SlantedStroke(countColour), Draw("8 0\n" + slanted));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("8 0\n" + slanted));
 }
 
 TEST_F(DimInsertLineTest, another_layer_gives_its_own_colour_and_width) {
@@ -168,7 +168,7 @@ TEST_F(DimInsertLineTest, a_colour_other_than_0_is_mapped) {
 
 TEST_F(DimInsertLineTest, a_negative_colour_stays_negative) {
   EXPECT_EQ(SlantedStroke(black, 2), Draw("8 0\n62 -3\n" + slanted));
-  EXPECT_EQ(SlantedStroke(countColour, 2), Draw("8 0\n62 -1\n" + slanted));
+  EXPECT_EQ(SlantedStroke(countColor, 2), Draw("8 0\n62 -1\n" + slanted));
 }
 
 TEST_F(DimInsertLineTest, colour_0_is_black_without_the_inherit_flag) {

@@ -58,24 +58,24 @@ std::string Move(int32_t x, int32_t y) {
 }
 
 std::string DashedLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t count = 2,
-                       COLORREF colour = black) {
+                       COLORREF color = black) {
   return ListCalls(
-      [=](Canvas canvas) { DashLine(canvas, x1, y1, x2, y2, 10000, 5000, 0, colour, dashes, count, 0); });
+      [=](Canvas canvas) { DashLine(canvas, x1, y1, x2, y2, 10000, 5000, 0, color, dashes, count, 0); });
 }
 
 // From (1000, -1000) down to (2000, -2000) and on to (4000, -2000).
 const std::string corner = Vertex(10, 90) + Vertex(20, 80) + Vertex(40, 80);
 
-std::string CornerStrokes(COLORREF colour) {
-  return Move(1000, -1000) + Stroke(colour, 1000, -1000, 2000, -2000) +
-         Stroke(colour, 2000, -2000, 4000, -2000);
+std::string CornerStrokes(COLORREF color) {
+  return Move(1000, -1000) + Stroke(color, 1000, -1000, 2000, -2000) +
+         Stroke(color, 2000, -2000, 4000, -2000);
 }
 
 // From (1000, -1000) to (1700, -1000).
 const std::string level = Vertex(10, 90) + Vertex(17, 90);
 
-std::string LevelStroke(COLORREF colour) {
-  return Move(1000, -1000) + Stroke(colour, 1000, -1000, 1700, -1000);
+std::string LevelStroke(COLORREF color) {
+  return Move(1000, -1000) + Stroke(color, 1000, -1000, 1700, -1000);
 }
 
 // The vertices.
@@ -190,7 +190,7 @@ TEST_F(DimInsertLwPolylineTest, layer_0_takes_the_inserts_colour_and_its_layers_
   SetInsertLayer("DASHES");
   EXPECT_EQ(Move(1000, -1000) + DashedLine(1000, -1000, 1700, -1000, 2, magenta), Draw("8 0\n" + level));
   SetInsertLayer("GONE");
-  EXPECT_EQ(CornerStrokes(countColour), Draw("8 0\n" + corner));
+  EXPECT_EQ(CornerStrokes(countColor), Draw("8 0\n" + corner));
 }
 
 TEST_F(DimInsertLwPolylineTest, another_layer_gives_its_own_colour_and_no_width) {

@@ -45,8 +45,8 @@ class DimInsertSolidTest : public ConverterTest {
 const std::string square = "10 10\n20 80\n11 30\n21 80\n12 10\n22 90\n13 30\n23 90\n";
 const std::string outline = "1000, -2000, 3000, -2000, 3000, -1000, 1000, -1000";
 
-std::string Filled(COLORREF colour, const std::string& style = "PS_SOLID") {
-  return FilledQuad(colour, outline, style);
+std::string Filled(COLORREF color, const std::string& style = "PS_SOLID") {
+  return FilledQuad(color, outline, style);
 }
 
 // Coordinates.
@@ -163,7 +163,7 @@ TEST_F(DimInsertSolidTest, layer_0_takes_the_inserts_colour_and_its_layers_style
 
 TEST_F(DimInsertSolidTest, layer_0_of_an_insert_on_an_unknown_layer_is_nearly_black) {
   SetInsertLayer("GONE");
-  EXPECT_EQ(Filled(countColour), Draw("8 0\n" + square));
+  EXPECT_EQ(Filled(countColor), Draw("8 0\n" + square));
 }
 
 TEST_F(DimInsertSolidTest, another_layer_gives_its_own_colour_but_no_width) {

@@ -38,8 +38,8 @@ class DimLineTest : public ConverterTest {
 // From (1000, -1000) to (3000, -2000), slope -0.5.
 const std::string slanted = Ends(10, 90, 30, 80);
 
-std::string SlantedStroke(COLORREF colour, int32_t width = 0) {
-  return Stroke(colour, 1000, -1000, 3000, -2000, width);
+std::string SlantedStroke(COLORREF color, int32_t width = 0) {
+  return Stroke(color, 1000, -1000, 3000, -2000, width);
 }
 
 // Coordinates.
@@ -159,7 +159,7 @@ TEST_F(DimLineTest, what_colour_0_keeps_is_mapped) {
 
 TEST_F(DimLineTest, a_negative_colour_stays_negative) {
   EXPECT_EQ(SlantedStroke(black), Draw("62 -3\n" + slanted));
-  EXPECT_EQ(SlantedStroke(countColour), Draw("62 -1\n" + slanted));
+  EXPECT_EQ(SlantedStroke(countColor), Draw("62 -1\n" + slanted));
 }
 
 TEST_F(DimLineTest, the_colour_is_kept_in_ent_color_and_starts_at_0) {

@@ -16,13 +16,13 @@ namespace hexlume::ellipse_test {
 namespace {
 
 // A stroke with the hollow brush, as a whole ellipse is drawn.
-std::string Whole(COLORREF colour, const std::string& box) {
-  std::string calls = InPen(colour, "SelectObject(NULL_BRUSH)\nEllipse(" + box + ")\n");
+std::string Whole(COLORREF color, const std::string& box) {
+  std::string calls = InPen(color, "SelectObject(NULL_BRUSH)\nEllipse(" + box + ")\n");
   return calls + "SelectObject(WHITE_BRUSH)\n";
 }
 
-std::string Part(COLORREF colour, const std::string& box, const std::string& radials) {
-  return InPen(colour, "Arc(" + box + ", " + radials + ")\n");
+std::string Part(COLORREF color, const std::string& box, const std::string& radials) {
+  return InPen(color, "Arc(" + box + ", " + radials + ")\n");
 }
 
 // Centre, end of the major axis and ratio.

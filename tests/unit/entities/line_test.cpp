@@ -175,7 +175,7 @@ TEST_F(LineTest, by_layer_and_by_block_as_explicit_colours_are_black) {
 }
 
 TEST_F(LineTest, a_code_62_of_minus_1_is_the_colour_of_index_minus_1) {
-  EXPECT_EQ(Stroke(countColour, 1000, -1000, 3000, -2000), Draw("62 -1\n" + slanted));
+  EXPECT_EQ(Stroke(countColor, 1000, -1000, 3000, -2000), Draw("62 -1\n" + slanted));
 }
 
 TEST_F(LineTest, any_other_negative_code_62_is_black) {

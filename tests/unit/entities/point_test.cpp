@@ -18,10 +18,10 @@ namespace {
 // At (3000, 6000 - 10000).
 const std::string place = "10 30\n20 60\n";
 
-std::string Pixel(COLORREF colour = black, const std::string& at = "3000, -4000") {
+std::string Pixel(COLORREF color = black, const std::string& at = "3000, -4000") {
   char pixel[80];
-  std::snprintf(pixel, sizeof pixel, "SetPixelV(%s, 0x%06X)\n", at.c_str(), static_cast<unsigned>(colour));
-  return InPen(colour, std::string("SelectObject(NULL_BRUSH)\n") + pixel) + "SelectObject(WHITE_BRUSH)\n";
+  std::snprintf(pixel, sizeof pixel, "SetPixelV(%s, 0x%06X)\n", at.c_str(), static_cast<unsigned>(color));
+  return InPen(color, std::string("SelectObject(NULL_BRUSH)\n") + pixel) + "SelectObject(WHITE_BRUSH)\n";
 }
 
 // Marks of a size of 10.5. 3010.5 and 2989.5; -3989.5 and -4010.5, toward zero. 10.5 / sqrt 2 = 7.4.
@@ -189,7 +189,7 @@ TEST_F(PointTest, colours_come_from_the_layer_and_from_group_62) {
   EXPECT_EQ(Pixel(red), Draw("62 3\n8 WALLS\n" + place));
   EXPECT_EQ(Pixel(green), Draw("62 3\n8 GONE\n" + place));
   EXPECT_EQ(Pixel(cyan), Draw("62 130\n" + place));
-  EXPECT_EQ(Pixel(countColour), Draw("62 -1\n" + place));
+  EXPECT_EQ(Pixel(countColor), Draw("62 -1\n" + place));
 }
 
 TEST_F(PointTest, figure_and_frame_have_the_colour) {

@@ -53,24 +53,24 @@ std::string Start(int32_t x, int32_t y) {
 }
 
 std::string DashedLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t count = 2,
-                       COLORREF colour = black) {
+                       COLORREF color = black) {
   return ListCalls(
-      [=](Canvas canvas) { DashLine(canvas, x1, y1, x2, y2, 10000, 5000, 0, colour, dashes, count, 0); });
+      [=](Canvas canvas) { DashLine(canvas, x1, y1, x2, y2, 10000, 5000, 0, color, dashes, count, 0); });
 }
 
 // From (1000, -1000) down to (2000, -2000) and on to (4000, -2000).
 const std::string corner = Vertex(10, 90) + Vertex(20, 80) + Vertex(40, 80);
 
-std::string CornerStrokes(COLORREF colour) {
-  return Start(1000, -1000) + Stroke(colour, 1000, -1000, 2000, -2000) +
-         Stroke(colour, 2000, -2000, 4000, -2000);
+std::string CornerStrokes(COLORREF color) {
+  return Start(1000, -1000) + Stroke(color, 1000, -1000, 2000, -2000) +
+         Stroke(color, 2000, -2000, 4000, -2000);
 }
 
 // From (1000, -1000) to (1700, -1000).
 const std::string level = Vertex(10, 90) + Vertex(17, 90);
 
-std::string LevelStroke(COLORREF colour) {
-  return Start(1000, -1000) + Stroke(colour, 1000, -1000, 1700, -1000);
+std::string LevelStroke(COLORREF color) {
+  return Start(1000, -1000) + Stroke(color, 1000, -1000, 1700, -1000);
 }
 
 // The vertices.
@@ -165,7 +165,7 @@ TEST_F(PolylineTest, code_62_is_mapped) {
   EXPECT_EQ(CornerStrokes(cyan), Draw("62 130\n", corner));
   EXPECT_EQ(CornerStrokes(black), Draw("8 WALLS\n62 0\n", corner));
   EXPECT_EQ(CornerStrokes(black), Draw("8 WALLS\n62 256\n", corner));
-  EXPECT_EQ(CornerStrokes(countColour), Draw("62 -1\n", corner));
+  EXPECT_EQ(CornerStrokes(countColor), Draw("62 -1\n", corner));
 }
 
 TEST_F(PolylineTest, code_8_overwrites_what_stands_before_it_and_not_what_stands_behind) {

@@ -34,8 +34,8 @@ const std::string square = "10 10\n20 80\n11 30\n21 80\n12 10\n22 90\n13 30\n23 
 // 100 x, 100 y - 10000, the last two exchanged.
 const std::string outline = "1000, -2000, 3000, -2000, 3000, -1000, 1000, -1000";
 
-std::string Filled(COLORREF colour, const std::string& style = "PS_SOLID") {
-  return FilledQuad(colour, outline, style);
+std::string Filled(COLORREF color, const std::string& style = "PS_SOLID") {
+  return FilledQuad(color, outline, style);
 }
 
 // Coordinates.
@@ -183,7 +183,7 @@ TEST_F(SolidTest, an_excluded_layer_ends_it_with_the_group_in_the_buffer) {
 TEST_F(SolidTest, code_62_is_mapped) {
   EXPECT_EQ(Filled(cyan), Draw("62 130\n" + square));
   EXPECT_EQ(Filled(black), Draw("62 7\n" + square));
-  EXPECT_EQ(Filled(countColour), Draw("62 -1\n" + square));
+  EXPECT_EQ(Filled(countColor), Draw("62 -1\n" + square));
 }
 
 TEST_F(SolidTest, colour_0_is_black_whatever_the_layer_says) {

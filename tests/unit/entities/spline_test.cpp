@@ -67,8 +67,8 @@ const std::string points4 = "10 0\n20 100\n10 10\n20 90\n10 20\n20 80\n10 30\n20
 const std::string drawn4 = "0, 0, 1000, -1000, 2000, -2000, 3000, 0";
 const std::string plain = count4 + bareKnots + points4;
 
-std::string Plain(COLORREF colour, const std::string& style = "PS_SOLID", int32_t width = 0) {
-  return Curve(colour, drawn4, style, width);
+std::string Plain(COLORREF color, const std::string& style = "PS_SOLID", int32_t width = 0) {
+  return Curve(color, drawn4, style, width);
 }
 
 // What becomes of control points and knots.
@@ -296,7 +296,7 @@ TEST_F(SplineTest, an_excluded_layer_ends_it_with_the_group_in_the_buffer) {
 TEST_F(SplineTest, code_62_is_mapped) {
   EXPECT_EQ(Plain(cyan), Draw("62 130\n" + plain));
   EXPECT_EQ(Plain(black), Draw("62 2\n" + plain));
-  EXPECT_EQ(Plain(countColour), Draw("62 -1\n" + plain));
+  EXPECT_EQ(Plain(countColor), Draw("62 -1\n" + plain));
 }
 
 TEST_F(SplineTest, the_colour_is_kept_in_ent_color_and_starts_at_0) {

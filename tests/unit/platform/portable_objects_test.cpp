@@ -10,8 +10,8 @@ namespace {
 
 constexpr uint32_t blackPen = 0x80000007;
 
-Words CreatePenWords(uint32_t index, uint32_t style, uint32_t width, uint32_t colour) {
-  return Record(38, {index, style, width, 0, colour});
+Words CreatePenWords(uint32_t index, uint32_t style, uint32_t width, uint32_t color) {
+  return Record(38, {index, style, width, 0, color});
 }
 
 Words SelectWords(uint32_t index) {

@@ -28,7 +28,7 @@ struct DrawnText {
   std::string text = "TAG";
   int32_t height = 220, width = 110;
   int32_t escapement = 0;
-  COLORREF colour = black;
+  COLORREF color = black;
   int32_t x = 3000, y = -4000;
   int32_t handle = 1;
   std::string previous = "SYSTEM_FONT";
@@ -45,9 +45,9 @@ std::string FontOf(const DrawnText& drawn) {
 
 // What a drawn text leaves in a metafile.
 std::string Listing(const DrawnText& drawn = {}) {
-  char colour[40];
-  std::snprintf(colour, sizeof colour, "SetTextColor(0x%06X)\n", static_cast<unsigned>(drawn.colour));
-  return FontOf(drawn) + colour + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\nExtTextOutW(" +
+  char color[40];
+  std::snprintf(color, sizeof color, "SetTextColor(0x%06X)\n", static_cast<unsigned>(drawn.color));
+  return FontOf(drawn) + color + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\nExtTextOutW(" +
          std::to_string(drawn.x) + ", " + std::to_string(drawn.y) + ", 0, \"" + drawn.text +
          "\")\nSelectObject(" + drawn.previous + ")\nDeleteObject(" + std::to_string(drawn.handle) + ")\n";
 }
@@ -64,9 +64,9 @@ std::string WithFont(int32_t height, int32_t width, int32_t escapement = 0) {
   drawn.escapement = escapement;
   return Listing(drawn);
 }
-std::string WithColour(COLORREF colour) {
+std::string WithColor(COLORREF color) {
   DrawnText drawn;
-  drawn.colour = colour;
+  drawn.color = color;
   return Listing(drawn);
 }
 std::string At(int32_t x, int32_t y, int32_t escapement = 0) {
@@ -193,7 +193,7 @@ TEST_F(AttribTest, without_a_place_it_stands_where_the_entity_before_stood) {
 
 TEST_F(AttribTest, without_a_colour_it_has_that_of_the_entity_before) {
   state.entColor = 4;
-  EXPECT_EQ(WithColour(cyan), Draw(plain));
+  EXPECT_EQ(WithColor(cyan), Draw(plain));
 }
 
 TEST_F(AttribTest, size_and_angle_start_anew) {
@@ -206,12 +206,12 @@ TEST_F(AttribTest, size_and_angle_start_anew) {
 
 TEST_F(AttribTest, its_layer_gives_the_colour) {
   AddLayer("NOTES", {1, 2, 3}, 1);
-  EXPECT_EQ(WithColour(red), Draw(plain + "8 NOTES\n"));
+  EXPECT_EQ(WithColor(red), Draw(plain + "8 NOTES\n"));
 }
 
 TEST_F(AttribTest, an_unknown_layer_leaves_the_colour) {
   state.entColor = 3;
-  EXPECT_EQ(WithColour(green), Draw(plain + "8 NOTES\n"));
+  EXPECT_EQ(WithColor(green), Draw(plain + "8 NOTES\n"));
 }
 
 TEST_F(AttribTest, an_excluded_layer_ends_it_at_once) {
@@ -224,19 +224,19 @@ TEST_F(AttribTest, an_excluded_layer_ends_it_at_once) {
 
 TEST_F(AttribTest, its_own_colour_behind_the_layer_wins) {
   AddLayer("NOTES", {}, 1);
-  EXPECT_EQ(WithColour(blue), Draw(plain + "8 NOTES\n62 5\n"));
+  EXPECT_EQ(WithColor(blue), Draw(plain + "8 NOTES\n62 5\n"));
 }
 
 TEST_F(AttribTest, the_layer_behind_its_own_colour_wins) {
   AddLayer("NOTES", {}, 1);
-  EXPECT_EQ(WithColour(red), Draw(plain + "62 5\n8 NOTES\n"));
+  EXPECT_EQ(WithColor(red), Draw(plain + "62 5\n8 NOTES\n"));
 }
 
 TEST_F(AttribTest, colour_numbers_fall_on_the_eight_colours) {
-  EXPECT_EQ(WithColour(black), Draw(plain + "62 2\n"));
-  EXPECT_EQ(WithColour(black), Draw(plain + "62 0\n"));
-  EXPECT_EQ(WithColour(cyan), Draw(plain + "62 130\n"));
-  EXPECT_EQ(WithColour(countColour), Draw(plain + "62 -1\n"));
+  EXPECT_EQ(WithColor(black), Draw(plain + "62 2\n"));
+  EXPECT_EQ(WithColor(black), Draw(plain + "62 0\n"));
+  EXPECT_EQ(WithColor(cyan), Draw(plain + "62 130\n"));
+  EXPECT_EQ(WithColor(countColor), Draw(plain + "62 -1\n"));
 }
 
 TEST_F(AttribTest, an_excluded_line_type_does_not_hide_it) {
@@ -535,7 +535,7 @@ TEST_F(AttribTest, an_absurd_measured_width_wraps_around) {
 
 TEST_F(AttribTest, in_monochrome_it_is_black) {
   state.monochrome = 1;
-  EXPECT_EQ(WithColour(black), Draw(plain + "62 1\n"));
+  EXPECT_EQ(WithColor(black), Draw(plain + "62 1\n"));
   EXPECT_EQ(0, state.entColor);
 }
 

@@ -95,7 +95,7 @@ TEST_F(BlockTextTest, it_uses_the_places_of_the_block_and_settles_the_face) {
 
 TEST_F(BlockTextTest, what_it_lacks_is_that_of_the_text_before) {
   Draw(plain + "62 1\n");
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("40 2\n"));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("40 2\n"));
 }
 
 // Group 1.
@@ -112,21 +112,21 @@ TEST_F(BlockTextTest, layer_0_is_that_of_the_insert) {
   AddLayer("0", {}, 3);
   AddLayer("WALLS", {}, 1);
   AddLayer("DOORS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("8 0\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, blue)), Draw("8 DOORS\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, blue)), Draw("8 DOORS\n" + plain));
 }
 
 TEST_F(BlockTextTest, layer_0_of_an_unknown_insert_leaves_the_colour_of_the_text_before) {
   SetInsertLayer("NOWHERE");
   AddLayer("0", {}, 3);
   state.blockColor = 4;
-  EXPECT_EQ(Listing(Coloured(drawn, cyan)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, cyan)), Draw("8 0\n" + plain));
 }
 
 TEST_F(BlockTextTest, the_inserts_colour_counts_for_nothing) {
   SetInsertLayer("0");
   AddLayer("0", {}, 3);
-  EXPECT_EQ(Listing(Coloured(drawn, green)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, green)), Draw("8 0\n" + plain));
   EXPECT_EQ(Listing(drawn), Draw("8 0\n62 0\n" + plain));
 }
 
@@ -141,7 +141,7 @@ TEST_F(BlockTextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buffer) 
 
 TEST_F(BlockTextTest, group_62_is_a_colour_of_the_drawing) {
   AddLayer("DOORS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, magenta)), Draw("8 DOORS\n62 200\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, magenta)), Draw("8 DOORS\n62 200\n" + plain));
   EXPECT_EQ(Listing(drawn), Draw("8 DOORS\n62 0\n" + plain));
 }
 

@@ -93,7 +93,7 @@ TEST_F(DimInsertTextTest, it_uses_the_places_of_the_inserted_block_and_leaves_th
   EXPECT_STREQ("", state.blockText);
   EXPECT_STREQ("AB", state.dimText);
   // The place, the text and the colour stay for the next one.
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("40 2\n"));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("40 2\n"));
 }
 
 // Group 1 and the strings.
@@ -129,15 +129,15 @@ TEST_F(DimInsertTextTest, layer_0_is_that_of_the_insert) {
   AddLayer("0", {}, 3);
   AddLayer("WALLS", {}, 1);
   AddLayer("DOORS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("8 0\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, blue)), Draw("8 DOORS\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, blue)), Draw("8 DOORS\n" + plain));
 }
 
 TEST_F(DimInsertTextTest, without_layer_and_group_62_the_colour_is_that_of_the_text_before) {
   SetInsertLayer("NOWHERE");
   state.dimColor = 4;
-  EXPECT_EQ(Listing(Coloured(drawn, cyan)), Draw(plain));
-  EXPECT_EQ(Listing(Coloured(drawn, cyan)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, cyan)), Draw(plain));
+  EXPECT_EQ(Listing(Colored(drawn, cyan)), Draw("8 0\n" + plain));
 }
 
 TEST_F(DimInsertTextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buffer) {
@@ -150,7 +150,7 @@ TEST_F(DimInsertTextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buff
 
 TEST_F(DimInsertTextTest, group_62_is_a_colour_of_the_drawing) {
   AddLayer("DOORS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, magenta)), Draw("8 DOORS\n62 200\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, magenta)), Draw("8 DOORS\n62 200\n" + plain));
   EXPECT_EQ(Listing(drawn), Draw("8 DOORS\n62 0\n" + plain));
 }
 

@@ -90,8 +90,8 @@ TEST_F(DimTextTest, a_layer_gives_the_colour_and_layer_0_is_one_like_any_other) 
   SetInsertLayer("WALLS");
   AddLayer("WALLS", {}, 5);
   AddLayer("0", {}, 1);
-  EXPECT_EQ(Listing(Coloured(drawn, blue)), Draw("8 WALLS\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, blue)), Draw("8 WALLS\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("8 0\n" + plain));
 }
 
 TEST_F(DimTextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buffer) {
@@ -102,8 +102,8 @@ TEST_F(DimTextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buffer) {
 
 TEST_F(DimTextTest, a_group_62_of_0_keeps_the_layers_colour) {
   AddLayer("WALLS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, blue)), Draw("8 WALLS\n62 0\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, magenta)), Draw("8 WALLS\n62 200\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, blue)), Draw("8 WALLS\n62 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, magenta)), Draw("8 WALLS\n62 200\n" + plain));
   EXPECT_EQ(Listing(drawn), Draw("8 WALLS\n62 256\n" + plain));
 }
 

@@ -77,7 +77,7 @@ TEST_F(TextTest, a_text_without_groups_is_drawn_in_the_place_of_the_one_before) 
   Draw(plain + "62 1\n");
   EXPECT_EQ("", Draw(""));
   // With it all else stays.
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("40 2\n"));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("40 2\n"));
 }
 
 TEST_F(TextTest, other_groups_change_nothing) {
@@ -130,20 +130,20 @@ TEST_F(TextTest, a_text_of_254_bytes_is_drawn) {
 
 TEST_F(TextTest, a_layer_gives_the_colour) {
   AddLayer("WALLS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, blue)), Draw("8 WALLS\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, blue)), Draw("8 WALLS\n" + plain));
 }
 
 TEST_F(TextTest, an_unknown_layer_leaves_the_colour_of_the_entity_before) {
   state.entColor = 3;
-  EXPECT_EQ(Listing(Coloured(drawn, green)), Draw("8 NOWHERE\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, green)), Draw(plain));
+  EXPECT_EQ(Listing(Colored(drawn, green)), Draw("8 NOWHERE\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, green)), Draw(plain));
 }
 
 TEST_F(TextTest, layer_0_is_a_layer_like_any_other) {
   SetInsertLayer("WALLS");
   AddLayer("WALLS", {}, 5);
   AddLayer("0", {}, 1);
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("8 0\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("8 0\n" + plain));
 }
 
 TEST_F(TextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buffer) {
@@ -155,9 +155,9 @@ TEST_F(TextTest, on_a_left_out_layer_it_ends_with_the_layer_in_the_buffer) {
 
 TEST_F(TextTest, group_62_overrides_the_layer_in_front_of_it) {
   AddLayer("WALLS", {}, 5);
-  EXPECT_EQ(Listing(Coloured(drawn, red)), Draw("8 WALLS\n62 1\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, blue)), Draw("62 1\n8 WALLS\n" + plain));
-  EXPECT_EQ(Listing(Coloured(drawn, magenta)), Draw("8 WALLS\n62 200\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, red)), Draw("8 WALLS\n62 1\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, blue)), Draw("62 1\n8 WALLS\n" + plain));
+  EXPECT_EQ(Listing(Colored(drawn, magenta)), Draw("8 WALLS\n62 200\n" + plain));
 }
 
 TEST_F(TextTest, a_group_62_of_0_is_black) {
