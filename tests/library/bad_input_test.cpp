@@ -196,7 +196,7 @@ std::string DrawingOfBlocks(const std::string& blocks, const std::string& entiti
 
 const std::string blueLine = "0 LINE\n62 5\n10 0\n20 0\n11 5\n21 0\n";
 
-// An insert that lies 1, 1 further up and right.
+// An insert that is 1, 1 further up and right.
 std::string Further(const std::string& name) {
   return "0 INSERT\n2 " + name + "\n10 1\n20 1\n";
 }

@@ -160,7 +160,7 @@ TEST_F(BetweenCalls, ten_conversions_in_a_row_depend_on_what_stays_and_on_nothin
   // 6. The turn takes the scale 100 as its denominator. (2000 - 10, -1500 + 1480), (2000 - 0, -1500 + 1500).
   EXPECT_EQ(Stroke("0, 0, 2000, 1500", "0x0000FF", "1990, -20", "2000, 0"), Turned());
   // 7. At full size the sheet is that of 1:100 and the model overflows it: drawScale is 1, sheetHeightF 1500,
-  // so (0, 0) lies at -1500 and (1000, 2000) at 500, above the sheet's top. m = 2000 / 1000 = 2, b = 500 -
+  // so (0, 0) is at -1500 and (1000, 2000) at 500, above the sheet's top. m = 2000 / 1000 = 2, b = 500 -
   // 1000 * 2 = -1500. The end's yDown -500 is above the top 0, so the end is at y 0, x (0 + 1500) / 2 = 750.
   EXPECT_EQ(Stroke("0, 0, 2000, 1500", "0x0000FF", "0, -1500", "750, 0"), FullSize(large));
   // 8. A file that can't be measured leaves the carry-over alone.

@@ -32,7 +32,7 @@ class BlockWalkTest : public BlockStreamTest {
     return DrawFirst();
   }
 
-  // The listing of a block whose text behind the name is this, and of what stands behind it in the file.
+  // The listing of a block whose text after the name is this, and of what is after it in the file.
   std::string DrawText(const std::string& body) {
     blocks = "0 BLOCK\n2 A\n" + body;
     return DrawFirst();

@@ -142,7 +142,7 @@ TEST_F(CommandLineErrors, a_file_without_entities_that_has_no_size) {
 }
 
 TEST_F(CommandLineErrors, a_file_without_entities_that_has_a_size_gives_an_empty_sheet) {
-  // A layer may have the section's name, and what is behind the text's end doesn't count.
+  // A layer may have the section's name, and what is after the text's end doesn't count.
   for (const std::string& end :
        {std::string("0\nEOF\n"), std::string("8\nENTITIES\n"), "\x1A\n" + entities}) {
     Write("a.dxf", header + end);

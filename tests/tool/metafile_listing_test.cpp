@@ -77,7 +77,7 @@ std::string Lines(const Words& records) {
   return listing.text.substr(frameLine.size());
 }
 
-// The line of a record whose contents don't fit: itself as unknown, and the one behind it.
+// The line of a record whose contents don't fit: itself as unknown, and the one after it.
 void ExpectMisfit(const Words& record) {
   const Listing listing = List(Header(0, -1, 42000, 29700) + record + Record(54, {1, 2}) + eofRecord);
   EXPECT_FALSE(listing.sound);
@@ -264,7 +264,7 @@ TEST(MetafileListing, cut_off_at_any_byte_it_is_malformed_and_lists_what_is_whol
                          Record(71, bounds + Words{80, 7} + Region(3, threeRectangles)) + eofRecord;
   const std::string whole = List(metafile).text;
   for (size_t size = 0; size < 4 * metafile.size(); ++size) {
-    // A copy of just that size, so that a checking build sees a read behind it.
+    // A copy of just that size, so that a checking build sees a read after it.
     std::vector<uint8_t> bytes(size);
     if (size > 0) std::memcpy(bytes.data(), metafile.data(), size);
     const Listing listing = ListBytes(bytes.data(), size);

@@ -1,4 +1,4 @@
-// Texts of the player: 10 units a pixel, in cells of 20 pixels. Of a cell at most a third lies below the
+// Texts of the player: 10 units a pixel, in cells of 20 pixels. Of a cell at most a third is below the
 // baseline.
 #include <gtest/gtest.h>
 

@@ -132,13 +132,13 @@ void WaitForKeyboard() {
   });
 }
 
-// What the screen tells of windows and of the pointer it tells with the keys that are down, and knows nothing
-// of ours: a held one would count as let go. So all that it has to tell comes first.
+// The screen's messages about windows and the pointer say which keys are down, but not those that we hold: a
+// held one would count as released. So all of these messages are handled first.
 void LetTheScreenTellAll() {
   const HWND window = GetForegroundWindow();
   for (int round = 0; round < 2; ++round) {
     const HDC screen = GetDC(nullptr);
-    GetPixel(screen, 0, 0);  // an answer to it comes behind all else
+    GetPixel(screen, 0, 0);  // an answer to it comes after all else
     ReleaseDC(nullptr, screen);
     Ask(window, WM_NULL);
   }

@@ -75,7 +75,7 @@ TEST(BulgeArc, a_negative_arc_to_a_lower_end_has_its_centre_right_of_the_chord) 
 }
 
 TEST(BulgeArc, level_vertices_count_as_a_lower_start) {
-  // The centre lies half the chord of 200 away from its middle: below it for a start at the left, above it
+  // The centre is half the chord of 200 away from its middle: below it for a start at the left, above it
   // for one at the right. It sees (300, 50) at 45 degrees, negated 315, and (100, 50) at 225 degrees, negated
   // 135.
   const double radius = 100 * std::sqrt(2.0);
@@ -112,7 +112,7 @@ TEST(BulgeArc, both_vertices_lie_on_the_circle_wherever_the_chord_points) {
       EXPECT_NEAR(std::hypot(startX - arc.centreX, startY - arc.centreY), arc.radius, tolerance);
       EXPECT_NEAR(std::hypot(x - arc.centreX, y - arc.centreY), arc.radius, tolerance);
       // The way is counterclockwise from (x, y) to the start for a positive bulge. Left of it, at this share
-      // of the chord from its middle, lies the centre.
+      // of the chord from its middle, is the centre.
       const double share = (1 - bulge * bulge) / (4 * bulge);
       EXPECT_NEAR(arc.centreX, startX + chord[0] / 2 + share * chord[1], tolerance);
       EXPECT_NEAR(arc.centreY, startY + chord[1] / 2 - share * chord[0], tolerance);
@@ -126,7 +126,7 @@ TEST(BulgeArc, both_vertices_lie_on_the_circle_wherever_the_chord_points) {
   }
 }
 
-// The start angle where the centre's X is exactly that of (x, y): so far out a double can't tell 5 units.
+// The start angle where the centre's X is exactly that of (x, y): so far out a double can't represent a step of 5.
 constexpr double farOut = 1e17;
 
 TEST(BulgeArc, straight_below_the_centre_the_start_angle_is_90) {

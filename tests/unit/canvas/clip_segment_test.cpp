@@ -244,7 +244,7 @@ TEST(DimClipSegment, its_three_rejects_are_four_zeros) {
 
 TEST(DimClipSegment, a_rising_segment_that_crosses_the_lower_line_right_of_the_view_is_dropped_too) {
   // From above the sheet: m = 1, b = 100; 100 at the left edge isn't less than top. Bottom, positive as it
-  // stands, is taken to be crossed at 100 + 900, right of 500.
+  // is, is taken to be crossed at 100 + 900, right of 500.
   EXPECT_EQ(DimClip({0, 50, 500, 900}, -100, 0, 400, 500), allZero);
   EXPECT_EQ(Clip({0, 50, 500, 900}, -100, 0, 400, 500), nothingLeft);
 }

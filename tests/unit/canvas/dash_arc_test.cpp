@@ -21,7 +21,7 @@ constexpr COLORREF red = 0x0000FF;
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// The arcs have their centre at (100, -2000) and a radius of 1000, unless told otherwise. A point lies at
+// The arcs have their centre at (100, -2000) and a radius of 1000, unless stated otherwise. A point is at
 // 100 + trunc(1000 cos) and -2000 + trunc(1000 sin), and so do the dots.
 using Pattern = std::vector<double>;
 
@@ -198,8 +198,8 @@ TEST(DashArc, a_gap_past_the_end_draws_nothing_more) {
 }
 
 TEST(DashArc, a_dash_or_gap_up_to_the_very_end_doesnt_end_the_walk) {
-  // A power of two as radius keeps the angle of the dash exactly that of the end, at (100, -976). Behind the
-  // dash and a gap of 0 a dot stands there; the last gap is past the end by a little more than the dash.
+  // A power of two as radius keeps the angle of the dash exactly that of the end, at (100, -976). After the
+  // dash and a gap of 0 a dot is there; the last gap is past the end by a little more than the dash.
   EXPECT_EQ(ListArc(1024, 0, -90, {1024.0 * (90.0 * pi / 180.0), 0, 0, -1}),
             InPen("MoveToEx(1124, -2000)\nAngleArc(100, -2000, 1024, 0, -90)\n"
                   "MoveToEx(100, -976)\nEllipse(99, -977, 100, -976)\nMoveToEx(-923, -2000)\n"));
@@ -293,7 +293,7 @@ TEST(DashArc, a_pattern_that_walks_backwards_or_nowhere_is_drawn_solid) {
 }
 
 TEST(DashArc, a_first_round_that_gets_on_isnt_enough) {
-  // To 8, back to -2 and on to 6. The next round starts with the dash of -10 behind it: to 4, and to 2.
+  // To 8, back to -2 and on to 6. The next round starts with the dash of -10 after it: to 4, and to 2.
   EXPECT_EQ(ListDashes(0, -35, {0, -8, -10, -8}), Solid("-35"));
   // Unless the first round gets there: at 8 degrees 990.3, 139.2.
   EXPECT_EQ(ListDashes(0, -7, {0, -8, -10, -8}),
@@ -301,7 +301,7 @@ TEST(DashArc, a_first_round_that_gets_on_isnt_enough) {
 }
 
 TEST(DashArc, a_first_round_that_goes_backwards_does_no_harm) {
-  // To -12 (978.1, -207.9), 10 from there, the gap to -1 (999.8, -17.5). Then with the dash of 10 behind it
+  // To -12 (978.1, -207.9), 10 from there, the gap to -1 (999.8, -17.5). Then with the dash of 10 after it
   // to -3 (998.6, -52.3), 10 from there, to 8 (990.3, 139.2); to 6 (994.5, 104.5), where 4 are left of
   // the 10.
   EXPECT_EQ(ListDashes(0, -10, {0, 12, 10, -1}),

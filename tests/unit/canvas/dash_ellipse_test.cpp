@@ -30,8 +30,8 @@ struct Radials {
 };
 constexpr Radials whole = {0, 0, 0, 0};
 
-// The ellipses have their centre at (100, -2000) and, unless told otherwise, the semi-axes -1400 and 200.
-// Half the sum of their squares, 1,960,000 and 40,000, is that of the mean radius of 1000. A point lies at
+// The ellipses have their centre at (100, -2000) and, unless stated otherwise, the semi-axes -1400 and 200.
+// Half the sum of their squares, 1,960,000 and 40,000, is that of the mean radius of 1000. A point is at
 // 100 - trunc(1400 cos) and -2000 - trunc(200 sin): angle 0 is at the left, and the walk goes
 // counter-clockwise.
 std::string ListEllipse(int32_t rx, int32_t ry, const Radials& radials, const Pattern& pattern,
@@ -118,7 +118,7 @@ TEST(DashEllipse, a_gap_past_the_end_draws_nothing_more) {
 
 TEST(DashEllipse, a_dash_or_gap_up_to_the_very_end_doesnt_end_the_walk) {
   // A power of two as mean radius keeps the angle of the dash exactly that of the end: 1024 * 1024 is half of
-  // the squares' sum. Behind a gap of 0 a dot stands there, and the next gap ends the walk.
+  // the squares' sum. After a gap of 0 a dot is there, and the next gap ends the walk.
   EXPECT_EQ(ListEllipse(-1024, 1024, whole, {1024.0 * 6.283185307, 0, 0, -1}),
             InPenAndHollowBrush(Part(-924, -2000, -924, -2000) + "Ellipse(-925, -2001, -924, -2000)\n"));
 }
@@ -379,7 +379,7 @@ TEST(DashEllipse, a_pattern_that_walks_backwards_or_nowhere_is_drawn_solid) {
 }
 
 TEST(DashEllipse, a_first_round_that_gains_only_a_rounding_error_isnt_enough) {
-  // There and back by 0.86 from half a turn, over 4.0, from where on doubles lie twice as far apart: the
+  // There and back by 0.86 from half a turn, over 4.0, from where on doubles are twice as far apart: the
   // first time that leads a little past half a turn, and then nowhere.
   constexpr Radials upperHalf = {50, -2000, 150, -2000};
   EXPECT_EQ(ListEllipse(-1400, 200, upperHalf, {860, 860}), Solid(upperHalf));
@@ -413,7 +413,7 @@ TEST(DashEllipse, endless_elements_that_lead_backwards_are_drawn_solid) {
 }
 
 TEST(DashEllipse, a_walk_ends_after_ten_million_elements) {
-  // 5,000,000 dots, each 3e-16 radians behind the one before it.
+  // 5,000,000 dots, each 3e-16 radians after the one before it.
   const HDC canvas = CreatePlainCanvas();
   const double pattern[] = {0, -1e-11};
   DashEllipse(canvas, 100, -2000, -29900, -32000, 30100, 28000, 0, 0, 0, 0, 30000, 30000, 1000, 500, red,

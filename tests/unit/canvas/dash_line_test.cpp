@@ -153,10 +153,10 @@ TEST(DashLine, a_horizontal_gap_of_0_3_advances_a_unit) {
 }
 
 TEST(DashLine, a_horizontal_dash_up_to_the_very_end_doesnt_end_the_walk) {
-  // The gap behind it does.
+  // The gap after it does.
   EXPECT_EQ(ListDashes(0, -100, 100, -100, {40, -20}),
             InPen("MoveToEx(0, -100)\nLineTo(40, -100)\nMoveToEx(60, -100)\nLineTo(100, -100)\n"));
-  // A dash behind it has no length.
+  // A dash after it has no length.
   EXPECT_EQ(ListDashes(0, -100, 100, -100, {100, 10}),
             InPen("MoveToEx(0, -100)\nLineTo(100, -100)\nLineTo(100, -100)\n"));
 }

@@ -130,7 +130,7 @@ TEST_F(LeftObjectsTest, one_more_than_the_limit_deletes_the_oldest) {
   EXPECT_EQ(calls.size() - std::string("DeleteObject(1)\n").size(), calls.find("DeleteObject"));
 }
 
-// The pen is older than all fonts, but the strokes behind them put it back.
+// The pen is older than all fonts, but the strokes after them put it back.
 TEST_F(LeftObjectsTest, fonts_beyond_the_limit_delete_no_pen) {
   const std::string calls = ListCalls([this](Canvas canvas) {
     Drop(canvas, 1);

@@ -261,7 +261,7 @@ TEST(PenArc, the_turned_angle_isnt_normalised) {
 }
 
 TEST(PenArc, the_turned_angle_is_a_float) {
-  // Floats between 128 and 256 lie 2^-16 apart; the nearest to 180.1 is 11803034 / 65536 = 180.10000610.
+  // Floats between 128 and 256 are 2^-16 apart; the nearest to 180.1 is 11803034 / 65536 = 180.10000610.
   // At -180.1 degrees cos * 1000 = -999.998, sin * 1000 = 1.7.
   EXPECT_EQ(ListArcStroke(100, -400, 1000, 0.1f, 60.0f, turned),
             InPen("PS_DASH, 0", "MoveToEx(901, -599)\nAngleArc(1900, -600, 1000, 180.100006, 60)\n"));

@@ -61,7 +61,7 @@ TEST_F(BlockDispatchTest, group_20_ends_the_search_for_the_base_point) {
 TEST_F(BlockDispatchTest, group_3_ends_the_search_for_the_base_point) {
   EXPECT_EQ(SlantedStroke(), Draw(slanted, "3 A\n10 30\n20 30\n"));
   EXPECT_EQ(Stroke(black, 500, -1000, 2500, -2000), Draw(slanted, "10 5\n3 A\n20 30\n"));
-  // Behind the header of Draw stands such a group.
+  // Such a group follows the header of Draw.
   EXPECT_EQ(SlantedStroke(), Draw(slanted, ""));
 }
 
@@ -199,7 +199,7 @@ TEST_F(BlockDispatchTest, each_entity_is_cut_to_the_view) {
   EXPECT_EQ(HeldArc(magenta, "MoveToEx(5500, -4134)\nAngleArc(5000, -5000, 1000, -60, -240)\n"),
             Draw(circle));
   EXPECT_EQ(Stroke(black, 1000, -5000, 5500, -5000), Draw(LineOf(Ends(0, 30, 90, 30))));
-  // Of an arc from 270 to 90 degrees 30 are left in front of the cap.
+  // Of an arc from 270 to 90 degrees 30 are left before the cap.
   EXPECT_EQ(HeldArc(magenta, "MoveToEx(5000, -6000)\nAngleArc(5000, -5000, 1000, -270, -30)\n"),
             Draw("0 ARC\n" + place + "40 10\n50 270\n51 90\n"));
   view = {0, 0, 4000, 4000};
@@ -250,7 +250,7 @@ TEST_F(EndlessBlockTest, a_block_that_is_in_no_other_is_never_too_long) {
   EXPECT_EQ(nestedByteLimit, state.nestedBytes);
 }
 
-// A block B from behind its name on: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of each
+// A block B from after its name on: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of each
 // line and 9 of ENDBLK, with 50 more for each line and for ENDBLK.
 constexpr int64_t countOfOneLine = 27 + 58 + 9 + 2 * 50;
 constexpr int64_t countOfTwoLines = 27 + 2 * 58 + 9 + 3 * 50;

@@ -109,7 +109,7 @@ TEST_F(BlockInsertTest, its_point_is_not_turned_by_the_block_around_it) {
 }
 
 TEST_F(BlockInsertTest, its_own_scales_count_for_its_point_only_where_they_stand_in_front_of_it) {
-  // Behind: the origin is (500, 400). X: 1000 * 2 + 500 and 2000 * 2 + 500; Y: 2000 * 3 + 400 and
+  // After: the origin is (500, 400). X: 1000 * 2 + 500 and 2000 * 2 + 500; Y: 2000 * 3 + 400 and
   // 1000 * 3 + 400.
   EXPECT_EQ(Stroke(black, 2500, -3600, 4500, -6600), Draw("2 NEAR\n10 5\n20 4\n41 2\n42 3\n"));
   // In front: (1000, 1200).
@@ -263,7 +263,7 @@ TEST_F(BlockInsertTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has_and_
 }
 
 TEST_F(BlockInsertTest, a_file_may_end_behind_any_byte) {
-  CutBehindEachByte("0 INSERT\n8 WALLS\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
+  CutAfterEachByte("0 INSERT\n8 WALLS\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
     Insert(canvas);
     EXPECT_EQ(0, result);
     EXPECT_EQ(0, ReadGroup(stream));
@@ -286,7 +286,7 @@ class NestedInsertTest : public BlockInsertTest {
 
 TEST_F(NestedInsertTest, what_follows_a_nested_insert_is_drawn_with_the_outer_scales) {
   AddBlock("OUTER", "0 INSERT\n2 NEAR\n10 10\n20 5\n41 2\n42 2\n62 5\n" + nearOrigin);
-  // Within the outer scale of 2 the nested one lies at (2000, 1000) and has the scale 4: X 1000 * 4 + 2000
+  // Within the outer scale of 2 the nested one is at (2000, 1000) and has the scale 4: X 1000 * 4 + 2000
   // and 2000 * 4 + 2000, Y 2000 * 4 + 1000 and 1000 * 4 + 1000. The line itself: twice its coordinates.
   EXPECT_EQ(Stroke(black, 6000, -1000, 10000, -5000) + Stroke(black, 2000, -6000, 4000, -8000),
             DrawOuter("8 WALLS\n2 OUTER\n41 2\n42 2\n"));
@@ -313,7 +313,7 @@ TEST_F(NestedInsertTest, angles_add_up_and_are_taken_back) {
   AddBlock("OUTER", "0 INSERT\n2 TURNED\n10 20\n20 0\n50 60\n0 INSERT\n2 TURNED\n10 40\n20 0\n50 60\n");
   state.shiftX = 0.5;
   state.shiftY = 0.5;
-  // Each is turned by 30 + 60 degrees about where it lies unturned: (3000, 1000) and (5000, 1000).
+  // Each is turned by 30 + 60 degrees about where it is unturned: (3000, 1000) and (5000, 1000).
   EXPECT_EQ(Stroke(black, 3000, -6999, 4000, -6999) + Stroke(black, 5000, -6999, 6000, -6999),
             DrawOuter("2 OUTER\n10 10\n20 10\n50 30\n"));
   EXPECT_DOUBLE_EQ(30.0 * 3.1415926535 / 180.0, state.insertAngle);

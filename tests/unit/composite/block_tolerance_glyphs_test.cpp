@@ -97,7 +97,7 @@ TEST_F(BlockToleranceGlyphsTest, some_radii_are_rounded_and_others_cut) {
 
 TEST_F(BlockToleranceGlyphsTest, the_height_of_its_letters_font_is_cut) {
   // 999 * 0.7 = 699.3; the circle's radius is 424.575 + 0.5, about 5624.375 and -6500.5, and the letter
-  // stands at 5449.55, -7000 + 149.85; all but the radius half a unit further out by the shift.
+  // is at 5449.55, -7000 + 149.85; all but the radius half a unit further out by the shift.
   EXPECT_EQ(InPen(red, InFont(699,
                               "MoveToEx(6049, -6501)\nAngleArc(5624, -6501, 425, 0, 360)\nSetTextAlign(8)\n"
                               "ExtTextOutW(5450, -6850, 0, \"S\")\n")),

@@ -195,7 +195,7 @@ TEST_F(BlockToleranceTest, text_is_drawn_byte_by_byte) {
 }
 
 TEST_F(BlockToleranceTest, the_second_byte_of_a_character_is_a_code) {
-  // Katakana TA ends in a caret, which takes the byte behind it along.
+  // Katakana TA ends in a caret, which takes the byte after it along.
   EXPECT_EQ(Character(5000, noCharacterListed) + ToleranceCharacter(700, 5000, -3400, "B") +
                 ToleranceBox(black, 5000, -3500, 5500, -2500),
             DrawString("\x83\x5E"
@@ -289,7 +289,7 @@ TEST_F(BlockToleranceTest, a_letter_in_its_circle_is_drawn_in_a_font_of_its_own)
 // The whole string.
 
 TEST_F(BlockToleranceTest, a_symbol_cut_short_by_the_end_draws_nothing) {
-  // A longer string before it leaves its bytes behind the end.
+  // A longer string before it leaves its bytes after the end.
   DrawString("AAAAAAAAuAAAAAAAA");
   EXPECT_EQ(Character(5000, "A") + InPen(black, "") + Box(5500), DrawString("A{"));
 }

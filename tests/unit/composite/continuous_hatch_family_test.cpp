@@ -56,7 +56,7 @@ std::string UprightLines(const std::vector<int32_t>& places) {
 // 0 degrees
 
 TEST(ContinuousHatchFamily, level_lines_rise_to_the_top_and_begin_anew_at_the_first_one) {
-  // -1000, -800, -600, -400, above the top. The second pass starts 0 behind and falls to -1200.
+  // -1000, -800, -600, -400, above the top. The second pass starts 0 further on and falls to -1200.
   EXPECT_EQ(List(Family(0, 0, 200)), LevelLines({-1000, -800, -600, -400, -1000}));
 }
 
@@ -86,11 +86,11 @@ TEST(ContinuousHatchFamily, level_lines_from_left_of_the_extent_begin_there) {
 TEST(ContinuousHatchFamily, level_lines_catch_up_with_their_fractions) {
   // The first pass takes -1000, -849.5, -699, -548.5; the second starts at -1000 and falls by 150: -1150.
   EXPECT_EQ(List(Family(0, 0, 150.5)), LevelLines({-1000, -849, -699, -548, -1000}));
-  // From -1000 + 150 = -850: -700 lies below trunc(-699.5) = -699 and is raised; -549 is -549; -399 is raised
+  // From -1000 + 150 = -850: -700 is below trunc(-699.5) = -699 and is raised; -549 is -549; -399 is raised
   // to -398, above the top.
   EXPECT_EQ(List(Family(0, 0, -150.5)), LevelLines({-1000, -850, -699, -549}));
   // Downward from -450: the first pass -450 only; -450, then -600.5: -600 is above its trunc of -600; -750
-  // lies above -751; -901 above trunc(-901.5) = -901.
+  // is above -751; -901 above trunc(-901.5) = -901.
   EXPECT_EQ(List(Family(0, 0, 150.5, 0, -450)), LevelLines({-450, -450, -600, -751, -901}));
 }
 
@@ -169,7 +169,7 @@ TEST(ContinuousHatchFamily, lines_at_45_degrees_lose_a_unit_by_the_short_constan
 TEST(ContinuousHatchFamily, an_offset_up_and_to_the_right_leads_up_the_left_edge_first) {
   // Y grows by 300 - 100 * slope = 200.000000005: -1000, -799.99, -599.99 (limited: 999), -399.99 is above.
   // The second pass starts at X = -100 + trunc(-300.00000001) = -400 and steps by -400.00000001 from 0: -400
-  // again, and at -800 the line lies above the extent's upper left corner. 1400 rises by 1399.9999999.
+  // again, and at -800 the line is above the extent's upper left corner. 1400 rises by 1399.9999999.
   EXPECT_EQ(List(Family(45, 100, 300)), Line(0, -1000, 1000, -1) + Line(0, -799, 1000, 200) +
                                             Line(0, -599, 999, 400) + Line(-400, -1000, 1000, 399) +
                                             Line(-400, -1000, 1000, 399));
@@ -179,7 +179,7 @@ TEST(ContinuousHatchFamily, an_offset_flatter_than_the_lines_leads_down_the_left
   // Y grows by 100 - 500 * slope = -399.99999998: -1000, -1399.99 (rises by 999.99 to -400, still within
   // reach at the right edge), -1799.99 rises to -800, -2199.99 to -1200, below the bottom.
   // The second pass: X = -500 + trunc(-100.000000004) = -600, 1600 rises by the limit 1400 * 1 / slope; then
-  // -600.000000004 lies above the upper left corner: -1000 + 600 = -400.00000001 isn't yet; -1200 is.
+  // -600.000000004 is above the upper left corner: -1000 + 600 = -400.00000001 isn't yet; -1200 is.
   EXPECT_EQ(List(Family(45, 500, 100)), Line(0, -1000, 1000, -1) + Line(0, -1399, 1000, -400) +
                                             Line(0, -1799, 1000, -800) + Line(-600, -1000, 800, 400) +
                                             Line(-600, -1000, 800, 400));
@@ -222,7 +222,7 @@ TEST(ContinuousHatchFamily, the_part_below_a_start_at_the_left_edge_stays_empty)
 
 TEST(ContinuousHatchFamily, a_line_is_bounded_by_the_sum_of_top_and_its_start) {
   // With the top at -100 a line from -1000 rises by 1100 at most, not by 900: 1100 / 1.732 = 635.08. The
-  // second pass starts at -2000, where the line lies above the extent.
+  // second pass starts at -2000, where the line is above the extent.
   EXPECT_EQ(List(Family(60, 2000, 0), {0, -100, 1000, -1000}),
             Line(0, -1000, 635, 100) + Line(-2000, -1000, -1365, 100));
 }
@@ -235,7 +235,7 @@ TEST(ContinuousHatchFamily, above_the_sheets_top_lines_end_early) {
 }
 
 TEST(ContinuousHatchFamily, an_offset_without_a_height_leads_to_both_sides_of_slanted_lines) {
-  // X: 0, 400, 800. The second pass starts at -400 and counts from 0 again: -400, and at -800 the line lies
+  // X: 0, 400, 800. The second pass starts at -400 and counts from 0 again: -400, and at -800 the line is
   // above the upper left corner: -1000 + 800.
   EXPECT_EQ(List(Family(45, 400, 0)), Line(0, -1000, 1000, -1) + Line(400, -1000, 1000, -401) +
                                           Line(800, -1000, 1000, -801) + Line(-400, -1000, 1000, 399) +
@@ -314,13 +314,13 @@ TEST(ContinuousHatchFamily, lines_that_lean_back_lead_to_the_right_of_the_first_
 
 TEST(ContinuousHatchFamily, an_offset_down_to_the_right_steps_by_the_difference) {
   // X grows by 700 - 100 / tan(45) = 599.99999999: 0, 599, 1199. In the second pass one line, as -1000 - 100
-  // + 700 = -400 (-399.99999994, which is above the top: it goes on, upward, and is left behind for good).
+  // + 700 = -400 (-399.99999994, which is above the top: it goes on, upward, and never comes back).
   EXPECT_EQ(List(Family(135, 700, -100)),
             Line(0, -1000, 0, -1000) + Line(599, -1000, 0, -401) + Line(1199, -1000, 0, 199));
 }
 
 TEST(ContinuousHatchFamily, lines_that_move_to_the_left_end_below_the_extent) {
-  // X falls by 200: 500, 299.99999999, 99.99, -100.00000003 lies below the bottom. The second pass: from
+  // X falls by 200: 500, 299.99999999, 99.99, -100.00000003 is below the bottom. The second pass: from
   // there, a line from -100 down to the left edge; Y falls by 200 to -1200.
   EXPECT_EQ(List(Family(135, 100, -300, 500)), Line(500, -1000, 0, -500) + Line(299, -1000, 0, -701) +
                                                    Line(99, -1000, 0, -901) + Line(-100, -1000, 0, -1100));
@@ -370,7 +370,7 @@ bool Covers(const std::vector<Segment>& segments, double x, double y, double tol
   return false;
 }
 
-// Walks over places within the extent on lines that lie a spacing apart, the first through the lower left
+// Walks over places within the extent on lines that are a spacing apart, the first through the lower left
 // corner.
 void ExpectEvenFill(const std::vector<Segment>& segments, const HatchExtent& within, double angle,
                     double spacing) {

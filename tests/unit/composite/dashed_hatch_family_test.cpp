@@ -298,7 +298,7 @@ TEST(DashedHatchFamily, the_second_quadrant_from_the_lower_left_corner) {
                                                                        {391, -461, 250, -320}}));
 }
 
-// The first row of a family whose other rows lie far off.
+// The first row of a family whose other rows are far off.
 std::string FirstRow(int32_t degrees, Base base, Offset offset) {
   const std::string listing = List(Family(degrees, base, offset, dashAndGap));
   size_t end = 0;
@@ -351,7 +351,7 @@ TEST(DashedHatchFamily, upright_rows_step_back_by_their_offset_to_the_left_edge)
 
 TEST(DashedHatchFamily, rows_at_270_degrees_hang_from_the_top) {
   // Seen upside down (0, -700) and the offset (150, 50): back to (150, -950), (300, -900), (450, ...). The
-  // second pass: (-150, -750), left of the extent, ends behind its one row.
+  // second pass: (-150, -750), left of the extent, ends after its one row.
   const std::vector<Dash> rows = {{0, -700, 0, -500},       {0, -400, 0, -200},      {150, -950, 150, -750},
                                   {150, -650, 150, -450},   {300, -900, 300, -700},  {300, -600, 300, -400},
                                   {-150, -750, -150, -550}, {-150, -450, -150, -250}};

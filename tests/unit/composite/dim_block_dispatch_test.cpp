@@ -191,7 +191,7 @@ TEST_F(DimBlockDispatchTest, behind_an_entity_on_an_excluded_layer_the_next_one_
 
 TEST_F(DimBlockDispatchTest, an_arc_is_given_the_whole_sheet) {
   // From 270 to 90 degrees. Where the sheet isn't whole a cap of 500 of 1000.0001 is cut off, as an arc has
-  // that much more: acos(500.0001 / 1000.0001) is 59.9999967, and 30.0000033 are left in front of the cap.
+  // that much more: acos(500.0001 / 1000.0001) is 59.9999967, and 30.0000033 are left before the cap.
   const std::string half = "0 ARC\n" + place + "40 10\n50 270\n51 90\n";
   view = {0, 0, 5500, 10000};
   EXPECT_EQ(HeldArc(green, "MoveToEx(5000, -6000)\nAngleArc(5000, -5000, 1000, -270, -180)\n"), Draw(half));
@@ -230,7 +230,7 @@ TEST_F(DimBlockDispatchTest, a_block_within_an_inserted_one_is_given_the_half_wi
 }
 
 TEST_F(DimBlockDispatchTest, texts_are_told_that_they_must_be_whole) {
-  // They stand 5000 below the sheet's top and reach up to 4800 and 4780.
+  // They are 5000 below the sheet's top and reach up to 4800 and 4780.
   view = {0, 4850, 20000, 10000};
   const std::string alignCalls = AlignCall(8) + AlignCall(8);
   EXPECT_EQ(TextCalls("0x00FF00", 200, 0, gothic), Draw(text));
@@ -300,7 +300,7 @@ TEST_F(DimBlockDispatchTest, a_dimensions_block_is_never_too_long) {
 TEST_F(DimBlockDispatchTest, what_blocks_within_it_read_is_counted) {
   AddBlock("A", slanted + "0 INSERT\n2 B\n10 0\n20 0\n" + slanted);
   AddBlock("B", slanted);
-  // Behind the name of B: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of the line and 9 of
+  // After the name of B: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of the line and 9 of
   // ENDBLK, with 50 more for the line and for ENDBLK.
   constexpr int64_t count = 27 + 58 + 9 + 2 * 50;
   state.nestedBytes = nestedByteLimit - count;

@@ -146,7 +146,7 @@ TEST_F(DimInsertDispatchTest, line_and_arc_are_given_the_whole_sheet) {
   wholeSheet = 0;
   EXPECT_EQ("", Draw(slanted));
   // From 270 to 90 degrees. Where the sheet isn't whole a cap of 500 of 1000 is cut off, and 30 degrees are
-  // left in front of it.
+  // left before it.
   const std::string half = "0 ARC\n" + place + "40 10\n50 270\n51 90\n";
   view = {0, 0, 5500, 10000};
   EXPECT_EQ(HeldArc(magenta, "MoveToEx(5000, -6000)\nAngleArc(5000, -5000, 1000, -270, -30)\n"), Draw(half));
@@ -188,7 +188,7 @@ TEST_F(DimInsertDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
 
 // Walks without an end.
 
-// What is read behind the block's name: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of each
+// What is read after the block's name: 5 + 15 + 4 + 3 bytes of groups 70, 10 to 30, 3 and 1, 7 + 51 of each
 // line and 9 of ENDBLK, with 50 more for each line and for ENDBLK.
 constexpr int64_t countOfTwoLines = 27 + 2 * 58 + 9 + 3 * 50;
 

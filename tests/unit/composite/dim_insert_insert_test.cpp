@@ -241,7 +241,7 @@ TEST_F(DimInsertInsertTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has)
 }
 
 TEST_F(DimInsertInsertTest, a_file_may_end_behind_any_byte) {
-  CutBehindEachByte("0 INSERT\n8 0\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
+  CutAfterEachByte("0 INSERT\n8 0\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
     Insert(canvas);
     EXPECT_EQ(0, result);
     EXPECT_EQ(0, ReadGroup(stream));

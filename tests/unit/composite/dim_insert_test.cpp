@@ -290,7 +290,7 @@ TEST_F(DimInsertTest, a_file_that_ends_right_behind_its_name_ends_its_caller) {
 }
 
 TEST_F(DimInsertTest, a_file_may_end_behind_any_byte) {
-  CutBehindEachByte("0 INSERT\n8 0\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
+  CutAfterEachByte("0 INSERT\n8 0\n2 A\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n", [this](Canvas canvas) {
     Insert(canvas);
     EXPECT_EQ(0, ReadGroup(stream));
   });

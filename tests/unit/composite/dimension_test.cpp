@@ -272,7 +272,7 @@ TEST_F(DimensionTest, behind_it_the_next_entitys_group_stands_in_the_buffer) {
 }
 
 TEST_F(DimensionTest, a_block_behind_it_in_the_file_is_reached_and_left) {
-  // Blocks in front of the entities are the rule, but not a must.
+  // Blocks before the entities are the rule, but not a must.
   stream = StreamOf("0 DIMENSION\n2 *D9\n0 CIRCLE\n40 7\n0 BLOCK\n2 *D9\n" + slanted + "0 ENDBLK\n");
   ReadBlocks(stream);
   Seek(stream, 0);
@@ -295,11 +295,11 @@ TEST_F(DimensionTest, a_file_that_ends_right_behind_its_name_ends_its_caller) {
 }
 
 TEST_F(DimensionTest, a_file_may_end_behind_any_byte) {
-  CutBehindEachByte("0 DIMENSION\n8 0\n2 *D1\n10 5\n20 6\n12 2\n22 3\n13 30\n70 32\n1 12\n",
-                    [this](Canvas canvas) {
-                      Dimension(canvas);
-                      EXPECT_EQ(0, ReadGroup(stream));
-                    });
+  CutAfterEachByte("0 DIMENSION\n8 0\n2 *D1\n10 5\n20 6\n12 2\n22 3\n13 30\n70 32\n1 12\n",
+                   [this](Canvas canvas) {
+                     Dimension(canvas);
+                     EXPECT_EQ(0, ReadGroup(stream));
+                   });
 }
 
 TEST_F(DimensionTest, a_block_that_the_end_of_the_file_cuts_off_is_drawn_as_far_as_it_goes) {

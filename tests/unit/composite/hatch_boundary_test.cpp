@@ -19,7 +19,7 @@ class HatchBoundaryTest : public ConverterTest {
  protected:
   HatchBoundaryTest() { boundary.solidFill = true; }
 
-  // Reads these groups, and the next entity's name behind them.
+  // Reads these groups, and the next entity's name after them.
   void Read(const std::string& groups) { ReadText(groups + "0 CIRCLE\n"); }
 
   void ReadText(const std::string& text) {
@@ -191,7 +191,7 @@ TEST_F(HatchBoundaryTest, an_end_below_the_start_is_a_turn_further) {
   EXPECT_EQ(10.0, boundary.arcEnd);
 }
 
-// Arc edges: a radius of 10 about (50, 50), so that corners lie at 5000 + 1000 cos and -5000 + 1000 sin.
+// Arc edges: a radius of 10 about (50, 50), so that corners are at 5000 + 1000 cos and -5000 + 1000 sin.
 
 const char arcAbout[] = "72 2\n10 50\n20 50\n40 10\n";
 
@@ -252,7 +252,7 @@ TEST_F(HatchBoundaryTest, an_arc_over_a_billion_degrees_ends_at_the_limit_of_cor
   Read(std::string(arcAbout) + "50 -1e300\n51 1e300\n73 1\n97 0\n");
 }
 
-// Bulges: a radius of 20 about (50, 50), so that corners lie at 5000 + 2000 cos and -5000 + 2000 sin, to
+// Bulges: a radius of 20 about (50, 50), so that corners are at 5000 + 2000 cos and -5000 + 2000 sin, to
 // which a half is added. An arc of 4 degrees has a bulge of tan 1, one of 4.5 of tan 1.125.
 
 const char bulge4[] = "42 0.017455064928217585\n";

@@ -34,7 +34,7 @@ std::string Head(const std::string& listing, const std::string& calls) {
   return listing.substr(0, calls.size());
 }
 
-// A family whose rows lie so far apart that only the first one meets the extent: 90 mm to the right and down.
+// A family whose rows are so far apart that only the first one meets the extent: 90 mm to the right and down.
 std::string OneRow(const std::string& angle, const std::string& dashes,
                    const std::string& base = "43 0\n44 0\n") {
   return "53 " + angle + "\n" + base + "45 90\n46 -90\n" + dashes;
@@ -137,7 +137,7 @@ TEST_F(HatchLinesTest, a_family_keeps_what_it_doesnt_tell_from_the_one_before) {
 TEST_F(HatchLinesTest, an_angle_starts_a_new_list_of_dashes) {
   const std::string head = "43 0\n44 0\n45 0\n46 9\n";
   const std::string family = "53 0\n" + head + "79 2\n49 3\n49 -2\n";
-  // One dash is told before the angle, which forgets it.
+  // One dash is given before the angle, which forgets it.
   EXPECT_EQ(Fill("53 0\n79 2\n49 3\n" + family), Fill(family));
   // Without an angle the dashes follow those before: of four the first two are known already.
   EXPECT_EQ(Fill(family + "79 4\n49 1\n49 -1\n").size() - Fill(family).size(),
@@ -173,8 +173,8 @@ TEST_F(HatchLinesTest, a_dot_has_a_diameter_of_40_at_any_scale) {
 const std::string slantedDashes = "53 45\n43 0\n44 0\n45 0.6\n46 -1.5\n79 2\n49 2\n49 -1\n";
 
 TEST_F(HatchLinesTest, a_familys_period_holds_the_dashes_of_those_in_front) {
-  // By itself the third row of the first pass, at (120, -1300), is skipped forward by 211, as it lies below
-  // -1000 - 0.7071 * 300 = -1212.1. Behind a family of the period 300 its bound is -1000 - 424.3.
+  // By itself the third row of the first pass, at (120, -1300), is skipped forward by 211, as it is below
+  // -1000 - 0.7071 * 300 = -1212.1. After a family of the period 300 its bound is -1000 - 424.3.
   EXPECT_NE(Fill(slantedDashes).find("MoveToEx(331, -1089)\n"), std::string::npos);
   EXPECT_EQ(Fill(slantedDashes).find("MoveToEx(120, -1300)\n"), std::string::npos);
   const std::string empty = "53 360\n79 2\n49 2\n49 -1\n";
@@ -182,8 +182,8 @@ TEST_F(HatchLinesTest, a_familys_period_holds_the_dashes_of_those_in_front) {
 }
 
 TEST_F(HatchLinesTest, the_period_holds_the_dashes_without_their_fractions) {
-  // The second row is at (60, -1353). Behind dashes of 2 * 99.9 the period is 2 * 99 + 300: the row lies
-  // below -1000 - 0.7071 * 498 = -1352.1 and is skipped by 211. Behind 2 * 100 its bound is -1353.6.
+  // The second row is at (60, -1353). After dashes of 2 * 99.9 the period is 2 * 99 + 300: the row is
+  // below -1000 - 0.7071 * 498 = -1352.1 and is skipped by 211. After 2 * 100 its bound is -1353.6.
   const std::string row = "53 45\n43 0\n44 0\n45 0.6\n46 -3.53\n79 2\n49 2\n49 -1\n";
   const std::string whole = "53 360\n79 2\n49 1\n49 -1\n";
   const std::string broken = "53 360\n79 2\n49 0.999\n49 -0.999\n";

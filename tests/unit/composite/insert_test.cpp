@@ -387,11 +387,11 @@ TEST_F(InsertTest, a_file_that_ends_behind_the_name_of_a_block_called_insert_com
 TEST_F(InsertTest, a_file_may_end_behind_any_byte) {
   const std::string insert =
       "0 INSERT\n8 WALLS\n2 A\n6 ByBlock\n10 5\n20 6\n41 2\n42 3\n50 30\n62 5\n230 -1\n";
-  CutBehindEachByte(insert, [this](Canvas canvas) {
+  CutAfterEachByte(insert, [this](Canvas canvas) {
     Insert(canvas);
     EXPECT_EQ(0, ReadGroup(stream));
   });
-  CutBehindEachByte("2 ENTITIES\n" + insert, [this](Canvas canvas) {
+  CutAfterEachByte("2 ENTITIES\n" + insert, [this](Canvas canvas) {
     DrawEntities({RunOn(canvas)});
     EXPECT_EQ(0, ReadGroup(stream));
   });

@@ -105,7 +105,7 @@ TEST_F(LeaderArrowTest, its_extended_data_may_name_it) {
 }
 
 TEST_F(LeaderArrowTest, without_any_of_them_there_is_no_arrow) {
-  // Though the block PLAIN tells no reference, like the style.
+  // Though the block PLAIN has no reference, like the style.
   EXPECT_EQ(LeaderToLeft(), Draw("3 NONE\n" + toLeft));
   EXPECT_EQ(LeaderToLeft(), Draw("3 NONE\n" + toLeft + "1000 DSTYLE\n"));
   EXPECT_EQ(LeaderToLeft(), Draw(toLeft));
@@ -317,7 +317,7 @@ TEST_F(LeaderArrowTest, on_a_turned_sheet_it_is_turned_along) {
 
 TEST_F(LeaderArrowTest, a_leg_to_the_left_does_not_turn_it_by_more_than_a_right_angle) {
   EXPECT_EQ(0.0, AngleTo("10 30\n20 50\n"));
-  // Up to the left the first vertex lies down to the right.
+  // Up to the left the first vertex is down to the right.
   EXPECT_DOUBLE_EQ(-0.78539816339744831, AngleTo("10 40\n20 60\n"));
   EXPECT_DOUBLE_EQ(0.78539816339744831, AngleTo("10 40\n20 40\n"));
   // atan(-0.5).
@@ -397,7 +397,7 @@ TEST_F(LeaderArrowTest, the_run_options_reach_its_texts) {
   AddBlock("_TEXT", text);
   AddStyle("TEXT", "_TEXT", "");
   EXPECT_NE(std::string::npos, Draw("3 TEXT\n" + toLeft).find("\"AB\""));
-  // In half-width mode a Latin text has another font and lies to the right.
+  // In half-width mode a Latin text has another font and is to the right.
   EXPECT_EQ(std::string::npos, Draw("3 TEXT\n" + toLeft).find(", \"\")\n"));
   halfWidthFont = 1;
   EXPECT_NE(std::string::npos, Draw("3 TEXT\n" + toLeft).find(", \"\")\n"));
@@ -484,7 +484,7 @@ TEST_F(LeaderArrowTest, a_block_inside_itself_ends_as_a_fault_behind_the_leader_
   AddStyle("LOOP", "_LOOP", "");
   const std::string calls = DrawSection("0 LEADER\n3 LOOP\n" + toLeft + "0 LINE\n62 1\n");
   EXPECT_EQ(faultCode, thrown);
-  // The pen is deleted in front of the block's first line, which so has the same place among the objects.
+  // The pen is deleted before the block's first line, which so has the same place among the objects.
   EXPECT_EQ(0u, calls.find(LeaderToLeft() + Open()));
   EXPECT_EQ(std::string::npos, calls.find("CreatePen(2"));
 }

@@ -57,7 +57,7 @@ class LeaderTest : public BlockStreamTest {
 
   void Run(Canvas canvas) { result = DrawLeader({RunOn(canvas)}); }
 
-  // The next entity stands in the buffer, and its first group behind that.
+  // The next entity is in the buffer, and its first group after that.
   void ExpectNextEntity() {
     EXPECT_EQ(1, result);
     EXPECT_TRUE(AtGroup(0, "CIRCLE"));
@@ -119,7 +119,7 @@ TEST_F(LeaderTest, a_leader_without_a_vertex_leaves_the_entity_behind_it_alone) 
 
 TEST_F(LeaderTest, a_vertex_lies_where_its_group_20_stands_and_lacks_what_follows_it) {
   state.entX[0] = 1500.0;
-  // The X behind it is that of the second vertex.
+  // The X after it is that of the second vertex.
   EXPECT_EQ(Leader({{1500, -1000}, {2000, -2000}, {2000, -2000}}), Draw("20 90\n10 20\n20 80\n"));
   state.entX[1] = 2500.0;
   EXPECT_EQ(Leader({{1000, -1000}, {2500, -2000}, {2500, -2000}}), Draw("10 10\n20 90\n20 80\n"));
@@ -320,11 +320,11 @@ TEST_F(LeaderInViewTest, a_first_leg_to_the_left_is_not_cut_at_the_left_edge) {
 }
 
 TEST_F(LeaderInViewTest, a_first_leg_up_to_the_left_goes_to_the_lower_edge_instead) {
-  // To (1500, 0): m = -4, so it counts as falling. Y -3000 lies 1000 below, at 2000 + 1000 / 4.
+  // To (1500, 0): m = -4, so it counts as falling. Y -3000 is 1000 below, at 2000 + 1000 / 4.
   EXPECT_EQ(Leader({{2000, -2000}, {2250, -3000}}), Draw("10 20\n20 80\n10 15\n20 100\n"));
 }
 
-// The same where the sheet lies 1000 left of the model: the second vertex is the start of the cut.
+// The same where the sheet is 1000 left of the model: the second vertex is the start of the cut.
 
 class LeaderInShiftedViewTest : public LeaderInViewTest {
  protected:
@@ -351,12 +351,12 @@ TEST_F(LeaderInShiftedViewTest,
 }
 
 TEST_F(LeaderInShiftedViewTest, such_a_leg_does_so_far_above_the_sheet_too) {
-  // To (0, 10000): m = -6; at X 1000 it is at Y 4000, which lies beyond the lower edge's 3000.
+  // To (0, 10000): m = -6; at X 1000 it is at Y 4000, which is beyond the lower edge's 3000.
   EXPECT_EQ(Leader({{2000, -2000}, {-1, -1}}), Draw("10 30\n20 80\n10 10\n20 200\n"));
 }
 
 TEST_F(LeaderInShiftedViewTest, behind_a_rejected_leg_its_record_decides_whether_the_line_goes_on) {
-  // (-1, -1) lies within this view. To (-12000, -58000): m = 4; at X -5000 it is at Y -30000, below.
+  // (-1, -1) is within this view. To (-12000, -58000): m = 4; at X -5000 it is at Y -30000, below.
   view = {-5000, -5000, 3000, 3000};
   EXPECT_EQ(Leader({{2000, -2000}, {-1, -1}, {1500, -1500}, {1500, -1500}}),
             Draw("10 30\n20 80\n10 -110\n20 -480\n10 25\n20 85\n"));
@@ -392,7 +392,7 @@ TEST_F(LeaderTest, an_end_that_the_cut_computes_anew_may_lie_a_unit_off) {
   EXPECT_EQ(Leader({{1000, -1000}, {1600, -899}, {1600, -900}}), Draw("10 10\n20 90\n10 16\n20 91\n"));
 }
 
-// Whether it goes on behind the first leg.
+// Whether it goes on after the first leg.
 
 TEST_F(LeaderInViewTest, behind_a_first_leg_that_ends_on_an_edge_there_is_no_more_line_and_no_hook) {
   const std::string rest = "10 22\n20 82\n1000 ARROW\n";
@@ -480,7 +480,7 @@ TEST_F(LeaderTest, behind_an_upright_last_leg_the_hook_goes_to_the_left) {
 }
 
 TEST_F(LeaderTest, the_last_x_told_decides_where_the_hook_goes) {
-  // The second of two groups 10 lies left of the first, though right of the vertex before.
+  // The second of two groups 10 is left of the first, though right of the vertex before.
   EXPECT_EQ(Leader({{1000, -1000}, {1500, -2000}, {1000, -2000}}),
             Draw("41 5\n10 10\n20 90\n10 20\n10 15\n20 80\n"));
   // An X without its Y moves the hook.
@@ -556,11 +556,11 @@ TEST_F(LeaderTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has) {
 }
 
 TEST_F(LeaderTest, a_file_may_end_behind_any_byte) {
-  CutBehindEachByte("0 LEADER\n3 A\n8 WALLS\n62 5\n41 5\n" + bent + "1000 DSTYLE\n1000 A\n",
-                    [this](Canvas canvas) {
-                      Run(canvas);
-                      EXPECT_EQ(0, ReadGroup(stream));
-                    });
+  CutAfterEachByte("0 LEADER\n3 A\n8 WALLS\n62 5\n41 5\n" + bent + "1000 DSTYLE\n1000 A\n",
+                   [this](Canvas canvas) {
+                     Run(canvas);
+                     EXPECT_EQ(0, ReadGroup(stream));
+                   });
 }
 
 TEST_F(LeaderTest, wherever_the_file_ends_the_pen_is_put_back_and_deleted) {

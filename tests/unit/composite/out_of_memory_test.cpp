@@ -140,7 +140,7 @@ TEST_F(OutOfMemory, the_exception_leaves_a_dimensions_inserted_block_as_11_with_
   EXPECT_EQ(drawnLine + Stroke(black, 1000, -1000, 3000, -2000), listing);
 }
 
-// A hatch's pen and brush, which stand under the numbers 1 and 2. A fill's own brush is never deleted.
+// A hatch's pen and brush, which have the numbers 1 and 2. A fill's own brush is never deleted.
 
 bool IsIn(const std::string& listing, const std::string& call) {
   return listing.find(call) != std::string::npos;

@@ -113,7 +113,7 @@ TEST_F(ToleranceTest, no_gap_stands_before_the_first_character_or_behind_another
 }
 
 TEST_F(ToleranceTest, in_front_of_a_separator_the_row_widens_and_its_text_does_not) {
-  // 500 + 300 to the box; B stands at 5000 + 500 with the gap of 100; 800 + 500 to the next box.
+  // 500 + 300 to the box; B is at 5000 + 500 with the gap of 100; 800 + 500 to the next box.
   EXPECT_EQ(Character(5000, "A") + Box(5800) + Character(5600, "B") + Box(6300), DrawString("A%%vB"));
   // 700 + 300.
   EXPECT_EQ(Character(5000, kanjiListed) + Box(6000) + Box(6000), DrawString(kanji + "%%v"));
@@ -127,7 +127,7 @@ TEST_F(ToleranceTest, the_room_before_a_separator_is_looked_for_behind_the_whole
 // Separators.
 
 TEST_F(ToleranceTest, a_symbol_a_text_and_separators_give_nested_boxes) {
-  // The symbol takes 1250. The text: behind 5000 + 1250 and the gap of 100 three times 500. The outer box:
+  // The symbol takes 1250. The text: after 5000 + 1250 and the gap of 100 three times 500. The outer box:
   // 1250 + 1500 + 300; it is drawn by the last separator, and at the end once more.
   const std::string position = InPen(black,
                                      "MoveToEx(5200, -2000)\nLineTo(6050, -2000)\nMoveToEx(5625, -2400)\n"
@@ -220,7 +220,7 @@ TEST_F(ToleranceTest, a_symbol_cut_short_by_the_end_draws_nothing) {
 }
 
 TEST_F(ToleranceTest, nothing_behind_a_string_that_is_cut_short_shows) {
-  // A longer string before it leaves its bytes behind the end.
+  // A longer string before it leaves its bytes after the end.
   DrawString("AAAAAAAAuAAAAAAAA");
   EXPECT_EQ(Character(5000, "A") + InPen(black, "") + Box(5500), DrawString("A{"));
 }
@@ -302,7 +302,7 @@ TEST_F(ToleranceTest, neither_the_inserts_scale_nor_its_angle_counts) {
 TEST_F(ToleranceTest, in_a_scale_of_2_text_gets_narrower_beside_the_symbols) {
   state.drawScale = 2.0;
   // Font 700 / 2, at 5000 / 2 and (7500 + 100) / 2 - 10000. A advances by 500 / 2 model units; the symbol
-  // stands at 5250: (5250 + 200) / 2, (5250 + 1300) / 2, (7500 + 500) / 2 - 10000. B stands at 5250 + 1500.
+  // is at 5250: (5250 + 200) / 2, (5250 + 1300) / 2, (7500 + 500) / 2 - 10000. B is at 5250 + 1500.
   // The width: 250 + 1500 + 250 + 300, to (5000 + 2300) / 2, from 7500 / 2 - 10000 to 8500 / 2 - 10000.
   const std::string box = ToleranceBox(black, 2500, -6250, 3650, -5750);
   EXPECT_EQ(ToleranceCharacter(350, 2500, -6200, "A") + Stroke(black, 2725, -6000, 3275, -6000) +

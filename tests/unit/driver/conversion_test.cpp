@@ -273,7 +273,7 @@ TEST_F(ConversionTest, the_whole_sheet_and_the_full_size_are_repeated_turned) {
     EXPECT_EQ(HEXLUME_OK, Run(which, drawing.Path()));
     Listing();
     EXPECT_EQ(HEXLUME_OK, Run(Export::turned, ""));
-    // (0, 0) lies at (0, -29700) on the sheet and (10, 10) at (1000, -28700). The sheet's centre is (21000,
+    // (0, 0) is at (0, -29700) on the sheet and (10, 10) at (1000, -28700). The sheet's centre is (21000,
     // 14850). Turned, the ends swap: (42000 - 1000, -29700 + 28700) to (42000 - 0, -29700 + 29700).
     EXPECT_NE(std::string::npos, Listing().find("MoveToEx(41000, -1000)\nLineTo(42000, 0)\n"));
   }

@@ -147,7 +147,7 @@ TEST(ReadGroup, the_line_end_behind_255_characters_is_the_next_code_line) {
   for (const std::string lineEnd : {"\n", "\r\n"}) {
     const std::string bytes = "1\n" + a255 + lineEnd + " 62\n5\n8\nLAYER\n";
     EXPECT_EQ((Groups{{1, a255}, {0, " 62"}, {5, "8"}}), ReadAll(bytes));
-    EXPECT_EQ(0, state.groupCode);  // of "LAYER", which the file ends behind
+    EXPECT_EQ(0, state.groupCode);  // of "LAYER", after which the file ends
   }
 }
 
@@ -168,8 +168,8 @@ TEST(ReadGroup, a_cr_as_the_last_of_255_characters_is_dropped) {
   EXPECT_EQ((Groups{{1, a254}, {0, "B"}}), ReadAll("1\n" + a254 + "\rxyz\nB\n"));
 }
 
-// 100,000 characters are 392 pieces of 255 and one of 40: 393 lines, so that with the code line in front of
-// them and the two behind them there are 396, or 198 groups. An even number of lines stands in front of "0",
+// 100,000 characters are 392 pieces of 255 and one of 40: 393 lines, so that with the code line before
+// them and the two after them there are 396, or 198 groups. An even number of lines is before "0",
 // "EOF".
 TEST(ReadGroup, groups_out_of_step_fall_back_into_step_by_chance) {
   const Groups groups = ReadAll("1\n" + std::string(100000, 'x') + "\n0\nEOF\n");

@@ -172,7 +172,7 @@ TEST(Atof, the_nearest_double_is_taken) {
   EXPECT_EQ(3.1415926535, Atof("3.1415926535"));
 }
 
-// 2^53 + 1 lies in the middle between 2^53 and 2^53 + 2, 1 + 2^-53 between 1 and 1 + 2^-52.
+// 2^53 + 1 is in the middle between 2^53 and 2^53 + 2, 1 + 2^-53 between 1 and 1 + 2^-52.
 TEST(Atof, a_tie_goes_to_the_even_neighbour_and_any_digit_behind_breaks_it) {
   EXPECT_EQ(9007199254740992.0, Atof("9007199254740993"));
   EXPECT_EQ(9007199254740994.0, Atof("9007199254740993.00000000000000000000000000000000001"));
@@ -227,7 +227,7 @@ TEST(Atof, four_hundred_digits_are_all_read) {
   EXPECT_EQ(0x1.5555555555555p-2, Atof(("0." + std::string(400, '3')).c_str()));
   EXPECT_EQ(123.0, Atof(("123" + std::string(397, '0') + "e-397").c_str()));
   EXPECT_EQ(5e-10, Atof(("0." + std::string(399, '0') + "5e390").c_str()));  // 400 places less 390
-  // The last digit alone tells that this is more than 1 + 2^-53.
+  // The last digit alone shows that this is more than 1 + 2^-53.
   EXPECT_EQ(
       0x1.0000000000001p0,
       Atof(

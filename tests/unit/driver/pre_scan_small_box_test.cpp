@@ -37,7 +37,7 @@ class SmallBox : public ::testing::Test {
     return ScanDrawing(TemporaryDrawing(groups).Path(), vars);
   }
 
-  // Whether the entities were measured, with layers in front of them.
+  // Whether the entities were measured, with layers before them.
   bool Measured(const std::string& header) {
     EXPECT_EQ(1, Scan(Header(header) + noLayers + entities));
     return vars.extMinSet && vars.extMaxSet && vars.extMinX == 0.0 && vars.extMinY == 0.0 &&

@@ -241,7 +241,7 @@ TEST(TextStreamBorder, an_end_mark_behind_the_border_ends_the_text) {
     std::string bytes = LinesAcrossBorder(0);
     bytes[chunkSize + behind] = endMark;
     const Texts lines = Lines(bytes);
-    // 4,096 lines of 64 bytes in front of the border, then the whole lines and the broken one behind it.
+    // 4,096 lines of 64 bytes before the border, then the whole lines and the broken one after it.
     ASSERT_EQ(4096 + (behind + 63) / 64, lines.size());
     EXPECT_EQ(behind % 64 == 0 ? 64u - 1 : behind % 64, lines.back().size());
   }

@@ -80,7 +80,7 @@ TEST_F(ArcCutTest, at_the_right_edge_an_arc_beside_the_cap_is_whole) {
 
 TEST_F(ArcCutTest, an_arc_with_both_ends_in_the_view_and_its_middle_outside_keeps_what_the_cut_leaves) {
   view = {0, 0, 5500, farDown};
-  // From 270 over 0 to 90, which is 450: what lies before the cap ends at 300, and the rest behind it is
+  // From 270 over 0 to 90, which is 450: what is before the cap ends at 300, and the rest after it is
   // lost. 270 degrees: a little before (0, -1000).
   EXPECT_EQ(Part(5000, -6000, "-270", "-30"), Draw("270", "90"));
 }
@@ -212,7 +212,7 @@ TEST_F(ArcCutTest, across_a_corner_only_the_bottom_edge_counts) {
 
 TEST_F(ArcCutTest, an_arc_that_ends_before_the_cut_less_its_sweep_starts_by_itself) {
   view = {5500, 0, farRight, farDown};
-  // 300 - 120 = 180 lies between the ends of these two.
+  // 300 - 120 = 180 is between the ends of these two.
   EXPECT_EQ(Part(6000, -5000, "-0", "-60"), Draw("0", "179"));
   EXPECT_EQ(Part(5499, -5866, "-300", "240"), Draw("0", "181"));
 }
@@ -259,10 +259,10 @@ TEST_F(ArcCutTest, the_radius_of_an_arc_with_group_40_is_a_ten_thousandth_off) {
   view = {0, 0, 5500, farDown};
   stream = StreamOf("10 50\n20 50\n40 10\n50 90\n51 0\n");
   // 500.0001 / 1000.0001 is 0.5 and 5 / 10^8, the cosine of 3.3 / 10^6 less than 60 degrees. The cut ends at
-  // 360 less that, 300.0000033: 210.0000033 from 90, and floats lie 15 / 10^6 apart there.
+  // 360 less that, 300.0000033: 210.0000033 from 90, and floats are 15 / 10^6 apart there.
   EXPECT_EQ(Part(5000, -4000, "-90", "-210"), ListCalls([&](Canvas canvas) { DrawArc({RunOn(canvas)}); }));
-  // From 37 it starts at 59.9999967, where floats lie 3.8 / 10^6 apart: 59.9999962. To 143 it is 83.0000033
-  // and the float 83, which lies 7.6 / 10^6 from the next.
+  // From 37 it starts at 59.9999967, where floats are 3.8 / 10^6 apart: 59.9999962. To 143 it is 83.0000033
+  // and the float 83, which is 7.6 / 10^6 from the next.
   stream = StreamOf("10 50\n20 50\n40 10\n50 37\n51 143\n");
   EXPECT_EQ(Part(5500, -4134, "-59.9999962", "-83"),
             ListCalls([&](Canvas canvas) { DrawArc({RunOn(canvas)}); }));

@@ -28,7 +28,7 @@ class ArcTest : public ConverterTest {
   }
 
   // The listing of an arc of centre (5000, -5000), radius 1000 and these angles, walked in dashes within the
-  // pen that stands around it.
+  // pen that is around it.
   std::string Dashed(COLORREF color, double startAngle, double sweep, int32_t slot, int32_t count,
                      int32_t family, int32_t mirror = 0) {
     return ListCalls([&](Canvas canvas) {
@@ -102,7 +102,7 @@ TEST_F(ArcTest, angles_beyond_a_round_stay) {
 }
 
 TEST_F(ArcTest, angles_are_rounded_to_floats_before_they_are_subtracted) {
-  // Floats beyond 2^24 = 16777216 are even: 16777217 lies between that and 16777218, 16777219 between
+  // Floats beyond 2^24 = 16777216 are even: 16777217 is between that and 16777218, 16777219 between
   // 16777218 and 16777220, and both go to the multiple of 4. The sweep of 2 becomes 4. 16777216 is 136
   // degrees and 46603 rounds: -719.3 and 694.7.
   EXPECT_EQ(HeldArc(black, "MoveToEx(4281, -4306)\nAngleArc(5000, -5000, 1000, -16777216, -4)\n"),
@@ -352,7 +352,7 @@ TEST_F(ArcTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has) {
 // The view.
 
 TEST_F(ArcTest, it_is_drawn_if_its_start_or_its_end_lies_in_the_view) {
-  // The start lies at 5798, 4398 down, the end at 4398, 4201 down.
+  // The start is at 5798, 4398 down, the end at 4398, 4201 down.
   view = {5000, 4300, 6000, 5000};
   EXPECT_EQ(QuarterArc(black), Draw(quarter));
   view = {4000, 4000, 4500, 4300};
@@ -400,7 +400,7 @@ TEST_F(ArcTest, a_dashed_arc_is_turned_by_its_walk) {
 
 // The circle's box is 3999.9999 to 6000.0001 across and -3999.9999 to -6000.0001 on the sheet, widened by one
 // to the right and downward. The record has it sorted, and smaller by one at the right and the top. The ends
-// lie at (5798.6, -4398.2) and (4398.2, -4201.4).
+// are at (5798.6, -4398.2) and (4398.2, -4201.4).
 const std::string arcCall = "Arc(3999, -6001, 6000, -4000, 5798, -4398, 4398, -4201)\n";
 
 TEST_F(ArcTest, on_the_clockwise_system_gdi_draws_from_start_to_end) {

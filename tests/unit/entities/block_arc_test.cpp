@@ -150,8 +150,8 @@ TEST_F(BlockArcTest, the_inserts_angle_is_added_to_both_angles) {
   blockOriginX = 5000.0;
   blockOriginY = 5000.0;
   state.insertAngle = 0.5;
-  // 0.5 is 28.6478898 degrees. 65.6478898 becomes the float 65.6478882, as floats lie 7.6 / 10^6 apart there,
-  // and 155.6478898 the float 155.6478882, where they lie 15 / 10^6 apart. 65.6 degrees: 412.3 and 911.0.
+  // 0.5 is 28.6478898 degrees. 65.6478898 becomes the float 65.6478882, as floats are 7.6 / 10^6 apart there,
+  // and 155.6478898 the float 155.6478882, where they are 15 / 10^6 apart. 65.6 degrees: 412.3 and 911.0.
   EXPECT_EQ(HeldArc(black, "MoveToEx(5412, -4089)\nAngleArc(5000, -5000, 1000, -65.6478882, -90)\n"),
             Draw("10 0\n20 0\n40 10\n50 37\n51 127\n"));
 }
@@ -200,7 +200,7 @@ TEST_F(BlockArcTest, start_0_and_end_0_make_a_whole_circle) {
 }
 
 TEST_F(BlockArcTest, the_points_are_found_by_the_angles_after_they_are_rounded) {
-  // -16777217 lies between the floats -16777216 and -16777218, and goes to the first: 224 degrees and -46604
+  // -16777217 is between the floats -16777216 and -16777218, and goes to the first: 224 degrees and -46604
   // rounds, at (5000 - 719.3, 5000 - 694.7), which is 5694 down. At 223 degrees it were 4268, 5681.
   view = {4275, 5690, 4285, 5700};
   EXPECT_NE(Left("PS_SOLID", black), Draw(place + "50 -16777217\n51 0\n"));
@@ -346,7 +346,7 @@ TEST_F(BlockArcTest, both_its_width_and_its_height_count) {
 // The view.
 
 TEST_F(BlockArcTest, an_arc_that_starts_outside_the_view_is_dropped_with_pen_and_brush_left_selected) {
-  // The start lies at 5798, 4398 down, the end at 4398, 4201 down.
+  // The start is at 5798, 4398 down, the end at 4398, 4201 down.
   view = {4000, 4000, 4500, 4300};
   EXPECT_EQ("CreatePen(1, PS_SOLID, 0, 0x0000FF)\nSelectObject(1)\nSelectObject(NULL_BRUSH)\n",
             Draw("62 1\n" + quarter));

@@ -50,7 +50,7 @@ class BlockEllipseTest : public ConverterTest {
     SetInsertLayer("WALLS");
   }
 
-  // The listing of one ellipse with these groups, and of nothing behind it.
+  // The listing of one ellipse with these groups, and of nothing after it.
   std::string Draw(const std::string& groups) { return DrawText("0 ELLIPSE\n" + groups + "0 CIRCLE\n"); }
 
   std::string DrawText(const std::string& text) {

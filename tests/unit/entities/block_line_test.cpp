@@ -291,7 +291,7 @@ TEST_F(BlockLineTest, an_axis_parallel_line_is_clamped) {
 }
 
 TEST_F(BlockLineTest, a_slanted_line_is_cut) {
-  // From (-1000, -1000) to (1000, -2000), slope -0.5: at x = 0 it stands at -1500.
+  // From (-1000, -1000) to (1000, -2000), slope -0.5: at x = 0 it is at -1500.
   EXPECT_EQ(Stroke(black, 0, -1500, 1000, -2000), Draw(Ends(-10, 90, 10, 80)));
 }
 
@@ -301,7 +301,7 @@ TEST_F(BlockLineTest, a_slanted_line_of_which_nothing_is_left_is_dropped) {
   EXPECT_EQ("", Draw(Ends(-10, 68, 5, 98)));
 }
 
-// Drawing, by family. Behind the elements that count stand others that would show.
+// Drawing, by family. After the elements that count are others that would show.
 
 TEST_F(BlockLineTest, families_1_and_2_walk_two_elements) {
   DefineLtype(1, {300, -200, 50, -50, 50, -50});

@@ -265,7 +265,7 @@ TEST_F(InheritedLayer, an_excluded_layer_0_counts_only_for_an_insert_on_it) {
   EXPECT_FALSE(Resolve("0"));
 }
 
-// Group 62: the colour field stands at 5 beforehand, insertColor is 6.
+// Group 62: the colour field is 5 before, insertColor is 6.
 
 class InheritedColor : public ConverterTest {
  protected:

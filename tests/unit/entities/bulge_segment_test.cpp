@@ -1,4 +1,4 @@
-// Where the arcs of polylines lie. Every converter that draws them is asked: the arc's centre, radius and
+// Where the arcs of polylines are. Every converter that draws them is asked: the arc's centre, radius and
 // angles are read from the metafile's text and compared with the circle on which the vertices were put.
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ std::string Coordinates(const Point& model) {
   return "10 " + Number(model.x) + "\n20 " + Number(model.y) + "\n";
 }
 
-// One bulged segment as the two entities tell it.
+// One bulged segment as the two entities give it.
 std::string VertexGroups(const Point& from, double bulge, const Point& to) {
   return "0 POLYLINE\n0 VERTEX\n" + Coordinates(from) + "42 " + Number(bulge) + "\n0 VERTEX\n" +
          Coordinates(to) + "0 SEQEND\n";
@@ -62,7 +62,7 @@ const Converter converters[] = {
 
 // An arc as the metafile has it, in canvas coordinates.
 struct RecordedArc {
-  Point move;  // of the pen, in front of the arc
+  Point move;  // of the pen, before the arc
   Point centre;
   double radius;
   double startAngle, sweep;  // degrees, clockwise where Y points up
@@ -174,7 +174,7 @@ TEST_F(BulgeSegmentTest, on_a_turned_sheet_they_join_the_turned_points) {
 }
 
 TEST_F(BulgeSegmentTest, the_bulge_is_the_height_of_the_arc_over_half_its_chord) {
-  // Chords into all quadrants, flat, half and wide arcs. The arc's middle lies right of the way from the
+  // Chords into all quadrants, flat, half and wide arcs. The arc's middle is right of the way from the
   // start to the end for a positive bulge. Off the grid centre and radius each lose less than a unit in X and
   // in Y.
   constexpr double cutOff = 3.0;
@@ -229,7 +229,7 @@ TEST_F(BulgeSegmentTest, an_insert_of_uneven_scales_moves_the_vertices_and_keeps
     const std::string name = converter.name;
     if (name == "POLYLINE" || name == "LWPOLYLINE") continue;
     SCOPED_TRACE(name);
-    // (10, 80) and (30, 120) come to lie at (20, 40) and (60, 60): a half circle over the chord of 4000 by
+    // (10, 80) and (30, 120) come to (20, 40) and (60, 60): a half circle over the chord of 4000 by
     // 2000, of radius 1000 sqrt 5 about (4000, -5000).
     const RecordedArc arc = Draw(converter, {10, 80}, 1.0, {30, 120});
     EXPECT_LE(Distance(arc.centre, {4000, -5000}), 0.0);

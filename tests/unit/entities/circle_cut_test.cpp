@@ -18,7 +18,7 @@ namespace hexlume::circle_cut_test {
 namespace {
 
 // A circle about (5000, -5000) with a radius of 1000: from 4000 to 6000 across and down. Its corners that
-// count lie at (4000, 4000 down) and (6000, 6000 down). An edge through the middle of a radius leaves a cap
+// count are at (4000, 4000 down) and (6000, 6000 down). An edge through the middle of a radius leaves a cap
 // of 500: (1000 - 500) / 1000 is the cosine of 60 degrees.
 //
 // pi is a little short, and the starts of strokes fall a little before their angles: of the halves below,
@@ -151,7 +151,7 @@ TEST_F(CircleCutTest, an_edge_one_unit_beside_the_centre_does) {
 }
 
 TEST_F(CircleCutTest, an_edge_that_only_touches_leaves_a_cap_of_nothing) {
-  // The right end lies on the left edge: from 360, over 0.
+  // The right end is on the left edge: from 360, over 0.
   view = {6000, 0, farRight, farDown};
   EXPECT_EQ(Part("MoveToEx(6000, -5000)\nAngleArc(5000, -5000, 1000, -360, -0)\n"), Draw());
 }
@@ -167,17 +167,15 @@ TEST_F(CircleCutTest, a_circle_across_a_corner_is_cut_by_the_upper_or_lower_edge
 }
 
 TEST_F(CircleCutTest, each_row_overwrites_those_before_it) {
-  ExpectRange(300.0, 120.0,
-              Cut({5500, 0, 5500, farDown}));  // the cap left at the left edge, behind the right
-  ExpectRange(240.0, 240.0, Cut({4500, 0, 5500, farDown}));  // the left edge behind the right
-  ExpectRange(120.0, 120.0,
-              Cut({4500, 0, 4500, farDown}));  // the cap left at the right edge, behind the left
-  ExpectRange(120.0, 120.0, Cut({5500, 0, 4500, farDown}));   // and behind the cap left at the left edge
-  ExpectRange(150.0, 240.0, Cut({0, 4500, 4500, farDown}));   // the top edge behind the cap left at the right
-  ExpectRange(30.0, -120.0, Cut({0, 4500, farRight, 4500}));  // the cap left at the bottom, behind the top
-  ExpectRange(330.0, 240.0, Cut({0, 4500, farRight, 5500}));  // the bottom edge behind the top
-  ExpectRange(210.0, 120.0, Cut({0, 5500, farRight, 5500}));  // the cap left at the top, behind the bottom
-  ExpectRange(210.0, 120.0, Cut({0, 5500, farRight, 4500}));  // and behind the cap left at the bottom
+  ExpectRange(300.0, 120.0, Cut({5500, 0, 5500, farDown}));  // the cap left at the left edge, after the right
+  ExpectRange(240.0, 240.0, Cut({4500, 0, 5500, farDown}));  // the left edge after the right
+  ExpectRange(120.0, 120.0, Cut({4500, 0, 4500, farDown}));  // the cap left at the right edge, after the left
+  ExpectRange(120.0, 120.0, Cut({5500, 0, 4500, farDown}));  // and after the cap left at the left edge
+  ExpectRange(150.0, 240.0, Cut({0, 4500, 4500, farDown}));  // the top edge after the cap left at the right
+  ExpectRange(30.0, -120.0, Cut({0, 4500, farRight, 4500}));  // the cap left at the bottom, after the top
+  ExpectRange(330.0, 240.0, Cut({0, 4500, farRight, 5500}));  // the bottom edge after the top
+  ExpectRange(210.0, 120.0, Cut({0, 5500, farRight, 5500}));  // the cap left at the top, after the bottom
+  ExpectRange(210.0, 120.0, Cut({0, 5500, farRight, 4500}));  // and after the cap left at the bottom
 }
 
 // Numbers.

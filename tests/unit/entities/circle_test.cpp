@@ -215,7 +215,7 @@ TEST_F(CircleTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has) {
   EXPECT_EQ(0, result);
 }
 
-// The view. The corners that count lie at (6000, 6000 down) and (4000, 4000 down).
+// The view. The corners that count are at (6000, 6000 down) and (4000, 4000 down).
 
 TEST_F(CircleTest, the_edges_of_the_view_count_in) {
   view = {4000, 4000, 6000, 6000};

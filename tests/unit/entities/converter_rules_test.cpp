@@ -28,17 +28,17 @@ TEST_F(ConverterRules, each_keyword_lands_on_the_last_of_its_hits) {
   DefineAllLtypes();
   EXPECT_EQ("2 0", Resolved("DOT"));
   EXPECT_EQ("1 1", Resolved("DASH"));
-  EXPECT_EQ("1 2", Resolved("DASHED"));   // behind DASH
-  EXPECT_EQ("1 3", Resolved("DASHED2"));  // behind DASH, DASHED
+  EXPECT_EQ("1 2", Resolved("DASHED"));   // after DASH
+  EXPECT_EQ("1 3", Resolved("DASHED2"));  // after DASH, DASHED
   EXPECT_EQ("1 4", Resolved("HIDDEN"));
-  EXPECT_EQ("3 5", Resolved("DASHDOT"));  // behind DOT, DASH
+  EXPECT_EQ("3 5", Resolved("DASHDOT"));  // after DOT, DASH
   EXPECT_EQ("3 6", Resolved("CENTER"));
-  EXPECT_EQ("3 7", Resolved("CENTER2"));  // behind CENTER
+  EXPECT_EQ("3 7", Resolved("CENTER2"));  // after CENTER
   EXPECT_EQ("3 8", Resolved("BORDER2"));
-  EXPECT_EQ("4 9", Resolved("DASHDOTDOT"));  // behind DOT, DASH, DASHDOT
+  EXPECT_EQ("4 9", Resolved("DASHDOTDOT"));  // after DOT, DASH, DASHDOT
   EXPECT_EQ("4 10", Resolved("DIVIDE"));
   EXPECT_EQ("4 11", Resolved("PHANTOM"));
-  EXPECT_EQ("4 11", Resolved("PHANTOM2"));  // behind PHANTOM; its own row never applies
+  EXPECT_EQ("4 11", Resolved("PHANTOM2"));  // after PHANTOM; its own row never applies
 }
 
 TEST_F(ConverterRules, each_row_applies_by_the_record_of_its_own_slot) {
@@ -292,7 +292,7 @@ TEST_F(ConverterRules, every_other_index_outside_the_table_is_black) {
   EXPECT_EQ(0x000000u, ColorAt(std::numeric_limits<int32_t>::max()));
 }
 
-// Behind the groups.
+// After the groups.
 
 TEST_F(ConverterRules, no_family_is_filtered_without_exclusions) {
   for (int32_t family = 0; family <= 4; ++family) EXPECT_FALSE(LinetypeFilter(family)) << family;

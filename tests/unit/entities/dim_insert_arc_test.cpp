@@ -258,7 +258,7 @@ TEST_F(DimInsertArcTest, no_circle_is_too_small) {
 }
 
 TEST_F(DimInsertArcTest, it_is_drawn_if_its_start_or_its_end_lies_in_the_view) {
-  // The start lies at 5798, 4398 down, the end at 4398, 4201 down.
+  // The start is at 5798, 4398 down, the end at 4398, 4201 down.
   view = {5798, 4398, 5798, 4398};
   EXPECT_EQ(QuarterArc(black), Draw(quarter));
   view = {4398, 4201, 4398, 4201};

@@ -402,7 +402,7 @@ TEST_F(EllipseCutTest, a_part_all_round_is_drawn_up_to_the_cut_on_both_sides) {
   EXPECT_EQ(PlainArc("5300, -4680", "5300, -5320"), DrawPart(0, 0));
 }
 
-// An end's radial point, and not where the part ends on the ellipse, tells whether it stays.
+// An end's radial point, and not where the part ends on the ellipse, decides whether it stays.
 
 TEST_F(EllipseCutTest, an_end_stays_up_to_the_views_left_and_right_edge) {
   // Of 4500 to the left and the right: 500 and 9500. The cut is that of the top edge.

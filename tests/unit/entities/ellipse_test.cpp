@@ -44,7 +44,7 @@ const std::string quarterRadials = "500, -5000, 5000, -9500";
 
 class EllipseTest : public ConverterTest {
  protected:
-  // The listing of one ellipse with these groups, and of nothing behind it.
+  // The listing of one ellipse with these groups, and of nothing after it.
   std::string Draw(const std::string& groups) { return DrawText("0 ELLIPSE\n" + groups + "0 CIRCLE\n"); }
 
   std::string DrawText(const std::string& text) {
@@ -193,7 +193,7 @@ TEST_F(EllipseTest, a_family_without_a_record_is_solid) {
   EXPECT_EQ(Part(black, plainBox, quarterRadials), Draw("8 DASHES\n" + plainShape + quarter));
 }
 
-// The view: at least one of the corners (L, T) and (R, B) lies in it.
+// The view: at least one of the corners (L, T) and (R, B) is in it.
 
 TEST_F(EllipseTest, either_of_its_two_corners_in_the_view_is_enough) {
   view = {4400, 4500, 4600, 4700};
@@ -257,7 +257,7 @@ TEST_F(EllipseTest, without_angles_it_starts_and_ends_at_one_point) {
   EXPECT_EQ(Part(black, plainBox, "500, -5000, 500, -5000"), Draw(plainShape));
 }
 
-// Partial ellipses. With A = 4500, angles a of 1 and 2 radians behind pi or pi / 2: cos 1 = 0.540302, sin 1
+// Partial ellipses. With A = 4500, angles a of 1 and 2 radians after pi or pi / 2: cos 1 = 0.540302, sin 1
 // = 0.841471, cos 2 = -0.416147, sin 2 = 0.909297.
 
 const std::string fromOneToTwoAlongX = "41 4.1415926535\n42 5.1415926535\n";

@@ -20,7 +20,7 @@ class DrawEntitiesTest : public ConverterTest {
  protected:
   DrawEntitiesTest() { wholeSheet = 1; }
 
-  // The listing of a section that stands behind its name.
+  // The listing of a section with these groups after its name.
   std::string Draw(const std::string& groups) {
     stream = StreamOf(groups);
     return ListCalls([this](Canvas canvas) { DrawEntities({RunOn(canvas)}); });
@@ -133,7 +133,7 @@ TEST_F(DrawEntitiesTest, an_excluded_layer_called_like_an_entity_starts_none) {
 
 TEST_F(DrawEntitiesTest, lines_are_cut_to_the_view) {
   view = {2000, 0, 20000, 10000};
-  // Slope -0.5: at x = 2000 the line stands at -1500.
+  // Slope -0.5: at x = 2000 the line is at -1500.
   EXPECT_EQ(canvasSetUp + Stroke(black, 2000, -1500, 3000, -2000) + secondStroke,
             Draw(line + secondLine + "0 ENDSEC\n"));
 }

@@ -80,13 +80,13 @@ TEST(KnotInsertion, two_interior_knots_make_three_curves) {
   // (1 - 0) / (3 - 0) = 1/3 of points 1 to 3:
   //   (0, 0) (60, 0) (120, -60) (80.3 + 120 -> 200, -40.3 - 80 -> -120) (241, -121) (360, -60) (420, 0)
   // m = 6, knots 0 0 0 0 1 1 1 2 3 3 3 3: point 3 has the share (1 - 0) / (2 - 0) = 1/2, points 4 and 5
-  // have 0: (160, -90) comes in front of (200, -120).
+  // have 0: (160, -90) comes before (200, -120).
   // The knot 2 is at m = 7. Knots 0 0 0 0 1 1 1 2 2 3 3 3 3: shares of points 4 to 6 are
   // (2 - 1) / (2 - 1) = 1, (2 - 1) / (3 - 1) = 1/2, 1/2:
   //   ... (160, -90) (200, -120) (220.5 -> 220, -120.5 -> -120) (300.5 -> 300, -90.5 -> -90) (360, -60) (420,
   //   0)
   // m = 9, knots 0 0 0 0 1 1 1 2 2 2 3 3 3 3: point 6 has (2 - 1) / (3 - 1) = 1/2, points 7 and 8 have 0:
-  // ((220 + 300) / 2, (-120 - 90) / 2) comes in front of (300, -90).
+  // ((220 + 300) / 2, (-120 - 90) / 2) comes before (300, -90).
   EXPECT_EQ(
       "(0, 0) (60, 0) (120, -60) (160, -90) (200, -120) (220, -120) (260, -105) (300, -90) (360, -60) "
       "(420, 0) ",
@@ -96,7 +96,7 @@ TEST(KnotInsertion, two_interior_knots_make_three_curves) {
 
 TEST(KnotInsertion, a_double_interior_knot_is_inserted_at_its_first_and_its_fourth_copy) {
   // The first copy is at m = 4. Knots 0 0 0 0 1 1 1 2 2 2 2: shares of points 1 to 3 are 1, 1,
-  // (1 - 0) / (2 - 0) = 1/2: M = (250, -25) comes in front of point 3.
+  // (1 - 0) / (2 - 0) = 1/2: M = (250, -25) comes before point 3.
   // m = 6, four copies: point 3 has (1 - 0) / (1 - 0) = 1, points 4 and 5 have 0: M M.
   // The fourth copy is at m = 7: point 4 has no span, so 1; points 5 and 6 have (1 - 1) / (2 - 1) = 0: M M M.
   // m = 9: points 6 to 8 have 0: M M M M.
@@ -120,7 +120,7 @@ TEST(KnotInsertion, knots_below_zero_count_in_the_spans) {
   // (1 + 2) / (1 + 2) = 1, (1 + 2) / (2 + 2) = 3/4, (1 + 1) / (2 + 1) = 2/3:
   //   point 3: (225 + 50, -75 - 50); point 4: (266.7 + 100 -> 366, -27.3 - 33.3 -> -60)
   // m = 7: point 4 has (1 + 1) / (2 + 1) = 2/3, points 5 and 6 have 0:
-  //   (244 + 91.7 -> 335, -40 - 41.7 -> -81) comes in front of (366, -60).
+  //   (244 + 91.7 -> 335, -40 - 41.7 -> -81) comes before (366, -60).
   EXPECT_EQ("(0, 0) (100, -100) (200, -200) (275, -125) (335, -81) (366, -60) (400, -41) (500, 0) ",
             Inserted(SplineOf({{0, 0}, {100, -100}, {200, -200}, {300, -100}, {400, -41}, {500, 0}},
                               {-2, -2, -2, -2, -1, 1, 2, 2, 2, 2})));
@@ -139,7 +139,7 @@ TEST(KnotInsertion, points_that_no_group_wrote_are_zeros) {
 }
 
 TEST(KnotInsertion, an_insertion_behind_the_last_point_takes_what_the_file_has_there) {
-  // One point counts, and the knot 1 is at m = 4, behind it. Knots 0 0 0 0 1 1 2 2 2 2: point 1 has the share
+  // One point counts, and the knot 1 is at m = 4, after it. Knots 0 0 0 0 1 1 2 2 2 2: point 1 has the share
   // (1 - 0) / (1 - 0) = 1 and stays what the file has there. m = 6: points 1 and 2 are kept.
   EXPECT_EQ("(10, -1) (20, -2) (30, -3) ",
             Inserted({{{10, -1}, {20, -2}, {30, -3}, {40, -4}}, {0, 0, 0, 0, 1, 2, 2, 2, 2}, 1}));
@@ -171,7 +171,7 @@ TEST(KnotInsertion, points_up_to_the_bound_are_made) {
   EXPECT_FALSE(InsertKnots({}, knots, INT32_MAX, plenty, result));
 }
 
-// The rule as it is told, on plain arrays, each insertion writing all of them anew.
+// The rule in its simplest form, on plain arrays, each insertion writing all of them anew.
 
 constexpr size_t room = 400;
 

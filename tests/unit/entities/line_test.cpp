@@ -16,7 +16,7 @@ namespace {
 
 class LineTest : public ConverterTest {
  protected:
-  // The listing of one line with these groups, and of nothing behind it.
+  // The listing of one line with these groups, and of nothing after it.
   std::string Draw(const std::string& groups) { return DrawText("0 LINE\n" + groups + "0 CIRCLE\n"); }
 
   std::string DrawText(const std::string& text) {
@@ -155,7 +155,7 @@ TEST_F(LineTest, an_excluded_layer_ends_it_with_the_group_in_the_buffer) {
   EXPECT_TRUE(AtGroup(8, "WALLS"));
   ReadGroup(stream);
   EXPECT_TRUE(AtGroup(20, "90"));
-  // What came before the layer has been read, what came behind it hasn't.
+  // What came before the layer has been read, what came after it hasn't.
   EXPECT_EQ(1000.0, state.entX[0]);
   EXPECT_EQ(0.0, state.entX[1]);
 }
@@ -303,7 +303,7 @@ TEST_F(LineTest, an_axis_parallel_line_is_clamped_on_every_side) {
 }
 
 TEST_F(LineTest, a_slanted_line_reaching_beyond_left_is_cut) {
-  // From (-1000, -1000) to (1000, -2000), slope -0.5: at x = 0 it stands at -1500.
+  // From (-1000, -1000) to (1000, -2000), slope -0.5: at x = 0 it is at -1500.
   EXPECT_EQ(Stroke(black, 0, -1500, 1000, -2000), Draw(Ends(-10, 90, 10, 80)));
 }
 
@@ -313,7 +313,7 @@ TEST_F(LineTest, a_slanted_line_of_which_nothing_is_left_is_dropped) {
   EXPECT_EQ("", Draw(Ends(-10, 68, 5, 98)));
 }
 
-// Drawing, by family. Behind the elements that count stand others that would show.
+// Drawing, by family. After the elements that count are others that would show.
 
 TEST_F(LineTest, family_0_is_one_stroke_whatever_line_types_there_are) {
   DefineLtype(0, {300, -200});

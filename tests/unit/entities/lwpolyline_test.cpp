@@ -100,14 +100,14 @@ TEST_F(LwPolylineTest, the_next_entitys_group_stays_in_the_buffer) {
 }
 
 TEST_F(LwPolylineTest, a_segment_is_drawn_at_each_y_with_the_x_read_last) {
-  // Three Y without an X of their own, and two X in front of one Y.
+  // Three Y without an X of their own, and two X before one Y.
   EXPECT_EQ(Move(1000, -1000) + Stroke(black, 1000, -1000, 1000, -2000) +
                 Stroke(black, 1000, -2000, 1000, -3000) + Stroke(black, 1000, -3000, 5000, -3000),
             Draw("10 10\n20 90\n20 80\n20 70\n10 40\n10 50\n20 70\n10 90\n"));
 }
 
 TEST_F(LwPolylineTest, with_y_in_front_of_x_each_y_is_paired_with_the_x_before) {
-  // The first Y stands in the header. The pairs are (10, 80) and (20, 70); the last X has no Y.
+  // The first Y is in the header. The pairs are (10, 80) and (20, 70); the last X has no Y.
   EXPECT_EQ(Move(1000, -2000) + Stroke(black, 1000, -2000, 2000, -3000),
             Draw("20 90\n10 10\n20 80\n10 20\n20 70\n10 30\n"));
 }
@@ -118,7 +118,7 @@ TEST_F(LwPolylineTest, a_y_in_front_of_the_first_x_tells_nothing) {
 }
 
 TEST_F(LwPolylineTest, the_search_for_the_first_y_passes_over_all_but_the_next_entity) {
-  // Another X and a bulge in front of it don't count, nor does the X of the next entity's line.
+  // Another X and a bulge before it don't count, nor does the X of the next entity's line.
   EXPECT_EQ(LevelStroke(black), Draw("10 10\n10 60\n42 1\n62 1\n8 WALLS\n20 90\n10 17\n20 90\n"));
   state.entY[0] = 9000.0;
   EXPECT_EQ(Move(1000, -1000), DrawText("0 LWPOLYLINE\n10 10\n0 LINE\n10 20\n20 50\n"));
@@ -423,7 +423,7 @@ TEST_F(LwPolylineArcTest, the_last_of_several_bulges_counts) {
 }
 
 TEST_F(LwPolylineArcTest, a_bulge_between_x_and_y_starts_the_arc_at_the_mixed_point) {
-  // The first vertex is (1000, -5000); the bulge stands behind the second's X: the arc goes from (3000,
+  // The first vertex is (1000, -5000); the bulge is after the second's X: the arc goes from (3000,
   // -5000) to (3000, -3000), on the right, from below its centre.
   EXPECT_EQ(
       Move(1000, -5000) + InPen(black, "MoveToEx(3000, -5000)\nAngleArc(3000, -4000, 1000, 90, -180)\n"),
@@ -431,7 +431,7 @@ TEST_F(LwPolylineArcTest, a_bulge_between_x_and_y_starts_the_arc_at_the_mixed_po
 }
 
 TEST_F(LwPolylineArcTest, a_bulge_of_0_moves_the_next_lines_start_as_well) {
-  // The chain stood at (1000, -5000).
+  // The chain was at (1000, -5000).
   EXPECT_EQ(Move(1000, -5000) + Stroke(black, 3000, -5000, 3000, -3000),
             Draw(Vertex(10, 50) + "10 30\n42 0\n20 70\n"));
 }
@@ -581,7 +581,7 @@ TEST_F(LwPolylineTest, cut_off_anywhere_it_ends) {
     cut.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
     const std::string drawn = DrawStream(std::move(cut));
     EXPECT_EQ(0, ReadGroup(stream)) << size;
-    // Behind the second vertex's last byte its line doesn't change any more.
+    // After the second vertex's last byte its line doesn't change any more.
     if (size > sure.size()) {
       EXPECT_EQ(whole, drawn.substr(0, whole.size())) << size;
     }

@@ -76,7 +76,7 @@ TEST_F(ModelToSheetTest, what_fits_no_int32_gives_the_smallest_number) {
 
 class BlockTransformTest : public ConverterTest {
  protected:
-  // With half a unit of shift no result lies on the edge of a truncation: a turn by the drawing's own pi is
+  // With half a unit of shift no result is on the edge of a truncation: a turn by the drawing's own pi is
   // off by some 1e-8.
   BlockTransformTest() {
     state.sheetHeightF = 0.0;
@@ -256,7 +256,7 @@ constexpr ViewRect square = {0, 0, 1000, 1000};
 TEST(ViewRejectTest, a_slanted_line_is_cut) {
   // Slope 300 / 600 = 0.5, through (0, -400).
   EXPECT_EQ("(0, -400)(400, -200)", Cut(square, {{-200, -500}, {400, -200}}));
-  // Slope -0.5 through (0, -200): at x = 1000 it stands at -700.
+  // Slope -0.5 through (0, -200): at x = 1000 it is at -700.
   EXPECT_EQ("(200, -300)(1000, -700)", Cut(square, {{200, -300}, {1200, -800}}));
 }
 
@@ -272,9 +272,9 @@ TEST(ViewRejectTest, a_rejected_slanted_line_keeps_its_points) {
 }
 
 TEST(ViewRejectTest, a_cut_line_with_only_some_coordinates_of_minus_1_is_kept) {
-  // Slope -0.5 through (0, -1.5): at x = 3 it stands at -3.
+  // Slope -0.5 through (0, -1.5): at x = 3 it is at -3.
   EXPECT_EQ("(-1, -1)(3, -3)", Cut({-10, -10, 10, 10}, {{-1, -1}, {3, -3}}));
-  // Slope -0.05 through (0, -1.05): at x = 9 it stands at -1.5.
+  // Slope -0.05 through (0, -1.05): at x = 9 it is at -1.5.
   EXPECT_EQ("(-1, -1)(9, -1)", Cut({-10, -10, 9, 10}, {{-1, -1}, {39, -3}}));
 }
 

@@ -40,7 +40,7 @@ class PointTest : public ConverterTest {
  protected:
   PointTest() { headerVars.pdSize = 10.5; }
 
-  // The listing of one point with these groups, and of nothing behind it.
+  // The listing of one point with these groups, and of nothing after it.
   std::string Draw(const std::string& groups) { return DrawText("0 POINT\n" + groups + "0 CIRCLE\n"); }
 
   std::string DrawText(const std::string& text) {

@@ -527,7 +527,7 @@ TEST_F(PolylineArcTest, the_circle_is_kept_in_the_ent_fields) {
 
 // Arcs in the view.
 
-// The circle reaches from 1000 to 3000 across and from 4000 to 6000 down. Behind it a line to (2000, -4500).
+// The circle reaches from 1000 to 3000 across and from 4000 to 6000 down. After it a line to (2000, -4500).
 const std::string halfCircleAndLine = halfCircle + Vertex(20, 50) + Vertex(20, 55);
 
 TEST_F(PolylineArcTest, an_arc_is_drawn_if_its_whole_circle_is_in_the_view) {
@@ -553,7 +553,7 @@ TEST_F(PolylineArcTest, an_arc_whose_circle_sticks_out_of_the_view_is_dropped_an
 }
 
 TEST_F(PolylineArcTest, an_arc_whose_circle_sticks_out_of_the_sheet_is_lost) {
-  // A quarter of a circle of radius 1414 about (1000, 0): all of the arc lies on the sheet.
+  // A quarter of a circle of radius 1414 about (1000, 0): all of the arc is on the sheet.
   EXPECT_EQ(Start(1000, -200), Draw("", Vertex(10, 98, 0.414214) + Vertex(30, 98)));
 }
 
@@ -705,7 +705,7 @@ TEST_F(PolylineTest, cut_off_anywhere_it_ends) {
     cut.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
     const std::string drawn = DrawStream(std::move(cut));
     EXPECT_EQ(0, ReadGroup(stream)) << size;
-    // Behind the second vertex's last byte its line doesn't change any more.
+    // After the second vertex's last byte its line doesn't change any more.
     if (size > DrawingBytes("0 POLYLINE\n8 WALLS\n70 1\n" + level).size()) {
       EXPECT_EQ(whole, drawn.substr(0, whole.size())) << size;
     }

@@ -29,7 +29,7 @@ class SolidTest : public ConverterTest {
   double offsetY = 0.0;
 };
 
-// A rectangle as the format tells it, in zigzag: left and right below, left and right above.
+// A rectangle as the format gives it, in zigzag: left and right below, left and right above.
 const std::string square = "10 10\n20 80\n11 30\n21 80\n12 10\n22 90\n13 30\n23 90\n";
 // 100 x, 100 y - 10000, the last two exchanged.
 const std::string outline = "1000, -2000, 3000, -2000, 3000, -1000, 1000, -1000";
@@ -92,7 +92,7 @@ TEST_F(SolidTest, three_corners_take_the_fourth_that_an_entity_before_left) {
   state.entY[3] = 9500.0;
   const std::string threeCorners = "10 10\n20 80\n11 30\n21 80\n12 10\n22 90\n";
   EXPECT_EQ(FilledQuad(black, "1000, -2000, 3000, -2000, 5000, -500, 1000, -1000"), Draw(threeCorners));
-  // Where what was left lies outside the view the three corners are lost with it.
+  // Where what was left is outside the view the three corners are lost with it.
   state.entX[3] = -100.0;
   EXPECT_EQ("", Draw(threeCorners));
 }

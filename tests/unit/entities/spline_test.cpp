@@ -140,7 +140,7 @@ TEST_F(SplineTest, code_20_goes_on_to_the_next_point) {
 // Fit points.
 
 TEST_F(SplineTest, fit_points_alone_are_drawn_as_a_polyline) {
-  // (0, 0), (1000, -1000), (3000, -500): each span's handles lie on its ends.
+  // (0, 0), (1000, -1000), (3000, -500): each span's handles are on its ends.
   EXPECT_EQ(Curve(black,
                   "0, 0, 0, 0, 1000, -1000, 1000, -1000, 1000, -1000, 3000, -500, 3000, -500, 3000, -500, "
                   "3000, -500, 3000, -500"),

@@ -1,4 +1,4 @@
-// The one system that draws arcs the other way round until it is told. This program's own system version
+// The one system that draws arcs the other way round until the direction is set. This program's own system version
 // takes the place of the library's.
 
 #include <gtest/gtest.h>

@@ -58,7 +58,7 @@ TEST(PortableStrokes, an_arcs_bounds_are_those_of_its_part) {
   EXPECT_EQ(BoundsOf(words), Ints({60, 20, 109, 70}));
 }
 
-// cos 90 = 0, sin 90 = 1: the end lies above the centre where y grows downward.
+// cos 90 = 0, sin 90 = 1: the end is above the centre where y grows downward.
 TEST(PortableStrokes, an_angle_arc_moves_the_position_to_its_end) {
   const Words words = RecordedWords([](HDC dc) {
     MoveToEx(dc, 150, 50, nullptr);

@@ -131,7 +131,7 @@ TEST_F(PortableText, a_text_of_negative_length_is_not_recorded) {
 }
 
 TEST_F(PortableText, the_box_of_a_text_at_the_ends_of_the_plane_wraps_around) {
-  // An empty text is 1 wide and high: above its point where it stands on it, else below.
+  // An empty text is 1 wide and high: above its point if its bottom is aligned, else below.
   TextOutA(dc, INT32_MAX, INT32_MAX, "", 0);
   SetTextAlign(dc, TA_BOTTOM);
   TextOutA(dc, INT32_MIN, INT32_MIN, "", 0);

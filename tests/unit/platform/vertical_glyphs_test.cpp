@@ -41,7 +41,7 @@ std::vector<uint8_t> TableWith(const std::vector<int>& subtable, const std::stri
   return table.Words(subtable).bytes;
 }
 
-// Glyphs 5 and 9 by a list, which stand at 10 of the subtable.
+// Glyphs 5 and 9 by a list, which are at 10 of the subtable.
 const std::vector<int> listed = {2, 10, 2, 105, 109, 1, 2, 5, 9};
 
 TEST(VerticalGlyphs, a_list_of_glyphs_has_a_list_of_substitutes) {

@@ -17,7 +17,7 @@ namespace {
 
 class BlockDirectoryTest : public ConverterTest {
  protected:
-  // Reads a section that stands behind its name.
+  // Reads a section after its name.
   void ReadOpen(const std::string& groups) {
     stream = StreamOf(groups);
     result = ReadBlocks(stream);

@@ -18,7 +18,7 @@ namespace {
 
 class DimStyleTableTest : public ConverterTest {
  protected:
-  // Reads a table that isn't closed: its name stands in the buffer.
+  // Reads a table that isn't closed: its name is in the buffer.
   void ReadOpen(const std::string& groups) {
     stream = StreamOf("2 DIMSTYLE\n" + groups);
     ReadGroup(stream);
@@ -209,7 +209,7 @@ TEST_F(DimStyleTableTest, a_scale_behind_the_texts_height_comes_too_late) {
   const DimStyleEntry style = Style("140 2.5\n40 4\n");
   EXPECT_EQ(250.0, style.textHeight);
   EXPECT_EQ(4.0, style.dimScale);
-  // 2.5 * 100 * 2, the 4 standing behind it.
+  // 2.5 * 100 * 2, without the 4 after it.
   EXPECT_EQ(500.0, Style("40 2\n140 2.5\n40 4\n").textHeight);
 }
 
@@ -229,7 +229,7 @@ TEST_F(DimStyleTableTest, other_groups_count_for_nothing) {
 // A file that ends in the table.
 
 TEST_F(DimStyleTableTest, a_table_that_the_file_ends_in_keeps_what_was_read) {
-  // Whole groups of the text behind the table's name.
+  // Whole groups of the text after the table's name.
   const char* groups[] = {"70 1\n", "0 DIMSTYLE\n", "2 A\n", "6 DOT\n", "41 3\n", "0 DIMSTYLE\n", "2 B\n"};
   const size_t styles[] = {0, 0, 1, 1, 1, 1, 2, 2};
   std::string text;

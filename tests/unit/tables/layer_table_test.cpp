@@ -22,7 +22,7 @@ std::string StyleText(int32_t family, int32_t pattern) {
 
 class LayerTableTest : public ConverterTest {
  protected:
-  // Reads a table that isn't closed: its name stands in the buffer.
+  // Reads a table that isn't closed: its name is in the buffer.
   void ReadOpen(const std::string& groups) {
     stream = StreamOf("2 LAYER\n" + groups);
     ReadGroup(stream);
@@ -45,7 +45,7 @@ class LayerTableTest : public ConverterTest {
   int32_t Color(const std::string& value) { return Layer("62 " + value + "\n").color; }
   int32_t Width(const std::string& value) { return Layer("370 " + value + "\n").width; }
 
-  // "family pattern" of a layer with these values of group 6, one behind the other.
+  // "family pattern" of a layer with these values of group 6, one after the other.
   std::string OfLayer(const std::vector<std::string>& values) {
     std::string groups;
     for (const std::string& value : values) groups += "6 " + value + "\n";
@@ -302,18 +302,18 @@ TEST_F(LayerTableTest, line_types_with_their_records_land_alike_but_for_phantom2
   } rows[] = {
       {"DOT", "2 0", "2 0"},
       {"DASH", "1 1", "1 1"},
-      {"DASHED", "1 2", "1 2"},      // behind DASH
-      {"DASHED2", "1 3", "1 3"},     // behind DASH, DASHED
+      {"DASHED", "1 2", "1 2"},      // after DASH
+      {"DASHED2", "1 3", "1 3"},     // after DASH, DASHED
       {"HIDDEN", "1 4", "1 4"},      //
-      {"DASHDOT", "3 5", "3 5"},     // behind DOT, DASH
+      {"DASHDOT", "3 5", "3 5"},     // after DOT, DASH
       {"CENTER", "3 6", "3 6"},      //
-      {"CENTER2", "3 7", "3 7"},     // behind CENTER
+      {"CENTER2", "3 7", "3 7"},     // after CENTER
       {"BORDER2", "3 8", "3 8"},     //
-      {"DASHDOTDOT", "4 9", "4 9"},  // behind DOT, DASH, DASHDOT
+      {"DASHDOTDOT", "4 9", "4 9"},  // after DOT, DASH, DASHDOT
       {"DIVIDE", "4 10", "4 10"},
       {"PHANTOM", "4 11", "4 11"},
       {"PHANTOM2", "4 11", "solid"},  // the row of its own is never defined
-      {"HIDDENDOT", "1 4", "1 4"},    // the last of the table, wherever it stands
+      {"HIDDENDOT", "1 4", "1 4"},    // the last of the table, wherever it is
       {"DIVIDE_CENTER_DASHED", "4 10", "4 10"},
       {"PHANTOM_DOT", "4 11", "4 11"},
       {"DOT_PHANTOM2", "4 11", "solid"},
@@ -461,7 +461,7 @@ TEST_F(LayerTableTest, a_record_adds_itself_to_no_table) {
 // A file that ends in the table.
 
 TEST_F(LayerTableTest, a_table_that_the_file_ends_in_keeps_what_was_read) {
-  // Whole groups of the text behind the table's name.
+  // Whole groups of the text after the table's name.
   const char* groups[] = {"70 2\n",    "0 LAYER\n", "2 A\n", "62 1\n",
                           "370 200\n", "0 LAYER\n", "2 B\n", "62 3\n"};
   const size_t layers[] = {0, 0, 1, 1, 1, 1, 2, 2, 2};

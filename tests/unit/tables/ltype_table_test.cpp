@@ -25,7 +25,7 @@ class LtypeTableTest : public ConverterTest {
  protected:
   LtypeTableTest() { headerVars.ltScale = 1.0; }
 
-  // Reads a table that isn't closed: its name stands in the buffer.
+  // Reads a table that isn't closed: its name is in the buffer.
   void ReadOpen(const std::string& groups) {
     stream = StreamOf("2 LTYPE\n" + groups);
     ReadGroup(stream);
@@ -356,7 +356,7 @@ TEST_F(LtypeTableTest, a_second_table_takes_the_place_of_the_first) {
 }
 
 TEST_F(LtypeTableTest, a_table_that_the_file_ends_in_keeps_what_was_read) {
-  // Whole groups of the text behind the table's name; the third one is the count, the fourth the dash.
+  // Whole groups of the text after the table's name; the third one is the count, the fourth the dash.
   const char* groups[] = {"0 LTYPE\n", "2 DASHED\n", "73 2\n",  "49 5\n",
                           "49 -2.5\n", "0 LTYPE\n",  "2 DOT\n", "73 2\n"};
   std::string text;

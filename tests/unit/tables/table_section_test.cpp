@@ -18,7 +18,7 @@ class TableSectionTest : public ConverterTest {
  protected:
   TableSectionTest() { headerVars.ltScale = 1.0; }
 
-  // Reads a section that stands behind its name.
+  // Reads a section after its name.
   void ReadOpen(const std::string& groups) {
     stream = StreamOf(groups);
     ReadTables(stream, headerVars);

@@ -118,7 +118,7 @@ TEST_F(AttribTest, a_leading_code_shorter_than_four_bytes_leaves_an_empty_text) 
 }
 
 TEST_F(AttribTest, a_short_code_reads_nothing_of_a_longer_value_before_it) {
-  // The buffer's bytes behind the value's end are still those of the group before.
+  // The buffer's bytes after the value's end are still those of the group before.
   EXPECT_EQ(WithText(""), Draw("3 LONGER\n1 \\A\n" + sized));
 }
 
@@ -162,7 +162,7 @@ TEST_F(AttribTest, its_text_is_of_code_page_932) {
 
 TEST_F(AttribTest, a_text_of_255_bytes_fits) {
   const std::string text = std::string(254, 'x') + "y";
-  // The reader's longest value has no room for its line end: the file ends behind it.
+  // The reader's longest value has no room for its line end: the file ends after it.
   const std::string bytes = "0\nATTRIB\n10\n30\n20\n60\n40\n2\n1\n" + text;
   stream.complete = true;
   stream.bytes.assign(bytes.begin(), bytes.end());
@@ -455,7 +455,7 @@ TEST_F(AttribTest, its_place_is_moved_by_origin_and_shift) {
   EXPECT_EQ(At(2010, -5980), Draw(plain));
 }
 
-// Texts that must lie in the view as a whole.
+// Texts that must be in the view as a whole.
 
 TEST_F(AttribTest, a_text_that_reaches_above_the_view_is_dropped) {
   // Its top is at -4000 + 220 = -3780.

@@ -230,7 +230,7 @@ TEST_F(DimMTextTest, four_lines_of_the_middle_row_add_up_their_steps) {
 TEST_F(DimMTextTest, an_odd_middle_row_steps_across_the_direction_from_the_texts_own_point) {
   state.shiftX = 0.5;
   state.shiftY = -0.5;
-  // As all lines of an upright text stand at 5000, 550 forth, 1650 and 2750 back.
+  // As all lines of an upright text are at 5000, 550 forth, 1650 and 2750 back.
   EXPECT_EQ(LineCalls(Font(1100, 2700), 400, 8, {{1450, -5000}, {3650, -5000}, {4750, -5000}}),
             DrawLines(4, 3, "11 0\n21 1\n"));
   // Sine 0.6 and cosine 0.8. 550 forth: 2000 - 330, 5000 + 440. From 5440: 5440 - 550 - 1100 = 3790, 1210
@@ -275,10 +275,10 @@ TEST_F(DimMTextTest, its_characters_are_never_spaced) {
 TEST_F(DimMTextTest, a_fraction_is_drawn_at_the_texts_point) {
   halfWidthFont = 1;
   const std::string calls = Draw("1 \\S1^ 2;mm\n");
-  // At the front it is no code to drop: an empty text stands in front of it.
+  // At the front it is no code to drop: an empty text is before it.
   EXPECT_EQ(0u, calls.find("CreateFont(1, 1100, 550, 3600, "));
   EXPECT_NE(std::string::npos, calls.find(TextOutCall(2000, -5000, "")));
-  // Behind one byte of the part's width.
+  // After one byte of the part's width.
   EXPECT_NE(std::string::npos, calls.find(TextOutCall(2550, -5000, "mm")));
 }
 

@@ -169,7 +169,7 @@ TEST_F(DimTextTest, group_51_makes_it_oblique) {
   oblique.italic = 1;
   EXPECT_EQ(Listing(oblique), Draw(plain + "51 15\n"));
   EXPECT_EQ(Listing(oblique), Draw(plain + "51 -3\n"));
-  // One that was told stays told.
+  // A second group takes nothing back.
   EXPECT_EQ(Listing(oblique), Draw(plain + "51 15\n51 0\n"));
   EXPECT_EQ(Listing(drawn), Draw(plain + "51 0\n"));
   EXPECT_EQ(Listing(drawn), Draw(plain + "51 0.9\n"));
@@ -220,7 +220,7 @@ TEST_F(DimTextTest, its_percent_codes_are_those_of_the_entities) {
 }
 
 TEST_F(DimTextTest, a_stacked_fraction_is_drawn_with_what_is_left_of_its_codes) {
-  // The braces go, and what stands between ";" and "}" and behind stays: nothing here.
+  // The braces go, and what is between ";" and "}" and after stays: nothing here.
   EXPECT_EQ(Listing(WithText(drawn, "AB")), Draw("1 A{\\S1^2;}B\n" + sized));
   EXPECT_EQ(Listing(WithText(drawn, "A\\\\S1^2;")), Draw("1 A\\S1^2;\n" + sized));
 }

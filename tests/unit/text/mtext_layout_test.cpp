@@ -1,4 +1,4 @@
-// Where the paragraphs of an MTEXT in the ENTITIES section stand, and which of them the view holds.
+// Where the paragraphs of an MTEXT in the ENTITIES section are, and which of them the view holds.
 
 #include <gtest/gtest.h>
 

@@ -26,7 +26,7 @@ class MTextTest : public ConverterTest {
     knownMetrics.aveCharWidth = 400;
   }
 
-  // The listing of one text with these groups, of height 10 at (20, 80) unless they tell otherwise.
+  // The listing of one text with these groups, of height 10 at (20, 80) unless they say otherwise.
   std::string Draw(const std::string& groups) { return DrawText("10 20\n20 80\n40 10\n" + groups); }
 
   std::string DrawText(const std::string& groups) {
@@ -394,9 +394,9 @@ std::string PieceCalls(int32_t x, int32_t y, const std::string& text) {
          TextOutCall(x, y, text) + restoreCalls;
 }
 
-// "5", then 1 over 2, then "mm", from (2000, -2000) on. The parts are as high as the text. In front of them
-// is 1 * 550. The upper one stands 0.5 * 1100 higher, the lower one at 550 along 45 degrees down: 550 *
-// 0.7071 = 388.9. Behind them is 1 * 550 more.
+// "5", then 1 over 2, then "mm", from (2000, -2000) on. The parts are as high as the text. Before them
+// is 1 * 550. The upper one is 0.5 * 1100 higher, the lower one at 550 along 45 degrees down: 550 *
+// 0.7071 = 388.9. After them is 1 * 550 more.
 const std::string fractionCalls = PieceCalls(2000, -2000, "5") + PieceCalls(2550, -1450, "1") +
                                   PieceCalls(2389, -2389, "2") + PieceCalls(3100, -2000, "mm");
 

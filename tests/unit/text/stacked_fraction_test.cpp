@@ -24,7 +24,7 @@ struct Size {
 };
 
 // Lines from (2000, 5000) on, on the sheet from (2000, -5000), in characters of 500 by 1000. Without a code
-// for it the parts are as large. The upper part stands 0.5 * 1000 above the baseline.
+// for it the parts are as large. The upper part is 0.5 * 1000 above the baseline.
 class StackedFractionTest : public ConverterTest {
  protected:
   StackedFractionTest() {
@@ -62,7 +62,7 @@ class StackedFractionTest : public ConverterTest {
 // The pieces.
 
 TEST_F(StackedFractionTest, a_fraction_alone_stands_on_its_anchor) {
-  // Nothing in front: the upper part is straight above, the lower one on the anchor. The empty text behind is
+  // Nothing in front: the upper part is straight above, the lower one on the anchor. The empty text after it is
   // drawn, too.
   EXPECT_EQ(
       Piece(2000, -5000, "") + Piece(2000, -4500, "1") + Piece(2000, -5000, "2") + Piece(2500, -5000, ""),
@@ -70,7 +70,7 @@ TEST_F(StackedFractionTest, a_fraction_alone_stands_on_its_anchor) {
 }
 
 // In front is 1 * 500. The lower part is 1000 - 500 too high: at 500 along 45 degrees down, 353.55 each way.
-// Behind is 1 * 500 more.
+// After is 1 * 500 more.
 TEST_F(StackedFractionTest, a_fraction_stands_between_the_texts_around_it) {
   EXPECT_EQ(
       Piece(2000, -5000, "5") + Piece(2500, -4500, "1") + Piece(2354, -5354, "2") + Piece(3000, -5000, "mm"),
@@ -140,7 +140,7 @@ TEST_F(StackedFractionTest, behind_the_fraction_the_longer_part_counts) {
 // The size of the parts.
 
 TEST_F(StackedFractionTest, a_height_of_its_own_makes_the_parts_half_as_wide_as_high) {
-  // 400 by 200: 500 - 400 is above the baseline, so that the lower part stands on it. Behind is 1 * 200.
+  // 400 by 200: 500 - 400 is above the baseline, so that the lower part is on it. After is 1 * 200.
   const Size part = {400, 200};
   EXPECT_EQ(Piece(2000, -5000, "5") + Piece(2500, -4500, "1", part) + Piece(2500, -5000, "2", part) +
                 Piece(2700, -5000, "mm"),
@@ -189,7 +189,7 @@ TEST_F(StackedFractionTest, a_font_that_measures_nothing_is_half_as_wide_as_high
   state.shiftX = 0.6;
   state.shiftY = -0.3;
   // 1003 / 2 = 501 in front, and a rise of 501.5. The lower part is at its full distance: (501, -501.5).
-  // Behind is 501.5.
+  // After is 501.5.
   const Size around = {1003, 0};
   EXPECT_EQ(MeasureCalls({1003, 0}) + Piece(2000, -5000, "5", around) + Piece(2501, -4498, "1", around) +
                 Piece(2501, -5501, "2", around) + Piece(2502, -5000, "mm", around),
@@ -198,15 +198,15 @@ TEST_F(StackedFractionTest, a_font_that_measures_nothing_is_half_as_wide_as_high
 
 // Brackets and signs.
 
-// In front is (2 + 1) * 500, and 1 more for the one byte behind. The lower part: acos(1501 / 1582.09) = 18.42
-// degrees down, where 1501 is (1424.07, 474.37). Behind: 500 + 1500 + 1 + 500 / 2.
+// In front is (2 + 1) * 500, and 1 more for the one byte after. The lower part: acos(1501 / 1582.09) = 18.42
+// degrees down, where 1501 is (1424.07, 474.37). After: 500 + 1500 + 1 + 500 / 2.
 TEST_F(StackedFractionTest, brackets_lift_the_parts_by_the_bytes_behind) {
   EXPECT_EQ(
       Piece(2000, -5000, "(5") + Piece(3501, -4500, "1") + Piece(3424, -5474, "2") + Piece(4251, -5000, ")"),
       Draw("(5\\S1^ 2;)"));
 }
 
-// In front is 1500 + 500 / 2 = 1750. The lower part: 1750 * 1750 / 1820.03 and 1750 * 500 / 1820.03. Behind:
+// In front is 1500 + 500 / 2 = 1750. The lower part: 1750 * 1750 / 1820.03 and 1750 * 500 / 1820.03. After:
 // 500 + 1500 + 250 + 250.
 TEST_F(StackedFractionTest, brackets_lift_half_width_parts_by_half_their_width) {
   halfWidthFont = 1;
@@ -215,7 +215,7 @@ TEST_F(StackedFractionTest, brackets_lift_half_width_parts_by_half_their_width) 
       Draw("(5\\S1^ 2;)"));
 }
 
-// 1500 and 2 for the two bytes behind; 500 + 1500 + 2. The lower part: 1502 * 1502 / 1583.04 = 1425.12 and
+// 1500 and 2 for the two bytes after; 500 + 1500 + 2. The lower part: 1502 * 1502 / 1583.04 = 1425.12 and
 // 1502 * 500 / 1583.04 = 474.40.
 TEST_F(StackedFractionTest, a_closing_bracket_further_behind_moves_nothing) {
   EXPECT_EQ(
@@ -231,7 +231,7 @@ TEST_F(StackedFractionTest, a_closing_bracket_right_behind_moves_half_a_parts_wi
 
 TEST_F(StackedFractionTest, half_width_parts_with_a_sign_are_set_off_by_a_blank) {
   halfWidthFont = 1;
-  // Behind is 3 * 500.
+  // After is 3 * 500.
   EXPECT_EQ(Piece(2000, -5000, "") + Piece(2000, -4500, " +1") + Piece(2000, -5000, " -2") +
                 Piece(3500, -5000, "mm"),
             Draw("\\S+1^ -2;mm"));
@@ -251,7 +251,7 @@ TEST_F(StackedFractionTest, parts_with_a_sign_stay_in_brackets_and_in_full_width
 TEST_F(StackedFractionTest, the_line_goes_by_whole_degrees) {
   escapement = 2705;
   // 89 degrees and a half are 89. The upper part: 707.11 along 134 degrees, (-491.20, 508.65). The lower one:
-  // 500 along 44 degrees, (359.67, 347.33). The text behind: 1000 along 89 degrees, (17.45, 999.85).
+  // 500 along 44 degrees, (359.67, 347.33). The text after: 1000 along 89 degrees, (17.45, 999.85).
   EXPECT_EQ(
       Piece(2000, -5000, "5") + Piece(1509, -4491, "1") + Piece(2360, -4653, "2") + Piece(2017, -4000, "mm"),
       Draw("5\\S1^ 2;mm"));
@@ -320,7 +320,7 @@ TEST_F(StackedFractionTest, the_width_is_the_models) {
 TEST_F(StackedFractionTest, the_width_of_a_part_is_never_negative) {
   attach = 9;
   width = -100;
-  // 2^32 - 100 for the one byte: 2000 - 2147483598. Behind it no sheet reaches.
+  // 2^32 - 100 for the one byte: 2000 - 2147483598. After it no sheet reaches.
   const std::string calls = Draw("\\S1^ 2;");
   EXPECT_NE(std::string::npos, calls.find(TextOutCall(-2147481597, -5000, "")));
   EXPECT_NE(std::string::npos, calls.find(TextOutCall(INT32_MIN, -5000, "")));

@@ -99,7 +99,7 @@ TEST(FindCharacters, nothing_is_found_at_the_start_of_everything) {
 
 TEST(FindCharacters, a_trail_byte_is_no_character) {
   EXPECT_EQ(PlaceOf("\x95\\P", "\\P"), -1);   // 5C is half of a kanji
-  EXPECT_EQ(PlaceOf("\x95\\\\P", "\\P"), 2);  // a backslash stands behind it
+  EXPECT_EQ(PlaceOf("\x95\\\\P", "\\P"), 2);  // a backslash is after it
   EXPECT_EQ(PlaceOf("\x81\x7D"
                     "5}",
                     "}"),

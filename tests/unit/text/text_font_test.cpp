@@ -51,7 +51,7 @@ int32_t ThrownBySettling(const std::string& face) {
   return 0;
 }
 
-// A text of this single byte. Katakana are letters from A6 on; what stands from A1 to A5 are marks.
+// A text of this single byte. Katakana are letters from A6 on; A1 to A5 are marks.
 void ExpectClass(int byte) {
   const bool letter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
   const bool digit = byte >= '0' && byte <= '9';

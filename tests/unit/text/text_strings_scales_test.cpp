@@ -101,7 +101,7 @@ TEST(StripBlockSpaceAndParens, as_many_alignments_go_as_there_are_blanks) {
 }
 
 TEST(StripBlockSpaceAndParens, the_alignment_goes_before_the_blank) {
-  // The blank within is cut only behind the one look for the code.
+  // The blank within is cut only after the one look for the code.
   EXPECT_EQ(BlockStripped("\\A 1;B"), "\\A1;B");
   EXPECT_EQ(BlockStripped("\\A 1;B C"), "BC");
 }
@@ -139,7 +139,7 @@ TEST(WidenEmptyBrackets, a_pair_without_a_blank_stays) {
 
 TEST(WidenEmptyBrackets, a_blank_behind_the_bracket_counts_wherever_it_is) {
   // The blank is at 4 bytes from the bracket: 4 bytes from it on are all that is left, and are added twice.
-  // The bracket's partner in front of it is lost with that.
+  // The bracket's partner before it is lost with that.
   EXPECT_EQ(Widened(open + close + wide + wide), open + wide + wide + wide + wide);
   // Only 2 bytes are left.
   EXPECT_EQ(Widened(open + close + wide), open + wide + wide);
@@ -304,7 +304,7 @@ TEST(ParseBlockFontScales, behind_an_oblique_only_what_follows_stays) {
 }
 
 TEST(ParseBlockFontScales, a_code_that_an_earlier_one_has_cut_off_is_not_seen) {
-  // "\W" goes first, and what is in front of it with it.
+  // "\W" goes first, and what is before it with it.
   std::string left;
   EXPECT_EQ(BlockParsed("\\Q15;A\\W0.8;B", left), (Scales{0.8, 2.5, 3.5}));
   EXPECT_EQ(left, "B");
@@ -313,7 +313,7 @@ TEST(ParseBlockFontScales, a_code_that_an_earlier_one_has_cut_off_is_not_seen) {
 }
 
 TEST(ParseBlockFontScales, the_stump_is_what_the_next_codes_are_looked_for_in) {
-  // The stump is "\W1", and with the ";" behind it a code again: 1 and not 10.
+  // The stump is "\W1", and with the ";" after it a code again: 1 and not 10.
   std::string left;
   EXPECT_EQ(BlockParsed("\\W10;A\\T1.2;B", left), (Scales{1, 1.2, 3.5}));
   EXPECT_EQ(left, "B");

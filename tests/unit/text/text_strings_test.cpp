@@ -192,7 +192,7 @@ TEST(ExpandPercentCodes, a_U_code_in_small_letters_or_cut_off_stays) {
 }
 
 TEST(ExpandPercentCodes, the_trail_byte_5C_of_a_character_is_the_backslash_of_a_U_code) {
-  // The lead byte stays alone in front of the symbol.
+  // The lead byte stays alone before the symbol.
   EXPECT_EQ(Expanded(hyo + "U+22055"), "\x95" + phi + "5");
   EXPECT_EQ(Expanded(so + "U+00B0"), "\x83" + degree);
   EXPECT_EQ(Expanded(noh + "U+25CF"), "\x94" + dot);
@@ -409,7 +409,7 @@ TEST(StripBraceCodes, a_text_that_grows_from_round_to_round_throws_minus_1) {
 }
 
 TEST(StripBraceCodes, a_text_of_255_bytes_that_grows_throws_minus_1) {
-  // 121 bytes in front of the brace, then the 253 between ";" and "}".
+  // 121 bytes before the brace, then the 253 between ";" and "}".
   EXPECT_EQ(Thrown(BracesStripped, ";" + std::string(120, 'A') + "{\\x" + std::string(130, 'B') + "}"), -1);
 }
 
@@ -431,8 +431,8 @@ TEST(StripBraceCodes, a_kanji_that_looks_like_a_brace_with_a_code_starts_no_othe
   EXPECT_EQ(BracesStripped("{\\C1;\\H2;}A\x81\x7B\\;"), "\\H2;A\x81\x7B\\;");
 }
 
-// A text that grows for one round: 101 bytes in front of the brace, then the 129 between ";" and "}", and
-// what is after the "}". The next round finds no "}" and leaves what is in front of "{\".
+// A text that grows for one round: 101 bytes before the brace, then the 129 between ";" and "}", and
+// what is after the "}". The next round finds no "}" and leaves what is before "{\".
 std::string Growing(size_t grownLength) {
   return ";" + std::string(100, 'A') + "{\\x" + std::string(26, 'B') + "}" +
          std::string(grownLength - 230, 'C');

@@ -522,7 +522,7 @@ TEST_F(TextTest, twenty_thousand_texts_that_prove_too_wide_keep_no_more_fonts_th
   EXPECT_EQ(leftObjectLimit, state.leftFonts.size());
 }
 
-// Step 17: very small texts. The canvas tells what stands when it is set anew.
+// Step 17: very small texts. Setting the extra space anew returns what was set.
 
 TEST_F(TextTest, a_cell_below_10_squeezes_it_and_all_texts_that_follow) {
   ListCalls([this](Canvas canvas) {
@@ -607,7 +607,7 @@ TEST_F(TextTest, a_scale_of_0_does_not_stop_it) {
 TEST_F(TextTest, on_a_turned_sheet_the_point_of_an_absurd_text_wraps_around) {
   state.rotated = 1;
   view = {INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
-  // 20000 - -2147483648 is 2^31 + 20000, which stands for -2147463648; -10000 - -2147483648.
+  // 20000 - -2147483648 is 2^31 + 20000, which wraps around to -2147463648; -10000 - -2147483648.
   EXPECT_EQ(Listing(PlacedAt(Leaning(drawn, -1800), -2147463648, 2147473648)),
             Draw("1 AB\n10 1e300\n20 1e300\n40 2\n"));
 }
