@@ -211,6 +211,7 @@ std::vector<Job> JobsInFolder(const std::vector<std::string>& drawings, std::str
   if (folder.empty()) throw UsageError("-d needs the name of a folder");
   if (folder.back() != '/') folder += '/';
   std::vector<Job> jobs;
+  jobs.reserve(drawings.size());
   for (const std::string& drawing : drawings) {
     jobs.push_back({drawing, folder + WithExtension(drawing.substr(FileNameStart(drawing)), ".emf")});
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <memory>
 #include <new>
 #include <string>
@@ -81,7 +82,7 @@ void PutBigEndian(uint8_t* place, uint32_t number) {
 void AddResolution(Bytes& png, int32_t dotsPerInch) {
   constexpr size_t signatureAndFirstChunk = 8 + 25;
   constexpr double inchesInAMetre = 1 / 0.0254;
-  const auto dots = static_cast<uint32_t>(dotsPerInch * inchesInAMetre + 0.5);
+  const auto dots = static_cast<uint32_t>(std::lround(dotsPerInch * inchesInAMetre));
   std::array<uint8_t, 21> chunk{0, 0, 0, 9, 'p', 'H', 'Y', 's', 0, 0, 0, 0, 0, 0, 0, 0, 1};
   PutBigEndian(&chunk[8], dots);
   PutBigEndian(&chunk[12], dots);
