@@ -36,7 +36,7 @@ namespace hexlume::host {
  * easier to set in C++. */
 class Options : public hexlume_options {
  public:
-  /** Is told the pass, the number of passes, and the bytes done and in all. Returns false to cancel. */
+  /** Gets the pass, the number of passes, and the bytes done and in all. Returns false to cancel. */
   using Progress = std::function<bool(int32_t pass, int32_t passes, int64_t done, int64_t total)>;
 
   /** All defaults. */

@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 database=build/linux
-[ -f "$database/compile_commands.json" ] || { echo "cmake --preset linux comes first" >&2; exit 1; }
+[ -f "$database/compile_commands.json" ] || { echo "Run cmake --preset linux first." >&2; exit 1; }
 # Only the sources in the database of this build: it has no entry for those of other systems.
 python3 -c '
 import json, os, sys

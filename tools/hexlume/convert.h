@@ -10,7 +10,7 @@
 namespace hexlume {
 
 struct Conversion {
-  int status = 0;                          // of the process: 0 if all is well
+  int status = 0;                          // of the process: 0 for success
   std::string failure;                     // what happened, for the user; only for a conversion that failed
   std::vector<std::string> unknownLayers;  // that --hide-layer names
   MetafileBytes metafile;                  // also when a fault ended the drawing, if it had been begun

@@ -7,7 +7,7 @@
 namespace hexlume {
 namespace {
 
-// As the nine exports tell the same.
+// The exit status that the nine exports would give for the same end.
 int ExitStatusOf(const host::Result& result) {
   constexpr int faultStatus = 11, noDrawing = 30;
   switch (result.Status()) {

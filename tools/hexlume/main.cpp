@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
   try {
     return hexlume::Run(hexlume::ParseOptions(argc, argv));
   } catch (const hexlume::UsageError& error) {
-    hexlume::Report(std::string(error.what()) + "\nhexlume --help tells how it is used.");
+    hexlume::Report(std::string(error.what()) + "\nTry 'hexlume --help'.");
     return hexlume::wrongUsage;
   }
 }

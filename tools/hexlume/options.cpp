@@ -26,11 +26,11 @@ struct OptionDeclaration {
 constexpr OptionDeclaration conversionOptions[] = {
     {"d", "DIR", "Write the metafile of every drawing to DIR/<its name>.emf"},
     {"view", "L,T,R,B", "Convert only this part of the sheet, in hundredths of a millimetre"},
-    {"full-size", nullptr, "Draw the model at full size, without the scale that the drawing tells"},
+    {"full-size", nullptr, "Draw the model at full size, without the scale of the drawing"},
     {"rotate", nullptr, "Convert, then turn by 180 degrees; the turned one is the result"},
     {"mono", nullptr, "Draw everything in black"},
     {"half-width", nullptr, "Draw texts with half-width cells"},
-    {"whole-text", nullptr, "With --view: leave out texts that don't lie wholly inside"},
+    {"whole-text", nullptr, "With --view: leave out texts that aren't wholly inside"},
     {"dialog-font", "N", "Font of the dialogs: 1 for the system's, another number for their own"},
 };
 
@@ -79,14 +79,14 @@ Without OUTPUT.emf the metafile goes beside the drawing, with the extension .emf
 a picture only these are made then. Several drawings, with -d, are converted in the order given.
 
 Exit status:
-   0  all is well
+   0  success
    2  a drawing could be measured, but not opened again to be drawn
   11  a fault left the library
   16  the user cancelled a dialog
   30  a file can't be read or is no drawing, or a fault ended the drawing
   64  wrong usage
   73  an output can't be written
-When several drawings are converted, it tells of the last one that failed.
+When several drawings are converted, the status is that of the last one that failed.
 )";
 
 int32_t ParseNumber(const std::string& option, const std::string& text, int32_t least, int32_t most) {
