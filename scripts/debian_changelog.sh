@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Writes CHANGELOG.md in the form that Debian packages have: scripts/debian_changelog.sh "NAME <ADDRESS>"
-# A release is a heading "## VERSION (DATE)", a change an item of a list, which may go on in indented lines.
+# A release is a heading "## [VERSION] - DATE", in it headings "### KIND" and items of lists, which may go on in indented lines.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -14,10 +14,12 @@ awk -v maintainer="$1" '
   /^## / {
     close_release()
     if (version != "") print ""
-    version = $2
-    day = substr($3, 2, length($3) - 2)
-    print "hexlume (" version ") unstable; urgency=medium\n"
+    version = substr($2, 2, length($2) - 2)
+    day = $4
+    print "hexlume (" version ") unstable; urgency=medium"
   }
+  version == "" { next }
+  /^### / { print "\n  [ " $2 " ]" }
   /^- / { print "  * " substr($0, 3) }
   /^  / { print "    " substr($0, 3) }
   END { close_release() }
