@@ -81,6 +81,7 @@ test_debian() {
 
   install_in_system --no-install-recommends "/srv/${debian_files[2]}" gcc g++ libc6-dev make cmake pkg-config python3
   test_debian_hosts
+  run scripts/broken_links.py "$scratch/system/usr/share/doc/libhexlume-dev"
   run in_system apt-get purge -y "${debian_packages[@]}"
   [ -z "$(find "$scratch"/system/usr -iname '*hexlume*')" ] || fail "The purged packages have left something."
 }
@@ -125,6 +126,7 @@ test_windows() {
   prepare_wine
   run unzip "dist/hexlume-$version-$preset.zip" -d "$WINEPREFIX/drive_c"
   folder=$WINEPREFIX/drive_c/hexlume-$version-$preset
+  run scripts/broken_links.py "$folder"
   cp examples/FIRST.dxf "$WINEPREFIX/drive_c"
   prints "hexlume $version" wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" --version
   run wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" 'C:\FIRST.dxf' 'C:\FIRST.emf'
