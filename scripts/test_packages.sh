@@ -150,8 +150,19 @@ test_windows() {
     run wine "C:\\hexlume-$version-$preset\\bin\\$made.exe" 'C:\FIRST.dxf' "C:\\$made.emf"
     cmp "$WINEPREFIX/drive_c/FIRST.emf" "$WINEPREFIX/drive_c/$made.emf"
   done
+  run link_like_microsoft "$processor" "$folder"
+  run env --chdir="$WINEPREFIX/drive_c" wine "C:\\hexlume-$version-$preset\\bin\\linked.exe"
   cp "$WINEPREFIX/drive_c/FIRST.emf" "$scratch/$preset.emf"
   wineserver --wait # before the prefix goes
+}
+
+# By lld-link, which takes the same files and options as Microsoft's linker. It has no runtime here.
+link_like_microsoft() {
+  local processor=$1 folder=$2
+  clang --target="$processor-pc-windows-msvc" -std=c11 -Wall -Wextra -Werror -O1 -I"$folder/include" -c tests/packages/msvc_host.c \
+    -o "$scratch/msvc_host.obj" &&
+    lld-link /entry:Start /subsystem:console /nodefaultlib "/out:$folder/bin/linked.exe" "$scratch/msvc_host.obj" \
+      "$folder/lib/HexlumeHost.lib" "$folder/lib/Hexlume.lib"
 }
 
 # Whether a DLL's version resource has the version of the release.
