@@ -81,6 +81,9 @@ test_debian() {
 
   install_in_system --no-install-recommends "/srv/${debian_files[2]}" gcc g++ libc6-dev make cmake pkg-config python3
   test_debian_hosts
+  for library in hexlume hexlume_host; do
+    all_versioned "$scratch"/system/usr/lib/*/"lib$library.so.1" || fail "lib$library has symbols without a version."
+  done
   run scripts/broken_links.py "$scratch/system/usr/share/doc/libhexlume-dev"
   run in_system apt-get purge -y "${debian_packages[@]}"
   [ -z "$(find "$scratch"/system/usr -iname '*hexlume*')" ] || fail "The purged packages have left something."
@@ -92,6 +95,13 @@ compare_with_this_system() {
   for file in "dist/${debian_files[0]}" "dist/${debian_files[1]}"; do dpkg-deb -x "$file" "$here"; done
   run env LD_LIBRARY_PATH="$(echo "$here"/usr/lib/*)" "$here/usr/bin/hexlume" examples/TEXT.dxf "$scratch/TEXT.emf"
   cmp "$scratch/TEXT.emf" "$scratch/system/home/user/TEXT.emf"
+}
+
+# Whether a library shows symbols, all with the version node.
+all_versioned() {
+  readelf --dyn-syms --wide "$1" | awk '
+    $5 == "GLOBAL" && $7 != "UND" { ++shown; if ($8 !~ /HEXLUME_1$/) exit bad = 1 }
+    END { exit bad || !shown }'
 }
 
 # The examples, as the package brings them.
@@ -188,6 +198,10 @@ for package in "$@"; do
   esac
   echo "$package: passed"
 done
+
+# The document names the packages of this version.
+others=$(grep -oE 'hexlume(1|-dev)?[-_][0-9]+\.[0-9]+\.[0-9]+' docs/packages.md | grep -v "[-_]${version//./\\.}\$" || true)
+[ -z "$others" ] || fail "docs/packages.md names packages of another version: $others"
 
 # The same picture on all systems.
 for package in "$@"; do cmp "$scratch/$1.emf" "$scratch/$package.emf"; done
