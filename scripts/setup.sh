@@ -29,7 +29,7 @@ native_test_packages=(
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
-package_packages=(debootstrap doxygen dpkg-dev file lintian llvm unzip zip)
+package_packages=(clang debootstrap doxygen dpkg-dev file lintian lld llvm python3 unzip zip)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;

@@ -49,7 +49,7 @@ int RunTool(const std::vector<std::string>& arguments) {
   try {
     return Run(arguments);
   } catch (const UsageError& error) {
-    PrintError("hexlume: " + std::string(error.what()) + "\nhexlume --help tells how it is used.\n");
+    PrintError("hexlume: " + std::string(error.what()) + "\nTry 'hexlume --help'.\n");
     return StatusOf(usageStatus).exit;
   } catch (const OutputError& error) {
     PrintError("hexlume: " + std::string(error.what()) + '\n');

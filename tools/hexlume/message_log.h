@@ -1,4 +1,4 @@
-// What the tool tells the user on standard error: messages, and on a terminal the progress of many drawings.
+// What the tool writes for the user on standard error: messages, and on a terminal the progress of many drawings.
 #pragma once
 
 #include <chrono>
