@@ -12,7 +12,7 @@ set -euo pipefail
 
 native_packages=(
   cmake g++ ninja-build pkg-config
-  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev
+  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev
   fonts-ipafont-gothic
 )
 windows_packages=(

@@ -9,6 +9,7 @@
 #include "tools/hexlume/file_trouble.h"
 #include "tools/hexlume/options.h"
 #include "tools/hexlume/output.h"
+#include "tools/hexlume/sheet_ink.h"
 #include "tools/hexlume/system.h"
 
 namespace hexlume {
@@ -32,6 +33,8 @@ void ReportConversion(const Job& job, const Conversion& conversion) {
   if (conversion.status != 0) return;
   for (const std::string& name : conversion.unknownLayers)
     Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
+  if (FindInk(conversion.metafile.data(), conversion.metafile.size()) == SheetInk::beside)
+    Report(job.drawing + ": nothing of the drawing falls on its sheet");
 }
 
 // Returns 0, or the exit status for what went wrong. If both the conversion and an output failed, that

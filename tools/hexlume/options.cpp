@@ -43,6 +43,7 @@ constexpr OptionDeclaration answers[] = {
 
 constexpr OptionDeclaration resultOptions[] = {
     {"dpi", "N", "Dots per inch of a picture in pixels (default 96)"},
+    {"size", "N", "The longest side of a picture in pixels, instead of --dpi"},
     {"list", nullptr, "List the calls in the metafile on standard output, one a line"},
     {"version", nullptr, "Show the version"},
     {"h,help", nullptr, "Show this help"},
@@ -58,6 +59,11 @@ void AddOption(cxxopts::OptionAdder& add, const OptionDeclaration& option) {
   }
 }
 
+// "svg-text"
+std::string TextOptionOf(const PictureKind& kind) {
+  return kind.option + std::string("-text");
+}
+
 cxxopts::Options Declare() {
   cxxopts::Options options("hexlume", "Turns ASCII DXF drawings into Windows enhanced metafiles.\n");
   options.custom_help("[options]");
@@ -68,6 +74,8 @@ cxxopts::Options Declare() {
       cxxopts::value<std::string>()->implicit_value("1"), "N");
   for (const OptionDeclaration& option : answers) AddOption(add, option);
   for (const PictureKind& kind : PictureKinds()) AddOption(add, {kind.option, "FILE", kind.help});
+  for (const PictureKind& kind : PictureKinds())
+    if (kind.canKeepTexts) AddOption(add, {TextOptionOf(kind).c_str(), nullptr, "Keep texts as texts in that file"});
   for (const OptionDeclaration& option : resultOptions) AddOption(add, option);
   add("drawings", "", cxxopts::value<std::vector<std::string>>());
   options.parse_positional("drawings");
@@ -231,18 +239,27 @@ void CheckOutputs(const Options& options) {
   for (const PictureOrder& picture : options.pictures) claim(picture.file);
 }
 
+void ReadPixels(const cxxopts::ParseResult& parsed, Options& options) {
+  constexpr int32_t longest = 20000;
+  const auto& pictures = options.pictures;
+  const auto hasPixels = [](const PictureOrder& picture) { return picture.kind->hasPixels; };
+  const auto dpi = TextOf(parsed, "dpi"), size = TextOf(parsed, "size");
+  if (dpi && size) throw UsageError("--dpi and --size exclude each other");
+  if ((dpi || size) && std::none_of(pictures.begin(), pictures.end(), hasPixels))
+    throw UsageError((dpi ? "--dpi" : "--size") + std::string(" needs --png"));
+  if (dpi) options.pictureSettings.dotsPerInch = ParseNumber("--dpi", *dpi, 1, 100000);
+  if (size) options.pictureSettings.longestSide = ParseNumber("--size", *size, 1, longest);
+}
+
 void ReadPictures(const cxxopts::ParseResult& parsed, Options& options) {
-  bool hasPixels = false;
   for (const PictureKind& kind : PictureKinds()) {
-    if (const auto file = TextOf(parsed, kind.option)) {
-      options.pictures.push_back({&kind, *file});
-      hasPixels = hasPixels || kind.hasPixels;
-    }
+    const auto file = TextOf(parsed, kind.option);
+    if (file) options.pictures.push_back({&kind, *file});
+    if (!kind.canKeepTexts || !parsed[TextOptionOf(kind)].as<bool>()) continue;
+    if (!file) throw UsageError("--" + TextOptionOf(kind) + " needs --" + kind.option);
+    options.pictureSettings.keepsTexts = true;
   }
-  if (const auto number = TextOf(parsed, "dpi")) {
-    if (!hasPixels) throw UsageError("--dpi needs --png");
-    options.pictureSettings.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
-  }
+  ReadPixels(parsed, options);
 }
 
 void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
