@@ -12,8 +12,8 @@ set -euo pipefail
 
 native_packages=(
   cmake g++ ninja-build pkg-config
-  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev
-  nettle-dev nlohmann-json3-dev
+  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev
+  nettle-dev nlohmann-json3-dev zlib1g-dev
   fonts-ipafont-gothic
 )
 windows_packages=(

@@ -29,8 +29,8 @@ TEST_F(CommandLineLinux, an_svg_has_the_size_of_the_frame) {
   ExpectSuccess(RunScripted("--svg plan.svg plan.dxf"));
   const std::string svg = Contents("plan.svg");
   EXPECT_TRUE(Contains(svg, "<svg ")) << svg.substr(0, 500);
-  EXPECT_TRUE(Contains(svg, "width=\"595.27"));   // 210 mm in points
-  EXPECT_TRUE(Contains(svg, "height=\"841.88"));  // 297 mm
+  EXPECT_TRUE(Contains(svg, "width=\"210mm\""));
+  EXPECT_TRUE(Contains(svg, "height=\"297mm\""));
   EXPECT_TRUE(Contains(svg, "<path "));
   EXPECT_FALSE(Exists("plan.emf"));
 }

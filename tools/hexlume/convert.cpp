@@ -10,6 +10,7 @@
 #include "tools/hexlume/emf_record.h"
 #include "tools/hexlume/host_convert.h"
 #include "tools/hexlume/host_guard.h"
+#include "tools/hexlume/sheet_ink.h"
 
 namespace hexlume {
 namespace {
@@ -181,6 +182,8 @@ Conversion Convert(const DrawingSource& drawing, const Options& options, Convert
   if (encoding == Encoding::notUtf8 && hasResult)
     conversion.remarks.push_back(
         {"not-utf8", "a drawing of this version should be UTF-8, but isn't: it was read as code page 932"});
+  if (FindInk(conversion.metafile.data(), conversion.metafile.size()) == SheetInk::beside)
+    conversion.remarks.push_back({"beside-sheet", "nothing of the drawing is on its sheet"});
   return conversion;
 }
 

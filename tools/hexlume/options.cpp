@@ -109,6 +109,16 @@ bool HasPixels(const Options& options) {
   return false;
 }
 
+void ReadPixels(const cxxopts::ParseResult& parsed, Options& options) {
+  constexpr int32_t longest = 20000;
+  const auto dpi = TextOf(parsed, "dpi"), size = TextOf(parsed, "size");
+  if (dpi && size) throw UsageError("--dpi and --size exclude each other");
+  if ((dpi || size) && !HasPixels(options))
+    throw UsageError((dpi ? "--dpi" : "--size") + std::string(" needs --png"));
+  if (dpi) options.pictureSettings.dotsPerInch = ParseNumber("--dpi", *dpi, 1, 100000);
+  if (size) options.pictureSettings.longestSide = ParseNumber("--size", *size, 1, longest);
+}
+
 void ReadPictures(const cxxopts::ParseResult& parsed, Options& options) {
   for (const PictureKind& kind : PictureKinds())
     if (const auto file = TextOf(parsed, kind.option)) options.pictures.push_back({&kind, *file});
@@ -116,15 +126,7 @@ void ReadPictures(const cxxopts::ParseResult& parsed, Options& options) {
   if (!options.kinds.empty() && !options.pictures.empty())
     throw UsageError("--to and --" + std::string(options.pictures.front().kind->option) +
                      " exclude each other");
-  if (const auto number = TextOf(parsed, "dpi")) {
-    if (!HasPixels(options)) throw UsageError("--dpi needs --png");
-    options.pictureSettings.dotsPerInch = ParseNumber("--dpi", *number, 1, 100000);
-  }
-  if (const auto number = TextOf(parsed, "size")) {
-    if (!HasPixels(options)) throw UsageError("--size needs --png");
-    if (parsed.count("dpi") > 0) throw UsageError("--size and --dpi exclude each other");
-    options.pictureSettings.longestSide = ParseNumber("--size", *number, 1, 20000);
-  }
+  ReadPixels(parsed, options);
 }
 
 // Only the systems whose pictures can keep texts have the option.

@@ -127,7 +127,9 @@ TEST_F(WholeFiles, a_run_that_is_killed_goes_on_where_it_ended) {
                                          "report.json", "--quiet"};
   for (const int milliseconds : {30, 60, 90}) KillAfter(call, milliseconds);
   for (const auto& entry : fs::recursive_directory_iterator("out"))
-    if (entry.path().extension() == ".emf") EXPECT_TRUE(IsWhole(entry.path())) << entry.path();
+    if (entry.path().extension() == ".emf") {
+      EXPECT_TRUE(IsWhole(entry.path())) << entry.path();
+    }
   const Outcome last = RunReal("-d out --jobs 2 --recursive in --skip-unchanged --report report.json");
   EXPECT_EQ(39, last.status);
   std::set<std::string> paths;
