@@ -18,11 +18,12 @@ TEST_F(CommandLineLinux, help_names_the_options) {
 
 // Pictures.
 
-TEST_F(CommandLineLinux, a_png_tells_its_resolution) {
+TEST_F(CommandLineLinux, a_png_has_its_resolution) {
   ExpectSuccess(RunScripted("--png plan.png plan.dxf"));
   // 96 dots to an inch are 3779.5 to a metre; the last four bytes are the checksum that goes with 3780.
   const std::string chunk("\0\0\0\x09pHYs\0\0\x0E\xC4\0\0\x0E\xC4\x01\x95\x2B\x0E\x1B", 21);
-  EXPECT_EQ(chunk, Contents("plan.png").substr(33, 21));
+  const std::string png = Contents("plan.png");
+  EXPECT_TRUE(Contains(png.substr(0, png.find("IDAT")), chunk));
 }
 
 TEST_F(CommandLineLinux, an_svg_has_the_size_of_the_frame) {

@@ -37,7 +37,8 @@ TEST_F(Desktop, completion_knows_the_options) {
 
 TEST_F(Desktop, completion_offers_drawings_and_folders) {
   Shell("mkdir folder other; touch plan.dxf PLAN2.DXF notes.txt");
-  EXPECT_EQ("folder other ", Completion("-d \"\""));
+  const std::string folders = Completion("-d \"\"");  // in the order of the file system
+  EXPECT_TRUE(folders == "folder other " || folders == "other folder ") << folders;
   const std::string offered = Completion("\"\"");
   for (const char* name : {"folder ", "plan.dxf ", "PLAN2.DXF "})
     EXPECT_TRUE(Contains(offered, name)) << name;
@@ -45,7 +46,7 @@ TEST_F(Desktop, completion_offers_drawings_and_folders) {
 }
 
 TEST_F(Desktop, the_manual_has_every_option_of_the_help_and_no_mistake) {
-  EXPECT_EQ(0, Shell("groff -man -ww -Tutf8 -P-c " + manualFolder + "/hexlume.1 >manual.txt 2>mistakes.txt"));
+  EXPECT_EQ(0, Shell("groff -man -ww -Tascii -P-cbou " + manualFolder + "/hexlume.1 >manual.txt 2>mistakes.txt"));
   EXPECT_EQ("", Contents("mistakes.txt"));
   const std::string manual = Contents("manual.txt");
   std::istringstream help(RunReal("--help").out);

@@ -150,6 +150,23 @@ std::optional<std::string> PathForExports(const DrawingSource& drawing) {
   return path && path->size() <= longest ? path : std::nullopt;
 }
 
+SheetInk InkOf(const MetafileBytes& metafile) {
+  return FindInk(metafile.data(), metafile.size());
+}
+
+// Whether the picture is blank, but not that of a sheet made from what is drawn: the library leaves out lines beside
+// the sheet.
+bool IsBesideSheet(const DrawingSource& drawing, const Options& options, int32_t format,
+                   const MetafileBytes& metafile) {
+  if (options.view || options.fit || options.dialogs != 0) return false;
+  const SheetInk ink = InkOf(metafile);
+  if (ink != SheetInk::none) return ink == SheetInk::beside;
+  Options fitted = options;
+  fitted.fit = true;
+  const host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(fitted, format));
+  return InkOf({result.Metafile().begin(), result.Metafile().end()}) == SheetInk::within;
+}
+
 Conversion Choose(const DrawingSource& drawing, DrawingParts& parts, int32_t format, const Options& options,
                   Converter converter) {
   const auto path = PathForExports(drawing);
@@ -182,8 +199,8 @@ Conversion Convert(const DrawingSource& drawing, const Options& options, Convert
   if (encoding == Encoding::notUtf8 && hasResult)
     conversion.remarks.push_back(
         {"not-utf8", "a drawing of this version should be UTF-8, but isn't: it was read as code page 932"});
-  if (FindInk(conversion.metafile.data(), conversion.metafile.size()) == SheetInk::beside)
-    conversion.remarks.push_back({"beside-sheet", "nothing of the drawing is on its sheet"});
+  if (hasResult && IsBesideSheet(drawing, options, format, conversion.metafile))
+    conversion.remarks.push_back({"beside-sheet", "nothing of the drawing is on its sheet; try --fit"});
   return conversion;
 }
 
