@@ -75,7 +75,8 @@ cxxopts::Options Declare() {
   for (const OptionDeclaration& option : answers) AddOption(add, option);
   for (const PictureKind& kind : PictureKinds()) AddOption(add, {kind.option, "FILE", kind.help});
   for (const PictureKind& kind : PictureKinds())
-    if (kind.canKeepTexts) AddOption(add, {TextOptionOf(kind).c_str(), nullptr, "Keep texts as texts in that file"});
+    if (kind.canKeepTexts)
+      AddOption(add, {TextOptionOf(kind).c_str(), nullptr, "Keep texts as texts in that file"});
   for (const OptionDeclaration& option : resultOptions) AddOption(add, option);
   add("drawings", "", cxxopts::value<std::vector<std::string>>());
   options.parse_positional("drawings");

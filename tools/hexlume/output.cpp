@@ -30,7 +30,8 @@ void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, const PictureSettings& settings) {
+void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture,
+                  const PictureSettings& settings) {
   Bytes file;
   try {
     picture.kind->write(metafile, settings, [&file](const uint8_t* bytes, size_t size) {
@@ -49,7 +50,8 @@ void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture, co
 void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options) {
   if (job.metafile) WriteFile(*job.metafile, metafile);
   if (options.list) WriteListing(metafile, job, options);
-  for (const PictureOrder& picture : options.pictures) WritePicture(metafile, picture, options.pictureSettings);
+  for (const PictureOrder& picture : options.pictures)
+    WritePicture(metafile, picture, options.pictureSettings);
 }
 
 }  // namespace hexlume
