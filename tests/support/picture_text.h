@@ -19,14 +19,18 @@ inline const uint8_t* BytesOf(const Words& words) {
 }
 
 inline ByteSink AppendTo(std::string& text) {
-  return [&text](const uint8_t* bytes, size_t size) { text.append(reinterpret_cast<const char*>(bytes), size); };
+  return
+      [&text](const uint8_t* bytes, size_t size) { text.append(reinterpret_cast<const char*>(bytes), size); };
 }
 
 // A path as "M 1,2 L 3,4 C 5,6 7,8 9,10 Z ".
 inline std::string TextOf(const PlayerPath& path) {
   struct Writer {
     std::string text;
-    void Put(Point point) { text += std::to_string(static_cast<int>(point.x)) + ',' + std::to_string(static_cast<int>(point.y)) + ' '; }
+    void Put(Point point) {
+      text +=
+          std::to_string(static_cast<int>(point.x)) + ',' + std::to_string(static_cast<int>(point.y)) + ' ';
+    }
     void MoveTo(Point to) { text += "M ", Put(to); }
     void LineTo(Point to) { text += "L ", Put(to); }
     void CurveTo(Point a, Point b, Point to) { text += "C ", Put(a), Put(b), Put(to); }

@@ -39,7 +39,8 @@ TEST(BoxOutline, boxes_one_below_the_other_share_a_polygon) {
 }
 
 TEST(BoxOutline, straight_sides_have_no_corners_between) {
-  EXPECT_EQ("M 0,0 L 0,3 L 5,3 L 5,0 Z ", TextOf(OutlineOf({{0, 0, 5, 1}, {0, 1, 5, 2}, {0, 2, 5, 3}}, limits)));
+  EXPECT_EQ("M 0,0 L 0,3 L 5,3 L 5,0 Z ",
+            TextOf(OutlineOf({{0, 0, 5, 1}, {0, 1, 5, 2}, {0, 2, 5, 3}}, limits)));
 }
 
 TEST(BoxOutline, boxes_that_only_meet_at_a_corner_or_not_at_all_are_apart) {

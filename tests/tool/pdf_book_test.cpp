@@ -48,8 +48,7 @@ std::vector<std::string> StreamsOf(const std::string& pdf) {
 
 std::string PageOf(const Words& records) {
   const std::string stream = StreamsOf(PdfOf(records)).front();
-  const std::string beginning =
-      "0.028346 0 0 -0.028346 0 28.346457 cm\n1 J 1 j\n1 g\n0 0 1000 1000 re\nf\n";
+  const std::string beginning = "0.028346 0 0 -0.028346 0 28.346457 cm\n1 J 1 j\n1 g\n0 0 1000 1000 re\nf\n";
   EXPECT_EQ(beginning, stream.substr(0, beginning.size()));
   return stream.substr(beginning.size());
 }
@@ -75,7 +74,8 @@ void ExpectTable(const std::string& pdf) {
 }
 
 TEST(PdfBook, the_table_has_the_places_of_all_objects) {
-  ExpectTable(PdfOf(LineRecords(0, 0, 100, -100) + FontRecords(1, {}) + TextRecord(300, -500, u"A図", {100, 200})));
+  ExpectTable(
+      PdfOf(LineRecords(0, 0, 100, -100) + FontRecords(1, {}) + TextRecord(300, -500, u"A図", {100, 200})));
 }
 
 TEST(PdfBook, a_page_has_the_size_of_the_frame) {
@@ -86,18 +86,20 @@ TEST(PdfBook, a_page_has_the_size_of_the_frame) {
 }
 
 TEST(PdfBook, strokes_of_one_pen_are_one_path) {
-  EXPECT_EQ("0 0 0 RG\n10 w\n100 300 m\n900 300 l\n900 800 l\n0 0 m\n50 60 l\nS\n"
-            "1 0 0 RG\n50 w\n0 0 m\n10 20 l\nS\n",
-            PageOf(LineRecords(100, -300, 900, -300) + LineToRecord(900, -800) + LineRecords(0, 0, 50, -60) +
-                   PenRecords(1, 0, 50, gdiRed) + LineRecords(0, 0, 10, -20)));
+  EXPECT_EQ(
+      "0 0 0 RG\n10 w\n100 300 m\n900 300 l\n900 800 l\n0 0 m\n50 60 l\nS\n"
+      "1 0 0 RG\n50 w\n0 0 m\n10 20 l\nS\n",
+      PageOf(LineRecords(100, -300, 900, -300) + LineToRecord(900, -800) + LineRecords(0, 0, 50, -60) +
+             PenRecords(1, 0, 50, gdiRed) + LineRecords(0, 0, 10, -20)));
 }
 
 // A pixel of the device is 10 units wide. After it the pen must be set again where it was set within.
 TEST(PdfBook, a_clip_region_is_set_once_for_all_strokes_under_it) {
-  EXPECT_EQ("q\n100 100 m\n100 200 l\n300 200 l\n300 100 l\nh\nW n\n"
-            "0 0 0 RG\n10 w\n0 0 m\n10 20 l\n0 0 m\n20 30 l\nS\nQ\n0 0 0 RG\n10 w\n0 0 m\n10 20 l\nS\n",
-            PageOf(ClipRecord(1, {10, 10, 30, 20}) + LineRecords(0, 0, 10, -20) + LineRecords(0, 0, 20, -30) +
-                   NoClipRecord() + LineRecords(0, 0, 10, -20)));
+  EXPECT_EQ(
+      "q\n100 100 m\n100 200 l\n300 200 l\n300 100 l\nh\nW n\n"
+      "0 0 0 RG\n10 w\n0 0 m\n10 20 l\n0 0 m\n20 30 l\nS\nQ\n0 0 0 RG\n10 w\n0 0 m\n10 20 l\nS\n",
+      PageOf(ClipRecord(1, {10, 10, 30, 20}) + LineRecords(0, 0, 10, -20) + LineRecords(0, 0, 20, -30) +
+             NoClipRecord() + LineRecords(0, 0, 10, -20)));
 }
 
 TEST(PdfBook, an_empty_clip_region_is_a_path_without_area) {
@@ -106,14 +108,16 @@ TEST(PdfBook, an_empty_clip_region_is_a_path_without_area) {
 }
 
 TEST(PdfBook, dashes_end_at_right_angles) {
-  EXPECT_EQ("0 0 0 RG\n10 w\n[476.25 158.75 ]0 d 0 J\n0 0 m\n500 0 l\nS\n50 w\n[]0 d 1 J\n0 0 m\n10 20 l\nS\n",
-            PageOf(PenRecords(1, 1, 0, 0) + LineRecords(0, 0, 500, 0) + PenRecords(2, 0, 50, 0) +
-                   LineRecords(0, 0, 10, -20)));
+  EXPECT_EQ(
+      "0 0 0 RG\n10 w\n[476.25 158.75 ]0 d 0 J\n0 0 m\n500 0 l\nS\n50 w\n[]0 d 1 J\n0 0 m\n10 20 l\nS\n",
+      PageOf(PenRecords(1, 1, 0, 0) + LineRecords(0, 0, 500, 0) + PenRecords(2, 0, 50, 0) +
+             LineRecords(0, 0, 10, -20)));
 }
 
 // The codes of the text's glyphs are given in the order of their first use.
 TEST(PdfBook, texts_have_the_characters_of_the_drawing) {
-  const Words text = transparent + FontRecords(1, {}) + TextRecord(300, -500, u"図面図\U00020BB7", {200, 200, 200, 100, 100});
+  const Words text = transparent + FontRecords(1, {}) +
+                     TextRecord(300, -500, u"図面図\U00020BB7", {200, 200, 200, 100, 100});
   const std::vector<std::string> streams = StreamsOf(PdfOf(text));
   EXPECT_TRUE(Contains(streams.front(), "/F0 1 Tf\n[<00>")) << streams.front();
   // 図 is U+56F3, 面 is U+9762, and U+20BB7 is D842 DFB7 in UTF-16.
@@ -152,7 +156,8 @@ TEST(PdfBook, without_titles_there_are_no_bookmarks) {
 }
 
 TEST(PdfBook, the_same_drawing_gives_the_same_bytes) {
-  const Words records = LineRecords(0, 0, 100, -100) + FontRecords(1, {}) + TextRecord(300, -500, u"A図", {100, 200});
+  const Words records =
+      LineRecords(0, 0, 100, -100) + FontRecords(1, {}) + TextRecord(300, -500, u"A図", {100, 200});
   EXPECT_EQ(PdfOf(records), PdfOf(records));
 }
 

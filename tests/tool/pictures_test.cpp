@@ -10,8 +10,8 @@ class Pictures : public ToolRun {};
 std::string DrawingOfALine(int x1, int y1, int x2, int y2) {
   return "0\nSECTION\n2\nHEADER\n9\n$LIMMIN\n10\n0\n20\n0\n9\n$LIMMAX\n10\n420\n20\n297\n0\nENDSEC\n"
          "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n62\n1\n10\n" +
-         std::to_string(x1) + "\n20\n" + std::to_string(y1) + "\n11\n" + std::to_string(x2) + "\n21\n" + std::to_string(y2) +
-         "\n0\nENDSEC\n0\nEOF\n";
+         std::to_string(x1) + "\n20\n" + std::to_string(y1) + "\n11\n" + std::to_string(x2) + "\n21\n" +
+         std::to_string(y2) + "\n0\nENDSEC\n0\nEOF\n";
 }
 
 // 256 * 210 / 297 = 181.01

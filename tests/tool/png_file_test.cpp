@@ -41,11 +41,13 @@ void ExpectPixels(const Image& image, std::string png) {
   ASSERT_EQ(image.width, cairo_image_surface_get_width(surface));
   ASSERT_EQ(image.height, cairo_image_surface_get_height(surface));
   for (int y = 0; y < image.height; ++y) {
-    const uint8_t* const row = cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
+    const uint8_t* const row =
+        cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
     for (int x = 0; x < image.width; ++x) {
       uint32_t pixel;
       std::memcpy(&pixel, row + 4 * x, sizeof pixel);
-      ASSERT_EQ(image.pixels[static_cast<size_t>(y * image.width + x)], pixel & 0xFFFFFF) << x << ' ' << y;
+      ASSERT_EQ(image.pixels[static_cast<size_t>(y * image.width + x)] & 0xFFFFFF, pixel & 0xFFFFFF)
+          << x << ' ' << y;
     }
   }
   cairo_surface_destroy(surface);
@@ -67,7 +69,8 @@ Image ImageOf(int colors) {
 TEST(PngFile, few_colours_have_a_palette_and_as_few_bits_as_they_need) {
   const struct {
     int colors, depth, type;
-  } rows[] = {{1, 1, 3}, {2, 1, 3}, {3, 2, 3}, {4, 2, 3}, {5, 4, 3}, {16, 4, 3}, {17, 8, 3}, {256, 8, 3}, {257, 8, 2}};
+  } rows[] = {{1, 1, 3},  {2, 1, 3},  {3, 2, 3},   {4, 2, 3},  {5, 4, 3},
+              {16, 4, 3}, {17, 8, 3}, {256, 8, 3}, {257, 8, 2}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.colors);
     Image image = ImageOf(row.colors);

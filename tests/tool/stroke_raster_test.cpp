@@ -104,7 +104,8 @@ TEST_F(StrokeRasterTest, a_clip_region_leaves_only_its_pixels) {
   raster.Clip({{5, 10, 8, 12}, {20, 10, 30, 12}, {0, 20, 40, 21}});
   raster.DrawLine({0, 10.5}, {40, 10.5}, 1, black);
   raster.DrawLine({10.5, 0}, {10.5, 30}, 1, black);
-  for (int x = 0; x < width; ++x) EXPECT_EQ((x >= 5 && x < 8) || (x >= 20 && x < 30) ? black : white, At(x, 10)) << x;
+  for (int x = 0; x < width; ++x)
+    EXPECT_EQ((x >= 5 && x < 8) || (x >= 20 && x < 30) ? black : white, At(x, 10)) << x;
   for (int y = 11; y < height; ++y) EXPECT_EQ(y == 20 ? black : white, At(10, y)) << y;
   EXPECT_FALSE(IsMarked(0, 0, 40, 10));
   raster.RemoveClip();

@@ -46,23 +46,27 @@ size_t CountOf(const std::string& part, const std::string& text) {
 }
 
 TEST(SvgCanvas, strokes_of_one_pen_are_one_path_in_steps) {
-  EXPECT_EQ("<path stroke=\"#000000\" stroke-width=\"10\" d=\"m100 300 800 0v500l-100 50m-800-850 50 60\"/>\n",
-            ElementsOf(LineRecords(100, -300, 900, -300) + LineToRecord(900, -800) + LineToRecord(800, -850) +
-                       LineRecords(0, 0, 50, -60)));
+  EXPECT_EQ(
+      "<path stroke=\"#000000\" stroke-width=\"10\" d=\"m100 300 800 0v500l-100 50m-800-850 50 60\"/>\n",
+      ElementsOf(LineRecords(100, -300, 900, -300) + LineToRecord(900, -800) + LineToRecord(800, -850) +
+                 LineRecords(0, 0, 50, -60)));
 }
 
 TEST(SvgCanvas, another_pen_is_another_path_and_the_same_one_created_again_is_not) {
-  EXPECT_EQ("<path stroke=\"#000000\" stroke-width=\"10\" d=\"m0 0 10 20\"/>\n"
-            "<path stroke=\"#ff0000\" stroke-width=\"50\" d=\"m0 0 10 20m-10-20 30 40\"/>\n",
-            ElementsOf(LineRecords(0, 0, 10, -20) + PenRecords(1, 0, 50, gdiRed) + LineRecords(0, 0, 10, -20) +
-                       Record(40, {1}) + PenRecords(1, 0, 50, gdiRed) + LineRecords(0, 0, 30, -40)));
+  EXPECT_EQ(
+      "<path stroke=\"#000000\" stroke-width=\"10\" d=\"m0 0 10 20\"/>\n"
+      "<path stroke=\"#ff0000\" stroke-width=\"50\" d=\"m0 0 10 20m-10-20 30 40\"/>\n",
+      ElementsOf(LineRecords(0, 0, 10, -20) + PenRecords(1, 0, 50, gdiRed) + LineRecords(0, 0, 10, -20) +
+                 Record(40, {1}) + PenRecords(1, 0, 50, gdiRed) + LineRecords(0, 0, 30, -40)));
 }
 
 // A dash is 18 pixels of 96 to an inch long and a gap 6: 476.25 and 158.75.
 TEST(SvgCanvas, dashes_begin_anew_with_each_line) {
-  EXPECT_EQ("<path stroke=\"#000000\" stroke-width=\"10\" stroke-linecap=\"butt\" stroke-dasharray=\"476.25 158.75\""
-            " d=\"m0 0 500 0m0 0 0 500\"/>\n",
-            ElementsOf(PenRecords(1, 1, 0, 0) + LineRecords(0, 0, 500, 0) + LineToRecord(500, -500)));
+  EXPECT_EQ(
+      "<path stroke=\"#000000\" stroke-width=\"10\" stroke-linecap=\"butt\" stroke-dasharray=\"476.25 "
+      "158.75\""
+      " d=\"m0 0 500 0m0 0 0 500\"/>\n",
+      ElementsOf(PenRecords(1, 1, 0, 0) + LineRecords(0, 0, 500, 0) + LineToRecord(500, -500)));
 }
 
 TEST(SvgCanvas, a_stroke_without_length_of_a_wide_pen_is_a_dot) {
@@ -86,13 +90,14 @@ TEST(SvgCanvas, filled_shapes) {
 // A pixel of the device is 10 units wide.
 TEST(SvgCanvas, a_clip_region_is_one_outline_for_all_strokes_under_it) {
   const Words clip = ClipRecord(1, {10, 10, 30, 20, 20, 20, 50, 30});
-  EXPECT_EQ("<clipPath id=\"clip1\"><path d=\"m100 100 0 100h100v100h300v-100h-200v-100z\"/></clipPath>\n"
-            "<g clip-path=\"url(#clip1)\">\n"
-            "<path stroke=\"#000000\" stroke-width=\"10\" d=\"m0 0 10 20m-10-20 20 30\"/>\n"
-            "</g>\n"
-            "<path stroke=\"#000000\" stroke-width=\"10\" d=\"m0 0 10 20\"/>\n",
-            ElementsOf(clip + LineRecords(0, 0, 10, -20) + LineRecords(0, 0, 20, -30) + NoClipRecord() +
-                       LineRecords(0, 0, 10, -20)));
+  EXPECT_EQ(
+      "<clipPath id=\"clip1\"><path d=\"m100 100 0 100h100v100h300v-100h-200v-100z\"/></clipPath>\n"
+      "<g clip-path=\"url(#clip1)\">\n"
+      "<path stroke=\"#000000\" stroke-width=\"10\" d=\"m0 0 10 20m-10-20 20 30\"/>\n"
+      "</g>\n"
+      "<path stroke=\"#000000\" stroke-width=\"10\" d=\"m0 0 10 20\"/>\n",
+      ElementsOf(clip + LineRecords(0, 0, 10, -20) + LineRecords(0, 0, 20, -30) + NoClipRecord() +
+                 LineRecords(0, 0, 10, -20)));
 }
 
 TEST(SvgCanvas, a_clip_region_that_is_not_removed_ends_with_the_file) {
@@ -101,8 +106,8 @@ TEST(SvgCanvas, a_clip_region_that_is_not_removed_ends_with_the_file) {
 }
 
 TEST(SvgCanvas, each_glyph_has_one_outline) {
-  const std::string svg =
-      ElementsOf(transparent + FontRecords(1, {}) + onBaseline + TextRecord(300, -500, u"AAB", {100, 100, 100}));
+  const std::string svg = ElementsOf(transparent + FontRecords(1, {}) + onBaseline +
+                                     TextRecord(300, -500, u"AAB", {100, 100, 100}));
   EXPECT_EQ(2u, CountOf("<defs><path id=\"g", svg));
   EXPECT_EQ(2u, CountOf("<use xlink:href=\"#g1\"", svg));
   EXPECT_EQ(1u, CountOf("<use xlink:href=\"#g2\"", svg));
@@ -110,10 +115,13 @@ TEST(SvgCanvas, each_glyph_has_one_outline) {
 }
 
 TEST(SvgCanvas, texts_are_kept_if_asked) {
-  const std::string svg = ElementsOf(
-      transparent + FontRecords(1, {}) + onBaseline + TextRecord(300, -500, u"図<&\x01", {100, 110, 120, 130}), true);
+  const std::string svg = ElementsOf(transparent + FontRecords(1, {}) + onBaseline +
+                                         TextRecord(300, -500, u"図<&\x01", {100, 110, 120, 130}),
+                                     true);
   EXPECT_EQ(1u, CountOf("<text xml:space=\"preserve\" fill=\"#000000\" font-family=\"'", svg)) << svg;
-  EXPECT_EQ(1u, CountOf(" transform=\"matrix(1 0 0 1 300 500)\" x=\"0 100 210 330\">図&lt;&amp;\uFFFD</text>", svg)) << svg;
+  EXPECT_EQ(
+      1u, CountOf(" transform=\"matrix(1 0 0 1 300 500)\" x=\"0 100 210 330\">図&lt;&amp;\uFFFD</text>", svg))
+      << svg;
 }
 
 // However long the drawing is, at most some 200,000 bytes are kept until they are passed on.

@@ -72,7 +72,8 @@ PlayerPath OutlineOf(const CanvasBoxes& boxes, const PathLimits& limits) {
   const auto isBefore = [](const CanvasBox& a, const CanvasBox& b) {
     return a.top != b.top ? a.top < b.top : a.left < b.left;
   };
-  if (!std::is_sorted(sorted.begin(), sorted.end(), isBefore)) std::sort(sorted.begin(), sorted.end(), isBefore);
+  if (!std::is_sorted(sorted.begin(), sorted.end(), isBefore))
+    std::sort(sorted.begin(), sorted.end(), isBefore);
   PlayerPath path(limits);
   BandStacker stacker(path);
   const CanvasBox* const end = sorted.data() + sorted.size();

@@ -23,7 +23,8 @@ std::string TitleOf(const std::string& utf8) {
 
 }  // namespace
 
-PdfBook::PdfBook(ByteSink sink) : file(std::move(sink)), tree(file.NewObject()), resources(file.NewObject()) {}
+PdfBook::PdfBook(ByteSink sink)
+    : file(std::move(sink)), tree(file.NewObject()), resources(file.NewObject()) {}
 
 void PdfBook::AddPage(const uint8_t* metafile, size_t size, const std::string& title) {
   MetafileFrame frame;
@@ -40,8 +41,8 @@ void PdfBook::AddPage(const uint8_t* metafile, size_t size, const std::string& t
   AppendNumber(page, canvas.Measures().width * pointsInAHundredth);
   page += ' ';
   AppendNumber(page, canvas.Measures().height * pointsInAHundredth);
-  file.WriteObject(pages.back().object,
-                   page + "]/Resources<</Font " + PdfReference(resources) + ">>/Contents " + PdfReference(contents) + ">>");
+  file.WriteObject(pages.back().object, page + "]/Resources<</Font " + PdfReference(resources) +
+                                            ">>/Contents " + PdfReference(contents) + ">>");
   if (!isSound) throw PictureError("the metafile is malformed");
 }
 
@@ -61,7 +62,8 @@ int PdfBook::WriteBookmarks() {
     file.WriteObject(object, mark + ">>");
   }
   file.WriteObject(root, "<</Type/Outlines/First " + PdfReference(marks.front().first) + "/Last " +
-                             PdfReference(marks.back().first) + "/Count " + std::to_string(marks.size()) + ">>");
+                             PdfReference(marks.back().first) + "/Count " + std::to_string(marks.size()) +
+                             ">>");
   return root;
 }
 

@@ -53,7 +53,7 @@ class PdfFile {
   uint64_t position = 0;
   std::vector<uint64_t> places;  // of the objects, from number 1 on
   Deflater deflater;
-  int lengthObject = 0;          // of the stream that is being written
+  int lengthObject = 0;  // of the stream that is being written
   uint64_t streamStart = 0;
 };
 

@@ -13,7 +13,8 @@ namespace {
 constexpr size_t codesOfAFont = 256;
 
 void AppendHex(std::string& text, uint32_t number, int digits) {
-  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) text += "0123456789ABCDEF"[number >> shift & 0xF];
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+    text += "0123456789ABCDEF"[number >> shift & 0xF];
 }
 
 // Whole numbers around everything that is drawn.
@@ -129,10 +130,11 @@ void PdfFonts::WriteFont(PdfFile& file, int object, const Font& font) {
     widths += std::to_string(member.width) + ' ';
   }
   const int map = WriteStream(file, CharacterMap(font.members));
-  file.WriteObject(object, "<</Type/Font/Subtype/Type3/FontMatrix[0.001 0 0 0.001 0 0]/FontBBox[" + bounds.Text() +
-                               "]/Resources<<>>/FirstChar 0/LastChar " + std::to_string(font.members.size() - 1) +
-                               "/Widths[" + widths + "]/Encoding<</Type/Encoding/Differences[0" + names +
-                               "]>>/CharProcs<<" + procedures + ">>/ToUnicode " + PdfReference(map) + ">>");
+  file.WriteObject(object, "<</Type/Font/Subtype/Type3/FontMatrix[0.001 0 0 0.001 0 0]/FontBBox[" +
+                               bounds.Text() + "]/Resources<<>>/FirstChar 0/LastChar " +
+                               std::to_string(font.members.size() - 1) + "/Widths[" + widths +
+                               "]/Encoding<</Type/Encoding/Differences[0" + names + "]>>/CharProcs<<" +
+                               procedures + ">>/ToUnicode " + PdfReference(map) + ">>");
 }
 
 void PdfFonts::Write(PdfFile& file, int object) const {

@@ -26,8 +26,8 @@ struct PictureSettings {
 struct PictureKind {
   const char* option;  // command-line option, without hyphens
   const char* help;
-  bool hasPixels;      // whether dotsPerInch and longestSide are used
-  bool canKeepTexts;   // whether keepsTexts is used
+  bool hasPixels;     // whether dotsPerInch and longestSide are used
+  bool canKeepTexts;  // whether keepsTexts is used
   // Passes the bytes of the file on as they are made. When it throws, they aren't whole.
   void (*write)(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink);
 };
@@ -42,6 +42,7 @@ struct PixelSize {
 
 // Returns the size of a picture of a frame in hundredths of a millimetre. Throws PictureError if the frame is
 // empty or a side would exceed 20000 pixels. Each side is at least one pixel.
-PixelSize PictureSize(int32_t left, int32_t top, int32_t right, int32_t bottom, const PictureSettings& settings);
+PixelSize PictureSize(int32_t left, int32_t top, int32_t right, int32_t bottom,
+                      const PictureSettings& settings);
 
 }  // namespace hexlume

@@ -18,7 +18,8 @@ MetafileFrame FrameOf(const MetafileBytes& metafile) {
 }
 
 void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
-  if (!PlayMetafile(metafile.data(), metafile.size(), canvas)) throw PictureError("the metafile is malformed");
+  if (!PlayMetafile(metafile.data(), metafile.size(), canvas))
+    throw PictureError("the metafile is malformed");
 }
 
 void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {

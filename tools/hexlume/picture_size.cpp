@@ -15,7 +15,8 @@ int32_t Pixels(double hundredths, double perHundredth) {
 
 }  // namespace
 
-PixelSize PictureSize(int32_t left, int32_t top, int32_t right, int32_t bottom, const PictureSettings& settings) {
+PixelSize PictureSize(int32_t left, int32_t top, int32_t right, int32_t bottom,
+                      const PictureSettings& settings) {
   if (right <= left || bottom <= top) throw PictureError("the metafile's frame is empty");
   constexpr double hundredthsOfAnInch = 2540, hundredthsOfAMetre = 100'000;
   const double width = static_cast<double>(right) - left, height = static_cast<double>(bottom) - top;

@@ -116,8 +116,8 @@ void PaintText(PlayerCanvas& canvas, const PlayerFont& font, const PlayerText& t
             {layout.start, layout.baseline - ascent, layout.start + layout.length, layout.baseline + descent},
             white);
   const double width = size.height * size.stretch;
-  canvas.DrawGlyphs({face, font, GlyphsInReach(layout, frame, limits.reach), width, size.height, frame.along,
-                     text.color});
+  canvas.DrawGlyphs(
+      {face, font, GlyphsInReach(layout, frame, limits.reach), width, size.height, frame.along, text.color});
   const double thickness = size.height * face.LineThickness();
   const double under = layout.baseline + size.height * face.UnderlineDepth();
   const double middle = layout.baseline - size.height * face.StrikeOutHeight();

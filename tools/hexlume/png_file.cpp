@@ -55,7 +55,8 @@ class Palette {
     if (slot.color == color) return true;
     if (colors.size() == mostColors) return false;
     slot = {color, static_cast<uint8_t>(colors.size())};
-    colors.push_back({static_cast<png_byte>(color >> 16), static_cast<png_byte>(color >> 8), static_cast<png_byte>(color)});
+    colors.push_back({static_cast<png_byte>(color >> 16), static_cast<png_byte>(color >> 8),
+                      static_cast<png_byte>(color)});
     return true;
   }
 
@@ -136,8 +137,8 @@ class PngWriter {
   void BeginWithColors() { Begin(8, PNG_COLOR_TYPE_RGB, PNG_FILTER_SUB); }
 
   void Begin(int depth, int type, int filter) {
-    png_set_IHDR(png, info, static_cast<png_uint_32>(image.width), static_cast<png_uint_32>(image.height), depth, type,
-                 PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_set_IHDR(png, info, static_cast<png_uint_32>(image.width), static_cast<png_uint_32>(image.height),
+                 depth, type, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_set_filter(png, PNG_FILTER_TYPE_BASE, filter);
     if (type == PNG_COLOR_TYPE_PALETTE)
       png_set_PLTE(png, info, palette->Colors().data(), static_cast<int>(palette->Colors().size()));

@@ -77,7 +77,8 @@ cairo_t* RasterCanvas::Cairo() {
 
 void RasterCanvas::DrawDot(Point middle, uint32_t color) {
   cairo_surface_flush(surface.get());
-  strokes.DrawPixel(static_cast<int>(std::floor(middle.x)), static_cast<int>(std::floor(middle.y)), RgbOf(color));
+  strokes.DrawPixel(static_cast<int>(std::floor(middle.x)), static_cast<int>(std::floor(middle.y)),
+                    RgbOf(color));
 }
 
 void RasterCanvas::DrawLine(Point from, Point to, const StrokeStyle& style) {

@@ -49,7 +49,8 @@ void StrokeRaster::Clip(const CanvasBoxes& boxes) {
     rectangles.push_back({left, top, static_cast<int>(box.right) - left, static_cast<int>(box.bottom) - top});
   }
   const std::unique_ptr<cairo_region_t, void (*)(cairo_region_t*)> region(
-      cairo_region_create_rectangles(rectangles.data(), static_cast<int>(rectangles.size())), cairo_region_destroy);
+      cairo_region_create_rectangles(rectangles.data(), static_cast<int>(rectangles.size())),
+      cairo_region_destroy);
   const cairo_rectangle_int_t whole = {0, 0, image.width, image.height};
   cairo_region_intersect_rectangle(region.get(), &whole);
   SetVisible(*region);
@@ -89,7 +90,8 @@ void StrokeRaster::SetWidth(double width) {
   // A corner's distance from the circle, in pixels.
   constexpr double stray = 0.05;
   radius = width / 2;
-  const int steps = std::max(4, static_cast<int>(std::ceil(pi / (2 * std::acos(1 - stray / std::max(radius, 0.5))))));
+  const int steps =
+      std::max(4, static_cast<int>(std::ceil(pi / (2 * std::acos(1 - stray / std::max(radius, 0.5))))));
   halfCircle.clear();
   for (int i = 0; i <= steps; ++i) {
     const double angle = pi * i / steps - pi / 2;
@@ -102,7 +104,8 @@ void StrokeRaster::MakeCapsule(Point from, Point to) {
   const Point along = length > 0 ? Point{x / length, y / length} : Point{1, 0};
   capsule.clear();
   for (const Point& corner : halfCircle)
-    capsule.push_back({to.x + corner.x * along.x - corner.y * along.y, to.y + corner.x * along.y + corner.y * along.x});
+    capsule.push_back(
+        {to.x + corner.x * along.x - corner.y * along.y, to.y + corner.x * along.y + corner.y * along.x});
   for (const Point& corner : halfCircle)
     capsule.push_back(
         {from.x - corner.x * along.x + corner.y * along.y, from.y - corner.x * along.y - corner.y * along.x});
@@ -126,7 +129,8 @@ bool StrokeRaster::FitCapsule() {
 void StrokeRaster::SplitCapsule() {
   const auto isHigher = [](const Point& a, const Point& b) { return a.y < b.y; };
   const auto [top, bottom] = std::minmax_element(capsule.begin(), capsule.end(), isHigher);
-  const auto walk = [this, first = top - capsule.begin(), last = bottom - capsule.begin()](Side& side, ptrdiff_t step) {
+  const auto walk = [this, first = top - capsule.begin(), last = bottom - capsule.begin()](Side& side,
+                                                                                           ptrdiff_t step) {
     const auto count = static_cast<ptrdiff_t>(capsule.size());
     side.at = 0;
     side.corners.clear();
@@ -205,7 +209,8 @@ void StrokeRaster::ForVisible(int row, Stretch stretch, Paint paint) const {
     return visible.begin() + static_cast<ptrdiff_t>(rowsVisible[static_cast<size_t>(place)]);
   };
   const auto end = edgeOf(row + 1);
-  auto at = std::upper_bound(edgeOf(row), end, stretch.begin, [](int x, const Stretch& part) { return x < part.end; });
+  auto at = std::upper_bound(edgeOf(row), end, stretch.begin,
+                             [](int x, const Stretch& part) { return x < part.end; });
   for (; at != end && at->begin < stretch.end; ++at)
     paint(Stretch{std::max(at->begin, stretch.begin), std::min(at->end, stretch.end)});
 }
@@ -228,7 +233,8 @@ void StrokeRaster::DrawLine(Point from, Point to, double width, uint32_t rgb) {
   if (!FitCapsule()) return;
   SplitCapsule();
   const Point top = sides[0].corners.front(), bottom = sides[0].corners.back();
-  const int first = static_cast<int>(top.y), end = std::min(image.height, static_cast<int>(std::ceil(bottom.y)));
+  const int first = static_cast<int>(top.y),
+            end = std::min(image.height, static_cast<int>(std::ceil(bottom.y)));
   // Strokes are anywhere in an image that is larger than the processor's caches, so pixels are fetched early.
   constexpr int rowsAhead = 16;
   const double slope = top.y < bottom.y ? (bottom.x - top.x) / (bottom.y - top.y) : 0;

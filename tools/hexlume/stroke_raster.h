@@ -68,8 +68,8 @@ class StrokeRaster {
   Stretch touched{0, 0};       // of changes
 
   bool hasClip = false;
-  std::vector<Stretch> visible;      // of all rows
-  std::vector<size_t> rowsVisible;   // index of each row's first stretch, and the end
+  std::vector<Stretch> visible;     // of all rows
+  std::vector<size_t> rowsVisible;  // index of each row's first stretch, and the end
 };
 
 }  // namespace hexlume

@@ -51,8 +51,8 @@ void AppendMatrix(std::string& text, const double (&numbers)[6]) {
 
 // XML has no other characters.
 bool IsCharacterOfXml(uint32_t codePoint) {
-  return codePoint >= 0x20 && !IsHighSurrogate(codePoint) && !IsLowSurrogate(codePoint) && codePoint != 0xFFFE &&
-         codePoint != 0xFFFF;
+  return codePoint >= 0x20 && !IsHighSurrogate(codePoint) && !IsLowSurrogate(codePoint) &&
+         codePoint != 0xFFFE && codePoint != 0xFFFF;
 }
 
 void AppendCharacter(std::string& text, uint32_t codePoint) {
@@ -157,8 +157,9 @@ void SvgPathData::Close() {
 SvgCanvas::SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink& byteSink)
     : PlayerCanvas(VectorMeasures(frame)), sink(byteSink), textsAreKept(keepsTexts), data(text) {
   const CanvasMeasures& measures = Measures();
-  text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\""
-         " xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" width=\"";
+  text =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\""
+      " xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" width=\"";
   AppendNumber(text, measures.width / 100);
   text += "mm\" height=\"";
   AppendNumber(text, measures.height / 100);
@@ -166,8 +167,9 @@ SvgCanvas::SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink
   AppendNumber(text, measures.width);
   text += ' ';
   AppendNumber(text, measures.height);
-  text += "\">\n<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n"
-          "<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
+  text +=
+      "\">\n<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n"
+      "<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
 }
 
 void SvgCanvas::Pass() {
@@ -298,7 +300,8 @@ void SvgCanvas::AppendOutlines(const GlyphRun& run) {
   const double perX = run.width / 1000, perY = run.height / 1000;
   text += "<g";
   AppendColorAttribute(text, "fill", run.color);
-  AppendMatrix(text, {perX * run.along.x, perX * run.along.y, -perY * run.along.y, perY * run.along.x, first.x, first.y});
+  AppendMatrix(text, {perX * run.along.x, perX * run.along.y, -perY * run.along.y, perY * run.along.x,
+                      first.x, first.y});
   text += '>';
   for (size_t i = 0; i < numbers.size(); ++i) {
     text += "<use xlink:href=\"#g" + std::to_string(numbers[i]) + '"';
@@ -318,9 +321,11 @@ void SvgCanvas::AppendText(const GlyphRun& run) {
   if (run.face.Family() != run.font.face) AppendFamily(text, run.face.Family());
   text += "monospace\"";
   AppendAttribute(text, "font-size", run.height);
-  if (run.font.weight != 400) AppendAttribute(text, "font-weight", std::min(std::max(run.font.weight, 1), 1000));
+  if (run.font.weight != 400)
+    AppendAttribute(text, "font-weight", std::min(std::max(run.font.weight, 1), 1000));
   if (run.font.italic) text += " font-style=\"italic\"";
-  AppendMatrix(text, {stretch * run.along.x, stretch * run.along.y, -run.along.y, run.along.x, first.x, first.y});
+  AppendMatrix(text,
+               {stretch * run.along.x, stretch * run.along.y, -run.along.y, run.along.x, first.x, first.y});
   text += " x=\"";
   for (const PlacedGlyph& glyph : run.glyphs) {
     AppendTenths(text, Tenths(DistanceAlong(run, glyph) / stretch));

@@ -38,8 +38,8 @@ class SvgPathData {
 
   std::string& text;
   Place current{0, 0}, start{0, 0};
-  char letter = 0;           // of the step before
-  bool needsBlank = false;   // whether a number would run into the one before
+  char letter = 0;          // of the step before
+  bool needsBlank = false;  // whether a number would run into the one before
 };
 
 class SvgCanvas : public PlayerCanvas {
@@ -77,7 +77,7 @@ class SvgCanvas : public PlayerCanvas {
   // The path element at the end of the text, which takes further strokes of its style, or dots of its colour.
   std::optional<StrokeStyle> openStyle;
   size_t openStart = 0;
-  std::optional<Point> openEnd;  // of the last line in it
+  std::optional<Point> openEnd;      // of the last line in it
   std::optional<uint32_t> dotColor;  // of the dots in it, if it has dots instead of strokes
 
   int clips = 0;

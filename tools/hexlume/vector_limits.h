@@ -24,8 +24,8 @@ inline void RequirePage(const MetafileFrame& frame) {
 inline CanvasMeasures VectorMeasures(const MetafileFrame& frame) {
   constexpr double hairline = 10;
   constexpr PathLimits limits = {2'000'000, 0.5};
-  return {static_cast<double>(frame.right) - frame.left, static_cast<double>(frame.bottom) - frame.top, hairline,
-          false, limits};
+  return {static_cast<double>(frame.right) - frame.left, static_cast<double>(frame.bottom) - frame.top,
+          hairline, false, limits};
 }
 
 }  // namespace hexlume
