@@ -106,7 +106,7 @@ int RunWorker() {
   const std::optional<Message> arguments = ReadMessage(input);
   if (!arguments) return 0;
   const Options options = ParseOptions(*arguments);
-  LimitMemory(MemoryLimitOf(options));
+  PrepareWorker(MemoryLimitOf(options));
   while (const std::optional<Message> message = ReadMessage(input)) {
     const Job job = JobOf(*message);
     std::string standardOutput;
