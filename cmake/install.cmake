@@ -21,7 +21,7 @@ install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT licence)
 # All that a link in one of the documents leads to.
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
-  PATTERN Doxyfile EXCLUDE PATTERN "*.1" EXCLUDE)
+  PATTERN Doxyfile EXCLUDE)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 # The reference pages, if scripts/reference.sh has made them.
 install(DIRECTORY build/reference/html/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/reference COMPONENT development OPTIONAL)
@@ -34,6 +34,13 @@ install(FILES ${CMAKE_BINARY_DIR}/HexlumeConfig.cmake ${CMAKE_BINARY_DIR}/Hexlum
   DESTINATION ${HEXLUME_CMAKE_DIR} COMPONENT development)
 
 if(NOT WIN32)
+  install(FILES ${CMAKE_BINARY_DIR}/manual/hexlume.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME hexlume COMPONENT tool)
+  install(FILES tools/hexlume/hexlume.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers COMPONENT tool)
+  if(NOT HEXLUME_PACKAGE)
+    install(FILES ${CMAKE_BINARY_DIR}/manual/hexlume.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+  endif()
+
   # The prefix is relative to the directory of the pkg-config file, so that an installed tree can be moved.
   file(RELATIVE_PATH PKGCONFIG_TO_PREFIX /${HEXLUME_PKGCONFIG_DIR} /)
   configure_file(cmake/hexlume.pc.in ${CMAKE_BINARY_DIR}/hexlume.pc @ONLY)

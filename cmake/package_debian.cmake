@@ -7,17 +7,21 @@ execute_process(
   COMMAND ${CMAKE_SOURCE_DIR}/scripts/debian_changelog.sh ${HEXLUME_MAINTAINER}
   COMMAND gzip -9nc
   OUTPUT_FILE ${HEXLUME_CHANGELOG} COMMAND_ERROR_IS_FATAL ANY)
-execute_process(COMMAND gzip -9nc ${CMAKE_SOURCE_DIR}/docs/hexlume.1
-  OUTPUT_FILE ${CMAKE_BINARY_DIR}/hexlume.1.gz COMMAND_ERROR_IS_FATAL ANY)
+add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/hexlume.1.gz
+  COMMAND gzip -9nc ${CMAKE_BINARY_DIR}/manual/hexlume.1 > ${CMAKE_BINARY_DIR}/hexlume.1.gz
+  DEPENDS ${CMAKE_BINARY_DIR}/manual/hexlume.1 VERBATIM)
+add_custom_target(hexlume_manual_archive ALL DEPENDS ${CMAKE_BINARY_DIR}/hexlume.1.gz)
+add_dependencies(hexlume_manual_archive hexlume_manual_pages)
 install(FILES ${CMAKE_BINARY_DIR}/hexlume.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
 
-# The tool holds the reader of its options, whose licence is asked for in copies too.
+# The tool holds the reader of its options and the writer of its reports, whose licences are asked for in copies too.
 file(READ LICENSE HEXLUME_LICENCE)
 file(READ /usr/share/doc/libcxxopts-dev/copyright HEXLUME_CXXOPTS_LICENCE)
+file(READ /usr/share/doc/nlohmann-json3-dev/copyright HEXLUME_JSON_LICENCE)
 file(WRITE ${CMAKE_BINARY_DIR}/licences/library "${HEXLUME_LICENCE}")
 file(WRITE ${CMAKE_BINARY_DIR}/licences/development "${HEXLUME_LICENCE}")
 file(WRITE ${CMAKE_BINARY_DIR}/licences/tool
-  "${HEXLUME_LICENCE}\n\nhexlume contains cxxopts, of which Debian's package says:\n\n${HEXLUME_CXXOPTS_LICENCE}")
+  "${HEXLUME_LICENCE}\n\nhexlume contains cxxopts, of which Debian's package says:\n\n${HEXLUME_CXXOPTS_LICENCE}\n\nand nlohmann-json, of which it says:\n\n${HEXLUME_JSON_LICENCE}")
 
 function(hexlume_debian_package component name)
   install(FILES ${CMAKE_BINARY_DIR}/licences/${component}
@@ -27,6 +31,9 @@ endfunction()
 hexlume_debian_package(tool hexlume)
 hexlume_debian_package(library libhexlume1)
 hexlume_debian_package(development libhexlume-dev)
+# The documents link to the licence by this name.
+file(CREATE_LINK copyright ${CMAKE_BINARY_DIR}/licences/LICENSE SYMBOLIC)
+install(FILES ${CMAKE_BINARY_DIR}/licences/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME hexlume)

@@ -19,9 +19,11 @@ set(HEXLUME_IMPORT_LIBRARIES ${CMAKE_BINARY_DIR}/lib/Hexlume.lib ${CMAKE_BINARY_
 add_custom_target(hexlume_import_libraries ALL DEPENDS ${HEXLUME_IMPORT_LIBRARIES})
 install(FILES ${HEXLUME_IMPORT_LIBRARIES} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 
-# The runtimes are in the DLLs and the program, the reader of options in the program.
+# The runtimes are in the DLLs and the program, the reader of options and the writer of reports in the program.
 install(FILES /usr/share/doc/libcxxopts-dev/copyright
   DESTINATION licences RENAME cxxopts.txt COMPONENT licence)
+install(FILES /usr/share/doc/nlohmann-json3-dev/copyright
+  DESTINATION licences RENAME nlohmann-json.txt COMPONENT licence)
 install(FILES /usr/share/doc/mingw-w64-common/copyright
   DESTINATION licences RENAME mingw-w64.txt COMPONENT licence)
 install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright

@@ -13,22 +13,23 @@ set -euo pipefail
 native_packages=(
   cmake g++ ninja-build pkg-config
   libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev
+  nettle-dev nlohmann-json3-dev zlib1g-dev
   fonts-ipafont-gothic
 )
 windows_packages=(
   cmake ninja-build
   g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
-  libcxxopts-dev
+  libcxxopts-dev nlohmann-json3-dev
   locales
   wine wine64 wine32:i386
 )
 native_test_packages=(
-  clang-format doxygen googletest libbenchmark-dev libemf2svg-dev libuemf-dev
+  clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libuemf-dev
   libmono-system-core4.0-cil mono-mcs mono-runtime python3
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
-package_packages=(debootstrap doxygen dpkg-dev file lintian llvm unzip zip)
+package_packages=(clang debootstrap doxygen dpkg-dev file lintian lld llvm python3 unzip zip)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;

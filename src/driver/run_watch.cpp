@@ -43,8 +43,11 @@ void LookAtRun() {
 }
 
 bool MayReadOn() {
-  if (!runWatch.ended) LookAtRun();
-  if (!runWatch.ended) return true;
+  if (!runWatch.ended) {
+    LookAtRun();
+    // If the run has just ended, the entity at hand may have just begun: its first group was read before.
+    return true;
+  }
   runWatch.groupsToLook = 0;
   return !IsBetweenEntities() && runWatch.groupsLeft-- > 0;
 }

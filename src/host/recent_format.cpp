@@ -39,10 +39,19 @@ bool HasRecentVersion(std::string_view text) {
   return false;
 }
 
+// The number of bytes before the first one that isn't ASCII.
+size_t PlainSize(std::string_view text) {
+  size_t i = 0;
+  for (uint64_t eight; i + sizeof eight <= text.size(); i += sizeof eight) {
+    std::memcpy(&eight, text.data() + i, sizeof eight);
+    if (eight & 0x8080808080808080u) break;
+  }
+  while (i < text.size() && (text[i] & 0x80) == 0) ++i;
+  return i;
+}
+
 bool IsPlain(std::string_view text) {
-  char bits = 0;
-  for (const char byte : text) bits |= byte;
-  return (bits & 0x80) == 0;
+  return PlainSize(text) == text.size();
 }
 
 constexpr size_t longestPiece = groupLineLimit - 1;
@@ -58,12 +67,31 @@ int32_t CodeOf(std::string_view line) {
   return Atoi(std::string(line.substr(0, longestPiece)).c_str());
 }
 
-// Whether a short line can be the code of an embedded object: no such number begins with another digit.
-bool MayBeginObject(std::string_view line) {
-  const size_t first = line.find_first_not_of(" \t\v\f\r\n");
-  return first != std::string_view::npos &&
-         (line[first] == '1' || line[first] == '0' || line[first] == '+') &&
-         CodeOf(line) == embeddedObjectCode;
+// Whether a text has a "101" that can be the code of an embedded object: before it is only what Atoi skips. The loop
+// has no branch, so that compilers make vector instructions of it.
+bool MayHaveObject(std::string_view text) {
+  uint8_t found = 0;
+  for (size_t i = 0; i + 3 <= text.size(); ++i) {
+    const char before = i == 0 ? '\n' : text[i - 1];
+    const bool isStart = (before <= ' ') | (before == '+') | (before == '0');
+    found |= static_cast<uint8_t>(isStart & (text[i] == '1') & (text[i + 1] == '0') & (text[i + 2] == '1'));
+  }
+  return found != 0;
+}
+
+// Lines that go on as they are: each a whole piece for the group reader, with nothing to be changed or left out.
+struct PlainLines {
+  size_t size = 0;  // bytes
+  size_t count = 0;
+};
+
+// No more at a time than a piece, so that no line among them can be longer.
+PlainLines FindPlainLines(std::string_view text) {
+  const std::string_view plain = text.substr(0, PlainSize(text.substr(0, longestPiece)));
+  const size_t size = plain.rfind('\n') + 1;
+  if (MayHaveObject(plain.substr(0, size))) return {};
+  return {size, static_cast<size_t>(
+                    std::count(plain.begin(), plain.begin() + static_cast<std::ptrdiff_t>(size), '\n'))};
 }
 
 }  // namespace
@@ -101,29 +129,23 @@ void RecentFormat::ConvertLines() {
   size_t start = 0;
   size_t run = 0;
   while (start < raw.size()) {
+    const std::string_view rest = std::string_view(raw).substr(start);
+    if (const PlainLines plain = leavingOut ? PlainLines{} : FindPlainLines(rest); plain.size > 0) {
+      line += static_cast<int64_t>(plain.count);
+      if (plain.count % 2 == 1) atCode = !atCode;
+      start += plain.size;
+      continue;
+    }
     size_t end = raw.find('\n', std::max(start, rawScanned));
     if (end == std::string::npos && !rawEnded) break;
     end = std::min(end, raw.size() - 1) + 1;
-    const std::string_view line = std::string_view(raw).substr(start, end - start);
-    if (!PassesUnchanged(line)) {
-      text.append(raw, run, start - run);
-      TakeLine(line);
-      run = end;
-    }
-    start = end;
+    text.append(raw, run, start - run);
+    TakeLine(rest.substr(0, end - start));
+    start = run = end;
   }
   text.append(raw, run, start - run);
   raw.erase(0, start);
   rawScanned = raw.size();
-}
-
-// A line that is like most: a whole piece for the group reader, with nothing to be changed or left out.
-bool RecentFormat::PassesUnchanged(std::string_view lineBytes) {
-  if (leavingOut || lineBytes.size() > longestPiece || !IsPlain(lineBytes)) return false;
-  if (atCode && MayBeginObject(lineBytes)) return false;
-  ++line;
-  atCode = !atCode;
-  return true;
 }
 
 // Keeps step with the group reader, which takes a long line for several.

@@ -43,7 +43,6 @@ class RecentFormat : public TextSource {
   void Start();
   bool FetchRaw();
   void ConvertLines();
-  bool PassesUnchanged(std::string_view line);
   void TakeLine(std::string_view line);
   void Emit(std::string_view line);
 

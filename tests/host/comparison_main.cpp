@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "hexlume_host.hpp"
+#include "support/comparable_bytes.h"
 #include "support/leaving_fault.h"
 #include "support/loaded_library.h"
 #include "support/random_drawing.h"
@@ -51,7 +52,7 @@ Given CallExport(Call call) {
 }
 
 void ExpectSame(const Given& given, const host::Result& result, const char* conversion) {
-  const bool same = given.metafile == result.Metafile();
+  const bool same = ComparableBytes(given.metafile) == ComparableBytes(std::string(result.Metafile()));
   EXPECT_TRUE(same) << conversion << ": " << given.metafile.size() << " bytes by the exports, "
                     << result.Metafile().size() << " by the host library";
   const bool fault = given.faulted || (given.code != HEXLUME_OK && !given.metafile.empty());

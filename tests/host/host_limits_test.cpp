@@ -257,7 +257,7 @@ TEST(HostProgress, is_told_within_a_pass) {
 }
 
 // Cancelled in the middle of a pass, at the first report that isn't its start.
-TEST(HostProgress, a_cancel_in_the_middle_ends_behind_a_whole_entity) {
+TEST(HostProgress, a_cancel_in_the_middle_ends_after_a_whole_entity) {
   const std::string drawing = A3(Lines(400000));
   Options options;
   options.OnProgress([](int32_t pass, int32_t, int64_t done, int64_t) { return pass == 1 || done == 0; });

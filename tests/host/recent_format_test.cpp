@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
+#include <random>
+#include <vector>
 
 namespace hexlume {
 namespace {
@@ -155,6 +158,35 @@ TEST_F(RecentFormatTest, long_drawings_are_the_same_in_any_parts) {
   EXPECT_EQ(to, Given(from));
   EXPECT_EQ(to, Given(from, 4099));
   EXPECT_EQ(40000, changes.embedded);
+}
+
+// Group by group and line by line, as the rule is told. Lines of at most 254 bytes.
+std::string WithoutObjects(const std::vector<std::string>& lines) {
+  std::string kept;
+  bool leavingOut = false;
+  for (size_t i = 0; i < lines.size(); ++i) {
+    const int32_t code = i % 2 == 0 ? std::atoi(lines[i].c_str()) : -1;
+    if (code == 101) leavingOut = true;
+    if (code == 0) leavingOut = false;
+    if (!leavingOut) kept += lines[i];
+  }
+  return kept;
+}
+
+TEST_F(RecentFormatTest, random_lines_are_the_same_as_one_by_one) {
+  const std::vector<std::string> forms = {"101",   " 101", "+101",   "\t00101",   "101 x",
+                                          "101.5", "1010", "2101",   "-101",      "0",
+                                          "  0",   "10",   " 20",    "",          "x",
+                                          "-",     "1",    "7.25e3", "A\r",       "40101",
+                                          "0x101", "10 1", "\v101",  codePage932, std::string(254, 'y')};
+  std::mt19937 random(7);
+  for (int32_t drawing = 0; drawing < 300; ++drawing) {
+    std::vector<std::string> lines;
+    for (int32_t i = 0; i < 400; ++i) lines.push_back(forms[random() % forms.size()] + "\n");
+    std::string text;
+    for (const std::string& line : lines) text += line;
+    EXPECT_EQ(recent + WithoutObjects(lines), Given(recent + text)) << "drawing " << drawing;
+  }
 }
 
 TEST_F(RecentFormatTest, one_endless_line) {

@@ -16,4 +16,7 @@ void GrowFile(const std::string& file, int64_t size);
 // A Japanese file name as the system's shell takes it.
 std::string JapaneseName();
 
+// The same name as the tool prints it, in UTF-8.
+std::string JapaneseMessage();
+
 }  // namespace hexlume

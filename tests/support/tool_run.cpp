@@ -84,6 +84,10 @@ void ToolRun::ExpectWrongUsage(const std::string& arguments, const std::string& 
   EXPECT_EQ("", outcome.out);
 }
 
+std::filesystem::path ProgramFolder() {
+  return programFolder;
+}
+
 std::string Contents(const std::string& file) {
   std::ifstream stream(file, std::ios::binary);
   return {std::istreambuf_iterator<char>(stream), {}};

@@ -28,4 +28,8 @@ std::string JapaneseName() {
   return "\x90\x7D\x96\xCA\x95\x5C";
 }
 
+std::string JapaneseMessage() {
+  return "\u56F3\u9762\u8868";
+}
+
 }  // namespace hexlume

@@ -4,22 +4,41 @@
 #include <string>
 #include <vector>
 
+#include "tools/hexlume/drawing_source.h"
 #include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/options.h"
+#include "tools/hexlume/status.h"
 
 namespace hexlume {
 
-struct Conversion {
-  int status = 0;                          // of the process: 0 if all is well
-  std::string failure;                     // what happened, for the user; only for a conversion that failed
-  std::vector<std::string> unknownLayers;  // that --hide-layer names
-  MetafileBytes metafile;                  // also when a fault ended the drawing, if it had been begun
+// Something about a drawing that didn't prevent a result.
+struct Remark {
+  std::string name;  // for programs
+  std::string words;
+  int64_t count = 0;     // 0 without a number
+  bool isMinor = false;  // for the report only
 };
 
-// By the nine exports, or by the host library where an option needs it.
-Conversion Convert(const std::string& drawing, const Options& options);
+struct Conversion {
+  bool HasFailed() const { return exit != 0; }
 
-// Whether the library found nothing that could be drawn: no drawing, or one without entities.
-bool GaveNoDrawing(const Conversion& conversion);
+  std::string name = "ok";      // of the status
+  int exit = 0;                 // of the process
+  std::string words;            // what happened; only for a conversion that failed
+  std::vector<Remark> remarks;  // not for one that failed and has no metafile
+  MetafileBytes metafile;       // also when a fault ended the drawing, if it had been begun
+  int64_t strokes = 0, substituted = 0, embedded = 0;  // from the host library only
+};
+
+// A conversion that ended so. detail is added to the words.
+Conversion Ended(StatusRow row, const std::string& detail = "");
+
+// Which library converts.
+enum class Converter {
+  exports,  // the nine exports, and the host library for what they can't do
+  host,     // the host library: no drawing depends on the one before
+};
+
+Conversion Convert(const DrawingSource& drawing, const Options& options, Converter converter);
 
 }  // namespace hexlume

@@ -1,29 +1,30 @@
 #include "tools/hexlume/host_convert.h"
 
-#include <hexlume_host.hpp>
-
-#include "tools/hexlume/system.h"
+#include "tools/hexlume/status.h"
 
 namespace hexlume {
 namespace {
 
-// As the nine exports tell the same.
-int ExitStatusOf(const host::Result& result) {
-  constexpr int faultStatus = 11, noDrawing = 30;
-  switch (result.Status()) {
-    case HEXLUME_STATUS_OK: return 0;
-    case HEXLUME_STATUS_NO_ENTITIES: return result.Metafile().empty() ? noDrawing : 0;
-    case HEXLUME_STATUS_FAULT: return result.Metafile().empty() ? faultStatus : noDrawing;
-    default: return noDrawing;
-  }
+Remark RemarkOf(const hexlume_remark& remark) {
+  if (remark.code == HEXLUME_REMARK_NO_SUCH_LAYER)
+    return {remark.name,
+            "no layer has the name '" + std::string(remark.detail) + "' that --hide-layer gives"};
+  const bool isMinor = remark.code == HEXLUME_REMARK_EMBEDDED;
+  return {remark.name, remark.english, remark.count, isMinor};
 }
 
-host::Options HostOptionsOf(const Options& options) {
+std::string LineText(int64_t line) {
+  return line == 0 ? "" : " (line " + std::to_string(line) + ")";
+}
+
+}  // namespace
+
+host::Options HostOptionsOf(const Options& options, int32_t format) {
   host::Options asked;
-  // The same picture as without the answers.
-  asked.format = HEXLUME_FORMAT_AS_IS;
+  asked.format = format;
   asked.sheet = options.fullSize ? HEXLUME_SHEET_FULL_SIZE : HEXLUME_SHEET_WHOLE;
   asked.turned = options.rotate;
+  asked.fit = options.fit;
   asked.monochrome = options.monochrome;
   asked.half_width = options.halfWidth;
   asked.denominator = options.dialogAnswers.scale;
@@ -40,16 +41,27 @@ host::Options HostOptionsOf(const Options& options) {
   return asked;
 }
 
-}  // namespace
+host::Result CallHost(host::Call::Function function, const DrawingSource& drawing,
+                      const host::Options& options) {
+  const hexlume_input input =
+      drawing.bytes ? host::BytesInput(*drawing.bytes) : host::FileInput(drawing.path);
+  return host::Call::Run(function, input, options);
+}
 
-Conversion ConvertByHostLibrary(const std::string& drawing, const Options& options) {
-  const host::Result result = host::Convert(Utf8Text(drawing), HostOptionsOf(options));
-  Conversion conversion;
-  conversion.status = ExitStatusOf(result);
-  if (conversion.status != 0) conversion.failure = result.Message();
-  for (const hexlume_remark& remark : result.Remarks())
-    if (remark.code == HEXLUME_REMARK_NO_SUCH_LAYER) conversion.unknownLayers.emplace_back(remark.detail);
+Conversion ConvertByHostLibrary(const DrawingSource& drawing, const Options& options, int32_t format) {
+  const host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(options, format));
+  const bool hasMetafile = !result.Metafile().empty();
+  const bool isEmptySheet = result.Status() == HEXLUME_STATUS_NO_ENTITIES && hasMetafile;
+  const StatusRow row = RowOfHostStatus(result.Status(), hasMetafile);
+  Conversion conversion = Ended(isEmptySheet ? okStatus : row, LineText(result.Line()));
+  if (isEmptySheet) conversion.remarks.push_back({StatusOf(row).name, StatusOf(row).words});
+  // What can't be read has no layers either.
+  if (!conversion.HasFailed() || hasMetafile)
+    for (const hexlume_remark& remark : result.Remarks()) conversion.remarks.push_back(RemarkOf(remark));
   conversion.metafile.assign(result.Metafile().begin(), result.Metafile().end());
+  conversion.strokes = result.Number(HEXLUME_NUMBER_STROKES);
+  conversion.substituted = result.Number(HEXLUME_NUMBER_SUBSTITUTED);
+  conversion.embedded = result.Number(HEXLUME_NUMBER_EMBEDDED);
   return conversion;
 }
 

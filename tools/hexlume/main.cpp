@@ -1,89 +1,63 @@
 #include <hexlume.h>
 
+#include <algorithm>
 #include <iostream>
 #include <new>
-#include <optional>
 
-#include "tools/hexlume/convert.h"
-#include "tools/hexlume/dialog_answers.h"
-#include "tools/hexlume/file_trouble.h"
+#include "tools/hexlume/batch.h"
+#include "tools/hexlume/help_text.h"
+#include "tools/hexlume/job_plan.h"
+#include "tools/hexlume/message_log.h"
 #include "tools/hexlume/options.h"
 #include "tools/hexlume/output.h"
-#include "tools/hexlume/sheet_ink.h"
+#include "tools/hexlume/status.h"
 #include "tools/hexlume/system.h"
+#include "tools/hexlume/worker.h"
 
 namespace hexlume {
 namespace {
 
-constexpr int wrongUsage = 64, outputNotWritten = 73;
-
-void Report(const std::string& words) {
-  std::cerr << "hexlume: " << words << std::endl;
+// A binary file makes a terminal unusable.
+void CheckTerminal(const JobPlan& plan) {
+  if (plan.Count() == 0 || !StandardOutputIsTerminal()) return;
+  for (const PictureOrder& output : plan.JobOf(0).outputs)
+    if (output.file == standardStream)
+      throw UsageError("the result isn't written to a terminal; name an OUTPUT");
 }
 
-// Reports why a conversion failed, or why it drew less than expected.
-void ReportConversion(const Job& job, const Conversion& conversion) {
-  constexpr int noDrawing = 30;
-  std::optional<std::string> trouble;
-  if (conversion.status == 0 || conversion.status == noDrawing)
-    trouble = TroubleWith(job.drawing, GaveNoDrawing(conversion));
-  if (trouble) Report(job.drawing + ": " + *trouble);
-  const bool isExplained = trouble && conversion.metafile.empty();
-  if (conversion.status != 0 && !isExplained) Report(job.drawing + ": " + conversion.failure);
-  if (conversion.status != 0) return;
-  for (const std::string& name : conversion.unknownLayers)
-    Report(job.drawing + ": no layer has the name '" + name + "' that --hide-layer gives");
-  if (FindInk(conversion.metafile.data(), conversion.metafile.size()) == SheetInk::beside)
-    Report(job.drawing + ": nothing of the drawing falls on its sheet");
-}
-
-// Returns 0, or the exit status for what went wrong. If both the conversion and an output failed, that
-// of the output.
-int RunJob(const Job& job, const Options& options) {
-  try {
-    const Conversion conversion = Convert(job.drawing, options);
-    ReportConversion(job, conversion);
-    if (!conversion.metafile.empty()) WriteOutputs(conversion.metafile, job, options);
-    return conversion.status;
-  } catch (const OutputError& error) {
-    Report(error.what());
-  } catch (const std::bad_alloc&) {
-    Report(job.drawing + ": the metafile can't be written: not enough memory");
-  }
-  return outputNotWritten;
-}
-
-int RunJobs(const Options& options) {
-  if (options.dialogFont) vzDXFSetFontMode(*options.dialogFont);
-  if (options.dialogs != 0) GiveDialogAnswers(options.dialogAnswers);
-  int status = 0;
-  for (const Job& job : options.jobs) {
-    if (const int failure = RunJob(job, options)) status = failure;
-  }
-  return status;
-}
-
-int Run(const Options& options) {
+int Run(const std::vector<std::string>& arguments) {
+  const Options options = ParseOptions(arguments);
   if (options.showHelp) {
     std::cout << HelpText();
-  } else if (options.showVersion) {
-    std::cout << "hexlume " HEXLUME_VERSION "\n";
-  } else {
-    return RunJobs(options);
+    return 0;
   }
-  return 0;
+  if (options.showVersion) {
+    std::cout << "hexlume " HEXLUME_VERSION "\n";
+    return 0;
+  }
+  const JobPlan plan(options);
+  CheckTerminal(plan);
+  return RunBatch(plan, options, arguments);
 }
 
 }  // namespace
-}  // namespace hexlume
 
-int main(int argc, char** argv) {
+int RunTool(const std::vector<std::string>& arguments) {
   std::ios::sync_with_stdio(false);
-  hexlume::UsePlainLineEnds();
+  if (!arguments.empty() && arguments[0] == workerArgument) return RunWorker();
+  UsePlainLineEnds();
   try {
-    return hexlume::Run(hexlume::ParseOptions(argc, argv));
-  } catch (const hexlume::UsageError& error) {
-    hexlume::Report(std::string(error.what()) + "\nhexlume --help tells how it is used.");
-    return hexlume::wrongUsage;
+    return Run(arguments);
+  } catch (const UsageError& error) {
+    PrintError("hexlume: " + std::string(error.what()) + "\nTry 'hexlume --help'.\n");
+    return StatusOf(usageStatus).exit;
+  } catch (const OutputError& error) {
+    PrintError("hexlume: " + std::string(error.what()) + '\n');
+    return StatusOf(notWrittenStatus).exit;
+  } catch (const std::bad_alloc&) {
+    PrintError(std::string("hexlume: ") + StatusOf(noMemoryStatus).words + '\n');
+    return StatusOf(noMemoryStatus).exit;
   }
 }
+
+}  // namespace hexlume

@@ -17,23 +17,26 @@ struct View {
   int32_t left, top, right, bottom;
 };
 
-// A drawing, and the file for its metafile: none if only a listing or a picture is wanted.
-struct Job {
-  std::string drawing;
-  std::optional<std::string> metafile;
-};
-
-// A picture and its file.
+// A result of a conversion and its file, "-" for standard output.
 struct PictureOrder {
-  const PictureKind* kind;
+  const PictureKind* kind;  // nullptr: the metafile
   std::string file;
 };
 
 struct Options {
-  // Without dialogs only the host library takes answers to them.
-  bool NeedsHostLibrary() const { return dialogs == 0 && dialogAnswers.IsGiven(); }
+  // Inputs, as they are given.
+  std::vector<std::string> inputs;
+  bool recursive = false;
+  std::optional<std::string> filesFrom;
+  bool nullSeparated = false;
+  bool asIs = false;
 
-  std::vector<Job> jobs;  // in the order given
+  // Results: in a folder or beside the drawing, by their kinds, or in files that are named one by one.
+  std::optional<std::string> folder;
+  std::vector<const PictureKind*> kinds;  // of --to; nullptr: the metafile
+  std::vector<PictureOrder> pictures;
+  PictureSettings pictureSettings;
+  bool list = false;
 
   std::optional<View> view;
   bool fullSize = false;
@@ -41,13 +44,17 @@ struct Options {
   bool monochrome = false;
   bool halfWidth = false;
   bool wholeText = false;
+  bool fit = false;
   int32_t dialogs = 0;
   std::optional<uint8_t> dialogFont;
   DialogAnswers dialogAnswers;
 
-  std::vector<PictureOrder> pictures;
-  PictureSettings pictureSettings;
-  bool list = false;
+  std::optional<int32_t> jobs;
+  std::optional<int32_t> timeLimit;    // seconds
+  std::optional<int64_t> memoryLimit;  // bytes
+  bool skipUnchanged = false;
+  std::optional<std::string> report;
+  bool quiet = false;
 
   bool showVersion = false;
   bool showHelp = false;
@@ -58,8 +65,13 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-Options ParseOptions(int argc, const char* const* argv);
+// What starts a process of the tool as a worker. It is the first argument and isn't for users.
+constexpr const char* workerArgument = "--worker";
 
-std::string HelpText();
+// arguments doesn't have the program's name.
+Options ParseOptions(const std::vector<std::string>& arguments);
+
+// A text that is the same for all options that give the same results.
+std::string ResultKey(const Options& options);
 
 }  // namespace hexlume

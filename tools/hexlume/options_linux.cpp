@@ -10,6 +10,7 @@ namespace {
 class CodePageConverter {
  public:
   CodePageConverter() : descriptor(iconv_open("CP932", "UTF-8")) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv's own value for a failure
     if (descriptor == reinterpret_cast<iconv_t>(-1)) {
       throw UsageError("--hide-layer can't be used: the system lacks the conversion to code page 932");
     }
@@ -54,8 +55,10 @@ void CheckAnswersToDialogs(const Options& options) {
 
 void GiveDialogAnswers(const DialogAnswers& answers) {
   std::vector<std::string> names;
+  names.reserve(answers.hiddenLayers.size());
   for (const std::string& text : answers.hiddenLayers) names.push_back(LayerName(text));
   std::vector<const char*> layers;
+  layers.reserve(names.size());
   for (const std::string& name : names) layers.push_back(name.c_str());
   vzSetDialogAnswers(answers.scale, layers.data(), static_cast<int32_t>(layers.size()),
                      answers.hiddenFamilies.data(), static_cast<int32_t>(answers.hiddenFamilies.size()));

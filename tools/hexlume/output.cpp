@@ -1,57 +1,88 @@
 #include "tools/hexlume/output.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <iostream>
-#include <memory>
+#include <new>
+#include <optional>
 
+#include "tools/hexlume/drawing_source.h"
 #include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/path_text.h"
 #include "tools/hexlume/picture.h"
+#include "tools/hexlume/system.h"
 
 namespace hexlume {
 namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-void WriteFile(const std::string& path, const Bytes& bytes) {
-  errno = 0;
-  std::FILE* const file = std::fopen(path.c_str(), "wb");
-  const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  const bool closed = file && std::fclose(file) == 0;
-  if (!written || !closed) throw OutputError(path, std::strerror(errno));
-}
-
-void WriteListing(const Bytes& bytes, const Job& job, const Options& options) {
+void WriteListing(const Bytes& bytes, const std::string& heading) {
   constexpr const char* standardOutput = "standard output";
-  if (options.jobs.size() > 1) std::cout << "# " << job.drawing << '\n';
+  if (!heading.empty()) std::cout << "# " << heading << '\n';
   const bool sound = ListMetafile(bytes.data(), bytes.size(), std::cout);
   if (!std::cout.flush()) throw OutputError(standardOutput, "the listing is cut off");
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-void WritePicture(const MetafileBytes& metafile, const PictureOrder& picture,
-                  const PictureSettings& settings) {
-  Bytes file;
+// A file, or standard output.
+class Output {
+ public:
+  explicit Output(const std::string& path) {
+    if (path != standardStream) file.emplace(path);
+  }
+
+  void Write(const uint8_t* bytes, size_t count) {
+    if (file)
+      file->Write(bytes, count);
+    else
+      WriteToStandardOutput(bytes, count);
+    size += static_cast<int64_t>(count);
+  }
+
+  int64_t Commit() {
+    if (file) file->Commit();
+    return size;
+  }
+
+ private:
+  std::optional<WholeFile> file;
+  int64_t size = 0;
+};
+
+// The folders of the tree below -d are made when they are needed.
+void MakeFolderOf(const std::string& path) {
+  if (!StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path))) throw OutputError(path, std::strerror(errno));
+}
+
+int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
+                    const PictureSettings& settings) {
   try {
-    picture.kind->write(metafile, settings, [&file](const uint8_t* bytes, size_t size) {
-      file.insert(file.end(), bytes, bytes + size);
-    });
-    WriteFile(picture.file, file);
+    Output output(order.file);
+    const auto write = [&output](const uint8_t* bytes, size_t size) { output.Write(bytes, size); };
+    if (order.kind)
+      order.kind->write(metafile, settings, write);
+    else
+      write(metafile.data(), metafile.size());
+    return output.Commit();
   } catch (const PictureError& error) {
-    throw OutputError(picture.file, error.what());
+    throw OutputError(order.file, error.what());
   } catch (const std::bad_alloc&) {
-    throw OutputError(picture.file, "not enough memory");
+    throw OutputError(order.file, "not enough memory");
   }
 }
 
 }  // namespace
 
-void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options) {
-  if (job.metafile) WriteFile(*job.metafile, metafile);
-  if (options.list) WriteListing(metafile, job, options);
-  for (const PictureOrder& picture : options.pictures)
-    WritePicture(metafile, picture, options.pictureSettings);
+std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
+                                        bool hasHeading) {
+  std::vector<WrittenOutput> written;
+  if (options.list) WriteListing(metafile, hasHeading ? job.drawing : "");
+  for (const PictureOrder& output : job.outputs) {
+    if (options.folder) MakeFolderOf(output.file);
+    written.push_back({output.file, WriteOutput(metafile, output, options.pictureSettings)});
+  }
+  return written;
 }
 
 }  // namespace hexlume

@@ -1,20 +1,25 @@
-// Writes the outputs of a converted drawing: the metafile, the listing and the pictures.
+// Writes the results of a converted drawing: the metafile, the listing and the pictures.
 #pragma once
 
-#include <stdexcept>
+#include <cstdint>
+#include <string>
+#include <vector>
 
+#include "tools/hexlume/file_output.h"
+#include "tools/hexlume/job_plan.h"
 #include "tools/hexlume/metafile_bytes.h"
 #include "tools/hexlume/options.h"
 
 namespace hexlume {
 
-// Contains the name of the output that can't be written, and the reason.
-struct OutputError : std::runtime_error {
-  OutputError(const std::string& output, const std::string& reason)
-      : std::runtime_error(output + ": can't be written: " + reason) {}
+struct WrittenOutput {
+  std::string file;
+  int64_t size;
 };
 
-// Writes all outputs that the options ask for.
-void WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options);
+// Writes all results of the job, and the listing if the options ask for it. With a heading it begins with the drawing's
+// name. Throws OutputError.
+std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
+                                        bool hasHeading);
 
 }  // namespace hexlume

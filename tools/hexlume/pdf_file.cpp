@@ -31,7 +31,7 @@ void PdfFile::Deflater::Add(const std::string& text, bool isLast, Take take) {
 }
 
 PdfFile::PdfFile(ByteSink byteSink) : sink(std::move(byteSink)) {
-  // The second line tells programs that the file isn't plain text.
+  // The second line shows programs that the file isn't plain text.
   Write("%PDF-1.5\n%\xE2\xE3\xCF\xD3\n");
 }
 

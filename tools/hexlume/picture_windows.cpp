@@ -118,7 +118,7 @@ void WriteFrame(IWICBitmapFrameEncode& frame, const Canvas& canvas) {
 
 std::vector<uint8_t> StreamBytes(IStream& stream) {
   STATSTG state{};
-  Require(stream.Stat(&state, STATFLAG_NONAME), "tell the picture's size");
+  Require(stream.Stat(&state, STATFLAG_NONAME), "get the picture's size");
   std::vector<uint8_t> bytes(static_cast<size_t>(state.cbSize.QuadPart));
   ULONG read = 0;
   Require(stream.Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr), "read the picture back");
