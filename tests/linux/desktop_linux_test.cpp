@@ -46,7 +46,8 @@ TEST_F(Desktop, completion_offers_drawings_and_folders) {
 }
 
 TEST_F(Desktop, the_manual_has_every_option_of_the_help_and_no_mistake) {
-  EXPECT_EQ(0, Shell("groff -man -ww -Tascii -P-cbou " + manualFolder + "/hexlume.1 >manual.txt 2>mistakes.txt"));
+  EXPECT_EQ(
+      0, Shell("groff -man -ww -Tascii -P-cbou " + manualFolder + "/hexlume.1 >manual.txt 2>mistakes.txt"));
   EXPECT_EQ("", Contents("mistakes.txt"));
   const std::string manual = Contents("manual.txt");
   std::istringstream help(RunReal("--help").out);

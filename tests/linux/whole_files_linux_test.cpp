@@ -14,7 +14,7 @@
 
 #include "host/host_drawings.h"
 #include "support/tool_run.h"
-#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 namespace hexlume::whole_files_linux_test {
 namespace {
@@ -41,7 +41,8 @@ TEST_F(WholeFiles, a_kill_in_the_middle_of_a_write_leaves_the_earlier_file) {
   ExpectSuccess(RunReal("small.dxf plan.emf"));
   const std::string before = Contents("plan.emf");
   const std::string tool = ProgramFolder().string() + "/hexlume";
-  EXPECT_NE(0, std::system(("(ulimit -c 0; ulimit -f 4; '" + tool + "' large.dxf plan.emf) 2>/dev/null").c_str()));
+  EXPECT_NE(
+      0, std::system(("(ulimit -c 0; ulimit -f 4; '" + tool + "' large.dxf plan.emf) 2>/dev/null").c_str()));
   EXPECT_TRUE(before == Contents("plan.emf"));
   // What was begun is removed by the next run in that folder.
   EXPECT_EQ(1u, BegunFiles());

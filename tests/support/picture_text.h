@@ -4,8 +4,8 @@
 #include <string>
 
 #include "support/emf_words.h"
-#include "tools/hexlume/byte_sink.h"
-#include "tools/hexlume/player_path.h"
+#include "tools/hexlume/metafile/player_path.h"
+#include "tools/hexlume/picture/byte_sink.h"
 
 namespace hexlume {
 

@@ -1,4 +1,4 @@
-#include "tools/hexlume/box_outline.h"
+#include "tools/hexlume/picture/box_outline.h"
 
 #include <gtest/gtest.h>
 

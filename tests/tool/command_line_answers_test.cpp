@@ -68,8 +68,9 @@ TEST_F(CommandLineAnswers, go_with_the_other_options) {
 
 TEST_F(CommandLineAnswers, a_layer_that_is_not_there_is_named) {
   Write("plan.dxf", TwoLayers());
-  ExpectFailure(RunReal("--hide-layer NOWHERE plan.dxf"), 0,
-                "hexlume: plan.dxf: warning: no-such-layer: no layer has the name 'NOWHERE' that --hide-layer gives\n");
+  ExpectFailure(
+      RunReal("--hide-layer NOWHERE plan.dxf"), 0,
+      "hexlume: plan.dxf: warning: no-such-layer: no layer has the name 'NOWHERE' that --hide-layer gives\n");
 }
 
 TEST_F(CommandLineAnswers, a_drawing_that_fails_has_its_status_and_sentence) {

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "support/picture_canvas.h"
-#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 namespace hexlume::malformed_metafile_test {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Strokes, shapes and regions of the player, pixel by pixel: 10 units a pixel.
-#include "tools/hexlume/metafile_player.h"
+#include "tools/hexlume/metafile/metafile_player.h"
 
 #include <gtest/gtest.h>
 

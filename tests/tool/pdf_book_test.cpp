@@ -1,10 +1,10 @@
 // PDF files: a frame of 1000 by 1000 hundredths of a millimetre is 28.346457 points wide.
-#include "tools/hexlume/pdf_book.h"
+#include "tools/hexlume/picture/pdf_book.h"
 
 #include <gtest/gtest.h>
 
 #include "support/picture_text.h"
-#include "tools/hexlume/picture.h"
+#include "tools/hexlume/picture/picture.h"
 
 namespace hexlume::pdf_book_test {
 namespace {

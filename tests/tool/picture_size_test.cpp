@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tools/hexlume/picture.h"
+#include "tools/hexlume/picture/picture.h"
 
 namespace hexlume::picture_size_test {
 namespace {

@@ -35,7 +35,8 @@ TEST_F(Pictures, of_a_drawing_beside_its_sheet_there_is_a_warning) {
   Write("plan.dxf", DrawingOfALine(1000, 1000, 1100, 1200));
   const Outcome outcome = RunReal("--png plan.png plan.dxf");
   EXPECT_EQ(0, outcome.status);
-  EXPECT_EQ("hexlume: plan.dxf: warning: beside-sheet: nothing of the drawing is on its sheet; try --fit\n", outcome.err);
+  EXPECT_EQ("hexlume: plan.dxf: warning: beside-sheet: nothing of the drawing is on its sheet; try --fit\n",
+            outcome.err);
   Write("plan.dxf", DrawingOfALine(10, 10, 1100, 1200));
   ExpectSuccess(RunReal("--png plan.png plan.dxf"));
 }

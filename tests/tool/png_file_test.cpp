@@ -1,5 +1,5 @@
 // PNG files, read back by cairo.
-#include "tools/hexlume/png_file.h"
+#include "tools/hexlume/picture/png_file.h"
 
 #include <cairo.h>
 #include <gtest/gtest.h>

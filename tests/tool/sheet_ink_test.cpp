@@ -1,5 +1,5 @@
 // A frame of 1000 by 1000, on MM_HIMETRIC: on the sheet Y goes from 0 down to -1000.
-#include "tools/hexlume/sheet_ink.h"
+#include "tools/hexlume/metafile/sheet_ink.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Strokes on an image of 40 by 30 pixels, black on white: a pixel is 255 less its covered part of 255.
-#include "tools/hexlume/stroke_raster.h"
+#include "tools/hexlume/picture/stroke_raster.h"
 
 #include <gtest/gtest.h>
 

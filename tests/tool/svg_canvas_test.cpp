@@ -1,5 +1,5 @@
 // SVG files: a frame of 1000 by 1000 hundredths of a millimetre, Y downward.
-#include "tools/hexlume/svg_canvas.h"
+#include "tools/hexlume/picture/svg_canvas.h"
 
 #include <gtest/gtest.h>
 
