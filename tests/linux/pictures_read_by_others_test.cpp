@@ -19,10 +19,10 @@ class PicturesReadByOthers : public ToolRun {
     return Contents("printed.txt");
   }
 
-  // 大 and 面 have the same shape as a radical in fonts with many characters.
+  // 図面 in code page 932. In fonts with many characters 面 has the same glyph as a radical.
   static void WritePlan() {
     Write("plan.dxf",
-          A3(Line() + "0 TEXT\n10 50\n20 50\n40 5\n1 図面番号 大工事\n0 CIRCLE\n10 90\n20 90\n40 30\n"));
+          A3(Line() + "0 TEXT\n10 50\n20 50\n40 5\n1 \x90\x7D\x96\xCA\n0 CIRCLE\n10 90\n20 90\n40 30\n"));
   }
 };
 
@@ -30,7 +30,7 @@ TEST_F(PicturesReadByOthers, texts_of_a_pdf_are_found) {
   if (!IsInstalled("pdftotext")) GTEST_SKIP() << "poppler-utils isn't installed";
   WritePlan();
   ExpectSuccess(RunReal("--pdf plan.pdf plan.dxf"));
-  EXPECT_TRUE(Contains(Run("pdftotext plan.pdf -"), "図面番号 大工事"));
+  EXPECT_TRUE(Contains(Run("pdftotext plan.pdf -"), "図面"));
 }
 
 TEST_F(PicturesReadByOthers, texts_of_a_pdf_are_found_with_a_font_that_shares_glyphs) {
@@ -49,7 +49,7 @@ TEST_F(PicturesReadByOthers, texts_of_a_pdf_are_found_with_a_font_that_shares_gl
   const Outcome outcome = RunReal("--pdf plan.pdf plan.dxf");
   unsetenv("FONTCONFIG_FILE");
   ExpectSuccess(outcome);
-  EXPECT_TRUE(Contains(Run("pdftotext plan.pdf -"), "図面番号 大工事"));
+  EXPECT_TRUE(Contains(Run("pdftotext plan.pdf -"), "図面"));
 }
 
 TEST_F(PicturesReadByOthers, a_book_is_sound) {

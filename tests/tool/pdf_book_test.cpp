@@ -48,7 +48,8 @@ std::vector<std::string> StreamsOf(const std::string& pdf) {
 
 std::string PageOf(const Words& records) {
   const std::string stream = StreamsOf(PdfOf(records)).front();
-  const std::string beginning = "0.028346 0 0 -0.028346 0 28.346457 cm\n1 J 1 j\n1 g\n0 0 1000 1000 re\nf\n";
+  const std::string beginning =
+      "0.028346457 0 0 -0.028346457 0 28.346457 cm\n1 J 1 j\n1 g\n0 0 1000 1000 re\nf\n";
   EXPECT_EQ(beginning, stream.substr(0, beginning.size()));
   return stream.substr(beginning.size());
 }
