@@ -46,7 +46,7 @@ TEST_F(LinuxPictures, of_a_hatch_in_a_zigzag_are_small) {
         "0\nSECTION\n2\nHEADER\n9\n$LIMMIN\n10\n0\n20\n0\n9\n$LIMMAX\n10\n420\n20\n297\n0\nENDSEC\n"
         "0\nSECTION\n2\nENTITIES\n0\nHATCH\n8\n0\n2\nROWS\n70\n0\n91\n1\n92\n2\n72\n0\n73\n1\n93\n50\n" +
             corners +
-            "75\n0\n76\n1\n78\n1\n53\n0\n43\n0\n44\n0\n45\n0\n46\n1\n79\n2\n49\n0.5\n49\n-0.5\n"
+            "75\n0\n76\n1\n78\n1\n53\n0\n43\n0\n44\n0\n45\n0\n46\n1\n79\n2\n49\n0.5\n49\n-0.5\n98\n0\n"
             "0\nENDSEC\n0\nEOF\n");
   ExpectSuccess(RunReal("--svg plan.svg --pdf plan.pdf --memory-limit 500M plan.dxf"));
   for (const char* file : {"plan.svg", "plan.pdf"}) {
