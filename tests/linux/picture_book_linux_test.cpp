@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "host/host_drawings.h"
+#include "support/endless_drawing.h"
 #include "support/tool_run.h"
 
 namespace hexlume::picture_book_linux_test {
@@ -68,6 +69,20 @@ TEST_F(Book, a_drawing_that_fails_has_no_page) {
   EXPECT_EQ(35, outcome.status);
   EXPECT_TRUE(Contains(outcome.err, "b.dxf: empty: ")) << outcome.err;
   EXPECT_TRUE(Contains(Contents("book.pdf"), "/Type/Pages/Count 2/"));
+}
+
+// Its page would be the first one, so the others wait for it.
+TEST_F(Book, a_drawing_that_is_given_up_has_no_page) {
+  Write("endless.dxf", EndlessDrawing());
+  std::string names = "endless.dxf";
+  for (int i = 1; i <= 10; ++i) {
+    Write(std::to_string(i) + ".dxf", A3(Line()));
+    names += ' ' + std::to_string(i) + ".dxf";
+  }
+  const Outcome outcome = RunReal("--pdf-book book.pdf --jobs 2 --time-limit 1 --memory-limit 20G " + names);
+  EXPECT_EQ(45, outcome.status);
+  EXPECT_TRUE(Contains(outcome.err, "endless.dxf: time-limit: ")) << outcome.err;
+  EXPECT_TRUE(Contains(Contents("book.pdf"), "/Type/Pages/Count 10/"));
 }
 
 TEST_F(Book, a_sheet_that_is_too_large_for_a_page_is_named) {
