@@ -43,7 +43,7 @@ class JobPlan {
   void PlanSingle(const Options& options);
   void SettlePlaces();
   void CheckFolder() const;
-  void CheckBook(const std::string& book) const;
+  void CheckBook(const Options& options) const;
 
   std::vector<Drawing> drawings;
   std::vector<std::string> unreadableFolders;
