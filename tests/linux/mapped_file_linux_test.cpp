@@ -1,10 +1,13 @@
 #include "platform/mapped_file.h"
 
 #include <gtest/gtest.h>
+#include <hexlume.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <string>
+#include <thread>
 
 #include "driver/text_stream.h"
 #include "platform/fault_guard.h"
@@ -51,6 +54,30 @@ TEST(MappedFile, a_file_shortened_meanwhile_ends_the_reader_as_a_fault_does) {
     }
   };
   EXPECT_THROW(GuardFaults(readAll), int32_t);
+}
+
+// The file is shortened at another moment each time: at the start, while the tables are read, while it is drawn.
+TEST(MappedFile, a_drawing_shortened_meanwhile_ends_the_conversion_and_not_the_process) {
+  std::string groups = "0 SECTION\n2 ENTITIES\n";
+  for (int i = 0; i < 30'000; ++i) groups += "0 LINE\n8 0\n10 0\n20 0\n11 100\n21 100\n";
+  const std::string bytes = DrawingBytes(groups + "0 ENDSEC\n0 EOF\n");
+  ASSERT_GT(bytes.size(), size_t{1} << 20);
+  for (int delay = 0; delay < 20; ++delay) {
+    const TemporaryFile file(bytes);
+    std::thread other([&file, delay] {
+      std::this_thread::sleep_for(std::chrono::microseconds(300 * delay));
+      EXPECT_EQ(0, truncate(file.Path(), 100));
+    });
+    HENHMETAFILE metafile = nullptr;
+    try {
+      vzFullSizeMetaMake(file.Path(), &metafile, 0, 0);
+    } catch (int32_t code) {
+      EXPECT_EQ(faultCode, code);
+      EXPECT_FALSE(metafile);
+    }
+    if (metafile) DeleteEnhMetaFile(metafile);
+    other.join();
+  }
 }
 
 TEST(MappedFile, a_text_of_a_mapped_file_ends_at_its_end_mark) {
