@@ -5,42 +5,37 @@
 
 #include "driver/conv_state.h"
 #include "driver/run_watch.h"
+#include "driver/short_value.h"
 
 namespace hexlume {
 
 namespace {
 
-int32_t EndOfFetched(const TextStream& stream) {
-  return static_cast<int32_t>(stream.bytes.size());
-}
-
 bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-// The usual form of a group: the code line has only blanks and digits, and both lines are fetched.
-struct PlainGroup {
+// The usual form of a code line: only blanks and digits.
+struct PlainCode {
   int32_t code;
   int32_t value;  // position of the value line
-  int32_t end;
 };
 
-// Finds the group at the stream's position. Returns false if it isn't a plain one.
-bool FindPlainGroup(const TextStream& stream, PlainGroup& group) {
+// Finds the code at the stream's position. Returns false if it isn't a plain one, or not fetched as a whole.
+bool FindPlainCode(const TextStream& stream, PlainCode& found) {
   constexpr int32_t longestCode = 10;  // nine digits and a line end, so the number fits an int32
-  const char* line = stream.bytes.data() + Tell(stream);
-  const int32_t length = std::min(EndOfFetched(stream) - Tell(stream), longestCode);
+  const char* line = stream.bytes + Tell(stream);
+  const int32_t length = std::min(stream.size - Tell(stream), longestCode);
   int32_t i = 0;
   while (i < length && line[i] == ' ') ++i;
   const int32_t blanks = i;
-  group.code = 0;
-  for (; i < length - 1 && IsDigit(line[i]); ++i) group.code = group.code * 10 + (line[i] - '0');
+  found.code = 0;
+  for (; i < length - 1 && IsDigit(line[i]); ++i) found.code = found.code * 10 + (line[i] - '0');
   if (i == blanks) return false;
   if (i < length && line[i] == '\r') ++i;
   if (i >= length || line[i] != '\n') return false;
-  group.value = Tell(stream) + i + 1;
-  group.end = EndOfLine(stream, group.value, groupLineLimit);
-  return group.end != notFetched;
+  found.value = Tell(stream) + i + 1;
+  return true;
 }
 
 // Returns the length of the value in a value line: it ends at a 0 byte, and excludes the line end and one
@@ -55,13 +50,16 @@ size_t LengthOfValue(const char* line, size_t length) {
   return length;
 }
 
-void TakePlainGroup(TextStream& stream, const PlainGroup& group) {
-  const char* line = stream.bytes.data() + group.value;
-  const size_t length = LengthOfValue(line, static_cast<size_t>(group.end - group.value));
+// Stores the value line at place and moves the stream after it. Returns false if it isn't fetched as a whole.
+bool TakeValue(TextStream& stream, int32_t place) {
+  const int32_t end = EndOfLine(stream, place, groupLineLimit);
+  if (end == notFetched) return false;
+  const char* line = stream.bytes + place;
+  const size_t length = LengthOfValue(line, static_cast<size_t>(end - place));
   std::memcpy(state.groupValue, line, length);
   state.groupValue[length] = '\0';
-  state.groupCode = group.code;
-  Seek(stream, group.end);
+  Seek(stream, end);
+  return true;
 }
 
 void DropLineEnd(char* text) {
@@ -83,9 +81,10 @@ int32_t ReadAnyGroup(TextStream& stream) {
 
 int32_t ReadGroup(TextStream& stream) {
   if (!MayReadGroup(Tell(stream))) return 0;
-  PlainGroup group;
-  if (!FindPlainGroup(stream, group)) return ReadAnyGroup(stream);
-  TakePlainGroup(stream, group);
+  PlainCode plain;
+  if (!FindPlainCode(stream, plain)) return ReadAnyGroup(stream);
+  if (!TakeShortValue(stream, plain.value) && !TakeValue(stream, plain.value)) return ReadAnyGroup(stream);
+  state.groupCode = plain.code;
   return 1;
 }
 
@@ -93,9 +92,12 @@ int32_t PassToEntity(TextStream& stream) {
   int32_t more = 0;
   do {
     // The last group isn't skipped, because at the end of the file its value must be in the buffer.
-    PlainGroup group;
-    while (FindPlainGroup(stream, group) && group.code != 0 && group.end < EndOfFetched(stream))
-      Seek(stream, group.end);
+    PlainCode plain;
+    while (FindPlainCode(stream, plain) && plain.code != 0) {
+      const int32_t end = EndOfLine(stream, plain.value, groupLineLimit);
+      if (end == notFetched || end >= stream.size) break;
+      Seek(stream, end);
+    }
     more = ReadGroup(stream);
   } while (more && state.groupCode != 0);
   return more;

@@ -7,6 +7,8 @@
 #include <string>
 #include <system_error>
 
+#include "driver/short_number.h"
+
 namespace hexlume {
 
 namespace {
@@ -77,6 +79,7 @@ double Atof(const char* text) {
   if (!IsDigit(text[0]) && !(text[0] == '.' && IsDigit(text[1]))) return 0.0;
 
   double value = 0.0;
+  if (ParseShortNumber(text, value)) return negative ? -value : value;
   auto result = std::from_chars(text, text + std::strlen(text), value);
   std::string rewritten;
   if (IsExponent(result.ptr)) {  // std::from_chars accepts e, but not d

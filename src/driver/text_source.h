@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
+#include <string_view>
 
 namespace hexlume {
 
@@ -12,6 +14,9 @@ class TextSource {
 
   // Stores the next bytes and returns their number, which is less than size only at the end.
   virtual size_t Read(char* buffer, size_t size) = 0;
+
+  // All bytes, if they are in memory as long as the source exists. Then Read isn't needed.
+  virtual std::optional<std::string_view> Whole() const { return std::nullopt; }
 
   // Whether a read has failed.
   virtual bool HasFailed() const = 0;

@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/mapped_file.h"
+
 namespace hexlume {
 
 namespace {
@@ -31,33 +33,60 @@ class FileSource : public TextSource {
   std::FILE* file;
 };
 
+class MappedSource : public TextSource {
+ public:
+  explicit MappedSource(std::unique_ptr<MappedFile> mapped) : file(std::move(mapped)) {}
+
+  std::optional<std::string_view> Whole() const override { return file->Bytes(); }
+  size_t Read(char*, size_t) override { return 0; }
+  bool HasFailed() const override { return false; }
+
+ private:
+  std::unique_ptr<MappedFile> file;
+};
+
 std::unique_ptr<TextSource> OpenFile(const char* path) {
+  // A smaller one is read faster than it is mapped.
+  constexpr int64_t leastMapped = 1 << 20;
+  if (auto mapped = MappedFile::Open(path, leastMapped))
+    return std::make_unique<MappedSource>(std::move(mapped));
   auto source = std::make_unique<FileSource>(path);
   return source->IsOpen() ? std::move(source) : nullptr;
+}
+
+// Adds at most so many bytes to those of the stream, without a look at the end mark. Returns their number.
+size_t FetchBytes(TextStream& stream, size_t wanted) {
+  const auto oldSize = static_cast<size_t>(stream.size);
+  if (const auto whole = stream.source->Whole()) {
+    stream.bytes = whole->data();
+    return std::min(wanted, whole->size() - oldSize);
+  }
+  stream.kept.resize(oldSize + wanted);
+  const size_t got = stream.source->Read(stream.kept.data() + oldSize, wanted);
+  stream.bytes = stream.kept.data();
+  return got;
 }
 
 // Reads the next chunk of the file. Returns false if there is no more text.
 bool Fetch(TextStream& stream) {
   if (stream.complete) return false;
-  const size_t oldSize = stream.bytes.size();
-  const size_t wanted = std::min(chunkSize, largestSize - oldSize);
-  stream.bytes.resize(oldSize + wanted);
-  const size_t got = stream.source->Read(stream.bytes.data() + oldSize, wanted);
-  stream.bytes.resize(oldSize + got);
-  const auto fetched = stream.bytes.begin() + static_cast<std::ptrdiff_t>(oldSize);
-  const auto textEnd = std::find(fetched, stream.bytes.end(), endOfText);
-  stream.complete = got < chunkSize || textEnd != stream.bytes.end();
-  stream.bytes.erase(textEnd, stream.bytes.end());
-  return stream.bytes.size() > oldSize;
+  const auto oldSize = static_cast<size_t>(stream.size);
+  const size_t got = FetchBytes(stream, std::min(chunkSize, largestSize - oldSize));
+  const char* const fetched = stream.bytes + oldSize;
+  const void* const textEnd = got > 0 ? std::memchr(fetched, endOfText, got) : nullptr;
+  const size_t added = textEnd ? static_cast<size_t>(static_cast<const char*>(textEnd) - fetched) : got;
+  stream.complete = got < chunkSize || textEnd;
+  stream.size += static_cast<int32_t>(added);
+  return added > 0;
 }
 
 // Returns whether there is a byte at the stream's position, and fetches it if needed.
 bool HasByte(TextStream& stream) {
-  return static_cast<size_t>(stream.position) < stream.bytes.size() || Fetch(stream);
+  return stream.position < stream.size || Fetch(stream);
 }
 
 bool NextByteIs(TextStream& stream, char byte) {
-  return HasByte(stream) && stream.bytes[static_cast<size_t>(stream.position)] == byte;
+  return HasByte(stream) && stream.bytes[stream.position] == byte;
 }
 
 }  // namespace
@@ -76,7 +105,7 @@ bool OpenText(TextStream& stream, const char* path) {
 bool ReadLine(TextStream& stream, char* line, int32_t limit) {
   int32_t length = 0;
   while (length < limit - 1 && HasByte(stream)) {
-    const char byte = stream.bytes[static_cast<size_t>(stream.position++)];
+    const char byte = stream.bytes[stream.position++];
     if (byte == '\r' && NextByteIs(stream, '\n')) continue;
     line[length++] = byte;
     if (byte == '\n') break;
@@ -87,23 +116,15 @@ bool ReadLine(TextStream& stream, char* line, int32_t limit) {
 }
 
 int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit) {
-  const auto left = static_cast<int32_t>(stream.bytes.size()) - place;
+  const int32_t left = stream.size - place;
   if (left <= 0) return notFetched;
-  const char* line = stream.bytes.data() + place;
+  const char* line = stream.bytes + place;
   const void* found = std::memchr(line, '\n', static_cast<size_t>(std::min(left, limit)));
   if (!found) return left < limit ? notFetched : place + limit - 1;
   const auto feed = static_cast<int32_t>(static_cast<const char*>(found) - line);
   // The line is full before this line feed. A CR before it isn't counted.
   if (feed == limit - 1 && line[feed - 1] != '\r') return place + feed;
   return place + feed + 1;
-}
-
-int32_t Tell(const TextStream& stream) {
-  return stream.position;
-}
-
-void Seek(TextStream& stream, int32_t position) {
-  stream.position = position;
 }
 
 }  // namespace hexlume

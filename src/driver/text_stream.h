@@ -14,9 +14,11 @@ namespace hexlume {
 // index into them.
 struct TextStream {
   std::unique_ptr<TextSource> source;
-  std::vector<char> bytes;  // fetched so far, without the end mark
-  bool complete = false;    // the whole text has been fetched
-  int32_t position = 0;     // index of the next byte to be read
+  std::vector<char> kept;       // what was read, if the source itself isn't in memory
+  const char* bytes = nullptr;  // fetched so far, without the end mark
+  int32_t size = 0;             // their number
+  bool complete = false;        // the whole text has been fetched
+  int32_t position = 0;         // index of the next byte to be read
 };
 
 // Opens a file at its start. Returns false if it can't be read. Positions are int32, so the text ends
@@ -36,7 +38,11 @@ constexpr int32_t notFetched = -1;
 int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit);
 
 // Returns the position of the next byte, for Seek on the same stream.
-int32_t Tell(const TextStream& stream);
-void Seek(TextStream& stream, int32_t position);
+inline int32_t Tell(const TextStream& stream) {
+  return stream.position;
+}
+inline void Seek(TextStream& stream, int32_t position) {
+  stream.position = position;
+}
 
 }  // namespace hexlume

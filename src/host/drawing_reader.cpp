@@ -188,7 +188,7 @@ void DrawingReader::NoteText(const char* block) {
 // The line at which the group at hand begins.
 int64_t DrawingReader::LineOfGroup() {
   const int32_t position = runWatch.position;
-  const auto bytes = stream.bytes.begin();
+  const char* const bytes = stream.bytes;
   lines += std::count(bytes + linesPosition, bytes + position, '\n');
   linesPosition = position;
   while (leftOutIndex < changes.leftOut.size() && changes.leftOut[leftOutIndex].position <= position)

@@ -71,11 +71,10 @@ class BlockStreamTest : public ConverterTest {
   // start on. Before each run the text's first group is read.
   void CutAfterEachByte(const std::string& text, const std::function<void(Canvas)>& run) {
     OpenAt(text);
-    const TextStream whole = {nullptr, stream.bytes, true, 0};
-    const int32_t start = stream.position;
-    for (size_t end = static_cast<size_t>(start); end <= whole.bytes.size(); ++end) {
+    const int32_t wholeSize = stream.size;
+    for (int32_t end = stream.position; end <= wholeSize; ++end) {
       OpenAt(text);
-      stream.bytes.resize(end);
+      stream.size = end;
       ListCalls(run);
     }
   }

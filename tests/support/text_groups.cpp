@@ -5,10 +5,15 @@
 namespace hexlume {
 
 TextStream StreamOf(const std::string& groups) {
-  const std::string bytes = DrawingBytes(groups);
+  return StreamOfBytes(DrawingBytes(groups));
+}
+
+TextStream StreamOfBytes(const std::string& bytes) {
   TextStream stream;
   stream.complete = true;
-  stream.bytes.assign(bytes.begin(), bytes.end());
+  stream.kept.assign(bytes.begin(), bytes.end());
+  stream.bytes = stream.kept.data();
+  stream.size = static_cast<int32_t>(bytes.size());
   return stream;
 }
 

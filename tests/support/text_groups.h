@@ -10,4 +10,7 @@ namespace hexlume {
 // Returns a stream over groups in the form of DrawingBytes, one group a line.
 TextStream StreamOf(const std::string& groups);
 
+// Returns a stream over a whole text.
+TextStream StreamOfBytes(const std::string& bytes);
+
 }  // namespace hexlume

@@ -8,6 +8,8 @@
 namespace hexlume {
 
 int RunCommand(const std::string& program, const std::string& arguments) {
+  // Starts Wine's desktop, whose process would otherwise inherit the program's redirected files and keep them open.
+  GetDesktopWindow();
   // The shell takes away the outermost pair of quotes.
   const std::string command = "\"\"" + program + "\" " + arguments + "\"";
   return std::system(command.c_str());

@@ -12,6 +12,8 @@
 #include "support/block_walk.h"
 #include "support/mtext_calls.h"
 #include "support/shape_text.h"
+#include "support/text_drawing.h"
+#include "support/text_groups.h"
 
 namespace hexlume::dim_block_dispatch_test {
 namespace {
@@ -275,11 +277,9 @@ TEST_F(DimBlockDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
   blocks += "0 BLOCK\n2 A\n";
   const std::string body = "70 0\n10 0\n20 0\n3 A\n" + slanted + arc + circle + text + mtext + "0 SOLID\n" +
                            corners + "0 INSERT\n2 B\n10 1\n20 2\n41 3\n42 4\n50 5\n62 6\n0 ENDBLK\n";
-  const std::vector<char> bytes = StreamOf(blocks + body).bytes;
-  for (size_t end = StreamOf(blocks).bytes.size(); end <= bytes.size(); ++end) {
-    stream = TextStream();
-    stream.complete = true;
-    stream.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end));
+  const std::string bytes = DrawingBytes(blocks + body);
+  for (size_t end = DrawingBytes(blocks).size(); end <= bytes.size(); ++end) {
+    stream = StreamOfBytes(bytes.substr(0, end));
     ReadBlocks(stream);
     ListCalls([this](Canvas canvas) { WalkToThrow(canvas); });
     EXPECT_EQ(0, ReadGroup(stream)) << end;

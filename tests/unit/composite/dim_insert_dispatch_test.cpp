@@ -10,6 +10,8 @@
 #include "platform/fault_guard.h"
 #include "support/arc_strokes.h"
 #include "support/block_walk.h"
+#include "support/text_drawing.h"
+#include "support/text_groups.h"
 
 namespace hexlume::dim_insert_dispatch_test {
 namespace {
@@ -174,11 +176,9 @@ TEST_F(DimInsertDispatchTest, a_file_may_end_behind_any_byte_of_a_block) {
   blocks += "0 BLOCK\n2 A\n";
   const std::string body = "70 0\n10 0\n20 0\n30 0\n3 A\n1 \n" + slanted + arc + circle + ellipse + point +
                            "0 INSERT\n2 B\n10 1\n20 2\n41 3\n42 4\n50 5\n62 6\n0 SPLINE\n2 SOLID\n0 ENDBLK\n";
-  const std::vector<char> bytes = StreamOf(blocks + body).bytes;
-  for (size_t end = StreamOf(blocks).bytes.size(); end <= bytes.size(); ++end) {
-    stream = TextStream();
-    stream.complete = true;
-    stream.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end));
+  const std::string bytes = DrawingBytes(blocks + body);
+  for (size_t end = DrawingBytes(blocks).size(); end <= bytes.size(); ++end) {
+    stream = StreamOfBytes(bytes.substr(0, end));
     ReadBlocks(stream);
     result = -1;
     ListCalls([this](Canvas canvas) { Walk(BodyOf("A"), canvas); });

@@ -228,7 +228,7 @@ TEST_F(HatchLinesTest, a_pattern_cut_off_anywhere_ends) {
   const std::string whole = slantedDashes + OneRow("30", "79 0\n") + slantedDashes + endOfPattern;
   for (size_t length = 0; length <= whole.size(); ++length) {
     stream = StreamOf(whole);
-    stream.bytes.resize(stream.bytes.size() - length);
+    stream.size -= static_cast<int32_t>(length);
     ListCalls([this](Canvas canvas) { FillHatchLines(stream, canvas, {{0, -400, 1000, -1000}, 0}); });
   }
 }

@@ -491,7 +491,7 @@ TEST_F(LeaderArrowTest, a_block_inside_itself_ends_as_a_fault_behind_the_leader_
 
 TEST_F(LeaderArrowTest, behind_a_block_that_the_end_of_the_file_cuts_off_only_the_value_is_put_back) {
   OpenAt("0 LEADER\n" + toLeft + "1000 _LATE\n0 LINE\n62 1\n9 END\n");
-  BlockEntry late = {"_LATE", "", static_cast<int32_t>(stream.bytes.size() - std::string("9\nEND\n").size())};
+  BlockEntry late = {"_LATE", "", stream.size - static_cast<int32_t>(std::string("9\nEND\n").size())};
   state.blocks.Add(late);
   EXPECT_EQ(LeaderToLeft(), ListCalls([this](Canvas canvas) { Run(canvas); }));
   EXPECT_EQ(1, result);

@@ -566,10 +566,10 @@ TEST_F(LeaderTest, a_file_may_end_behind_any_byte) {
 TEST_F(LeaderTest, wherever_the_file_ends_the_pen_is_put_back_and_deleted) {
   const std::string text = "0 LEADER\n8 WALLS\n41 5\n" + bent + "1000 A\n";
   OpenAt(text);
-  const TextStream whole = {nullptr, stream.bytes, true, 0};
-  for (auto end = static_cast<size_t>(stream.position); end <= whole.bytes.size(); ++end) {
+  const int32_t wholeSize = stream.size;
+  for (int32_t end = stream.position; end <= wholeSize; ++end) {
     OpenAt(text);
-    stream.bytes.resize(end);
+    stream.size = end;
     const std::string calls = ListCalls([this](Canvas canvas) { Run(canvas); });
     EXPECT_EQ(Count(calls, "CreatePen("), Count(calls, "SelectObject(BLACK_PEN)\nDeleteObject(1)\n")) << end;
   }

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <random>
 #include <string>
 
 namespace hexlume::numbers_test {
@@ -170,6 +172,19 @@ TEST(Atof, the_nearest_double_is_taken) {
   EXPECT_EQ(0x1.999999999999ap-4, Atof("0.1"));
   EXPECT_EQ(0x1.3333333333333p-2, Atof("0.3"));
   EXPECT_EQ(3.1415926535, Atof("3.1415926535"));
+}
+
+// The standard library's conversion, which rounds correctly too, reads the same texts.
+TEST(Atof, numbers_of_any_number_of_digits_are_rounded_alike) {
+  std::mt19937 random(8);
+  for (int round = 0; round < 100'000; ++round) {
+    std::string text(1 + random() % 22, '0');
+    for (char& digit : text) digit = static_cast<char>('0' + random() % 10);
+    if (random() % 8) text.insert(random() % text.size(), ".");
+    double expected = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), expected);
+    EXPECT_EQ(expected, Atof(text.c_str())) << text;
+  }
 }
 
 // 2^53 + 1 is in the middle between 2^53 and 2^53 + 2, 1 + 2^-53 between 1 and 1 + 2^-52.

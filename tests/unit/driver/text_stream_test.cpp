@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/text_drawing.h"
+#include "support/text_groups.h"
 
 namespace hexlume::text_stream_test {
 namespace {
@@ -163,7 +164,7 @@ TEST(EndOfLine, it_is_the_place_after_the_line_that_is_read) {
         const int32_t end = EndOfLine(stream, Tell(stream), limit);
         if (!ReadLine(stream, line, limit)) break;
         if (end == notFetched) {
-          ASSERT_EQ(stream.bytes.size(), static_cast<size_t>(Tell(stream))) << round << ' ' << limit;
+          ASSERT_EQ(stream.size, Tell(stream)) << round << ' ' << limit;
         } else {
           ASSERT_EQ(Tell(stream), end) << round << ' ' << limit;
         }
@@ -173,9 +174,7 @@ TEST(EndOfLine, it_is_the_place_after_the_line_that_is_read) {
 }
 
 TEST(EndOfLine, a_line_feed_as_the_character_after_the_limit_is_the_next_line) {
-  TextStream stream;
-  const std::string bytes = "abc\ndef\r\n\nghi";
-  stream.bytes.assign(bytes.begin(), bytes.end());
+  const TextStream stream = StreamOfBytes("abc\ndef\r\n\nghi");
   EXPECT_EQ(3, EndOfLine(stream, 0, 4));
   EXPECT_EQ(4, EndOfLine(stream, 0, 5));
   EXPECT_EQ(4, EndOfLine(stream, 3, 4));
@@ -185,9 +184,7 @@ TEST(EndOfLine, a_line_feed_as_the_character_after_the_limit_is_the_next_line) {
 }
 
 TEST(EndOfLine, a_line_that_is_not_fetched_to_its_end_has_none) {
-  TextStream stream;
-  const std::string bytes = "abc";
-  stream.bytes.assign(bytes.begin(), bytes.end());
+  const TextStream stream = StreamOfBytes("abc");
   EXPECT_EQ(notFetched, EndOfLine(stream, 0, 4));  // a line feed may follow
   EXPECT_EQ(2, EndOfLine(stream, 0, 3));
   EXPECT_EQ(notFetched, EndOfLine(stream, 3, 4));

@@ -510,9 +510,7 @@ TEST_F(BlockPolylineTest, cut_off_anywhere_it_ends) {
   const std::string bytes =
       DrawingBytes("0 POLYLINE\n8 WALLS\n70 1\n" + level + Vertex(20, 50, 1) + Vertex(30, 50, -0.5));
   for (size_t size = 0; size <= bytes.size(); ++size) {
-    TextStream cut;
-    cut.complete = true;
-    cut.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
+    TextStream cut = StreamOfBytes(bytes.substr(0, size));
     DrawStream(std::move(cut));
     EXPECT_EQ(0, ReadGroup(stream)) << size;
   }

@@ -482,10 +482,7 @@ TEST_F(DimInsertLwPolylineTest, at_the_end_of_the_file_it_is_drawn_with_what_it_
 TEST_F(DimInsertLwPolylineTest, a_file_that_ends_between_a_code_and_its_value_tells_no_coordinate) {
   const auto drawCut = [this](const std::string& groups, const char* code) {
     const std::string bytes = DrawingBytes(groups) + code + "\n";
-    TextStream cut;
-    cut.complete = true;
-    cut.bytes.assign(bytes.begin(), bytes.end());
-    return DrawStream(std::move(cut));
+    return DrawStream(StreamOfBytes(bytes));
   };
   state.dimX[0] = 3000.0;
   state.dimY[0] = 9000.0;
@@ -498,9 +495,7 @@ TEST_F(DimInsertLwPolylineTest, cut_off_anywhere_it_ends) {
   const std::string bytes =
       DrawingBytes("0 LWPOLYLINE\n8 WALLS\n70 1\n" + level + Vertex(20, 50, 1) + Vertex(30, 50, -0.5));
   for (size_t size = 0; size <= bytes.size(); ++size) {
-    TextStream cut;
-    cut.complete = true;
-    cut.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
+    TextStream cut = StreamOfBytes(bytes.substr(0, size));
     DrawStream(std::move(cut));
     EXPECT_EQ(0, ReadGroup(stream)) << size;
   }

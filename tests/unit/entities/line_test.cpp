@@ -9,6 +9,7 @@
 #include "driver/group_reader.h"
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
+#include "support/text_drawing.h"
 #include "support/text_groups.h"
 
 namespace hexlume::line_test {
@@ -246,8 +247,7 @@ TEST_F(LineTest, at_the_end_of_the_file_it_is_drawn_with_what_it_has) {
 }
 
 TEST_F(LineTest, a_file_that_ends_within_a_group_does_not_act_on_it) {
-  stream = StreamOf("0 LINE\n" + slanted);
-  for (const char byte : {'6', '2', '\n'}) stream.bytes.push_back(byte);
+  stream = StreamOfBytes(DrawingBytes("0 LINE\n" + slanted) + "62\n");
   ReadGroup(stream);
   EXPECT_EQ(Stroke(black, 1000, -1000, 3000, -2000),
             ListCalls([this](Canvas canvas) { result = DrawLine({RunOn(canvas)}); }));

@@ -559,10 +559,7 @@ TEST_F(LwPolylineTest, a_file_that_ends_in_front_of_the_first_y_goes_on_with_wha
 TEST_F(LwPolylineTest, a_file_that_ends_between_a_code_and_its_value_tells_no_coordinate) {
   const auto drawCut = [this](const std::string& groups, const char* code) {
     const std::string bytes = DrawingBytes(groups) + code + "\n";
-    TextStream cut;
-    cut.complete = true;
-    cut.bytes.assign(bytes.begin(), bytes.end());
-    return DrawStream(std::move(cut));
+    return DrawStream(StreamOfBytes(bytes));
   };
   state.entX[0] = 3000.0;
   state.entY[0] = 9000.0;
@@ -576,10 +573,7 @@ TEST_F(LwPolylineTest, cut_off_anywhere_it_ends) {
   const std::string bytes = sure + DrawingBytes(Vertex(20, 50, 1) + Vertex(30, 50, -0.5));
   const std::string whole = Move(1000, -1000) + Stroke(red, 1000, -1000, 1700, -1000);
   for (size_t size = 0; size <= bytes.size(); ++size) {
-    TextStream cut;
-    cut.complete = true;
-    cut.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
-    const std::string drawn = DrawStream(std::move(cut));
+    const std::string drawn = DrawStream(StreamOfBytes(bytes.substr(0, size)));
     EXPECT_EQ(0, ReadGroup(stream)) << size;
     // After the second vertex's last byte its line doesn't change any more.
     if (size > sure.size()) {

@@ -700,10 +700,7 @@ TEST_F(PolylineTest, cut_off_anywhere_it_ends) {
       DrawingBytes("0 POLYLINE\n8 WALLS\n70 1\n" + level + Vertex(20, 50, 1) + Vertex(30, 50, -0.5));
   const std::string whole = Start(1000, -1000) + Stroke(red, 1000, -1000, 1700, -1000);
   for (size_t size = 0; size <= bytes.size(); ++size) {
-    TextStream cut;
-    cut.complete = true;
-    cut.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
-    const std::string drawn = DrawStream(std::move(cut));
+    const std::string drawn = DrawStream(StreamOfBytes(bytes.substr(0, size)));
     EXPECT_EQ(0, ReadGroup(stream)) << size;
     // After the second vertex's last byte its line doesn't change any more.
     if (size > DrawingBytes("0 POLYLINE\n8 WALLS\n70 1\n" + level).size()) {

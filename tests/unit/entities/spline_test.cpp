@@ -11,6 +11,7 @@
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
 #include "support/shape_text.h"
+#include "support/text_drawing.h"
 #include "support/text_groups.h"
 
 namespace hexlume::spline_test {
@@ -20,11 +21,6 @@ std::string Repeat(const std::string& text, int32_t times) {
   std::string repeated;
   for (int32_t i = 0; i < times; ++i) repeated += text;
   return repeated;
-}
-
-std::string BytesOf(const std::string& groups) {
-  const TextStream stream = StreamOf(groups);
-  return {stream.bytes.begin(), stream.bytes.end()};
 }
 
 class SplineTest : public ConverterTest {
@@ -37,10 +33,9 @@ class SplineTest : public ConverterTest {
   // The same with one of the groups written many times.
   std::string DrawLong(const std::string& groups, const std::string& repeated, int32_t times,
                        const std::string& groupsBehind) {
-    TextStream text = StreamOf("0 SPLINE\n" + groups);
-    for (const auto& part : {Repeat(BytesOf(repeated), times), BytesOf(groupsBehind + "0 CIRCLE\n")})
-      text.bytes.insert(text.bytes.end(), part.begin(), part.end());
-    return DrawStream(std::move(text));
+    return DrawStream(StreamOfBytes(DrawingBytes("0 SPLINE\n" + groups) +
+                                    Repeat(DrawingBytes(repeated), times) +
+                                    DrawingBytes(groupsBehind + "0 CIRCLE\n")));
   }
 
   std::string DrawStream(TextStream text) {

@@ -153,9 +153,7 @@ TEST_F(BlockDirectoryTest, a_body_starts_right_behind_the_blocks_name) {
 }
 
 TEST_F(BlockDirectoryTest, in_a_text_of_cr_lf_a_body_starts_behind_both) {
-  const std::string bytes = DrawingBytes("0 BLOCK\n8 0\n2 DOOR\n70 7\n10 5\n0 ENDBLK\n0 ENDSEC\n", "\r\n");
-  stream.complete = true;
-  stream.bytes.assign(bytes.begin(), bytes.end());
+  stream = StreamOfBytes(DrawingBytes("0 BLOCK\n8 0\n2 DOOR\n70 7\n10 5\n0 ENDBLK\n0 ENDSEC\n", "\r\n"));
   EXPECT_EQ(1, ReadBlocks(stream));
   ASSERT_EQ((Strings{"DOOR"}), Names());
   // Six lines, each longer by one: 19 + 6.
@@ -271,11 +269,9 @@ TEST_F(BlockDirectoryTest, an_empty_file_leaves_the_directory_empty) {
 }
 
 TEST_F(BlockDirectoryTest, a_file_may_end_behind_any_byte) {
-  const std::vector<char> bytes = StreamOf(Block("A", "330 1\n10 5\n") + Block("B") + "0 ENDSEC\n").bytes;
+  const std::string bytes = DrawingBytes(Block("A", "330 1\n10 5\n") + Block("B") + "0 ENDSEC\n");
   for (size_t end = 0; end <= bytes.size(); ++end) {
-    stream = TextStream();
-    stream.complete = true;
-    stream.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end));
+    stream = StreamOfBytes(bytes.substr(0, end));
     ReadBlocks(stream);
     EXPECT_LE(state.blocks.size(), 2u);
     for (const BlockEntry& block : state.blocks) EXPECT_LE(block.bodyOffset, static_cast<int32_t>(end));

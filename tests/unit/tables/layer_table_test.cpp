@@ -486,7 +486,7 @@ TEST_F(LayerTableTest, a_table_that_the_file_ends_in_keeps_what_was_read) {
 
 TEST_F(LayerTableTest, a_group_that_the_file_ends_in_is_not_acted_on) {
   stream = StreamOf("2 LAYER\n0 LAYER\n2 A\n62 1\n");
-  stream.bytes.resize(stream.bytes.size() - 2);  // the colour and its line end
+  stream.size -= 2;  // the colour and its line end
   ReadGroup(stream);
   EXPECT_EQ(0, ReadLayerTable(stream));
   EXPECT_EQ((Strings{"A"}), Names());

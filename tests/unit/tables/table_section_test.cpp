@@ -9,6 +9,7 @@
 
 #include "driver/group_reader.h"
 #include "support/converter_test.h"
+#include "support/text_drawing.h"
 #include "support/text_groups.h"
 
 namespace hexlume::table_section_test {
@@ -160,13 +161,10 @@ TEST_F(TableSectionTest, a_table_without_any_end_goes_on_to_the_end_of_the_file)
 }
 
 TEST_F(TableSectionTest, a_file_may_end_behind_any_line) {
-  const std::string text = "70 0\n" + ltypes + layers + dimStyles + "0 ENDSEC\n";
-  const std::vector<char> bytes = StreamOf(text).bytes;
+  const std::string bytes = DrawingBytes("70 0\n" + ltypes + layers + dimStyles + "0 ENDSEC\n");
   for (size_t end = 0; end <= bytes.size(); ++end) {
     FreeTables();
-    stream = TextStream();
-    stream.complete = true;
-    stream.bytes.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end));
+    stream = StreamOfBytes(bytes.substr(0, end));
     ReadTables(stream, headerVars);
     EXPECT_LE(state.layers.size(), 2u);
     EXPECT_LE(state.dimStyles.size(), 3u);

@@ -163,9 +163,7 @@ TEST_F(AttribTest, its_text_is_of_code_page_932) {
 TEST_F(AttribTest, a_text_of_255_bytes_fits) {
   const std::string text = std::string(254, 'x') + "y";
   // The reader's longest value has no room for its line end: the file ends after it.
-  const std::string bytes = "0\nATTRIB\n10\n30\n20\n60\n40\n2\n1\n" + text;
-  stream.complete = true;
-  stream.bytes.assign(bytes.begin(), bytes.end());
+  stream = StreamOfBytes("0\nATTRIB\n10\n30\n20\n60\n40\n2\n1\n" + text);
   ReadGroup(stream);
   EXPECT_EQ(WithText(text), ListCalls([this](Canvas canvas) { result = DrawAttrib({RunOn(canvas)}); }));
 }
