@@ -66,8 +66,11 @@ JobPlan::JobPlan(const Options& options) : kinds(options.kinds) {
     PlanSingle(options);
 }
 
+JobPlan::JobPlan(const Options& options, std::vector<PlacedDrawing> placed)
+    : drawings(std::move(placed)), isMany(true), folder(*options.folder), kinds(options.kinds) {}
+
 Job JobPlan::JobOf(size_t index) const {
-  const Drawing& drawing = drawings[index];
+  const PlacedDrawing& drawing = drawings[index];
   if (folder.empty()) return {drawing.path, singleOutputs, {}};
   Job job = {drawing.path, {}, {}};
   for (const PictureKind* const kind : kinds)
@@ -108,7 +111,7 @@ void JobPlan::PlanFolder(const Options& options) {
 
 void JobPlan::SettlePlaces() {
   std::vector<std::string> shortPlaces;
-  for (const Drawing& drawing : drawings) shortPlaces.push_back(drawing.place);
+  for (const PlacedDrawing& drawing : drawings) shortPlaces.push_back(drawing.place);
   std::vector<PlaceForm> forms(drawings.size(), PlaceForm::name);
   for (size_t i = 0; i < drawings.size(); ++i)
     drawings[i].place = PlaceIn(forms[i], drawings[i].path, shortPlaces[i], i);
@@ -129,7 +132,7 @@ void JobPlan::SettlePlaces() {
 // No result in the folder may be a drawing.
 void JobPlan::CheckFolder() const {
   std::unordered_set<std::string> endangered;
-  for (const Drawing& drawing : drawings)
+  for (const PlacedDrawing& drawing : drawings)
     for (const PictureKind* const kind : kinds)
       if (ExtensionOf(drawing.path) == ExtensionFor(kind)) endangered.insert(PathKey(drawing.path));
   if (endangered.empty()) return;

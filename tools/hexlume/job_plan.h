@@ -16,10 +16,19 @@ struct Job {
   std::optional<std::string> bytes;  // of a pipe, if another process has read it
 };
 
+// A drawing and the place of its results below the folder, without an extension.
+struct PlacedDrawing {
+  std::string path;
+  std::string place;
+};
+
 class JobPlan {
  public:
   // Throws UsageError.
   explicit JobPlan(const Options& options);
+
+  // Drawings whose places are settled. The options have a folder.
+  JobPlan(const Options& options, std::vector<PlacedDrawing> placed);
 
   size_t Count() const { return drawings.size(); }
   Job JobOf(size_t index) const;
@@ -32,17 +41,12 @@ class JobPlan {
   const std::vector<std::string>& UnreadableFolders() const { return unreadableFolders; }
 
  private:
-  struct Drawing {
-    std::string path;
-    std::string place;
-  };
-
   void PlanFolder(const Options& options);
   void PlanSingle(const Options& options);
   void SettlePlaces();
   void CheckFolder() const;
 
-  std::vector<Drawing> drawings;
+  std::vector<PlacedDrawing> drawings;
   std::vector<std::string> unreadableFolders;
   bool isMany = false;
   std::vector<PictureOrder> singleOutputs;
