@@ -31,6 +31,9 @@ endfunction()
 hexlume_debian_package(tool hexlume)
 hexlume_debian_package(library libhexlume1)
 hexlume_debian_package(development libhexlume-dev)
+# The documents link to the licence by this name.
+file(CREATE_LINK copyright ${CMAKE_BINARY_DIR}/licences/LICENSE SYMBOLIC)
+install(FILES ${CMAKE_BINARY_DIR}/licences/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME hexlume)

@@ -44,9 +44,11 @@ set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)
 
 # The resource script is in UTF-8.
 set(CMAKE_RC_FLAGS "-c 65001")
+configure_file(src/dialogs/hexlume.manifest.in ${CMAKE_BINARY_DIR}/hexlume.manifest @ONLY)
 set_source_files_properties(src/dialogs/hexlume.rc PROPERTIES
   COMPILE_DEFINITIONS "HEXLUME_VERSION=${PROJECT_VERSION};HEXLUME_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0"
-  OBJECT_DEPENDS ${CMAKE_SOURCE_DIR}/src/dialogs/hexlume.manifest)
+  INCLUDE_DIRECTORIES ${CMAKE_BINARY_DIR}
+  OBJECT_DEPENDS ${CMAKE_BINARY_DIR}/hexlume.manifest)
 set(EXPORTS_SOURCES src/driver/hexlume.def src/dialogs/hexlume.rc)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(LIBRARY_PROPERTIES OUTPUT_NAME Hexlume)

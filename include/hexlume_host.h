@@ -257,7 +257,7 @@ typedef struct hexlume_remark {
   const char *japanese; /**< The remark as a sentence in Japanese */
 } hexlume_remark;
 
-/** A remark of a result, from index 0. NULL behind the last one. */
+/** A remark of a result, from index 0. NULL after the last one. */
 const hexlume_remark *hexlume_result_remark(const hexlume_result *result, int64_t index);
 
 /** What the header of a drawing says. The fields has_limits and has_extents are 1 if both corners are there. */
@@ -337,22 +337,22 @@ typedef struct hexlume_text {
 /** What the header of an inspected drawing says. NULL for the result of a conversion. */
 const hexlume_summary *hexlume_result_summary(const hexlume_result *result);
 
-/** A layer of an inspected drawing, from index 0, in the order of the file. NULL behind the last one. */
+/** A layer of an inspected drawing, from index 0, in the order of the file. NULL after the last one. */
 const hexlume_layer *hexlume_result_layer(const hexlume_result *result, int64_t index);
 
-/** A line type of an inspected drawing, from index 0. NULL behind the last one. */
+/** A line type of an inspected drawing, from index 0. NULL after the last one. */
 const hexlume_line_type *hexlume_result_line_type(const hexlume_result *result, int64_t index);
 
-/** A dimension style of an inspected drawing, from index 0. NULL behind the last one. */
+/** A dimension style of an inspected drawing, from index 0. NULL after the last one. */
 const hexlume_dim_style *hexlume_result_dim_style(const hexlume_result *result, int64_t index);
 
-/** A block of an inspected drawing, from index 0. NULL behind the last one. */
+/** A block of an inspected drawing, from index 0. NULL after the last one. */
 const hexlume_block *hexlume_result_block(const hexlume_result *result, int64_t index);
 
-/** The number of entities of a kind on a layer, from index 0, sorted by kind and layer. NULL behind the last one. */
+/** The number of entities of a kind on a layer, from index 0, sorted by kind and layer. NULL after the last one. */
 const hexlume_entities *hexlume_result_entities(const hexlume_result *result, int64_t index);
 
-/** A text of an inspected drawing, from index 0, in the order of the file. NULL behind the last one. */
+/** A text of an inspected drawing, from index 0, in the order of the file. NULL after the last one. */
 const hexlume_text *hexlume_result_text(const hexlume_result *result, int64_t index);
 
 #ifdef __cplusplus

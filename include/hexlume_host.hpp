@@ -36,7 +36,7 @@ namespace hexlume::host {
  * easier to set in C++. */
 class Options : public hexlume_options {
  public:
-  /** Is told the pass, the number of passes, and the bytes done and in all. Returns false to cancel. */
+  /** Gets the pass, the number of passes, and the bytes done and in all. Returns false to cancel. */
   using Progress = std::function<bool(int32_t pass, int32_t passes, int64_t done, int64_t total)>;
 
   /** All defaults. */
@@ -116,7 +116,7 @@ class Rows {
 class Result {
  public:
   /** Takes a result over. */
-  explicit Result(hexlume_result *taken) : result(taken) {}
+  explicit Result(hexlume_result *taken) : result(taken, hexlume_result_free) {}
 
   /** Whether the status is "ok". */
   explicit operator bool() const { return result && Status() == HEXLUME_STATUS_OK; }
@@ -158,10 +158,7 @@ class Result {
   Rows<hexlume_text> Texts() const { return {result.get(), hexlume_result_text}; }
 
  private:
-  struct Free {
-    void operator()(hexlume_result *freed) const { hexlume_result_free(freed); }
-  };
-  std::unique_ptr<hexlume_result, Free> result;
+  std::unique_ptr<hexlume_result, decltype(&hexlume_result_free)> result;
 };
 
 /** One call with C++ options, as the functions below make it. */

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Checks that a build's library and tool run on Windows XP: scripts/check_imports.sh PRESET
+# Checks that a build's libraries and tool run on Windows XP: scripts/check_imports.sh PRESET
 #
-# They may import only the functions in scripts/windows_xp_imports.txt, and the tool those of the library too.
+# They may import only the functions in scripts/windows_xp_imports.txt, and the tool those of the libraries too.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 export LC_ALL=C

@@ -39,6 +39,7 @@ repack() {
 windows_zip() {
   local preset=$1 name=hexlume-$version-$1
   scripts/build.sh "package-$preset"
+  scripts/check_imports.sh "package-$preset"
   rm -f "dist/$name.zip"
   run cmake --install "build/package-$preset" --prefix "$scratch/$name"
   find "$scratch/$name" -type d -exec chmod 755 {} + -o -type f -exec chmod 644 {} +

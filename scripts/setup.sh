@@ -12,8 +12,8 @@ set -euo pipefail
 
 native_packages=(
   cmake g++ ninja-build pkg-config
-  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev
-  nettle-dev nlohmann-json3-dev
+  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev
+  nettle-dev nlohmann-json3-dev zlib1g-dev
   fonts-ipafont-gothic
 )
 windows_packages=(
@@ -29,7 +29,7 @@ native_test_packages=(
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
-package_packages=(debootstrap doxygen dpkg-dev file lintian llvm unzip zip)
+package_packages=(clang debootstrap doxygen dpkg-dev file lintian lld llvm python3 unzip zip)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;

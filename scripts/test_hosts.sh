@@ -48,9 +48,9 @@ windows_hosts() {
   cp "$build"/bin/HexlumeHost.dll "$scratch"
   wine "$build/bin/hexlume.exe" "$drawing" "$(windows_path "$scratch/tool.emf")" </dev/null
   "$processor-w64-mingw32-gcc-win32" -std=c11 "${strict[@]}" -D__USE_MINGW_ANSI_STDIO examples/hosts/convert.c \
-    -o "$scratch/c.exe" -static -L"$build/lib" -lHexlumeHost
+    -o "$scratch/c.exe" -static "$build/lib/libHexlumeHost.dll.a"
   "$processor-w64-mingw32-g++-win32" -std=c++17 "${strict[@]}" examples/hosts/convert.cpp \
-    -o "$scratch/cpp.exe" -static -L"$build/lib" -lHexlumeHost
+    -o "$scratch/cpp.exe" -static "$build/lib/libHexlumeHost.dll.a"
   cd "$scratch"
   drawing=$(windows_path "$OLDPWD/$drawing")
   run c wine ./c.exe

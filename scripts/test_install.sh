@@ -15,29 +15,6 @@ run() {
   "$@" >"$log" 2>&1 || { echo "failed: $*" >&2; cat "$log" >&2; exit 1; }
 }
 
-# Prints the anchors of a document's headings: lower case, without punctuation, hyphens for blanks.
-anchors_of() {
-  sed -n 's/^#\+ //p' "$1" | tr '[:upper:]' '[:lower:]' | sed 's/[^a-z0-9 _-]//g; s/ /-/g'
-}
-
-# Prints each link in the documents below a folder that leads to no file or to no heading.
-broken_links() {
-  local document link file anchor
-  while IFS= read -r -d '' document; do
-    while IFS= read -r link; do
-      case "$link" in http://* | https://*) continue ;; esac
-      file=${link%%#*}
-      [ -n "$file" ] && file=$(dirname "$document")/$file || file=$document
-      anchor=${link#"${link%%#*}"}
-      if [ ! -e "$file" ]; then
-        echo "$document: $link"
-      elif [ -n "$anchor" ] && ! anchors_of "$file" | grep -xF -e "${anchor#\#}" >/dev/null; then
-        echo "$document: $link"
-      fi
-    done < <(grep -o '](\([^)]*\))' "$document" | sed 's/^](//; s/)$//')
-  done < <(find "$1" -name '*.md' -print0)
-}
-
 # An installed tree contains no path of its own, so it can be moved.
 run cmake --install "$build" --prefix "$scratch/first"
 mv "$scratch/first" "$scratch/package"
@@ -50,9 +27,8 @@ for header in hexlume.h hexlume_system.h hexlume_answers.h hexlume_host.h hexlum
   test -f "$scratch/package/include/$header"
 done
 documents=$(find "$scratch/package" -type d -name docs -printf '%h\n')
-links=$(broken_links "$documents")
 test -f "$documents/README.md"
-[ -z "$links" ] || { echo "Links that lead nowhere: $links" >&2; exit 1; }
+run scripts/broken_links.py "$documents"
 
 run cmake -G Ninja -S examples/host -B "$scratch/cmake" "-DCMAKE_PREFIX_PATH=$scratch/package" -DCMAKE_C_FLAGS="-Wall -Wextra -Werror"
 run cmake --build "$scratch/cmake"

@@ -81,6 +81,10 @@ test_debian() {
 
   install_in_system --no-install-recommends "/srv/${debian_files[2]}" gcc g++ libc6-dev make cmake pkg-config python3
   test_debian_hosts
+  for library in hexlume hexlume_host; do
+    all_versioned "$scratch"/system/usr/lib/*/"lib$library.so.1" || fail "lib$library has symbols without a version."
+  done
+  run scripts/broken_links.py "$scratch/system/usr/share/doc/libhexlume-dev"
   run in_system apt-get purge -y "${debian_packages[@]}"
   [ -z "$(find "$scratch"/system/usr -iname '*hexlume*')" ] || fail "The purged packages have left something."
 }
@@ -91,6 +95,13 @@ compare_with_this_system() {
   for file in "dist/${debian_files[0]}" "dist/${debian_files[1]}"; do dpkg-deb -x "$file" "$here"; done
   run env LD_LIBRARY_PATH="$(echo "$here"/usr/lib/*)" "$here/usr/bin/hexlume" examples/TEXT.dxf "$scratch/TEXT.emf"
   cmp "$scratch/TEXT.emf" "$scratch/system/home/user/TEXT.emf"
+}
+
+# Whether a library shows symbols, all with the version node.
+all_versioned() {
+  readelf --dyn-syms --wide "$1" | awk '
+    $5 == "GLOBAL" && $7 != "UND" { ++shown; if ($8 !~ /HEXLUME_1$/) exit bad = 1 }
+    END { exit bad || !shown }'
 }
 
 # The examples, as the package brings them.
@@ -125,6 +136,7 @@ test_windows() {
   prepare_wine
   run unzip "dist/hexlume-$version-$preset.zip" -d "$WINEPREFIX/drive_c"
   folder=$WINEPREFIX/drive_c/hexlume-$version-$preset
+  run scripts/broken_links.py "$folder"
   cp examples/FIRST.dxf "$WINEPREFIX/drive_c"
   prints "hexlume $version" wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" --version
   run wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" 'C:\FIRST.dxf' 'C:\FIRST.emf'
@@ -148,8 +160,19 @@ test_windows() {
     run wine "C:\\hexlume-$version-$preset\\bin\\$made.exe" 'C:\FIRST.dxf' "C:\\$made.emf"
     cmp "$WINEPREFIX/drive_c/FIRST.emf" "$WINEPREFIX/drive_c/$made.emf"
   done
+  run link_like_microsoft "$processor" "$folder"
+  run env --chdir="$WINEPREFIX/drive_c" wine "C:\\hexlume-$version-$preset\\bin\\linked.exe"
   cp "$WINEPREFIX/drive_c/FIRST.emf" "$scratch/$preset.emf"
   wineserver --wait # before the prefix goes
+}
+
+# By lld-link, which takes the same files and options as Microsoft's linker. It has no runtime here.
+link_like_microsoft() {
+  local processor=$1 folder=$2
+  clang --target="$processor-pc-windows-msvc" -std=c11 -Wall -Wextra -Werror -O1 -I"$folder/include" -c tests/packages/msvc_host.c \
+    -o "$scratch/msvc_host.obj" &&
+    lld-link /entry:Start /subsystem:console /nodefaultlib "/out:$folder/bin/linked.exe" "$scratch/msvc_host.obj" \
+      "$folder/lib/HexlumeHost.lib" "$folder/lib/Hexlume.lib"
 }
 
 # Whether a DLL's version resource has the version of the release.
@@ -175,6 +198,10 @@ for package in "$@"; do
   esac
   echo "$package: passed"
 done
+
+# The document names the packages of this version.
+others=$(grep -oE 'hexlume(1|-dev)?[-_][0-9]+\.[0-9]+\.[0-9]+' docs/packages.md | grep -v "[-_]${version//./\\.}\$" || true)
+[ -z "$others" ] || fail "docs/packages.md names packages of another version: $others"
 
 # The same picture on all systems.
 for package in "$@"; do cmp "$scratch/$1.emf" "$scratch/$package.emf"; done

@@ -25,8 +25,12 @@ bool BeginNextRow(const DashSweep& sweep, HatchPlace& row) {
     SkipBackToLeft(sweep, row);
     SkipForwardToLeft(sweep, row);
   }
-  if (toTheRight) return row.x <= sweep.right && row.y >= sweep.bottom - sweep.stepY;
-  return row.y <= sweep.top && row.x >= sweep.left - sweep.stepX;
+  if (toTheRight) {
+    const double lowest = static_cast<double>(sweep.bottom) - sweep.stepY;
+    return row.x <= sweep.right && static_cast<double>(row.y) >= lowest;
+  }
+  const double leftmost = static_cast<double>(sweep.left) - sweep.stepX;
+  return row.y <= sweep.top && static_cast<double>(row.x) >= leftmost;
 }
 
 void PlayRows(DashSweep& sweep, HatchPlace row) {

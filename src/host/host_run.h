@@ -35,7 +35,7 @@ class HostRun {
 
   // Opens the drawing for the next pass.
   std::unique_ptr<TextSource> BeginPass();
-  // Reports the end of a pass; whole tells that it has come to the drawing's end.
+  // Reports the end of a pass; whole: whether it has come to the drawing's end.
   void EndPass(bool whole);
 
   // The passes until this one have a share of the time: the first of two conversions has half of it.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
@@ -28,9 +29,8 @@ void DropLeadingCode() {
 
 // Returns the UTF-16 unit given by up to four hexadecimal digits, 0 if there are none.
 char16_t UnicodeUnit(const char* digits) {
-  char number[5] = {};
-  std::memcpy(number, digits, std::min<size_t>(std::strlen(digits), 4));
-  return static_cast<char16_t>(std::strtoul(number, nullptr, 16));
+  const std::string number(digits, std::min<size_t>(std::strlen(digits), 4));
+  return static_cast<char16_t>(std::strtoul(number.c_str(), nullptr, 16));
 }
 
 // Returns a unit as bytes of code page 932, or the fixed double-byte sign of one of three symbols. Unit 0

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "support/text_drawing.h"
-#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 namespace hexlume {
 

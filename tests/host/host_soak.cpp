@@ -1,4 +1,4 @@
-// Calls the host library over and over in one process, and tells whether its memory grows:
+// Calls the host library over and over in one process, and reports whether its memory grows:
 // hexlume_host_soak [CALLS]
 #include <cstdio>
 #include <cstdlib>

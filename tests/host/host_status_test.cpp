@@ -1,4 +1,4 @@
-// What a host is told of drawings that can't be converted, or not to their end.
+// The answers that a host gets for drawings that can't be converted, or not to their end.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,7 +14,7 @@ using host::Convert;
 using host::ConvertBytes;
 using host::InspectBytes;
 
-// A block that contains itself, behind a line of the drawing.
+// A block that contains itself, after a line of the drawing.
 std::string Endless() {
   return DrawingBytes(
       a3Header + "0 SECTION\n2 BLOCKS\n0 BLOCK\n2 B\n10 0\n20 0\n3 B\n0 INSERT\n2 B\n0 ENDBLK\n0 ENDSEC\n" +

@@ -18,19 +18,20 @@ TEST_F(CommandLineLinux, help_names_the_options) {
 
 // Pictures.
 
-TEST_F(CommandLineLinux, a_png_tells_its_resolution) {
+TEST_F(CommandLineLinux, a_png_has_its_resolution) {
   ExpectSuccess(RunScripted("--png plan.png plan.dxf"));
   // 96 dots to an inch are 3779.5 to a metre; the last four bytes are the checksum that goes with 3780.
   const std::string chunk("\0\0\0\x09pHYs\0\0\x0E\xC4\0\0\x0E\xC4\x01\x95\x2B\x0E\x1B", 21);
-  EXPECT_EQ(chunk, Contents("plan.png").substr(33, 21));
+  const std::string png = Contents("plan.png");
+  EXPECT_TRUE(Contains(png.substr(0, png.find("IDAT")), chunk));
 }
 
 TEST_F(CommandLineLinux, an_svg_has_the_size_of_the_frame) {
   ExpectSuccess(RunScripted("--svg plan.svg plan.dxf"));
   const std::string svg = Contents("plan.svg");
   EXPECT_TRUE(Contains(svg, "<svg ")) << svg.substr(0, 500);
-  EXPECT_TRUE(Contains(svg, "width=\"595.27"));   // 210 mm in points
-  EXPECT_TRUE(Contains(svg, "height=\"841.88"));  // 297 mm
+  EXPECT_TRUE(Contains(svg, "width=\"210mm\""));
+  EXPECT_TRUE(Contains(svg, "height=\"297mm\""));
   EXPECT_TRUE(Contains(svg, "<path "));
   EXPECT_FALSE(Exists("plan.emf"));
 }

@@ -78,7 +78,7 @@ const std::filesystem::path& LoadedLibrary::Folder() const {
 
 }  // namespace hexlume
 
-// What Windows has for every program stands in the library here, so a test that calls it has to be handed on.
+// These functions belong to Windows, and on Linux to the library: a test's calls are passed on to it.
 UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t* buffer) {
   return hexlume::metafileCalls.getBits(metafile, size, buffer);
 }

@@ -6,7 +6,7 @@
 
 namespace hexlume {
 
-// Counted page by page. The numbers in statm are kept for each processor and lag behind.
+// Counted page by page. The numbers in statm are kept for each processor and are updated late.
 size_t WorkingSet() {
   std::ifstream file("/proc/self/smaps_rollup");
   for (std::string word; file >> word;) {

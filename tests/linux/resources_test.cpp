@@ -1,4 +1,4 @@
-// What conversions leave behind in the process: nothing. That no object of a drawing stays is seen by the
+// Conversions leave nothing in the process. That no object of a drawing stays is seen by the
 // leak sanitizer, in the build that has it; this one isn't part of it, as freed memory stays in its
 // quarantine.
 #include <gtest/gtest.h>

@@ -10,7 +10,7 @@ namespace hexlume {
 int RunCommand(const std::string& program, const std::string& arguments) {
   const std::string command = "'" + program + "' " + arguments;
   const int status = std::system(command.c_str());
-  // As a shell tells of a program that a signal ended.
+  // As a shell reports a program that a signal has ended.
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 

@@ -1,4 +1,4 @@
-// The scripted library's half of the dialogs: it writes down what it is told.
+// The scripted library's half of the dialogs: it writes down what it is given.
 #include <hexlume_answers.h>
 
 #include <fstream>

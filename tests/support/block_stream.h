@@ -1,4 +1,4 @@
-// Blocks in front of what is under test, on one stream, for tests of what plays blocks back.
+// Blocks before what is under test, on one stream, for tests of what plays blocks back.
 #pragma once
 
 #include <cstddef>
@@ -34,7 +34,7 @@ __attribute__((noinline)) inline char RunWithoutStackRoom(const std::function<vo
 
 class BlockStreamTest : public ConverterTest {
  protected:
-  // The header's groups stand behind the block's name, where the base point is looked for.
+  // The header's groups are after the block's name, where the base point is looked for.
   void AddBlock(const std::string& name, const std::string& entities,
                 const std::string& header = baseAtZero) {
     blocks += "0 BLOCK\n8 0\n2 " + name + "\n70 0\n" + header + "3 " + name + "\n1 \n" + entities +
@@ -67,9 +67,9 @@ class BlockStreamTest : public ConverterTest {
     return block ? block->bodyOffset : noBody;
   }
 
-  // Runs a file with this text at its end once for each byte that it may be cut off behind, from the text's
+  // Runs a file with this text at its end once for each byte that it may be cut off after, from the text's
   // start on. Before each run the text's first group is read.
-  void CutBehindEachByte(const std::string& text, const std::function<void(Canvas)>& run) {
+  void CutAfterEachByte(const std::string& text, const std::function<void(Canvas)>& run) {
     OpenAt(text);
     const TextStream whole = {nullptr, stream.bytes, true, 0};
     const int32_t start = stream.position;

@@ -14,8 +14,8 @@ class BlockWalkTest : public BlockStreamTest {
   // With the block's origin at (1000, 2000): from (1000, -1000) to (3000, -2000).
   static inline const std::string slanted = LineOf(Ends(0, 70, 20, 60));
   static inline const std::string slantedOnLayer0 = LineOf("8 0\n" + Ends(0, 70, 20, 60));
-  static std::string SlantedStroke(COLORREF colour = black, int32_t width = 0) {
-    return Stroke(colour, 1000, -1000, 3000, -2000, width);
+  static std::string SlantedStroke(COLORREF color = black, int32_t width = 0) {
+    return Stroke(color, 1000, -1000, 3000, -2000, width);
   }
 
   BlockWalkTest() {
@@ -32,7 +32,7 @@ class BlockWalkTest : public BlockStreamTest {
     return DrawFirst();
   }
 
-  // The listing of a block whose text behind the name is this, and of what stands behind it in the file.
+  // The listing of a block whose text after the name is this, and of what is after it in the file.
   std::string DrawText(const std::string& body) {
     blocks = "0 BLOCK\n2 A\n" + body;
     return DrawFirst();

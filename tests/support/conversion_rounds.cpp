@@ -20,7 +20,7 @@ const char* const drawingText =
     "0 ATTRIB\n8 A\n10 400\n20 150\n40 20\n1 TOO WIDE\n0 TEXT\n8 A\n10 10\n20 50\n40 20\n1 FITS\n"
     "0 ENDSEC\n0 EOF\n";
 
-// Each lies in the sheet with its start and reaches beyond it.
+// Each is in the sheet with its start and reaches beyond it.
 std::string TextsThatAreTooWide(int32_t count) {
   std::string text =
       "0 SECTION\n2 HEADER\n9 $LIMMIN\n10 0\n20 0\n9 $LIMMAX\n10 420\n20 297\n0 ENDSEC\n"

@@ -11,15 +11,15 @@ static std::string Call(const char* name, int32_t x, int32_t y) {
   return name + ("(" + std::to_string(x)) + ", " + std::to_string(y) + ")\n";
 }
 
-std::string InPen(COLORREF colour, const std::string& calls, int32_t width) {
+std::string InPen(COLORREF color, const std::string& calls, int32_t width) {
   char pen[64];
   std::snprintf(pen, sizeof pen, "CreatePen(1, PS_SOLID, %d, 0x%06X)\n", static_cast<int>(width),
-                static_cast<unsigned>(colour));
+                static_cast<unsigned>(color));
   return pen + ("SelectObject(1)\n" + calls) + "SelectObject(BLACK_PEN)\nDeleteObject(1)\n";
 }
 
-std::string Stroke(COLORREF colour, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t width) {
-  return InPen(colour, Call("MoveToEx", x1, y1) + Call("LineTo", x2, y2), width);
+std::string Stroke(COLORREF color, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t width) {
+  return InPen(color, Call("MoveToEx", x1, y1) + Call("LineTo", x2, y2), width);
 }
 
 std::string Dot(int32_t x, int32_t y) {

@@ -21,11 +21,11 @@ constexpr COLORREF green = 0x00FF00;
 constexpr COLORREF cyan = 0xFFFF00;
 constexpr COLORREF blue = 0xFF0000;
 constexpr COLORREF magenta = 0xFF00FF;
-constexpr COLORREF countColour = 0x000007;  // of the colour index -1
+constexpr COLORREF countColor = 0x000007;  // of the colour index -1
 
 // What the strokes of one pen leave in a metafile.
-std::string InPen(COLORREF colour, const std::string& calls, int32_t width = 0);
-std::string Stroke(COLORREF colour, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t width = 0);
+std::string InPen(COLORREF color, const std::string& calls, int32_t width = 0);
+std::string Stroke(COLORREF color, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t width = 0);
 
 // A dot of a dash pattern: its box goes a unit to each side, and the record is smaller by one at the right
 // and the top.

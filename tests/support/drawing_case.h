@@ -3,7 +3,7 @@
 //   # A comment: where the numbers come from.
 //   > vzMetaMake showDialogs=1
 //   Frame(0, 0, 42000, 29700)
-//   ...                          the metafile's calls, as the tool's --list tells them
+//   ...                          the metafile's calls, as the tool's --list prints them
 //   > vzRotMetaMake
 //   = 30                         the return code, where it isn't 0
 //

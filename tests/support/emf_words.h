@@ -75,12 +75,12 @@ inline Words SelectRecord(uint32_t object) {
   return Record(37, {object});
 }
 
-inline Words PenRecords(uint32_t index, uint32_t style, int32_t width, uint32_t colour) {
-  return Record(38, {index, style, Word(width), 0, colour}) + SelectRecord(index);
+inline Words PenRecords(uint32_t index, uint32_t style, int32_t width, uint32_t color) {
+  return Record(38, {index, style, Word(width), 0, color}) + SelectRecord(index);
 }
 
-inline Words BrushRecords(uint32_t index, uint32_t colour) {
-  return Record(39, {index, 0, colour, 0}) + SelectRecord(index);
+inline Words BrushRecords(uint32_t index, uint32_t color) {
+  return Record(39, {index, 0, color, 0}) + SelectRecord(index);
 }
 
 inline Words AngleArcRecord(int32_t x, int32_t y, uint32_t radius, float start, float sweep) {

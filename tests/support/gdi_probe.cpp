@@ -21,7 +21,7 @@ uint32_t NumberAt(const std::vector<uint8_t>& bytes, size_t place) {
   return number;
 }
 
-// What a font's record has behind its face name, and in two bytes at its end, is whatever was in memory.
+// What a font's record has after its face name, and in two bytes at its end, is whatever was in memory.
 void BlankUnusedFontBytes(uint8_t* record) {
   constexpr size_t faceName = 40;
   constexpr size_t namesEnd = 296;

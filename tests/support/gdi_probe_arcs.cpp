@@ -178,7 +178,7 @@ void ArcsByChance(HDC, ProbeResults& results) {
   }
 }
 
-// Angles that a float holds exactly, and whose points don't lie right between two integers.
+// Angles that a float holds exactly, and whose points aren't halfway between two integers.
 void AngleArcsByChance(HDC, ProbeResults& results) {
   Chance chance;
   for (int i = 0; i < 600; ++i) {

@@ -172,8 +172,8 @@ void ModeSettings(HDC dc, ProbeResults& results) {
     results.push_back(SetMapMode(dc, mode));
   for (const int mode : {OPAQUE, TRANSPARENT, TRANSPARENT, 0, 3}) results.push_back(SetBkMode(dc, mode));
   for (const UINT align : {0u, 24u, 24u, 6u, 0xFFFFFFFFu, 0u}) results.push_back(SetTextAlign(dc, align));
-  for (const COLORREF colour : {0u, 0x123456u, 0x123456u, 0xFF000001u, 0x01000002u, 0u}) {
-    results.push_back(SetTextColor(dc, colour));
+  for (const COLORREF color : {0u, 0x123456u, 0x123456u, 0xFF000001u, 0x01000002u, 0u}) {
+    results.push_back(SetTextColor(dc, color));
   }
   for (const int extra : {0, 3, 3, -4, 0}) results.push_back(SetTextCharacterExtra(dc, extra));
 }

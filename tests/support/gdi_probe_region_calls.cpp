@@ -258,9 +258,9 @@ void Boundaries(HDC, ProbeResults& results) {
 void FillWithSelectedBrush(HDC dc, ProbeResults& results) {
   SetMapMode(dc, MM_HIMETRIC);
   const HRGN region = CreateRectRgn(0, 0, 10, -10);
-  for (const COLORREF colour : {0x0000FF, 0x00FF00}) {
-    const HPEN pen = CreatePen(PS_SOLID, 0, colour);
-    const HBRUSH brush = CreateSolidBrush(colour);
+  for (const COLORREF color : {0x0000FF, 0x00FF00}) {
+    const HPEN pen = CreatePen(PS_SOLID, 0, color);
+    const HBRUSH brush = CreateSolidBrush(color);
     const HGDIOBJ penBefore = SelectObject(dc, pen);
     const HGDIOBJ brushBefore = SelectObject(dc, brush);
     results.push_back(FillRgn(dc, region, brush));

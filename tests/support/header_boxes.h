@@ -1,4 +1,4 @@
-// Header variables of a drawing whose size a test tells.
+// Header variables of a drawing whose size a test gives.
 #pragma once
 
 #include "driver/conv_state.h"

@@ -10,7 +10,7 @@
 
 namespace hexlume {
 
-// The build's own library file, which stands beside the test program.
+// The build's own library file, which is beside the test program.
 std::filesystem::path LibraryFile();
 
 // A copy of the library in a temporary folder of its own, loaded from there. Unloads it and deletes the

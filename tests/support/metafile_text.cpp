@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "support/metafile_canvas.h"
-#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 namespace hexlume {
 

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "tools/hexlume/metafile_player.h"
+#include "tools/hexlume/metafile/metafile_player.h"
 
 namespace hexlume {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "support/emf_words.h"
-#include "tools/hexlume/raster_canvas.h"
+#include "tools/hexlume/picture/raster_canvas.h"
 
 namespace hexlume {
 

@@ -248,7 +248,7 @@ void WriteLwPolyline(Writer& writer) {
   }
 }
 
-// Mostly with a knot at each end that stands there four times, one for each control point beyond the fourth
+// Mostly with a knot at each end that is repeated four times, one for each control point beyond the fourth
 // between them, and counts that are true.
 void WriteSpline(Writer& writer) {
   const uint32_t controlCount = writer.Chance(85) ? 4 + writer.Below(5) : writer.Below(4);
@@ -326,9 +326,9 @@ void WriteArrowhead(Writer& writer) {
 // Texts are written so that no listing depends on the metrics of a font, which differ from system to system.
 // A TEXT of Latin characters goes down by its font's descent: each has others. MTEXT takes the width of its
 // cells from the font, times the factor of the code "\W", which is 0 here. A fraction measures a font too,
-// and in a block the code "\T" can cut "\W" off: no piece has an S, W or T, as it may come to stand behind a
-// backslash, which any trail byte can be. The text stands in front of the height, so that an entity that the
-// drawing's end cuts off within its text isn't drawn. And nobody asks for texts that lie in the view as a
+// and in a block the code "\T" can cut "\W" off: no piece has an S, W or T, as it may come to be after a
+// backslash, which any trail byte can be. The text is before the height, so that an entity that the
+// drawing's end cuts off within its text isn't drawn. And nobody asks for texts that are in the view as a
 // whole.
 const char* const textCodes[] = {
     "%%d",    "%%D",    "%%c",           "%%C",      "%%p",      "%%P",      "%%u",     "%%o",
@@ -357,7 +357,7 @@ std::string RandomText(Writer& writer) {
   return text;
 }
 
-// What stands in front of all codes stays; at the end it would go along with the rest of a brace.
+// What is before all codes stays; at the end it would go along with the rest of a brace.
 std::string TextWithKanji(Writer& writer) {
   static const char* const leadingCodes[] = {"", "\\A1;", "\\A1;\\A0;", "\\C1;", "}}", "\\A"};
   std::string text = RandomText(writer);
@@ -435,7 +435,7 @@ void WriteLeader(Writer& writer) {
   writer.Group(1000, writer.OneOf(blockNames));
 }
 
-// The frame's text has a font of its own, but where it stands depends on none.
+// The frame's text has a font of its own, but its place depends on none.
 void WriteTolerance(Writer& writer) {
   static const char* const pieces[] = {"{\\Fgdt;j}", "{\\Fgdt;n}", "{\\Fgdt;m}", "{\\Fgdt;z}", "{\\Fgdt;J}",
                                        "%%v",        "%%v",        "%%v",        "^J",         "0.05",
@@ -547,7 +547,7 @@ void WriteBasePoint(Writer& writer, const char* block) {
   }
 }
 
-// A block holds only blocks that stand in front of it: one within itself would be drawn as deep as the stack
+// A block holds only blocks that are before it: one within itself would be drawn as deep as the stack
 // goes, and that differs from build to build.
 void WriteBlocks(Writer& writer) {
   writer.Group(0, "SECTION");

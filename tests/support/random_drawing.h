@@ -7,7 +7,7 @@
 namespace hexlume {
 
 // Mostly sound, with what real files and broken ones have: layers, colours, thicknesses, entities of other
-// kinds, groups that are missing or stand twice, numbers of any size, long lines, both line ends, ends in
+// kinds, groups that are missing or repeated, numbers of any size, long lines, both line ends, ends in
 // mid-group.
 std::string RandomDrawing(uint32_t seed);
 

@@ -1,5 +1,5 @@
 // A library in the place of the real one, for what a test can't bring the real one to: the drawing's name
-// says what a conversion does. A metafile that it makes tells in its records which export was called with
+// says what a conversion does. A metafile that it makes says in its records which export was called with
 // which arguments.
 #include <hexlume.h>
 

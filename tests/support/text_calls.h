@@ -17,7 +17,7 @@ struct TextCall {
   int32_t height = 220, width = 0;
   int32_t escapement = 0, orientation = 0, italic = 0;
   std::string face = gothicListed;
-  COLORREF colour = 0;
+  COLORREF color = 0;
   int32_t x = 3000, y = -4000;
   int32_t handle = 1;                    // of the font, in the metafile
   std::string previous = "SYSTEM_FONT";  // the font selected before
@@ -36,8 +36,8 @@ inline TextCall Leaning(TextCall call, int32_t escapement) {
   call.escapement = escapement;
   return call;
 }
-inline TextCall Coloured(TextCall call, COLORREF colour) {
-  call.colour = colour;
+inline TextCall Colored(TextCall call, COLORREF color) {
+  call.color = color;
   return call;
 }
 inline TextCall PlacedAt(TextCall call, int32_t x, int32_t y) {
@@ -57,9 +57,9 @@ inline std::string FontListing(const TextCall& call) {
 }
 
 inline std::string Listing(const TextCall& call) {
-  char colour[40];
-  std::snprintf(colour, sizeof colour, "SetTextColor(0x%06X)\n", static_cast<unsigned>(call.colour));
-  return FontListing(call) + colour + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\nExtTextOutW(" +
+  char color[40];
+  std::snprintf(color, sizeof color, "SetTextColor(0x%06X)\n", static_cast<unsigned>(call.color));
+  return FontListing(call) + color + "SetTextAlign(8)\nSetBkMode(TRANSPARENT)\nExtTextOutW(" +
          std::to_string(call.x) + ", " + std::to_string(call.y) + ", 0, \"" + call.text +
          "\")\nSelectObject(" + call.previous + ")\nDeleteObject(" + std::to_string(call.handle) + ")\n";
 }

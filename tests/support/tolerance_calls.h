@@ -181,13 +181,13 @@ inline std::string ToleranceCharacter(int height, int x, int y, const std::strin
 }
 
 // A box from its left bottom to its right top.
-inline std::string ToleranceBox(COLORREF colour, int left, int bottom, int right, int top) {
+inline std::string ToleranceBox(COLORREF color, int left, int bottom, int right, int top) {
   const auto point = [](const char* call, int x, int y) {
     return call + ("(" + std::to_string(x)) + ", " + std::to_string(y) + ")\n";
   };
-  return InPen(colour, point("MoveToEx", left, top) + point("LineTo", left, bottom) +
-                           point("LineTo", right, bottom) + point("LineTo", right, top) +
-                           point("LineTo", left, top));
+  return InPen(color, point("MoveToEx", left, top) + point("LineTo", left, bottom) +
+                          point("LineTo", right, bottom) + point("LineTo", right, top) +
+                          point("LineTo", left, top));
 }
 
 // textHeight with its scale, as the table keeps it.

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "support/run_command.h"
-#include "tools/hexlume/metafile_listing.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 namespace hexlume {
 namespace {

@@ -1,5 +1,5 @@
-// The command-line tool started by the shell. Beside the test program stands the tool with the real library;
-// in the folder "scripted" it stands with a library that does what the drawing's name says, and tells in the
+// The command-line tool started by the shell. Beside the test program is the tool with the real library;
+// in the folder "scripted" it has a library that does what the drawing's name says, and writes into the
 // metafile what it was called with: see scripted_library.cpp.
 #pragma once
 
@@ -30,7 +30,7 @@ class ToolRun : public testing::Test {
   static Outcome RunReal(const std::string& arguments);
   static Outcome RunScripted(const std::string& arguments);
 
-  // With the scripted library: what it was called with, as it stands in the listing.
+  // With the scripted library: what it was called with, as it is in the listing.
   static std::string CallOf(const std::string& options);
   static std::string Beginning(const std::string& frame, const std::string& call);
   static std::string Told(const std::vector<int>& arguments);

@@ -3,17 +3,17 @@
 
 #include <string>
 
-#include "tools/hexlume/drawing_look.h"
-#include "tools/hexlume/help_text.h"
-#include "tools/hexlume/message.h"
-#include "tools/hexlume/message_log.h"
-#include "tools/hexlume/option_table.h"
-#include "tools/hexlume/option_values.h"
-#include "tools/hexlume/path_text.h"
-#include "tools/hexlume/sha256.h"
-#include "tools/hexlume/status.h"
-#include "tools/hexlume/suggestion.h"
-#include "tools/hexlume/wildcard.h"
+#include "tools/hexlume/archive/message.h"
+#include "tools/hexlume/archive/wildcard.h"
+#include "tools/hexlume/command/help_text.h"
+#include "tools/hexlume/command/message_log.h"
+#include "tools/hexlume/command/option_table.h"
+#include "tools/hexlume/command/option_values.h"
+#include "tools/hexlume/command/suggestion.h"
+#include "tools/hexlume/drawing/drawing_look.h"
+#include "tools/hexlume/drawing/status.h"
+#include "tools/hexlume/system/path_text.h"
+#include "tools/hexlume/system/sha256.h"
 
 namespace hexlume::tool_parts_test {
 namespace {

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <stdexcept>
 
 namespace hexlume {
@@ -132,13 +133,13 @@ void WaitForKeyboard() {
   });
 }
 
-// What the screen tells of windows and of the pointer it tells with the keys that are down, and knows nothing
-// of ours: a held one would count as let go. So all that it has to tell comes first.
-void LetTheScreenTellAll() {
+// What the screen reports about windows and the pointer includes the keys that are down, and it doesn't know ours:
+// a held one would count as released. So everything that it has to report comes first.
+void LetTheScreenReport() {
   const HWND window = GetForegroundWindow();
   for (int round = 0; round < 2; ++round) {
     const HDC screen = GetDC(nullptr);
-    GetPixel(screen, 0, 0);  // an answer to it comes behind all else
+    GetPixel(screen, 0, 0);  // an answer to it comes after all else
     ReleaseDC(nullptr, screen);
     Ask(window, WM_NULL);
   }
@@ -292,10 +293,13 @@ void Press(WORD key) {
 
 void PressTogether(WORD held, WORD key) {
   WaitForKeyboard();
-  LetTheScreenTellAll();
-  Send(KeyEvent(held, 0));
-  Press(key);
-  Send(KeyEvent(held, KEYEVENTF_KEYUP));
+  LetTheScreenReport();
+  // In one call, so that nothing that the screen reports can come between them and release the held key.
+  INPUT inputs[] = {KeyEvent(held, 0), KeyEvent(key, 0), KeyEvent(key, KEYEVENTF_KEYUP),
+                    KeyEvent(held, KEYEVENTF_KEYUP)};
+  constexpr UINT count = static_cast<UINT>(std::size(inputs));
+  if (SendInput(count, inputs, sizeof inputs[0]) != count)
+    throw std::runtime_error("the system takes no input");
 }
 
 void ClickClose(HWND window) {

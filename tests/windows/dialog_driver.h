@@ -35,7 +35,7 @@ RECT PlaceIn(HWND parent, HWND child);             // in the parent's points
 RECT DialogUnits(HWND dialog, RECT placeInUnits);  // the same place in points
 HWND FocusBeside(HWND window);                     // of the thread that the window belongs to
 
-// The screen's dots per inch, and a distance that is told for 96 of them.
+// The screen's dots per inch, and a distance that is given for 96 of them.
 int Resolution();
 int Scaled(int distance);
 

@@ -39,7 +39,7 @@ struct Fonts {
   int windows = 0;
 };
 
-// A dialog tells the font that it was made with, whatever it was given since.
+// A dialog returns the font that it was made with, whatever was set since.
 BOOL CALLBACK AddFont(HWND window, LPARAM parameter) {
   auto& fonts = *reinterpret_cast<Fonts*>(parameter);
   if (!IsDialog(window)) fonts.all.insert(FontOf(window));
@@ -157,7 +157,7 @@ class FontMode : public DialogTest {
   const MenuFont menu{L"Courier New", -17};
   // The height of the characters as that of the cell; width, underline and character set aren't the menu's.
   const std::wstring menuFont = L"Courier New 17 700 italic " + CharacterSet();
-  // 9 points at 96 dots per inch: 9 * 96 / 72 = 12. The character set is told by the template alone.
+  // 9 points at 96 dots per inch: 9 * 96 / 72 = 12. The character set is given by the template alone.
   const std::wstring templateFont = L"ＭＳ Ｐゴシック -12 400 upright ";
 };
 

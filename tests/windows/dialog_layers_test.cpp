@@ -202,7 +202,7 @@ TEST_F(LayerPage, a_double_click_on_a_box_is_two_clicks_on_it) {
     sheet.ExpectTicks("-xx");
     sheet.DoubleClickBox(1);
     sheet.ExpectSelected(1);
-    sheet.ClickText(2);  // comes behind both clicks
+    sheet.ClickText(2);  // comes after both clicks
     sheet.ExpectSelected(2);
     sheet.ExpectTicks("-xx");
     sheet.Ok();
@@ -230,7 +230,7 @@ class LayerTip : public LayerPage {
  protected:
   // Waits for the tooltip of a row, and returns its text without the ends of its lines.
   static std::wstring TipOf(const SheetWindow& sheet, int row) {
-    sheet.ClickText(0);  // so that the pointer comes to the row, and doesn't lie there from before
+    sheet.ClickText(0);  // so that the pointer comes to the row, and isn't there from before
     sheet.PointAtText(row);
     WaitFor("tooltip", [] { return SheetWindow::Tip() != nullptr; });
     std::wstring text = TextOf(SheetWindow::Tip());

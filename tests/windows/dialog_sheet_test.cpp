@@ -9,7 +9,7 @@
 namespace hexlume::dialog_sheet_test {
 namespace {
 
-// A process that isn't aware of the screen's resolution is told 96 dots per inch whatever it is.
+// A process that isn't aware of the screen's resolution is given 96 dots per inch whatever it is.
 const BOOL isAware = SetProcessDPIAware();
 
 constexpr int applyId = 0x3021, helpId = 9, listId = 1003;
@@ -124,8 +124,8 @@ TEST_F(Sheet, a_change_enables_nothing_and_shows_no_apply_button) {
   });
 }
 
-// Places. The pages' template is 119 by 165 dialog units, and its list lies at 7, 7 with 106 by 150.
-// Distances in pixels are told for 96 dots per inch, and grow with the resolution.
+// Places. The pages' template is 119 by 165 dialog units, and its list is at 7, 7 with 106 by 150.
+// Distances in pixels are given for 96 dots per inch, and grow with the resolution.
 
 constexpr const char* resolutionVariable = "HEXLUME_TEST_RESOLUTION";
 

@@ -70,7 +70,7 @@ void TypeBehind(const SizeWindow& dialog, const std::string& text) {
   SeeAllKeysThrough(dialog);
 }
 
-// The caret stands behind that many characters when the text is typed.
+// The caret is after that many characters when the text is typed.
 void TypeWithin(const SizeWindow& dialog, int characters, const std::string& text) {
   dialog.SelectText();
   Press(VK_HOME);
@@ -577,7 +577,7 @@ TEST_F(SizeDialog, ok_at_once_takes_100) {
   const Conversion drawn = Scale(byTwoThousand, PressOkOnSizeDialog);
   EXPECT_EQ(0, drawn.code);
   EXPECT_EQ("Frame(0, 0, 2000, 1500)", drawn.Frame());
-  // (10, 10) lies at 10 * 100 / 100 = 10 and 10 - 1500, (110, 10) a hundred to the right.
+  // (10, 10) is at 10 * 100 / 100 = 10 and 10 - 1500, (110, 10) a hundred to the right.
   EXPECT_TRUE(Draws(drawn, "MoveToEx(10, -1490)\nLineTo(110, -1490)\n")) << drawn.listing;
 }
 

@@ -1,4 +1,4 @@
-// The library's resources: as they stand in its file, and as windows are made of them.
+// The library's resources: as they are in its file, and as windows are made of them.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -47,7 +47,7 @@ struct Template {
   std::vector<Control> controls;
 };
 
-// Reads the parts of an extended dialog template, one behind the other.
+// Reads the parts of an extended dialog template, one after the other.
 class Reader {
  public:
   explicit Reader(const void* start) : next(static_cast<const BYTE*>(start)) {}

@@ -16,7 +16,7 @@ std::string Header(int32_t width, int32_t height) {
 
 std::string LayerRecord(const Layer& layer) {
   return std::string("0 LAYER\n2 ") + layer.name + "\n70 " + std::to_string(layer.flags) + "\n62 " +
-         std::to_string(layer.colour) + '\n';
+         std::to_string(layer.color) + '\n';
 }
 
 std::string Tables(const std::string& lineTypes, const std::string& layers) {

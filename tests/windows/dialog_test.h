@@ -17,11 +17,11 @@ using Numbers = std::vector<int32_t>;
 
 struct Layer {
   const char* name;
-  int32_t colour;     // negative: switched off
+  int32_t color;      // negative: switched off
   int32_t flags = 0;  // 1: frozen
 };
 
-// A sheet of 300 by 200 mm. Line number i lies on layer i, at 10 + 10 i mm from the sheet's lower edge.
+// A sheet of 300 by 200 mm. Line number i is on layer i, at 10 + 10 i mm from the sheet's lower edge.
 std::string LayersDrawing(const std::vector<Layer>& layers);
 
 // The same with line number i on the layer with the name number i.

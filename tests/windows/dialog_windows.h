@@ -59,7 +59,7 @@ class SizeWindow {
   std::wstring Height() const;
   HWND Combo() const;
 
-  // Puts the caret into the field, behind its text or with all of it selected.
+  // Puts the caret into the field, after its text or with all of it selected.
   void GoBehindText() const;
   void SelectText() const;
 

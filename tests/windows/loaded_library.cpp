@@ -44,7 +44,7 @@ LoadedLibrary::LoadedLibrary(const std::string& besideName) : module(std::make_u
   module->folder = OwnFolder();
   std::filesystem::create_directories(module->folder);
   const std::filesystem::path file = module->folder / "Hexlume.dll";
-  // Over one that a program with the same number has left behind when it was ended.
+  // Over one that a program with the same number left when it was ended.
   std::filesystem::copy_file(LibraryFile(), file, std::filesystem::copy_options::overwrite_existing);
   if (!besideName.empty()) std::ofstream(module->folder / besideName) << "something";
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr DWORD pause = 3;  // ms, between two looks
 
-// What stands behind the first word of our own command line.
+// What is after the first word of our own command line.
 std::wstring CommandToRun() {
   const wchar_t* rest = GetCommandLineW();
   const wchar_t end = *rest == L'"' ? L'"' : L' ';

@@ -1,7 +1,7 @@
 #include "windows/process_resources.h"
 
 #include <windows.h>
-// Behind <windows.h>, which it needs.
+// After <windows.h>, which it needs.
 #include <psapi.h>
 
 #include <algorithm>
@@ -46,7 +46,7 @@ size_t CountGdiObjects() {
 size_t CountUserObjects() {
   if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)) return counted;
   // Wine numbers them in one row and takes gaps first. When a new one gets a higher number than all before
-  // it, there are no gaps left, and the number tells how many there are.
+  // it, there are no gaps left, and the number says how many there are.
   constexpr size_t moreThanGaps = 2000;  // while nobody has looked yet
   constexpr size_t firstNumber = 0x20, step = 2;
   static size_t highest = 0;

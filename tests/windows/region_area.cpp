@@ -7,7 +7,7 @@ namespace hexlume {
 
 int64_t AreaOf(HRGN region) {
   const DWORD size = GetRegionData(region, 0, nullptr);
-  std::vector<RECT> data(size / sizeof(RECT));  // a header of two rectangles' size stands in front of them
+  std::vector<RECT> data(size / sizeof(RECT));  // a header of two rectangles' size is before them
   GetRegionData(region, size, reinterpret_cast<RGNDATA*>(data.data()));
   int64_t area = 0;
   for (size_t i = sizeof(RGNDATAHEADER) / sizeof(RECT); i < data.size(); ++i) {

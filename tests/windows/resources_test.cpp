@@ -1,4 +1,4 @@
-// What conversions leave behind in the process: nothing.
+// Conversions leave nothing in the process.
 #include <gtest/gtest.h>
 
 #include "support/conversion_rounds.h"

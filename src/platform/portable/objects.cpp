@@ -116,6 +116,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
   if (DataOf<FontData>(object)) return SelectInto(*dc, dc->font, object);
   if (!DataOf<RegionData>(object)) return nullptr;
   // Selecting a region sets the clip region and returns its complexity.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the function returns a number in place of the handle
   return reinterpret_cast<HGDIOBJ>(static_cast<intptr_t>(ExtSelectClipRgn(dc, object, RGN_COPY)));
 }
 

@@ -1,0 +1,63 @@
+#include <hexlume.h>
+
+#include <algorithm>
+#include <iostream>
+#include <new>
+
+#include "tools/hexlume/archive/batch.h"
+#include "tools/hexlume/archive/job_plan.h"
+#include "tools/hexlume/archive/worker.h"
+#include "tools/hexlume/command/help_text.h"
+#include "tools/hexlume/command/message_log.h"
+#include "tools/hexlume/command/options.h"
+#include "tools/hexlume/drawing/output.h"
+#include "tools/hexlume/drawing/status.h"
+#include "tools/hexlume/system/system.h"
+
+namespace hexlume {
+namespace {
+
+// A binary file makes a terminal unusable.
+void CheckTerminal(const JobPlan& plan) {
+  if (plan.Count() == 0 || !StandardOutputIsTerminal()) return;
+  for (const PictureOrder& output : plan.JobOf(0).outputs)
+    if (output.file == standardStream)
+      throw UsageError("the result isn't written to a terminal; name an OUTPUT");
+}
+
+int Run(const std::vector<std::string>& arguments) {
+  const Options options = ParseOptions(arguments);
+  if (options.showHelp) {
+    std::cout << HelpText();
+    return 0;
+  }
+  if (options.showVersion) {
+    std::cout << "hexlume " HEXLUME_VERSION "\n";
+    return 0;
+  }
+  const JobPlan plan(options);
+  CheckTerminal(plan);
+  return RunBatch(plan, options, arguments);
+}
+
+}  // namespace
+
+int RunTool(const std::vector<std::string>& arguments) {
+  std::ios::sync_with_stdio(false);
+  if (!arguments.empty() && arguments[0] == workerArgument) return RunWorker();
+  UsePlainLineEnds();
+  try {
+    return Run(arguments);
+  } catch (const UsageError& error) {
+    PrintError("hexlume: " + std::string(error.what()) + "\nTry 'hexlume --help'.\n");
+    return StatusOf(usageStatus).exit;
+  } catch (const OutputError& error) {
+    PrintError("hexlume: " + std::string(error.what()) + '\n');
+    return StatusOf(notWrittenStatus).exit;
+  } catch (const std::bad_alloc&) {
+    PrintError(std::string("hexlume: ") + StatusOf(noMemoryStatus).words + '\n');
+    return StatusOf(noMemoryStatus).exit;
+  }
+}
+
+}  // namespace hexlume

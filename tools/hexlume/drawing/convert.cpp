@@ -1,0 +1,207 @@
+#include "tools/hexlume/drawing/convert.h"
+
+#include <hexlume.h>
+
+#include <memory>
+#include <optional>
+#include <type_traits>
+
+#include "tools/hexlume/drawing/drawing_look.h"
+#include "tools/hexlume/drawing/host_convert.h"
+#include "tools/hexlume/drawing/host_guard.h"
+#include "tools/hexlume/metafile/emf_record.h"
+#include "tools/hexlume/metafile/sheet_ink.h"
+
+namespace hexlume {
+namespace {
+
+struct DeleteMetafile {
+  void operator()(HENHMETAFILE metafile) const { DeleteEnhMetaFile(metafile); }
+};
+using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMetafile>;
+
+// What one of the nine exports has given.
+struct Outcome {
+  int32_t code = HEXLUME_OK;     // what it returned
+  std::optional<int32_t> fault;  // the number of a fault that left it instead
+  Metafile metafile;
+};
+
+// Runs a conversion that stores its metafile through the given pointer.
+template <typename Call>
+Outcome Run(Call&& call) {
+  Outcome outcome;
+  HENHMETAFILE metafile = nullptr;
+  outcome.fault = CallGuarded([&] { outcome.code = call(&metafile); });
+  outcome.metafile.reset(metafile);
+  return outcome;
+}
+
+Outcome ConvertView(const std::string& drawing, const View& view, const Options& options) {
+  const RECT part{view.left, view.top, view.right, view.bottom};
+  return Run([&](HENHMETAFILE* out) {
+    return vzDXFReMetaMake(drawing.c_str(), out, options.halfWidth, part, options.wholeText, options.dialogs,
+                           options.monochrome);
+  });
+}
+
+Outcome ConvertSheet(const std::string& drawing, const Options& options) {
+  const auto make = options.fullSize ? vzDXFFullSizeMetaMake : vzDXFMetaMake;
+  return Run([&](HENHMETAFILE* out) {
+    return make(drawing.c_str(), out, options.dialogs, options.halfWidth, options.monochrome);
+  });
+}
+
+Outcome Turn(const Options& options) {
+  return Run([&](HENHMETAFILE* out) { return vzDXFRotMetaMake(out, options.monochrome); });
+}
+
+Outcome CallExports(const std::string& drawing, const Options& options) {
+  if (options.view) return ConvertView(drawing, *options.view, options);
+  Outcome outcome = ConvertSheet(drawing, options);
+  if (!options.rotate) return outcome;
+  // Not what was asked for: given back whether it can be turned or not.
+  outcome.metafile.reset();
+  return !outcome.fault && outcome.code == HEXLUME_OK ? Turn(options) : std::move(outcome);
+}
+
+Conversion AfterFault(int32_t fault) {
+  Conversion conversion = Ended(faultStatus);
+  conversion.words = "fault " + std::to_string(fault) + " left the library";
+  if (fault == -1) conversion.words += ": a text is too long for its place";
+  return conversion;
+}
+
+Conversion AfterUnknownCode(int32_t code) {
+  return {"unknown", code, "the library returned " + std::to_string(code), {}, {}};
+}
+
+// Why a drawing couldn't be converted. The host library gives the reason, for which it reads the drawing again.
+Conversion Explained(const DrawingSource& drawing, const Options& options) {
+  Conversion conversion = ConvertByHostLibrary(drawing, options, HEXLUME_FORMAT_AS_IS);
+  conversion.metafile.clear();
+  conversion.remarks.clear();
+  if (conversion.HasFailed()) return conversion;
+  conversion = Ended(partStatus);
+  conversion.words = "the file can't be read or is no drawing, or a fault ended it";
+  return conversion;
+}
+
+Conversion AfterFailure(const DrawingSource& drawing, const Outcome& outcome, const Options& options) {
+  if (outcome.fault) return AfterFault(*outcome.fault);
+  switch (outcome.code) {
+    case HEXLUME_OK: return {};
+    case HEXLUME_NOT_OPENED: return Ended(notOpenedStatus);
+    case HEXLUME_CANCELLED: return Ended(cancelledStatus);
+    case HEXLUME_NOT_A_DRAWING: return outcome.metafile ? Ended(partStatus) : Explained(drawing, options);
+    default: return AfterUnknownCode(outcome.code);
+  }
+}
+
+MetafileBytes BytesOf(HENHMETAFILE metafile) {
+  MetafileBytes bytes(GetEnhMetaFileBits(metafile, 0, nullptr));
+  bytes.resize(GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data()));
+  return bytes;
+}
+
+// The library calls SetMapMode first, so an empty metafile has two records: the header and the end.
+bool IsEmpty(const MetafileBytes& bytes) {
+  constexpr size_t headerSize = 88, recordCount = 52;
+  return bytes.size() >= headerSize && EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
+}
+
+// What the host library would say of a drawing that the exports have converted.
+void AddRemarks(const DrawingSource& drawing, DrawingParts& parts, const Options& options,
+                Conversion& conversion) {
+  for (const std::string& layer : UnknownHiddenLayers(options.dialogAnswers))
+    conversion.remarks.push_back(
+        {"no-such-layer", "no layer has the name '" + layer + "' that --hide-layer gives"});
+  if (!parts.IsOpen()) return;
+  if (parts.Size() > largestDrawing) {
+    const Status& tooLarge = StatusOf(tooLargeStatus);
+    conversion.remarks.push_back(
+        {tooLarge.name, std::string(tooLarge.words) + "; what is beyond isn't read"});
+    return;
+  }
+  const bool hasEntities =
+      !IsEmpty(conversion.metafile) ||
+      CallHost(hexlume_convert, drawing, HostOptionsOf(options, HEXLUME_FORMAT_AS_IS)).Status() !=
+          HEXLUME_STATUS_NO_ENTITIES;
+  if (!hasEntities)
+    conversion.remarks.push_back({StatusOf(noEntitiesStatus).name, StatusOf(noEntitiesStatus).words});
+  if (!HasEndMark(parts))
+    conversion.remarks.push_back({"cut-off", "the drawing ends without its end mark: it may be cut off"});
+}
+
+Conversion ConvertByExports(const DrawingSource& drawing, const std::string& path, DrawingParts& parts,
+                            const Options& options) {
+  const Outcome outcome = CallExports(path, options);
+  Conversion conversion = AfterFailure(drawing, outcome, options);
+  if (outcome.metafile) conversion.metafile = BytesOf(outcome.metafile.get());
+  if (!conversion.HasFailed()) AddRemarks(drawing, parts, options, conversion);
+  return conversion;
+}
+
+// The path for the exports. None if only the host library can convert this drawing.
+std::optional<std::string> PathForExports(const DrawingSource& drawing) {
+  constexpr size_t longest = 259;  // bytes that vzRotMetaMake can repeat
+  if (drawing.bytes) return std::nullopt;
+  const std::optional<std::string> path = LibraryPath(drawing.path);
+  return path && path->size() <= longest ? path : std::nullopt;
+}
+
+SheetInk InkOf(const MetafileBytes& metafile) {
+  return FindInk(metafile.data(), metafile.size());
+}
+
+// Whether the picture is blank, but not that of a sheet made from what is drawn: the library leaves out lines beside
+// the sheet.
+bool IsBesideSheet(const DrawingSource& drawing, const Options& options, int32_t format,
+                   const MetafileBytes& metafile) {
+  if (options.view || options.fit || options.dialogs != 0) return false;
+  const SheetInk ink = InkOf(metafile);
+  if (ink != SheetInk::none) return ink == SheetInk::beside;
+  Options fitted = options;
+  fitted.fit = true;
+  const host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(fitted, format));
+  return InkOf({result.Metafile().begin(), result.Metafile().end()}) == SheetInk::within;
+}
+
+Conversion Choose(const DrawingSource& drawing, DrawingParts& parts, int32_t format, const Options& options,
+                  Converter converter) {
+  const auto path = PathForExports(drawing);
+  if (options.dialogs != 0) {
+    // Only the exports have dialogs.
+    return path ? ConvertByExports(drawing, *path, parts, options) : Ended(notAllowedStatus, " with dialogs");
+  }
+  const bool isForHost = converter == Converter::host || options.dialogAnswers.IsGiven() || options.fit ||
+                         format == HEXLUME_FORMAT_AUTO || !path;
+  return isForHost ? ConvertByHostLibrary(drawing, options, format)
+                   : ConvertByExports(drawing, *path, parts, options);
+}
+
+}  // namespace
+
+Conversion Ended(StatusRow row, const std::string& detail) {
+  const Status& status = StatusOf(row);
+  if (row == okStatus) return {};
+  return {status.name, status.exit, status.words + detail, {}, {}};
+}
+
+Conversion Convert(const DrawingSource& drawing, const Options& options, Converter converter) {
+  if (!drawing.isReadable) return Ended(notAllowedStatus);
+  DrawingParts parts(drawing);
+  const bool asIs = options.asIs || options.dialogs != 0;
+  const Encoding encoding = asIs ? Encoding::codePage932 : EncodingOf(parts);
+  const int32_t format = encoding == Encoding::utf8 ? HEXLUME_FORMAT_AUTO : HEXLUME_FORMAT_AS_IS;
+  Conversion conversion = Choose(drawing, parts, format, options, converter);
+  const bool hasResult = !conversion.HasFailed() || !conversion.metafile.empty();
+  if (encoding == Encoding::notUtf8 && hasResult)
+    conversion.remarks.push_back(
+        {"not-utf8", "a drawing of this version should be UTF-8, but isn't: it was read as code page 932"});
+  if (hasResult && IsBesideSheet(drawing, options, format, conversion.metafile))
+    conversion.remarks.push_back({"beside-sheet", "nothing of the drawing is on its sheet; try --fit"});
+  return conversion;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,88 @@
+#include "tools/hexlume/drawing/output.h"
+
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <new>
+#include <optional>
+
+#include "tools/hexlume/drawing/drawing_source.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
+#include "tools/hexlume/picture/picture.h"
+#include "tools/hexlume/system/path_text.h"
+#include "tools/hexlume/system/system.h"
+
+namespace hexlume {
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+void WriteListing(const Bytes& bytes, const std::string& heading) {
+  constexpr const char* standardOutput = "standard output";
+  if (!heading.empty()) std::cout << "# " << heading << '\n';
+  const bool sound = ListMetafile(bytes.data(), bytes.size(), std::cout);
+  if (!std::cout.flush()) throw OutputError(standardOutput, "the listing is cut off");
+  if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
+}
+
+// A file, or standard output.
+class Output {
+ public:
+  explicit Output(const std::string& path) {
+    if (path != standardStream) file.emplace(path);
+  }
+
+  void Write(const uint8_t* bytes, size_t count) {
+    if (file)
+      file->Write(bytes, count);
+    else
+      WriteToStandardOutput(bytes, count);
+    size += static_cast<int64_t>(count);
+  }
+
+  int64_t Commit() {
+    if (file) file->Commit();
+    return size;
+  }
+
+ private:
+  std::optional<WholeFile> file;
+  int64_t size = 0;
+};
+
+// The folders of the tree below -d are made when they are needed.
+void MakeFolderOf(const std::string& path) {
+  if (!StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path))) throw OutputError(path, std::strerror(errno));
+}
+
+int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
+                    const PictureSettings& settings) {
+  try {
+    Output output(order.file);
+    const auto write = [&output](const uint8_t* bytes, size_t size) { output.Write(bytes, size); };
+    if (order.kind)
+      order.kind->write(metafile, settings, write);
+    else
+      write(metafile.data(), metafile.size());
+    return output.Commit();
+  } catch (const PictureError& error) {
+    throw OutputError(order.file, error.what());
+  } catch (const std::bad_alloc&) {
+    throw OutputError(order.file, "not enough memory");
+  }
+}
+
+}  // namespace
+
+std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
+                                        bool hasHeading) {
+  std::vector<WrittenOutput> written;
+  if (options.list) WriteListing(metafile, hasHeading ? job.drawing : "");
+  for (const PictureOrder& output : job.outputs) {
+    if (options.folder) MakeFolderOf(output.file);
+    written.push_back({output.file, WriteOutput(metafile, output, options.pictureSettings)});
+  }
+  return written;
+}
+
+}  // namespace hexlume

@@ -1,0 +1,25 @@
+// Writes the results of a converted drawing: the metafile, the listing and the pictures.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tools/hexlume/archive/job_plan.h"
+#include "tools/hexlume/command/options.h"
+#include "tools/hexlume/metafile/metafile_bytes.h"
+#include "tools/hexlume/system/file_output.h"
+
+namespace hexlume {
+
+struct WrittenOutput {
+  std::string file;
+  int64_t size;
+};
+
+// Writes all results of the job, and the listing if the options ask for it. With a heading it begins with the drawing's
+// name. Throws OutputError.
+std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
+                                        bool hasHeading);
+
+}  // namespace hexlume

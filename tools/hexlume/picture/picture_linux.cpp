@@ -1,0 +1,58 @@
+#include "tools/hexlume/metafile/metafile_player.h"
+#include "tools/hexlume/picture/pdf_book.h"
+#include "tools/hexlume/picture/picture.h"
+#include "tools/hexlume/picture/png_file.h"
+#include "tools/hexlume/picture/raster_canvas.h"
+#include "tools/hexlume/picture/svg_canvas.h"
+#include "tools/hexlume/picture/vector_limits.h"
+
+namespace hexlume {
+namespace {
+
+MetafileFrame FrameOf(const MetafileBytes& metafile) {
+  MetafileFrame frame;
+  if (!ReadMetafileFrame(metafile.data(), metafile.size(), frame)) {
+    throw PictureError("the metafile has no header");
+  }
+  return frame;
+}
+
+void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
+  if (!PlayMetafile(metafile.data(), metafile.size(), canvas))
+    throw PictureError("the metafile is malformed");
+}
+
+void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
+  const MetafileFrame frame = FrameOf(metafile);
+  const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, settings);
+  RasterCanvas canvas(size.width, size.height);
+  Play(metafile, canvas);
+  WritePng(canvas.Finish(), size.dotsPerMetre, sink);
+}
+
+void WriteSvgPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
+  const MetafileFrame frame = FrameOf(metafile);
+  RequirePage(frame);
+  SvgCanvas canvas(frame, settings.keepsTexts, sink);
+  Play(metafile, canvas);
+  canvas.Finish();
+}
+
+void WritePdfPicture(const MetafileBytes& metafile, const PictureSettings&, const ByteSink& sink) {
+  PdfBook book(sink);
+  book.AddPage(metafile.data(), metafile.size(), "");
+  book.Finish();
+}
+
+}  // namespace
+
+const std::vector<PictureKind>& PictureKinds() {
+  static const std::vector<PictureKind> kinds = {
+      {"png", "Write a picture of the metafile", true, false, WritePngPicture},
+      {"svg", "Write the same as an SVG file, in strokes", false, true, WriteSvgPicture},
+      {"pdf", "Write the same as a PDF file of one page", false, false, WritePdfPicture},
+  };
+  return kinds;
+}
+
+}  // namespace hexlume

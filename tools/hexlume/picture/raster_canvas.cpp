@@ -1,0 +1,156 @@
+#include "tools/hexlume/picture/raster_canvas.h"
+
+#include <cmath>
+#include <new>
+#include <string>
+
+#include "tools/hexlume/metafile/player_face.h"
+#include "tools/hexlume/picture/picture.h"
+
+namespace hexlume {
+namespace {
+
+constexpr PathLimits pixelLimits = {65536, 0.02};
+
+uint32_t RgbOf(uint32_t color) {
+  return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
+}
+
+void SetColor(cairo_t* context, uint32_t color) {
+  cairo_set_source_rgb(context, (color & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
+                       (color >> 16 & 0xFF) / 255.0);
+}
+
+struct CairoPathWriter {
+  cairo_t* context;
+
+  void MoveTo(Point to) const { cairo_move_to(context, to.x, to.y); }
+  void LineTo(Point to) const { cairo_line_to(context, to.x, to.y); }
+  void CurveTo(Point a, Point b, Point to) const { cairo_curve_to(context, a.x, a.y, b.x, b.y, to.x, to.y); }
+  void Close() const { cairo_close_path(context); }
+};
+
+void SetPath(cairo_t* context, const PlayerPath& path) {
+  cairo_new_path(context);
+  path.WriteTo(CairoPathWriter{context});
+}
+
+void SetPath(cairo_t* context, const CanvasBoxes& boxes) {
+  cairo_new_path(context);
+  for (const CanvasBox& box : boxes)
+    cairo_rectangle(context, box.left, box.top, box.right - box.left, box.bottom - box.top);
+}
+
+void Require(cairo_status_t status) {
+  if (status == CAIRO_STATUS_SUCCESS) return;
+  if (status == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
+  throw PictureError(std::string("cairo says: ") + cairo_status_to_string(status));
+}
+
+}  // namespace
+
+RasterCanvas::RasterCanvas(int width, int height)
+    : PlayerCanvas({static_cast<double>(width), static_cast<double>(height), 1, true, pixelLimits}),
+      surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
+      context(cairo_create(surface.get())),
+      image{cairo_image_surface_get_data(surface.get()), width, height,
+            cairo_image_surface_get_stride(surface.get())},
+      strokes(image) {
+  Require(cairo_surface_status(surface.get()));
+  cairo_set_source_rgb(context.get(), 1, 1, 1);
+  cairo_paint(context.get());
+}
+
+// Prepares cairo to draw on what we have drawn.
+cairo_t* RasterCanvas::Cairo() {
+  cairo_surface_mark_dirty(surface.get());
+  if (isClipStale) {
+    cairo_reset_clip(context.get());
+    if (hasClip) {
+      SetPath(context.get(), clip);
+      cairo_clip(context.get());
+    }
+    isClipStale = false;
+  }
+  return context.get();
+}
+
+void RasterCanvas::DrawDot(Point middle, uint32_t color) {
+  cairo_surface_flush(surface.get());
+  strokes.DrawPixel(static_cast<int>(std::floor(middle.x)), static_cast<int>(std::floor(middle.y)),
+                    RgbOf(color));
+}
+
+void RasterCanvas::DrawLine(Point from, Point to, const StrokeStyle& style) {
+  if (style.dashes.empty()) {
+    cairo_surface_flush(surface.get());
+    strokes.DrawLine(from, to, style.width, RgbOf(style.color));
+  } else {
+    PlayerPath path(pixelLimits);
+    path.MoveTo(from);
+    path.LineTo(to);
+    Stroke(path, style);
+  }
+}
+
+void RasterCanvas::Stroke(const PlayerPath& path, const StrokeStyle& style) {
+  cairo_t* const cairo = Cairo();
+  SetPath(cairo, path);
+  SetColor(cairo, style.color);
+  cairo_set_line_width(cairo, style.width);
+  cairo_set_line_join(cairo, CAIRO_LINE_JOIN_ROUND);
+  cairo_set_dash(cairo, style.dashes.data(), static_cast<int>(style.dashes.size()), 0);
+  cairo_set_line_cap(cairo, style.dashes.empty() ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
+  cairo_stroke(cairo);
+}
+
+void RasterCanvas::Fill(const PlayerPath& path, uint32_t color, bool winding) {
+  cairo_t* const cairo = Cairo();
+  SetPath(cairo, path);
+  SetColor(cairo, color);
+  cairo_set_fill_rule(cairo, winding ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
+  cairo_fill(cairo);
+}
+
+void RasterCanvas::FillBoxes(const CanvasBoxes& boxes, uint32_t color) {
+  cairo_t* const cairo = Cairo();
+  SetPath(cairo, boxes);
+  SetColor(cairo, color);
+  cairo_set_fill_rule(cairo, CAIRO_FILL_RULE_WINDING);
+  cairo_fill(cairo);
+}
+
+void RasterCanvas::DrawGlyphs(const GlyphRun& run) {
+  cairo_t* const cairo = Cairo();
+  std::vector<cairo_glyph_t> glyphs;
+  glyphs.reserve(run.glyphs.size());
+  for (const PlacedGlyph& glyph : run.glyphs) glyphs.push_back({glyph.index, glyph.at.x, glyph.at.y});
+  cairo_matrix_t matrix;
+  cairo_matrix_init(&matrix, run.width * run.along.x, run.width * run.along.y, -run.height * run.along.y,
+                    run.height * run.along.x, 0, 0);
+  SetColor(cairo, run.color);
+  cairo_set_font_face(cairo, run.face.Cairo());
+  cairo_set_font_matrix(cairo, &matrix);
+  cairo_show_glyphs(cairo, glyphs.data(), static_cast<int>(glyphs.size()));
+}
+
+void RasterCanvas::Clip(const CanvasBoxes& boxes) {
+  strokes.Clip(boxes);
+  clip = boxes;
+  hasClip = isClipStale = true;
+}
+
+void RasterCanvas::RemoveClip() {
+  strokes.RemoveClip();
+  clip.clear();
+  isClipStale = hasClip || isClipStale;
+  hasClip = false;
+}
+
+const RasterImage& RasterCanvas::Finish() {
+  Require(cairo_status(context.get()));
+  cairo_surface_flush(surface.get());
+  return image;
+}
+
+}  // namespace hexlume
