@@ -55,7 +55,7 @@ void ShowPage(const std::string& path) {
   const bool hasScreen = std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
   if (!hasScreen || !StandardOutputIsTerminal()) return;
   try {
-    StartProgram({{"xdg-open", path}, "/dev/null", {}});
+    StartProgram({{"xdg-open", path}, "/dev/null"});
   } catch (const EngineError&) {
     // The path is printed already.
   }

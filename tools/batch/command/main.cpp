@@ -57,7 +57,7 @@ int Fail(const std::string& words, int exit) {
   return exit;
 }
 
-int RunProgram(const std::vector<std::string>& arguments) {
+int RunBatchTool(const std::vector<std::string>& arguments) {
   try {
     return Run(arguments);
   } catch (const UsageError& error) {
@@ -91,5 +91,5 @@ int main(int argc, char** argv) {
     hexlume::batch::EndWithParent(SIGKILL);
     return hexlume::RunWorker();
   }
-  return hexlume::batch::RunProgram(arguments);
+  return hexlume::batch::RunBatchTool(arguments);
 }

@@ -14,7 +14,6 @@
 
 #include "tools/batch/base/error.h"
 #include "tools/batch/base/interrupt.h"
-#include "tools/batch/base/text.h"
 
 extern char** environ;
 
@@ -39,12 +38,6 @@ std::vector<char*> PointersTo(std::vector<std::string>& texts) {
   return pointers;
 }
 
-std::vector<std::string> EnvironmentWith(const std::vector<std::string>& more) {
-  std::vector<std::string> all = more;
-  for (char** variable = environ; *variable; ++variable) all.emplace_back(*variable);
-  return all;
-}
-
 std::string Contents(std::FILE* stream) {
   std::string text;
   char piece[4096];
@@ -54,10 +47,10 @@ std::string Contents(std::FILE* stream) {
 }
 
 pid_t Spawn(const ProgramOrder& order, const Actions& actions) {
-  std::vector<std::string> words = order.words, environment = EnvironmentWith(order.environment);
+  std::vector<std::string> words = order.words;
   pid_t process = 0;
   const int error = posix_spawnp(&process, words[0].c_str(), &actions.files, nullptr,
-                                 PointersTo(words).data(), PointersTo(environment).data());
+                                 PointersTo(words).data(), environ);
   if (error != 0) throw EngineError(order.words[0] + " can't be started: " + std::strerror(error));
   return process;
 }
@@ -93,21 +86,6 @@ std::optional<ProgramEnd> NextEnd() {
   return EndOf(process, state);
 }
 
-ProgramEnd RunProgram(const ProgramOrder& order) {
-  const pid_t process = StartProgram(order);
-  int state = 0;
-  try {
-    while (!HasEnded(process, state)) {
-      CheckInterrupt();
-      Sleep(interval);
-    }
-  } catch (const Interrupted&) {
-    EndPrograms({process});
-    throw;
-  }
-  return EndOf(process, state);
-}
-
 Printed OutputOf(const std::vector<std::string>& words) {
   const auto closed = [](std::FILE* file) { std::fclose(file); };
   const std::unique_ptr<std::FILE, decltype(closed)> output(std::tmpfile(), closed),
@@ -117,7 +95,7 @@ Printed OutputOf(const std::vector<std::string>& words) {
   posix_spawn_file_actions_addopen(&actions.files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_adddup2(&actions.files, fileno(output.get()), STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions.files, fileno(errors.get()), STDERR_FILENO);
-  const pid_t process = Spawn({words, "", {}}, actions);
+  const pid_t process = Spawn({words, ""}, actions);
   int state = 0;
   while (!HasEnded(process, state)) Sleep(interval);
   return {EndOf(process, state).exit, Contents(output.get()), Contents(errors.get())};

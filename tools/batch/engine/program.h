@@ -11,8 +11,7 @@ namespace hexlume::batch {
 
 struct ProgramOrder {
   std::vector<std::string> words;  // the program, searched as the shell does, and its arguments
-  std::string log;  // a file to which its output and errors are added; empty: those of this process
-  std::vector<std::string> environment;  // "NAME=value" beside those of this process
+  std::string log;                 // a file to which its output and errors are added; empty: those of this process
 };
 
 // Throws EngineError if the program can't be started.
@@ -27,15 +26,11 @@ struct ProgramEnd {
 // What has ended since the last call. Doesn't wait.
 std::optional<ProgramEnd> NextEnd();
 
-// Runs a program to its end. When this process is interrupted, the program is ended by SIGTERM and then by SIGKILL before
-// Interrupted is thrown.
-ProgramEnd RunProgram(const ProgramOrder& order);
-
-// Runs a program and returns what it prints; none if it fails. Throws EngineError if there is no such program.
 struct Printed {
   int exit;
   std::string output, errors;
 };
+// Runs a program to its end. Throws EngineError if there is no such program.
 Printed OutputOf(const std::vector<std::string>& words);
 
 // Sends SIGTERM, and SIGKILL to what is still there after some seconds.
