@@ -13,7 +13,7 @@ set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 root=$PWD
 
-drawings=160 chunk=5 time_limit=15 node_timeout=5
+drawings=160 chunk=5 time_limit=8 node_timeout=5
 if [ "${1:-}" = --long ]; then
   drawings=2000 chunk=10 time_limit=30 node_timeout=20
   shift
@@ -52,6 +52,11 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 130' INT TERM
 
+# Says what is tested, and after how many seconds.
+step() {
+  printf '%4d s  %s\n' "$SECONDS" "$*"
+}
+
 fail() {
   echo "FAILED: $*" >&2
   failures=$((failures + 1))
@@ -75,11 +80,16 @@ end_tree() {
   return 0
 }
 
+# The command line of a process, with a separator between its words. Empty if it has ended.
+words_of() {
+  { tr '\0' "$2" <"/proc/$1/cmdline"; } 2>/dev/null
+}
+
 # The processes of hexlume-batch that work in our folder.
 processes_of_batches() {
   local folder words
   for folder in /proc/[0-9]*; do
-    words=$(tr '\0' '\n' <"$folder/cmdline" 2>/dev/null) || continue
+    words=$(words_of "${folder#/proc/}" '\n')
     [[ "$words" == *"$scratch"* && "$words" == *hexlume-batch* ]] && echo "${folder#/proc/}"
   done
 }
@@ -87,7 +97,7 @@ processes_of_batches() {
 chunks_of() {
   local folder words
   for folder in /proc/[0-9]*; do
-    words=$(tr '\0' ' ' <"$folder/cmdline" 2>/dev/null) || continue
+    words=$(words_of "${folder#/proc/}" ' ')
     [[ "$words" == "$batch chunk $1 "* ]] && echo "${folder#/proc/}"
   done
 }
@@ -218,19 +228,20 @@ expect_exit() {
 test_local() {
   local folder=$scratch/local run status
   plan "$folder"
-  echo "== local: a worker and a chunk are killed"
+  step "local: a worker and a chunk are killed"
   "$batch" run "$folder" --engine local:2 >"$scratch/log" 2>&1 &
   run=$!
   wait_for "$folder" $((drawings / 10))
   kill_worker "$folder"
   kill -9 "$(chunks_of "$folder" | head -n 1)" || fail "no chunk to be killed"
   wait_for "$folder" $((drawings / 5))
-  echo "== local: the program is killed, and interrupted, and goes on"
+  step "local: the program is killed, and interrupted, and goes on"
   kill -9 "$run"
   wait "$run" 2>/dev/null
   sleep 1
   [ -z "$(chunks_of "$folder")" ] || fail "chunks go on without the program"
-  "$batch" run "$folder" --engine local:2 >"$scratch/log" 2>&1 &
+  # The shell lets what it starts beside itself ignore this signal.
+  env --default-signal=INT "$batch" run "$folder" --engine local:2 >"$scratch/log" 2>&1 &
   run=$!
   wait_for "$folder" $((drawings / 3))
   kill -INT "$run"
@@ -245,7 +256,7 @@ test_local() {
 # Two processes convert the same chunks at the same time.
 test_twice() {
   local folder=$scratch/twice one
-  echo "== local: two at the same time"
+  step "local: two at the same time"
   plan "$folder"
   "$batch" run "$folder" --engine local:2 --quiet &
   one=$!
@@ -259,7 +270,7 @@ test_twice() {
 # A drawing that is taken away, one that is changed, and retry.
 test_changes() {
   local folder=$scratch/changes archive_before=$archive changed gone status
-  echo "== local: a drawing is taken away, another one is changed"
+  step "local: a drawing is taken away, another one is changed"
   archive=$scratch/few
   mkdir "$archive"
   cp "$root"/examples/*.dxf "$archive"
@@ -288,7 +299,7 @@ test_full_disk() {
     passed_over+=("the full disk (needs root)")
     return
   fi
-  echo "== local: the disk is full"
+  step "local: the disk is full"
   mounted=$folder
   plan "$folder/batch"
   "$batch" run "$folder/batch" --engine local:2 >"$scratch/log" 2>&1
@@ -368,7 +379,7 @@ test_ssh() {
     passed_over+=("ssh (needs the packages openssh-server, openssh-client and parallel)")
     return
   fi
-  echo "== ssh: a daemon and a worker are killed"
+  step "ssh: a daemon and a worker are killed"
   make_sshds || { fail "the ssh daemons don't start"; return; }
   export PARALLEL_SSH="ssh -F $scratch/ssh/config" PARALLEL_HOME=$scratch/parallel
   mkdir "$PARALLEL_HOME"
@@ -380,7 +391,7 @@ test_ssh() {
   # The daemon with its sessions; what they have started must notice it.
   end_sshd 0
   wait_for "$folder" $((drawings / 4))
-  echo "== ssh: the program is killed and goes on"
+  step "ssh: the program is killed and goes on"
   kill -9 "$run"
   wait "$run" 2>/dev/null
   start_sshd 0
@@ -502,7 +513,7 @@ steps_of_node() {
   for process in $(chunks_of "$2"); do
     grep -qz "^SLURMD_NODENAME=n$1$" "/proc/$process/environ" 2>/dev/null || continue
     step=$(ps -o ppid= -p "$process")
-    [[ "$(tr '\0' ' ' <"/proc/${step// /}/cmdline" 2>/dev/null)" != slurmstepd* ]] || echo "$step"
+    [[ "$(words_of "${step// /}" ' ')" != slurmstepd* ]] || echo "$step"
   done
 }
 
@@ -523,7 +534,7 @@ test_slurm() {
     passed_over+=("Slurm (needs root and the packages slurmctld, slurmd, slurm-client and munge)")
     return
   fi
-  echo "== slurm: a worker, a node and the controller are killed"
+  step "slurm: a worker, a node and the controller are killed"
   make_cluster || { fail "the cluster doesn't start"; return; }
   plan "$folder"
   "$batch" run "$folder" --engine slurm --wait >"$scratch/log" 2>&1 &
@@ -536,7 +547,7 @@ test_slurm() {
   sleep 1
   start_controller
   wait_for "$folder" $((drawings / 4))
-  echo "== slurm: the program is killed and goes on"
+  step "slurm: the program is killed and goes on"
   kill -9 "$run"
   wait "$run" 2>/dev/null
   start_node 1
@@ -552,7 +563,7 @@ archive=$scratch/archive plain=$scratch/plain plain_report=$scratch/plain.jsonl
 mkdir "$archive" "$plain"
 make_archive "$archive" "$drawings"
 make_endless "$archive/endless.dxf"
-echo "== $(find "$archive" -type f -printf x | wc -c) drawings, plain"
+step "$(find "$archive" -type f -printf x | wc -c) drawings, plain"
 "$hexlume" -d "$plain" --recursive "${options[@]}" --quiet --report "$plain_report" "$archive" 2>/dev/null
 
 for engine in "$@"; do
@@ -565,4 +576,4 @@ done
 
 for each in ${passed_over[@]+"${passed_over[@]}"}; do echo "passed over: $each"; done
 [ "$failures" -eq 0 ] || { echo "$failures failures" >&2; exit 1; }
-echo "The engines work."
+step "the engines work"

@@ -65,7 +65,7 @@ class ChunkRun {
     Convert(1, [this] { return NextCrashed(); });
     part.Finish(ResultPath(here, chunk.number));
     RemoveEndedParts();
-    leftovers.RemoveOld(options.timeLimit.value_or(0));
+    leftovers.CleanAgain(options.timeLimit.value_or(0));
     return part.head;
   }
 

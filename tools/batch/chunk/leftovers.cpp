@@ -18,6 +18,16 @@ bool IsTemporary(const std::string& name) {
          name.compare(name.size() - end.size(), end.size(), end) == 0;
 }
 
+void RemoveOlderThan(int64_t oldest, const std::string& folder) {
+  constexpr int64_t unitsInASecond = 1000000000;
+  for (const FolderEntry& entry : EntriesOf(folder).value_or(std::vector<FolderEntry>())) {
+    if (!IsTemporary(entry.name)) continue;
+    const std::string path = Joined(folder, entry.name);
+    const auto stamp = StampOf(path);
+    if (stamp && stamp->modified / unitsInASecond < oldest) unlink(path.c_str());
+  }
+}
+
 }  // namespace
 
 void Leftovers::CleanFoldersOf(const Job& job) {
@@ -27,16 +37,13 @@ void Leftovers::CleanFoldersOf(const Job& job) {
   }
 }
 
-void Leftovers::RemoveOld(int32_t timeLimit) const {
-  constexpr int64_t hour = 3600, unitsInASecond = 1000000000;
+void Leftovers::CleanAgain(int32_t timeLimit) const {
+  constexpr int64_t hour = 3600;
   const int64_t oldest = std::time(nullptr) - std::max<int64_t>(hour, 2 * timeLimit);
-  for (const std::string& folder : folders)
-    for (const FolderEntry& entry : EntriesOf(folder).value_or(std::vector<FolderEntry>())) {
-      if (!IsTemporary(entry.name)) continue;
-      const std::string path = Joined(folder, entry.name);
-      const auto stamp = StampOf(path);
-      if (stamp && stamp->modified / unitsInASecond < oldest) unlink(path.c_str());
-    }
+  for (const std::string& folder : folders) {
+    RemoveLeftovers(folder);
+    RemoveOlderThan(oldest, folder);
+  }
 }
 
 }  // namespace hexlume::batch

@@ -13,8 +13,9 @@ class Leftovers {
   // Removes those of ended processes of this machine. Each folder is looked at once.
   void CleanFoldersOf(const Job& job);
 
-  // Removes from the same folders those that are older than any conversion can be, of whatever machine.
-  void RemoveOld(int32_t timeLimit) const;
+  // Removes from the same folders what has been left since, and what is older than any conversion can be, of whatever
+  // machine.
+  void CleanAgain(int32_t timeLimit) const;
 
  private:
   std::set<std::string> folders;
