@@ -410,7 +410,7 @@ test_ssh() {
 end_sshd() {
   local process
   for process in $(tree_of "${sshd[$1]}"); do
-    [ "$(readlink "/proc/$process/exe")" != /usr/sbin/sshd ] || kill -9 "$process"
+    [ "$(readlink "/proc/$process/exe")" != /usr/sbin/sshd ] || kill -9 "$process" 2>/dev/null
   done
   wait "${sshd[$1]}" 2>/dev/null
 }

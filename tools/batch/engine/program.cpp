@@ -49,8 +49,8 @@ std::string Contents(std::FILE* stream) {
 pid_t Spawn(const ProgramOrder& order, const Actions& actions) {
   std::vector<std::string> words = order.words;
   pid_t process = 0;
-  const int error = posix_spawnp(&process, words[0].c_str(), &actions.files, nullptr,
-                                 PointersTo(words).data(), environ);
+  const int error =
+      posix_spawnp(&process, words[0].c_str(), &actions.files, nullptr, PointersTo(words).data(), environ);
   if (error != 0) throw EngineError(order.words[0] + " can't be started: " + std::strerror(error));
   return process;
 }

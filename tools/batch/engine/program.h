@@ -11,7 +11,7 @@ namespace hexlume::batch {
 
 struct ProgramOrder {
   std::vector<std::string> words;  // the program, searched as the shell does, and its arguments
-  std::string log;                 // a file to which its output and errors are added; empty: those of this process
+  std::string log;  // a file to which its output and errors are added; empty: those of this process
 };
 
 // Throws EngineError if the program can't be started.

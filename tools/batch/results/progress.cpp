@@ -79,7 +79,7 @@ class Gatherer {
 };
 
 std::string Row(const std::string& name, const std::string& value) {
-  constexpr size_t width = 12;
+  constexpr size_t width = 16;
   return name + std::string(width - std::min(width, name.size()), ' ') + value + '\n';
 }
 
