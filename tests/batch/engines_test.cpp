@@ -131,8 +131,10 @@ while [ $# -gt 1 ]; do
   shift
 done
 while read -r chunk; do
-  sh -c "$(echo "$1" | sed "s/{}/$chunk/")" done < "$list") ");
-      ExpectDone(Run("run batch --engine ssh:one,8/user@two:22 -- --nice 5"));
+  sh -c "$(echo "$1" | sed "s/{}/$chunk/")"
+done <"$list"
+)sh");
+  ExpectDone(Run("run batch --engine ssh:one,8/user@two:22 -- --nice 5"));
   const std::string log = Contents("parallel.log");
   for (const char* const words : {"--resume-failed\n", "--sshlogin\n1/one\n", "--sshlogin\n8/user@two:22\n",
                                   "--nice\n5\n", "--timeout\n784\n"})

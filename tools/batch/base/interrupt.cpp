@@ -39,8 +39,8 @@ void CheckInterrupt() {
   if (isInterrupted || IsOutputLost()) throw Interrupted();
 }
 
-void EndWithParent(int signal) {
-  prctl(PR_SET_PDEATHSIG, signal);
+void EndWithParent() {
+  prctl(PR_SET_PDEATHSIG, SIGTERM);
 }
 
 void Sleep(int milliseconds) {

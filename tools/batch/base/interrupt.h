@@ -16,8 +16,8 @@ void CatchInterrupts();
 // connection to the machine that started this process is lost.
 void CheckInterrupt();
 
-// For a process that is of no use without the one that has started it: the system ends it together with that one.
-void EndWithParent(int signal);
+// For a process that is of no use without the one that has started it: it is interrupted when that one ends.
+void EndWithParent();
 
 // Sleeps until the time is over or a signal comes.
 void Sleep(int milliseconds);

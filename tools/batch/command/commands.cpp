@@ -1,7 +1,5 @@
 #include "tools/batch/command/commands.h"
 
-#include <signal.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -153,7 +151,7 @@ int ChunkCommand(const CommandLine& line) {
   constexpr int32_t mostChunks = 0x7FFFFFFF;
   if (line.Operands().size() != 2)
     throw UsageError("chunk needs the folder of a batch and the number of a chunk");
-  if (line.Has("with-parent")) EndWithParent(SIGTERM);
+  if (line.Has("with-parent")) EndWithParent();
   const int32_t number = ParseNumber("chunk", line.Operands()[1], 1, mostChunks);
   const int32_t jobs = line.Number("jobs", 1, mostJobs, std::min(ProcessorCount(), mostJobs));
   const ResultHead head = RunChunk(AbsolutePath(line.Operands()[0]), number, jobs);

@@ -1,5 +1,3 @@
-#include <signal.h>
-
 #include <iostream>
 #include <new>
 
@@ -86,10 +84,6 @@ int RunBatchTool(const std::vector<std::string>& arguments) {
 
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  if (!arguments.empty() && arguments[0] == hexlume::workerArgument) {
-    // A worker in an endless drawing wouldn't notice the end of the process that gives it drawings.
-    hexlume::batch::EndWithParent(SIGKILL);
-    return hexlume::RunWorker();
-  }
+  if (!arguments.empty() && arguments[0] == hexlume::workerArgument) return hexlume::RunWorker();
   return hexlume::batch::RunBatchTool(arguments);
 }

@@ -45,8 +45,12 @@ std::optional<ResultFileName> Parsed(const std::string& folder, const std::strin
   return ResultFileName{path, chunk, true, host, std::strtoll(name.c_str() + hyphen + 1, nullptr, 10)};
 }
 
+// One that has ended stays in the list of processes until somebody asks how.
 bool IsProcess(int64_t process) {
-  return kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH;
+  if (kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH) return false;
+  const File file = OpenFile("/proc/" + std::to_string(process) + "/stat", "r");
+  char state = ' ';
+  return !file || std::fscanf(file.get(), "%*d (%*[^)]) %c", &state) != 1 || state != 'Z';
 }
 
 // Seconds since the file was written last, in the time of this machine.
