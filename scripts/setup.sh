@@ -25,7 +25,7 @@ windows_packages=(
 )
 native_test_packages=(
   clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libuemf-dev
-  libmono-system-core4.0-cil mono-mcs mono-runtime python3
+  libmono-system-core4.0-cil librsvg2-bin mono-mcs mono-runtime poppler-utils python3 qpdf
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)

@@ -5,6 +5,7 @@
 
 #include "batch/batch_run.h"
 #include "host/host_drawings.h"
+#include "support/endless_drawing.h"
 #include "support/run_command.h"
 
 namespace hexlume::batch_test {
@@ -113,20 +114,9 @@ TEST_F(BatchOnThisMachine, results_of_an_ended_process_are_cleaned_away) {
   EXPECT_TRUE(Exists("batch/out/.hexlume-123-46-7.tmp"));
 }
 
-// Twice as many lines in each block as in the one before: 2^28 in all.
-std::string Endless() {
-  std::string blocks = "0 BLOCK\n2 B0\n10 0\n20 0\n3 B0\n" + Line() + "0 ENDBLK\n";
-  for (int32_t level = 1; level <= 28; ++level) {
-    const std::string inner = "0 INSERT\n2 B" + std::to_string(level - 1) + "\n10 0\n20 0\n";
-    blocks += "0 BLOCK\n2 B" + std::to_string(level) + "\n10 0\n20 0\n3 x\n" + inner + inner + "0 ENDBLK\n";
-  }
-  return DrawingBytes(a3Header + "0 SECTION\n2 BLOCKS\n" + blocks + "0 ENDSEC\n0 SECTION\n2 ENTITIES\n" +
-                      "0 INSERT\n2 B28\n10 0\n20 0\n" + end);
-}
-
 TEST_F(BatchOnThisMachine, a_drawing_that_takes_too_long_costs_one_line) {
   WriteDrawing("in/1.dxf");
-  Write("in/2.dxf", Endless());
+  Write("in/2.dxf", EndlessDrawing());
   WriteDrawing("in/3.dxf");
   ExpectDone(RunBatch("plan in --out batch --time-limit 1 --memory-limit 8G"));
   EXPECT_EQ(1, RunBatch("run batch").status);

@@ -128,7 +128,7 @@ TEST_F(BatchResults, outputs_must_be_there_with_their_sizes) {
   const std::string output = folder.path + "/1.emf";
   EarlierResult result;
   result.outputSizes = {4};
-  const Job job = {"1.dxf", {{nullptr, output}}, {}};
+  const Job job = {"1.dxf", {{nullptr, output}}, {}, false};
   EXPECT_FALSE(HasOutputs(result, job));
   std::ofstream(output) << "four";
   EXPECT_TRUE(HasOutputs(result, job));

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "host/host_drawings.h"
+#include "support/endless_drawing.h"
 #include "support/run_command.h"
 #include "support/tool_run.h"
 
@@ -32,17 +33,6 @@ void WriteDrawing(const std::string& path, int32_t lines = 1) {
 
 size_t LinesIn(const std::string& metafile) {
   return Count(ListingOf(metafile), "LineTo(");
-}
-
-// Block 0 is a line, each further one inserts the one before it twice: 2^25 lines in all.
-std::string Endless() {
-  std::string blocks = "0 BLOCK\n2 B0\n10 0\n20 0\n3 B0\n" + Line() + "0 ENDBLK\n";
-  for (int32_t level = 1; level <= 25; ++level) {
-    const std::string inner = "0 INSERT\n2 B" + std::to_string(level - 1) + "\n10 0\n20 0\n";
-    blocks += "0 BLOCK\n2 B" + std::to_string(level) + "\n10 0\n20 0\n3 x\n" + inner + inner + "0 ENDBLK\n";
-  }
-  return DrawingBytes(a3Header + "0 SECTION\n2 BLOCKS\n" + blocks + "0 ENDSEC\n0 SECTION\n2 ENTITIES\n" +
-                      "0 INSERT\n2 B25\n10 0\n20 0\n" + end);
 }
 
 std::vector<Json> ReportIn(const std::string& text) {
@@ -186,9 +176,8 @@ TEST_F(Archive, workers_convert_what_the_exports_convert) {
 }
 
 TEST_F(Archive, a_drawing_that_takes_too_long_is_given_up) {
-  Write("in/b.dxf", "");
   WriteDrawing("in/a.dxf");
-  Write("in/b.dxf", Endless());
+  Write("in/b.dxf", EndlessDrawing());
   for (int i = 0; i < 10; ++i) WriteDrawing("in/c" + std::to_string(i) + ".dxf");
   const Outcome outcome =
       RunReal("-d out --jobs 1 --time-limit 1 --memory-limit 20G --report - --recursive in");
@@ -203,7 +192,7 @@ TEST_F(Archive, a_drawing_that_takes_too_long_is_given_up) {
 
 TEST_F(Archive, a_drawing_that_takes_too_much_memory_is_given_up) {
   WriteDrawing("in/a.dxf");
-  Write("in/b.dxf", Endless());
+  Write("in/b.dxf", EndlessDrawing());
   WriteDrawing("in/c.dxf");
   const Outcome outcome = RunReal("-d out --jobs 1 --memory-limit 200M --recursive in");
   EXPECT_EQ(45, outcome.status);
@@ -221,7 +210,7 @@ TEST_F(Archive, the_status_is_that_of_the_last_drawing_in_the_list_that_failed) 
 }
 
 TEST_F(Archive, a_limit_holds_for_a_single_drawing_too) {
-  Write("a.dxf", Endless());
+  Write("a.dxf", EndlessDrawing());
   EXPECT_EQ(45, RunReal("--time-limit 1 --memory-limit 20G a.dxf").status);
   WriteDrawing("b.dxf", 2);
   ExpectSuccess(RunReal("--time-limit 20 - - <b.dxf >b.emf"));

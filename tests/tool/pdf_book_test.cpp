@@ -14,7 +14,7 @@ const Words transparent = Record(18, {1});
 
 void AddPage(PdfBook& book, const Words& records, const std::string& title = "") {
   const Words metafile = SmallMetafile(records);
-  book.AddPage(BytesOf(metafile), 4 * metafile.size(), title);
+  book.AddPage({BytesOf(metafile), BytesOf(metafile) + 4 * metafile.size()}, title);
 }
 
 std::string PdfOf(const Words& records) {
@@ -48,7 +48,8 @@ std::vector<std::string> StreamsOf(const std::string& pdf) {
 
 std::string PageOf(const Words& records) {
   const std::string stream = StreamsOf(PdfOf(records)).front();
-  const std::string beginning = "0.028346 0 0 -0.028346 0 28.346457 cm\n1 J 1 j\n1 g\n0 0 1000 1000 re\nf\n";
+  const std::string beginning =
+      "0.028346457 0 0 -0.028346457 0 28.346457 cm\n1 J 1 j\n1 g\n0 0 1000 1000 re\nf\n";
   EXPECT_EQ(beginning, stream.substr(0, beginning.size()));
   return stream.substr(beginning.size());
 }
@@ -164,10 +165,10 @@ TEST(PdfBook, the_same_drawing_gives_the_same_bytes) {
 TEST(PdfBook, a_metafile_that_cannot_be_a_page_is_told_and_the_book_goes_on) {
   std::string pdf;
   PdfBook book(AppendTo(pdf));
-  EXPECT_THROW(book.AddPage(reinterpret_cast<const uint8_t*>("MZ"), 2, "none"), PictureError);
+  EXPECT_THROW(book.AddPage({'M', 'Z'}, "none"), PictureError);
   Words empty = SmallMetafile({});
   empty[2 + 6] = 0;  // the frame's right edge
-  EXPECT_THROW(book.AddPage(BytesOf(empty), 4 * empty.size(), "none"), PictureError);
+  EXPECT_THROW(book.AddPage({BytesOf(empty), BytesOf(empty) + 4 * empty.size()}, "none"), PictureError);
   EXPECT_EQ(0u, book.PageCount());
   EXPECT_THROW(AddPage(book, Record(54, {1}), "malformed"), PictureError);
   AddPage(book, LineRecords(0, 0, 10, -20), "sound");

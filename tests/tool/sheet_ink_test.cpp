@@ -53,6 +53,14 @@ TEST(SheetInk, a_line_goes_on_where_an_arc_has_ended) {
   EXPECT_EQ(SheetInk::within, InkOf(arc + LineToRecord(900, -500)));
 }
 
+// They are 40 long, and 80 at most in any direction.
+TEST(SheetInk, texts_go_on_from_their_reference_point) {
+  EXPECT_EQ(SheetInk::within, InkOf(TextRecord(-79, -500, u"AB", {20, 20})));
+  EXPECT_EQ(SheetInk::beside, InkOf(TextRecord(-81, -500, u"AB", {20, 20})));
+  EXPECT_EQ(SheetInk::within, InkOf(TextRecord(500, -1079, u"AB", {20, 20})));
+  EXPECT_EQ(SheetInk::beside, InkOf(TextRecord(500, -1081, u"AB", {20, 20})));
+}
+
 // A pixel of the device is 10 units wide.
 TEST(SheetInk, what_a_clip_region_beside_the_sheet_leaves_is_beside_it) {
   const Words line = LineRecords(0, 0, 500, -500);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tools/hexlume/archive/book_file.h"
 #include "tools/hexlume/archive/report_file.h"
 #include "tools/hexlume/archive/state_file.h"
 #include "tools/hexlume/archive/worker_pool.h"
@@ -33,6 +34,7 @@ class Batch {
   int Run(const std::vector<std::string>& arguments) {
     const bool usesWorkers = UsesWorkers(plan, options);
     if (options.folder) OpenFolder(usesWorkers);
+    if (options.book) OpenBook();
     for (const std::string& folder : plan.UnreadableFolders()) NoteFolder(folder);
     if (plan.Count() == 0) log.Warning("there are no drawings to convert");
     if (usesWorkers)
@@ -40,6 +42,7 @@ class Batch {
     else
       RunHere();
     if (state) state->Finish();
+    if (book && isComplete) book->Finish();
     return status;
   }
 
@@ -49,6 +52,13 @@ class Batch {
     if (!stamp || stamp->kind != FileKind::folder)
       throw OutputError(*options.folder, "there is no such folder");
     if (usesWorkers || options.skipUnchanged) state.emplace(*options.folder, ResultKey(options));
+  }
+
+  void OpenBook() {
+    book.emplace(*options.book, [this](size_t index, const std::string& reason) {
+      log.Failure(PageFailure(plan.DrawingOf(index), reason));
+      NoteFailure(index, StatusOf(notWrittenStatus).exit);
+    });
   }
 
   void NoteFolder(const std::string& folder) {
@@ -62,7 +72,8 @@ class Batch {
     if (options.dialogs != 0) GiveDialogAnswers(options.dialogAnswers);
     const Converter converter = options.report ? Converter::host : Converter::exports;
     while (const auto index = Next()) {
-      Take(*index, RunDrawing(plan.JobOf(*index), options, converter, plan.Count() > 1));
+      DrawingResult result = RunDrawing(plan.JobOf(*index), options, converter, plan.Count() > 1);
+      Take(*index, result);
       log.Show(progress);
     }
   }
@@ -73,11 +84,12 @@ class Batch {
     try {
       pool.Run(
           std::max<size_t>(std::min(most, plan.Count()), 1), [this] { return Next(); },
-          [this](size_t index, const DrawingResult& result) { Take(index, result); },
-          [this] { log.Show(progress); });
+          [this](size_t index, DrawingResult result) { Take(index, result); }, [this] { log.Show(progress); },
+          [this] { return book && book->IsFull(); });
     } catch (const WorkerError& error) {
       log.Failure(std::string("a worker process can't be started: ") + error.what());
       status = StatusOf(crashedStatus).exit;
+      isComplete = false;
     }
   }
 
@@ -112,7 +124,7 @@ class Batch {
     return true;
   }
 
-  void Take(size_t index, const DrawingResult& result) {
+  void Take(size_t index, DrawingResult& result) {
     ++progress.done;
     for (const std::string& words : result.warnings) log.Warning(words);
     for (const std::string& words : result.failures) log.Failure(words);
@@ -120,6 +132,7 @@ class Batch {
     if (!result.standardOutput.empty())
       WriteToStandardOutput(result.standardOutput.data(), result.standardOutput.size());
     if (options.report) report.Add(result.report);
+    if (book) book->Take(index, plan.PlaceOf(index), std::move(result.page));
     if (state && !result.HasFailed()) state->Add(plan.PlaceOf(index), plan.JobOf(index), result);
   }
 
@@ -136,6 +149,8 @@ class Batch {
   MessageLog log;
   ReportFile report;
   std::optional<StateFile> state;
+  std::optional<BookFile> book;
+  bool isComplete = true;  // whether each drawing has its result
   Progress progress;
   std::set<std::string> cleaned;
   std::optional<size_t> lastFailed;

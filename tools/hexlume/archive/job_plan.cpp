@@ -58,10 +58,10 @@ void Claim(std::set<std::string>& taken, const std::string& output) {
 
 }  // namespace
 
-JobPlan::JobPlan(const Options& options) : kinds(options.kinds) {
+JobPlan::JobPlan(const Options& options) : hasPages(options.book), kinds(options.kinds) {
   if (options.inputs.empty() && !options.filesFrom) throw UsageError("no drawing is given");
-  if (options.folder)
-    PlanFolder(options);
+  if (options.folder || options.book)
+    PlanMany(options);
   else
     PlanSingle(options);
 }
@@ -71,16 +71,14 @@ JobPlan::JobPlan(const Options& options, std::vector<PlacedDrawing> placed)
 
 Job JobPlan::JobOf(size_t index) const {
   const PlacedDrawing& drawing = drawings[index];
-  if (folder.empty()) return {drawing.path, singleOutputs, {}};
-  Job job = {drawing.path, {}, {}};
+  if (folder.empty()) return {drawing.path, singleOutputs, {}, hasPages};
+  Job job = {drawing.path, {}, {}, hasPages};
   for (const PictureKind* const kind : kinds)
     job.outputs.push_back({kind, Joined(folder, drawing.place) + ExtensionFor(kind)});
   return job;
 }
 
-void JobPlan::PlanFolder(const Options& options) {
-  folder = *options.folder;
-  if (kinds.empty()) kinds = {nullptr};
+void JobPlan::AddDrawings(const Options& options) {
   DrawingList list = ListDrawings(options);
   isMany = list.isMany || list.drawings.size() > 1;
   if (isMany && !options.pictures.empty())
@@ -89,15 +87,26 @@ void JobPlan::PlanFolder(const Options& options) {
                      " takes many");
   unreadableFolders = std::move(list.unreadableFolders);
   for (ListedDrawing& drawing : list.drawings) {
-    if (drawing.path == standardStream) throw UsageError("standard input has no name for a file in a folder");
+    if (options.folder && drawing.path == standardStream)
+      throw UsageError("standard input has no name for a file in a folder");
     std::string place = drawing.path.substr(drawing.placeStart);
     drawings.push_back({std::move(drawing.path), std::move(place)});
   }
   SettlePlaces();
+}
+
+void JobPlan::PlanMany(const Options& options) {
+  if (!options.folder && !kinds.empty()) throw UsageError("--to and --pdf-book together need -d DIR");
+  folder = options.folder.value_or("");
+  if (kinds.empty()) kinds = {nullptr};
+  AddDrawings(options);
   CheckFolder();
+  if (options.book) CheckBook(*options.book);
   if (options.report && LooksLikeADrawing(*options.report))
     throw UsageError("the report '" + *options.report + "' looks like a drawing");
-  if (options.report == standardStream && options.list)
+  const bool isReportPrinted = options.report == standardStream,
+             isBookPrinted = options.book == standardStream;
+  if (isReportPrinted + isBookPrinted + options.list > 1)
     throw UsageError("standard output takes one result only");
   // Named beside those in the folder.
   if (!options.pictures.empty()) {
@@ -105,6 +114,7 @@ void JobPlan::PlanFolder(const Options& options) {
     singleOutputs.insert(singleOutputs.end(), options.pictures.begin(), options.pictures.end());
     folder.clear();
     std::set<std::string> taken = {PathKey(drawings[0].path)};
+    if (options.book) Claim(taken, *options.book);
     for (const PictureOrder& output : singleOutputs) Claim(taken, output.file);
   }
 }
@@ -129,8 +139,21 @@ void JobPlan::SettlePlaces() {
   }
 }
 
+// The book may neither be a drawing nor another result.
+void JobPlan::CheckBook(const std::string& book) const {
+  if (book == standardStream) return;
+  const std::string key = PathKey(book);
+  for (size_t i = 0; i < drawings.size(); ++i) {
+    bool isTaken = drawings[i].path != standardStream && PathKey(drawings[i].path) == key;
+    for (const PictureOrder& output : JobOf(i).outputs)
+      isTaken = isTaken || (ExtensionOf(output.file) == ExtensionOf(book) && PathKey(output.file) == key);
+    if (isTaken) throw UsageError("the output '" + book + "' is also a drawing or another output");
+  }
+}
+
 // No result in the folder may be a drawing.
 void JobPlan::CheckFolder() const {
+  if (folder.empty()) return;
   std::unordered_set<std::string> endangered;
   for (const PlacedDrawing& drawing : drawings)
     for (const PictureKind* const kind : kinds)

@@ -14,6 +14,7 @@ struct Job {
   std::string drawing;
   std::vector<PictureOrder> outputs;
   std::optional<std::string> bytes;  // of a pipe, if another process has read it
+  bool hasPage = false;              // in a book that the tool's first process writes
 };
 
 // A drawing and the place of its results below the folder, without an extension.
@@ -33,7 +34,7 @@ class JobPlan {
   size_t Count() const { return drawings.size(); }
   Job JobOf(size_t index) const;
 
-  // Below the folder of -d, without an extension: the same for the same drawings.
+  // Below the folder of -d, or the title of a page: without an extension, and the same for the same drawings.
   const std::string& PlaceOf(size_t index) const { return drawings[index].place; }
   const std::string& DrawingOf(size_t index) const { return drawings[index].path; }
 
@@ -41,14 +42,16 @@ class JobPlan {
   const std::vector<std::string>& UnreadableFolders() const { return unreadableFolders; }
 
  private:
-  void PlanFolder(const Options& options);
+  void PlanMany(const Options& options);
+  void AddDrawings(const Options& options);
   void PlanSingle(const Options& options);
   void SettlePlaces();
   void CheckFolder() const;
+  void CheckBook(const std::string& book) const;
 
   std::vector<PlacedDrawing> drawings;
   std::vector<std::string> unreadableFolders;
-  bool isMany = false;
+  bool isMany = false, hasPages = false;
   std::vector<PictureOrder> singleOutputs;
   std::string folder;
   std::vector<const PictureKind*> kinds;

@@ -38,8 +38,9 @@ const PictureKind* KindOf(const std::string& option) {
 
 Job JobOf(const Message& message) {
   Fields fields(message);
-  Job job = {fields.Text(), {}, {}};
+  Job job = {fields.Text(), {}, {}, false};
   if (fields.Number() != 0) job.bytes = fields.Text();
+  job.hasPage = fields.Number() != 0;
   for (int64_t count = fields.Number(); count > 0; --count) {
     const std::string kind = fields.Text();
     job.outputs.push_back({KindOf(kind), fields.Text()});
@@ -60,6 +61,7 @@ Message MessageOf(const DrawingResult& result) {
   }
   message.push_back(result.report);
   message.push_back(result.standardOutput);
+  message.emplace_back(result.page.begin(), result.page.end());
   return message;
 }
 
@@ -73,6 +75,7 @@ bool Send(const Message& message) {
 Message MessageOf(const Job& job) {
   Message message = {job.drawing, job.bytes ? "1" : "0"};
   if (job.bytes) message.push_back(*job.bytes);
+  message.emplace_back(job.hasPage ? "1" : "0");
   message.push_back(std::to_string(job.outputs.size()));
   for (const PictureOrder& output : job.outputs) {
     message.push_back(output.kind ? output.kind->option : "");
@@ -97,6 +100,8 @@ DrawingResult ResultOf(const Message& message) {
   }
   result.report = fields.Text();
   result.standardOutput = fields.Text();
+  const std::string page = fields.Text();
+  result.page.assign(page.begin(), page.end());
   return result;
 }
 
@@ -106,7 +111,7 @@ int RunWorker() {
   const std::optional<Message> arguments = ReadMessage(input);
   if (!arguments) return 0;
   const Options options = ParseOptions(*arguments);
-  LimitMemory(MemoryLimitOf(options));
+  PrepareWorker(MemoryLimitOf(options));
   while (const std::optional<Message> message = ReadMessage(input)) {
     const Job job = JobOf(*message);
     std::string standardOutput;

@@ -25,9 +25,11 @@ WorkerPool::WorkerPool(const JobPlan& planned, const Options& asked,
       memoryLimit(MemoryLimitOf(asked)),
       timeLimit(asked.timeLimit.value_or(defaultTimeLimit)) {}
 
-void WorkerPool::Run(size_t workers, const NextJob& next, const TakeResult& take, const Tick& tick) {
+void WorkerPool::Run(size_t workers, const NextJob& next, const TakeResult& take, const Tick& tick,
+                     const IsHeld& held) {
   nextJob = next;
   takeResult = take;
+  isHeld = held;
   places.resize(workers);
   do {
     for (Place& place : places) Fill(place);
@@ -55,6 +57,7 @@ std::optional<size_t> WorkerPool::TakeNext() {
     waiting.pop_front();
     return index;
   }
+  if (isHeld()) return std::nullopt;
   const std::optional<size_t> index = hasMore ? nextJob() : std::nullopt;
   if (!index) hasMore = false;
   return index;

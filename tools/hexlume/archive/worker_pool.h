@@ -25,12 +25,14 @@ class WorkerPool {
   using NextJob = std::function<std::optional<size_t>()>;
   using TakeResult = std::function<void(size_t index, DrawingResult result)>;
   using Tick = std::function<void()>;
+  using IsHeld = std::function<bool()>;
 
   WorkerPool(const JobPlan& plan, const Options& options, const std::vector<std::string>& arguments);
 
   // Calls next, take and tick in this thread until each drawing has its result. tick is called some times a second.
-  // Throws WorkerError if no worker can be started.
-  void Run(size_t workers, const NextJob& next, const TakeResult& take, const Tick& tick);
+  // While isHeld, no drawing is begun that hasn't been sent before. Throws WorkerError if no worker can be started.
+  void Run(size_t workers, const NextJob& next, const TakeResult& take, const Tick& tick,
+           const IsHeld& isHeld);
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -65,6 +67,7 @@ class WorkerPool {
   const std::chrono::seconds timeLimit;
   NextJob nextJob;
   TakeResult takeResult;
+  IsHeld isHeld;
   std::vector<Place> places;
   std::deque<size_t> waiting;  // sent to workers that have ended
   std::set<size_t> retried;    // once too much memory in a worker that had converted others

@@ -18,11 +18,12 @@ namespace hexlume {
 namespace {
 
 // A binary file makes a terminal unusable.
-void CheckTerminal(const JobPlan& plan) {
+void CheckTerminal(const JobPlan& plan, const Options& options) {
   if (plan.Count() == 0 || !StandardOutputIsTerminal()) return;
+  bool isPrinted = options.book == standardStream;
   for (const PictureOrder& output : plan.JobOf(0).outputs)
-    if (output.file == standardStream)
-      throw UsageError("the result isn't written to a terminal; name an OUTPUT");
+    isPrinted = isPrinted || output.file == standardStream;
+  if (isPrinted) throw UsageError("the result isn't written to a terminal; name an OUTPUT");
 }
 
 int Run(const std::vector<std::string>& arguments) {
@@ -36,7 +37,7 @@ int Run(const std::vector<std::string>& arguments) {
     return 0;
   }
   const JobPlan plan(options);
-  CheckTerminal(plan);
+  CheckTerminal(plan, options);
   return RunBatch(plan, options, arguments);
 }
 

@@ -1,6 +1,7 @@
 #include "tools/hexlume/command/option_table.h"
 
 #include "tools/hexlume/picture/picture.h"
+#include "tools/hexlume/picture/picture_book.h"
 
 namespace hexlume {
 namespace {
@@ -49,6 +50,18 @@ const OptionRow toRow = {
     text,
     "Kinds of results, with commas: emf, png, svg, pdf (default emf)",
     "The results have the drawing's name and the extension of their kind. On Windows there are emf and png.",
+    false,
+    nullptr,
+    nullptr};
+
+const OptionRow bookRow = {
+    outputGroup,
+    "pdf-book",
+    "FILE",
+    file,
+    "Write a PDF file with a page for each drawing",
+    "The pages are in the order of the drawings, each in its sheet's size, and have bookmarks. Without -d "
+    "there are no other results.",
     false,
     nullptr,
     nullptr};
@@ -129,6 +142,7 @@ std::vector<OptionRow> MakeTable() {
     table.push_back({outputGroup, kind.option, "FILE", file, kind.help, "", false, nullptr, nullptr});
   for (const PictureKind& kind : PictureKinds())
     if (kind.canKeepTexts) table.push_back(textsRow);
+  if (HasPictureBooks()) table.push_back(bookRow);
   table.insert(table.end(), std::begin(resultRows), std::end(resultRows));
   table.insert(table.end(), std::begin(conversionRows), std::end(conversionRows));
   table.insert(table.end(), std::begin(answerRows), std::end(answerRows));

@@ -12,6 +12,7 @@
 #include "tools/hexlume/command/options_system.h"
 #include "tools/hexlume/command/suggestion.h"
 #include "tools/hexlume/drawing/drawing_source.h"
+#include "tools/hexlume/picture/picture_book.h"
 
 namespace hexlume {
 namespace {
@@ -150,6 +151,7 @@ void ReadOutputs(const cxxopts::ParseResult& parsed, Options& options) {
   if (options.folder && options.folder->empty()) throw UsageError("-d needs the name of a folder");
   ReadPictures(parsed, options);
   ReadTexts(parsed, options);
+  if (HasPictureBooks()) options.book = TextOf(parsed, "pdf-book");
 }
 
 void ReadMany(const cxxopts::ParseResult& parsed, Options& options) {
@@ -176,6 +178,8 @@ void CheckMany(const Options& options) {
   if (options.skipUnchanged && !options.folder) throw UsageError("--skip-unchanged needs -d DIR");
   if (options.skipUnchanged && needsOwnProcess)
     throw UsageError("--skip-unchanged can't be used with --list or --dialogs");
+  if (options.skipUnchanged && options.book)
+    throw UsageError("--skip-unchanged can't be used with --pdf-book, which needs all drawings");
   if (options.dialogs != 0 && options.report) throw UsageError("--report can't be used with --dialogs");
 }
 

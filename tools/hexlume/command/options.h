@@ -36,6 +36,7 @@ struct Options {
   std::vector<const PictureKind*> kinds;  // of --to; nullptr: the metafile
   std::vector<PictureOrder> pictures;
   PictureSettings pictureSettings;
+  std::optional<std::string> book;
   bool list = false;
 
   std::optional<View> view;

@@ -4,6 +4,8 @@
 #include <new>
 
 #include "tools/hexlume/drawing/drawing_report.h"
+#include "tools/hexlume/picture/picture.h"
+#include "tools/hexlume/picture/picture_book.h"
 
 namespace hexlume {
 namespace {
@@ -51,14 +53,20 @@ DrawingResult RunDrawing(const Job& job, const Options& options, Converter conve
   result.drawing = StampOf(job.drawing).value_or(FileStamp());
   DrawingSource source;
   Conversion conversion;
+  bool hasPage = false;
   try {
     source = SourceOf(job, options, result.drawing);
     conversion = Convert(source, options, converter);
     TakeStatus(conversion, job, result);
-    if (!conversion.metafile.empty())
+    if (!conversion.metafile.empty()) {
       result.outputs = WriteOutputs(conversion.metafile, job, options, hasHeading);
+      if (job.hasPage) CheckPage(conversion.metafile);
+      hasPage = job.hasPage;
+    }
   } catch (const OutputError& error) {
     TakeOutputFailure(error.what(), result);
+  } catch (const PictureError& error) {
+    TakeOutputFailure(PageFailure(job.drawing, error.what()), result);
   } catch (const std::bad_alloc&) {
     TakeStatus(Ended(noMemoryStatus), job, result);
   }
@@ -66,7 +74,12 @@ DrawingResult RunDrawing(const Job& job, const Options& options, Converter conve
     const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
     result.report = DescribeDrawing(source, options, conversion, result, time.count());
   }
+  if (hasPage) result.page = std::move(conversion.metafile);
   return result;
+}
+
+std::string PageFailure(const std::string& drawing, const std::string& reason) {
+  return drawing + ": its page can't be written: " + reason;
 }
 
 }  // namespace hexlume

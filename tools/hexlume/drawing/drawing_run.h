@@ -23,12 +23,16 @@ struct DrawingResult {
   std::vector<std::string> warnings;
   FileStamp drawing;  // before it was read
   std::vector<WrittenOutput> outputs;
+  MetafileBytes page;          // of a book; empty without one
   std::string report;          // a JSON object, if the options ask for it
   std::string standardOutput;  // of a worker
 };
 
 // A result that failed without a conversion.
 DrawingResult FailedResult(const Job& job, StatusRow row, const Options& options);
+
+// The message for a drawing whose page in a book can't be written.
+std::string PageFailure(const std::string& drawing, const std::string& reason);
 
 DrawingResult RunDrawing(const Job& job, const Options& options, Converter converter, bool hasHeading);
 

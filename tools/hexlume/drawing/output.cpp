@@ -25,31 +25,6 @@ void WriteListing(const Bytes& bytes, const std::string& heading) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-// A file, or standard output.
-class Output {
- public:
-  explicit Output(const std::string& path) {
-    if (path != standardStream) file.emplace(path);
-  }
-
-  void Write(const uint8_t* bytes, size_t count) {
-    if (file)
-      file->Write(bytes, count);
-    else
-      WriteToStandardOutput(bytes, count);
-    size += static_cast<int64_t>(count);
-  }
-
-  int64_t Commit() {
-    if (file) file->Commit();
-    return size;
-  }
-
- private:
-  std::optional<WholeFile> file;
-  int64_t size = 0;
-};
-
 // The folders of the tree below -d are made when they are needed.
 void MakeFolderOf(const std::string& path) {
   if (!StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path))) throw OutputError(path, std::strerror(errno));
@@ -73,6 +48,23 @@ int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
 }
 
 }  // namespace
+
+Output::Output(const std::string& path) {
+  if (path != standardStream) file.emplace(path);
+}
+
+void Output::Write(const uint8_t* bytes, size_t count) {
+  if (file)
+    file->Write(bytes, count);
+  else
+    WriteToStandardOutput(bytes, count);
+  size += static_cast<int64_t>(count);
+}
+
+int64_t Output::Commit() {
+  if (file) file->Commit();
+  return size;
+}
 
 std::vector<WrittenOutput> WriteOutputs(const MetafileBytes& metafile, const Job& job, const Options& options,
                                         bool hasHeading) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,21 @@
 #include "tools/hexlume/system/file_output.h"
 
 namespace hexlume {
+
+// A file, or standard output for "-". All functions throw OutputError.
+class Output {
+ public:
+  explicit Output(const std::string& path);
+
+  void Write(const uint8_t* bytes, size_t count);
+
+  // Returns the number of bytes.
+  int64_t Commit();
+
+ private:
+  std::optional<WholeFile> file;
+  int64_t size = 0;
+};
 
 struct WrittenOutput {
   std::string file;

@@ -113,12 +113,18 @@ class InkFinder {
     }
   }
 
-  // The record has the bounds of its text, in pixels of the device, unless nothing of it can be seen.
+  // A text can go on in any direction. No character is higher than twice the shortest text's length. The bounds in the
+  // record aren't used, as systems write them in different units.
   void AddText(const EmfRecord& record, InkBox& box) const {
-    const EmfRectangle bounds = EmfRectangleAt(record, 8);
+    const uint32_t count = record.UInt(44), advances = record.UInt(72);
+    double length = 0;
+    if (advances != 0) {
+      record.RequireItems(advances, count, 4);
+      for (size_t i = 0; i < count; ++i)
+        length += std::fabs(static_cast<double>(record.Int(advances + 4 * i)));
+    }
     box.Add(Place(PointAt(record, 36)));
-    if (bounds.left <= bounds.right && bounds.top <= bounds.bottom)
-      AddRectangle(bounds, box, [this](Point point) { return mapping.FromDevice(point.x, point.y); });
+    box.Grow(2 * length * mapping.UnitX(), 2 * length * mapping.UnitY());
   }
 
   // Of a region only the bounds are looked at, and of combined regions only the last one.

@@ -26,14 +26,15 @@ std::string TitleOf(const std::string& utf8) {
 PdfBook::PdfBook(ByteSink sink)
     : file(std::move(sink)), tree(file.NewObject()), resources(file.NewObject()) {}
 
-void PdfBook::AddPage(const uint8_t* metafile, size_t size, const std::string& title) {
+void PdfBook::AddPage(const MetafileBytes& metafile, const std::string& title) {
   MetafileFrame frame;
-  if (!ReadMetafileFrame(metafile, size, frame)) throw PictureError("the metafile has no header");
+  if (!ReadMetafileFrame(metafile.data(), metafile.size(), frame))
+    throw PictureError("the metafile has no header");
   RequirePage(frame);
   const int contents = file.NewObject();
   file.BeginStream(contents);
   PdfCanvas canvas(frame, file, fonts);
-  const bool isSound = PlayMetafile(metafile, size, canvas);
+  const bool isSound = PlayMetafile(metafile.data(), metafile.size(), canvas);
   canvas.Finish();
   file.EndStream();
   pages.push_back({file.NewObject(), title});

@@ -34,9 +34,10 @@ void AppendNumbers(std::string& text, std::initializer_list<double> numbers) {
 PdfCanvas::PdfCanvas(const MetafileFrame& frame, PdfFile& pdfFile, PdfFonts& pdfFonts)
     : PlayerCanvas(VectorMeasures(frame)), file(pdfFile), fonts(pdfFonts) {
   const CanvasMeasures& measures = Measures();
-  AppendNumbers(text,
-                {pointsInAHundredth, 0, 0, -pointsInAHundredth, 0, measures.height * pointsInAHundredth});
-  text += "cm\n1 J 1 j\n1 g\n";
+  // The factor needs more decimals than lengths do.
+  text += "0.028346457 0 0 -0.028346457 0 ";
+  AppendNumber(text, measures.height * pointsInAHundredth);
+  text += " cm\n1 J 1 j\n1 g\n";
   AppendNumbers(text, {0, 0, measures.width, measures.height});
   text += "re\nf\n";
 }

@@ -1,6 +1,7 @@
 #include "tools/hexlume/metafile/metafile_player.h"
 #include "tools/hexlume/picture/pdf_book.h"
 #include "tools/hexlume/picture/picture.h"
+#include "tools/hexlume/picture/picture_book.h"
 #include "tools/hexlume/picture/png_file.h"
 #include "tools/hexlume/picture/raster_canvas.h"
 #include "tools/hexlume/picture/svg_canvas.h"
@@ -40,7 +41,7 @@ void WriteSvgPicture(const MetafileBytes& metafile, const PictureSettings& setti
 
 void WritePdfPicture(const MetafileBytes& metafile, const PictureSettings&, const ByteSink& sink) {
   PdfBook book(sink);
-  book.AddPage(metafile.data(), metafile.size(), "");
+  book.AddPage(metafile, "");
   book.Finish();
 }
 
@@ -53,6 +54,18 @@ const std::vector<PictureKind>& PictureKinds() {
       {"pdf", "Write the same as a PDF file of one page", false, false, WritePdfPicture},
   };
   return kinds;
+}
+
+bool HasPictureBooks() {
+  return true;
+}
+
+void CheckPage(const MetafileBytes& metafile) {
+  RequirePage(FrameOf(metafile));
+}
+
+std::unique_ptr<PictureBook> MakePictureBook(const ByteSink& sink) {
+  return std::make_unique<PdfBook>(sink);
 }
 
 }  // namespace hexlume

@@ -9,6 +9,7 @@
 #include <type_traits>
 
 #include "tools/hexlume/picture/picture.h"
+#include "tools/hexlume/picture/picture_book.h"
 
 namespace hexlume {
 namespace {
@@ -168,6 +169,16 @@ const std::vector<PictureKind>& PictureKinds() {
       {"png", "Write a picture of the metafile", true, false, WritePngPicture},
   };
   return kinds;
+}
+
+bool HasPictureBooks() {
+  return false;
+}
+
+void CheckPage(const MetafileBytes&) {}
+
+std::unique_ptr<PictureBook> MakePictureBook(const ByteSink&) {
+  return nullptr;
 }
 
 }  // namespace hexlume

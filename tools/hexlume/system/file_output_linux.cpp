@@ -46,10 +46,18 @@ std::string BehindLinks(const std::string& path) {
   return real ? real.get() : path;
 }
 
+// A process that has ended keeps its number until another one has asked for its status, which can take for ever.
+bool HasEnded(pid_t process) {
+  if (kill(process, 0) != 0) return errno == ESRCH;
+  const File file = OpenFile("/proc/" + std::to_string(process) + "/stat", "r");
+  char state = ' ';
+  return file && std::fscanf(file.get(), "%*d (%*[^)]) %c", &state) == 1 && state == 'Z';
+}
+
 bool IsLeftover(const std::string& name, const std::string& prefix) {
   if (name.compare(0, prefix.size(), prefix) != 0) return false;
   const auto process = static_cast<pid_t>(std::strtol(name.c_str() + prefix.size(), nullptr, 10));
-  return process > 0 && process != getpid() && kill(process, 0) != 0 && errno == ESRCH;
+  return process > 0 && process != getpid() && HasEnded(process);
 }
 
 }  // namespace

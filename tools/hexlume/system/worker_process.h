@@ -41,8 +41,8 @@ void WaitForWorkers(const std::vector<WorkerProcess*>& workers, int milliseconds
 
 int64_t MemoryLimitOf(const Options& options);
 
-// Called by the worker itself: lets an allocation fail that the other process would notice too late. The limit itself is
-// kept by the other process.
-void LimitMemory(int64_t memoryLimit);
+// Called by the worker itself. It ends with the other process, asks nobody when it crashes, and fails to get the memory that the
+// other process would notice too late: the limit itself is kept by that one.
+void PrepareWorker(int64_t memoryLimit);
 
 }  // namespace hexlume

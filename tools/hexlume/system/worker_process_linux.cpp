@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -33,6 +34,15 @@ MemoryPages MemoryOf(const std::string& process) {
 
 int64_t PageSize() {
   return sysconf(_SC_PAGESIZE);
+}
+
+void LimitMemory(int64_t memoryLimit) {
+  constexpr int64_t allowance = int64_t{1} << 30;
+  const int64_t most = 2 * memoryLimit + allowance;
+  // A build that checks memory has mapped much more already.
+  if (MemoryOf("self").mapped * PageSize() > most) return;
+  const rlimit limit = {static_cast<rlim_t>(most), static_cast<rlim_t>(most)};
+  setrlimit(RLIMIT_AS, &limit);
 }
 
 class LinuxWorker : public WorkerProcess {
@@ -155,13 +165,11 @@ void WaitForWorkers(const std::vector<WorkerProcess*>& workers, int milliseconds
   poll(streams.data(), streams.size(), milliseconds);
 }
 
-void LimitMemory(int64_t memoryLimit) {
-  constexpr int64_t allowance = int64_t{1} << 30;
-  const int64_t most = 2 * memoryLimit + allowance;
-  // A build that checks memory has mapped much more already.
-  if (MemoryOf("self").mapped * PageSize() > most) return;
-  const rlimit limit = {static_cast<rlim_t>(most), static_cast<rlim_t>(most)};
-  setrlimit(RLIMIT_AS, &limit);
+void PrepareWorker(int64_t memoryLimit) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  const rlimit noCore = {0, 0};
+  setrlimit(RLIMIT_CORE, &noCore);
+  LimitMemory(memoryLimit);
 }
 
 }  // namespace hexlume

@@ -179,7 +179,9 @@ void WaitForWorkers(const std::vector<WorkerProcess*>& workers, int milliseconds
                          static_cast<DWORD>(milliseconds));
 }
 
-// The job of the process does it.
-void LimitMemory(int64_t) {}
+// The job of the process does the rest.
+void PrepareWorker(int64_t) {
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+}
 
 }  // namespace hexlume
