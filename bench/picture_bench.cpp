@@ -1,5 +1,6 @@
-// Measures pictures of metafiles. Only ratios within one run count: time/item should be the same for every number of
-// strokes, and with a clip region of many boxes no more than twice that without. Linux only:
+// Measures pictures of metafiles. Only ratios within one run count: besides the time that the pixels of a PNG file take,
+// time/item should be the same for every number of strokes, and under a clip region of many boxes no more than three
+// times as long as under one of few. Linux only:
 //
 //   build/linux/bin/hexlume_picture_bench
 #include <benchmark/benchmark.h>

@@ -37,6 +37,10 @@ TEST_F(Pictures, of_a_drawing_beside_its_sheet_there_is_a_warning) {
   EXPECT_EQ(0, outcome.status);
   EXPECT_EQ("hexlume: plan.dxf: warning: beside-sheet: nothing of the drawing is on its sheet; try --fit\n",
             outcome.err);
+  // From the origin, which is always on the sheet, to (1100, 1200): 256 * 1100 / 1200 = 234.67.
+  ExpectSuccess(RunReal("--png plan.png --size 256 --fit plan.dxf"));
+  EXPECT_EQ(235u, SizeOfPicture("plan.png").width);
+  EXPECT_EQ(256u, SizeOfPicture("plan.png").height);
   Write("plan.dxf", DrawingOfALine(10, 10, 1100, 1200));
   ExpectSuccess(RunReal("--png plan.png plan.dxf"));
 }

@@ -89,9 +89,10 @@ void StrokeRaster::SetWidth(double width) {
   if (width == 2 * radius) return;
   // A corner's distance from the circle, in pixels.
   constexpr double stray = 0.05;
+  constexpr int mostSteps = 512;  // a circle that needs more has no end within an image
   radius = width / 2;
-  const int steps =
-      std::max(4, static_cast<int>(std::ceil(pi / (2 * std::acos(1 - stray / std::max(radius, 0.5))))));
+  const double turn = 2 * std::acos(1 - stray / std::max(radius, 0.5));
+  const int steps = static_cast<int>(std::clamp<double>(std::ceil(pi / turn), 4, mostSteps));
   halfCircle.clear();
   for (int i = 0; i <= steps; ++i) {
     const double angle = pi * i / steps - pi / 2;
@@ -188,11 +189,12 @@ void StrokeRaster::AddEdge(double x0, double x1, double height) {
 
 void StrokeRaster::PaintStretch(int row, Stretch stretch) {
   uint32_t* const pixels = image.Row(row);
+  constexpr float half = 0.5f;  // rounds; no number is negative but for the last digits
   float covered = 0;
   for (int x = touched.begin; x < stretch.begin; ++x) covered += changes[static_cast<size_t>(x)];
   for (int x = stretch.begin; x < stretch.end; ++x) {
     covered += changes[static_cast<size_t>(x)];
-    const int alpha = static_cast<int>(covered * 255 + 0.5f);
+    const int alpha = static_cast<int>(covered * 255 + half);
     if (alpha >= 255) {
       pixels[x] = color;
     } else if (alpha > 0) {

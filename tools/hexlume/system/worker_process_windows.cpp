@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+// The function that Windows XP has too.
+#define PSAPI_VERSION 1
 #include <psapi.h>
 
 #include "tools/hexlume/system/wide_text.h"
