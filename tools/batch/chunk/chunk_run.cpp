@@ -85,7 +85,8 @@ class ChunkRun {
     WorkerPool pool(jobs, options, arguments);
     pool.Run(
         std::max<size_t>(std::min(processes, drawings.size()), 1), nextJob,
-        [this](size_t index, const DrawingResult& result) { Take(index, result); }, [this] { Tick(); });
+        [this](size_t index, const DrawingResult& result) { Take(index, result); }, [this] { Tick(); },
+        [] { return false; });
   }
 
   void Tick() {
