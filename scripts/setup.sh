@@ -12,7 +12,7 @@ set -euo pipefail
 
 native_packages=(
   cmake g++ ninja-build pkg-config
-  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev
+  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev libsqlite3-dev
   nettle-dev nlohmann-json3-dev zlib1g-dev
   fonts-ipafont-gothic
 )
@@ -23,9 +23,12 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
+# Nothing runs by itself after their installation: start_no_service.
+engine_packages=(munge openssh-client openssh-server parallel procps slurm-client slurmctld slurmd)
 native_test_packages=(
   clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libuemf-dev
   libmono-system-core4.0-cil librsvg2-bin mono-mcs mono-runtime poppler-utils python3 qpdf
+  "${engine_packages[@]}"
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
@@ -56,6 +59,20 @@ missing_packages() {
 
 needs_wine() {
   [[ " ${packages[*]} " == *" wine "* ]]
+}
+
+# The engines of hexlume-batch are services. Their tests start them on the loopback address, and end them.
+start_no_service() {
+  local policy=/usr/sbin/policy-rc.d status=0
+  if [ -e "$policy" ]; then
+    "$@"
+    return
+  fi
+  printf '#!/bin/sh\nexit 101\n' | as_root tee "$policy" >/dev/null
+  as_root chmod 755 "$policy"
+  "$@" || status=$?
+  as_root rm -f "$policy"
+  return "$status"
 }
 
 install_from_configured_archives() {
@@ -115,6 +132,7 @@ if [ "${#missing[@]}" -gt 0 ]; then
   if needs_wine && ! dpkg --print-foreign-architectures | grep -qx i386; then
     as_root dpkg --add-architecture i386
   fi
-  install_from_configured_archives "${packages[@]}" || install_from_main_archive "${packages[@]}"
+  start_no_service install_from_configured_archives "${packages[@]}" ||
+    start_no_service install_from_main_archive "${packages[@]}"
 fi
 if needs_wine; then make_japanese_locale; fi

@@ -15,10 +15,14 @@ Outcome BatchRun::RunBatch(const std::string& arguments, const std::string& envi
   return {status, Contents("out.txt"), Contents("err.txt")};
 }
 
-void BatchRun::WriteDrawing(const std::string& path, int32_t lines) {
+void BatchRun::WriteText(const std::string& path, const std::string& text) {
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
   if (!folder.empty()) std::filesystem::create_directories(folder);
-  Write(path, A3(Lines(lines)));
+  Write(path, text);
+}
+
+void BatchRun::WriteDrawing(const std::string& path, int32_t lines) {
+  WriteText(path, A3(Lines(lines)));
 }
 
 void BatchRun::PlanDrawings(int32_t count, int32_t chunkSize, const std::string& options) {

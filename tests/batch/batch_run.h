@@ -14,7 +14,10 @@ class BatchRun : public ToolRun {
   // environment has assignments for the shell.
   static Outcome RunBatch(const std::string& arguments, const std::string& environment = "");
 
-  // A drawing with so many lines, and folders for it.
+  // Makes folders for the file too.
+  static void WriteText(const std::string& path, const std::string& text);
+
+  // A drawing with so many lines.
   static void WriteDrawing(const std::string& path, int32_t lines = 1);
 
   // Drawings 1.dxf, 2.dxf ... in the folder "in", and a plan of it in the folder "batch".

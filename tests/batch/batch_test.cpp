@@ -47,7 +47,7 @@ TEST_F(BatchOnThisMachine, outputs_are_those_of_the_tool) {
 }
 
 TEST_F(BatchOnThisMachine, a_broken_drawing_fails_and_the_others_do_not) {
-  Write("in/0.dxf", "no drawing\n");
+  WriteText("in/0.dxf", "no drawing\n");
   PlanDrawings(2, 500);
   const Outcome outcome = RunBatch("run batch");
   EXPECT_EQ(1, outcome.status);
@@ -116,7 +116,7 @@ TEST_F(BatchOnThisMachine, results_of_an_ended_process_are_cleaned_away) {
 
 TEST_F(BatchOnThisMachine, a_drawing_that_takes_too_long_costs_one_line) {
   WriteDrawing("in/1.dxf");
-  Write("in/2.dxf", EndlessDrawing());
+  WriteText("in/2.dxf", EndlessDrawing());
   WriteDrawing("in/3.dxf");
   ExpectDone(RunBatch("plan in --out batch --time-limit 1 --memory-limit 8G"));
   EXPECT_EQ(1, RunBatch("run batch").status);
@@ -139,7 +139,7 @@ TEST_F(BatchOnThisMachine, wrong_usage_makes_nothing) {
   WriteDrawing("in/1.dxf");
   for (const char* const arguments :
        {"", "fly", "plan in", "plan --out batch in --to gif", "plan --out batch in --chunk 0",
-        "plan --out batch empty", "plan --out batch in --dialogs", "run", "run in out", "chunk in",
+        "plan --out batch nothing", "plan --out batch in --dialogs", "run", "run in out", "chunk in",
         "retry in", "report in --format xml"}) {
     const Outcome outcome = RunBatch(arguments);
     EXPECT_TRUE(outcome.status == 64 || outcome.status == 74) << arguments << ": " << outcome.status;

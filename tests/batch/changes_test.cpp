@@ -67,7 +67,7 @@ TEST_F(BatchChanges, without_a_hash_the_time_counts) {
 }
 
 TEST_F(BatchChanges, retry_leaves_what_is_done) {
-  Write("in/0.dxf", "no drawing\n");
+  WriteText("in/0.dxf", "no drawing\n");
   PlanDrawings(3, 2);
   RunBatch("run batch");
   const std::string other = Contents("batch/results/00002.jsonl");
@@ -80,7 +80,7 @@ TEST_F(BatchChanges, retry_leaves_what_is_done) {
 
 TEST_F(BatchChanges, retry_can_raise_a_limit) {
   PlanDrawings(1, 1, "--time-limit 5 --mono");
-  Write("in/1.dxf", "no drawing\n");
+  WriteText("in/1.dxf", "no drawing\n");
   RunBatch("run batch");
   ExpectDone(RunBatch("retry batch --failed --time-limit 77"));
   RunBatch("run batch");

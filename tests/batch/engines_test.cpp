@@ -78,7 +78,7 @@ TEST_F(BatchEngines, slurm_is_not_asked_when_nothing_is_left) {
 }
 
 TEST_F(BatchEngines, without_wait_the_run_ends_when_all_is_submitted) {
-  Write("in/0.dxf", "no drawing\n");
+  WriteText("in/0.dxf", "no drawing\n");
   PlanDrawings(1, 1);
   EXPECT_EQ(0, Run("run batch --engine slurm").status);
   EXPECT_EQ(1, Run("run batch --engine slurm --wait").status) << "a drawing has failed";

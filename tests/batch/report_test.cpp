@@ -12,7 +12,7 @@ class BatchReport : public BatchRun {};
 
 TEST_F(BatchReport, csv_has_a_line_for_each_drawing) {
   WriteDrawing("in/a, b.dxf");
-  Write("in/c.dxf", "no drawing\n");
+  WriteText("in/c.dxf", "no drawing\n");
   ExpectDone(RunBatch("plan in --out batch --to emf,png:64 --no-hash"));
   const std::string in = std::filesystem::current_path().string() + "/in/";
   const std::string size = std::to_string(std::filesystem::file_size("in/a, b.dxf"));
@@ -30,7 +30,7 @@ TEST_F(BatchReport, csv_has_a_line_for_each_drawing) {
 }
 
 TEST_F(BatchReport, only_the_failed_ones_if_they_are_asked_for) {
-  Write("in/0.dxf", "no drawing\n");
+  WriteText("in/0.dxf", "no drawing\n");
   PlanDrawings(3, 2);
   EXPECT_TRUE(Report("--failed").empty()) << "those without a result haven't failed";
   RunBatch("run batch");
@@ -50,7 +50,7 @@ TEST_F(BatchReport, a_path_of_any_bytes_can_be_found_again) {
 }
 
 TEST_F(BatchReport, the_page_names_the_failed_drawings) {
-  Write("in/<b>.dxf", "no drawing\n");
+  WriteText("in/<b>.dxf", "no drawing\n");
   WriteDrawing("in/100%.dxf");
   ExpectDone(RunBatch("plan in --out batch --to emf,png:64"));
   RunBatch("run batch");
@@ -67,7 +67,7 @@ TEST_F(BatchReport, the_page_names_the_failed_drawings) {
 }
 
 TEST_F(BatchReport, the_status_for_people_has_the_reasons) {
-  Write("in/0.dxf", "no drawing\n");
+  WriteText("in/0.dxf", "no drawing\n");
   PlanDrawings(3, 2);
   RunBatch("chunk batch 1");
   const Outcome outcome = RunBatch("status batch");

@@ -18,6 +18,7 @@
 #include "tools/batch/results/progress.h"
 #include "tools/batch/results/report.h"
 #include "tools/batch/results/retry.h"
+#include "tools/hexlume/archive/wildcard.h"
 #include "tools/hexlume/command/option_values.h"
 #include "tools/hexlume/drawing/status.h"
 #include "tools/hexlume/system/file_output.h"
@@ -32,6 +33,14 @@ constexpr int32_t mostJobs = 60;
 std::string FolderOfBatch(const CommandLine& line) {
   if (line.Operands().size() != 1) throw UsageError("one folder of a batch is needed");
   return AbsolutePath(line.Operands()[0]);
+}
+
+void AddArchives(const std::vector<std::string>& archives, std::vector<std::string>& inputs) {
+  for (const std::string& archive : archives) {
+    if (!StampOf(archive) && !HasWildcard(archive))
+      throw UsageError("there is no folder and no drawing '" + archive + "'");
+    inputs.push_back(archive);
+  }
 }
 
 void CheckOutput(const std::ostream& out) {
@@ -77,8 +86,7 @@ int PlanCommand(const CommandLine& line) {
   if (const auto list = line.Text("files-from")) order.inputs.push_back("--files-from=" + *list);
   if (line.Has("null")) order.inputs.push_back("--null");
   order.inputs.push_back("--");
-  for (const auto& inputs : {line.Operands(), line.Rest()})
-    order.inputs.insert(order.inputs.end(), inputs.begin(), inputs.end());
+  for (const auto& inputs : {line.Operands(), line.Rest()}) AddArchives(inputs, order.inputs);
   const PlanSummary summary = MakePlan(order);
   std::cout << summary.drawings << " drawings in " << summary.chunks << " chunks\n";
   for (const std::string& unreadable : summary.unreadableFolders)
@@ -110,7 +118,7 @@ int StatusCommand(const CommandLine& line) {
     if (isRedrawn) std::cout << "\x1B[H\x1B[2J";
     std::cout << (line.Has("json") ? ProgressJson(progress) + '\n' : ProgressText(progress)) << std::flush;
     CheckOutput(std::cout);
-    if (!line.Has("watch") || progress.left == 0) return 0;
+    if (!line.Has("watch") || progress.IsComplete()) return 0;
     Sleep(interval);
     CheckInterrupt();
   }

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int32_t mostProcesses = 1000;
 constexpr int mostStarts = 3;
-constexpr int interval = 100;  // milliseconds
+constexpr int interval = 20;  // milliseconds
 
 class LocalEngine : public Engine {
  public:

@@ -23,7 +23,7 @@ class Watch {
     const Clock::time_point now = Clock::now();
     if (now < next) return isComplete;
     const BatchProgress progress = ProgressOf(plan);
-    isComplete = progress.left == 0;
+    isComplete = progress.IsComplete();
     if (isShown) Show(progress);
     next = Clock::now() + std::max<Clock::duration>(std::chrono::seconds(1), 10 * (Clock::now() - now));
     return isComplete;
@@ -63,10 +63,10 @@ int Conclude(const BatchProgress& progress, const RunOrder& order) {
   const std::string words = std::to_string(progress.done) + " done, " + std::to_string(progress.failed) +
                             " failed, " + std::to_string(progress.left) + " left";
   if (!order.isQuiet) std::cout << words << '\n';
-  if (progress.left > 0)
+  if (!progress.IsComplete())
     std::cerr << "hexlume-batch: no chunk gets further; " << LogsPath(order.folder)
               << " and the messages above say why\n";
-  return progress.done == progress.drawings ? 0 : notAllDoneExit;
+  return progress.IsComplete() && progress.done == progress.drawings ? 0 : notAllDoneExit;
 }
 
 }  // namespace
@@ -77,13 +77,13 @@ int RunBatch(const RunOrder& order) {
   const std::unique_ptr<Engine> engine = MakeEngine(plan, order);
   Watch watch(plan, order.isQuiet);
   BatchProgress before = ProgressOf(plan);
-  while (before.left > 0) {
+  while (!before.IsComplete()) {
     engine->Run(before.chunksLeft, [&watch] { return watch.IsComplete(); });
     watch.Clear();
     if (!order.waits) return 0;
     const BatchProgress after = ProgressOf(plan);
     // What an engine has given up is submitted again as long as something is gained.
-    const bool isStuck = Results(after) <= Results(before);
+    const bool isStuck = Results(after) <= Results(before) && after.finishedChunks <= before.finishedChunks;
     before = after;
     if (isStuck) break;
   }

@@ -15,7 +15,7 @@ using Json = nlohmann::ordered_json;
 // Of all processes that have results for a chunk, the one with the most.
 struct ChunkState {
   ResultHead head;
-  bool isRunning = false;
+  bool isRunning = false, isFinished = false;
 };
 
 class Gatherer {
@@ -47,6 +47,8 @@ class Gatherer {
       progress.hosts.insert(file.host);
       AddRate(*head);
     }
+    // After a failure of its machine a part can have fewer lines than its first line says.
+    if (!file.isPart && head->IsComplete()) state.isFinished = true;
     if (head->Count() >= state.head.Count()) state.head = *head;
   }
 
@@ -60,15 +62,14 @@ class Gatherer {
     for (const auto& [status, number] : state.head.statuses) progress.statuses[status] += number;
     progress.done += state.head.Done();
     progress.failed += state.head.Failed();
-    const int64_t missing = chunk.drawings - state.head.Count();
-    if (missing == 0) {
+    if (state.isFinished) {
       ++progress.finishedChunks;
       return;
     }
     progress.chunksLeft.push_back(chunk.number);
     if (!state.isRunning) return;
     ++progress.runningChunks;
-    progress.running += missing;
+    progress.running += chunk.drawings - state.head.Count();
   }
 
   const Plan& plan;

@@ -23,7 +23,9 @@ struct BatchProgress {
   std::set<std::string> hosts;  // that are converting
   std::optional<double> rate;   // drawings in a second, of all machines
   std::optional<int64_t> secondsLeft;
-  std::vector<int64_t> chunksLeft;  // that have drawings without a result
+  std::vector<int64_t> chunksLeft;  // without whole results
+
+  bool IsComplete() const { return chunksLeft.empty(); }
 };
 
 BatchProgress ProgressOf(const Plan& plan);
