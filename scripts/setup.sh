@@ -23,7 +23,6 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
-# Nothing runs by itself after their installation: start_no_service.
 engine_packages=(munge openssh-client openssh-server parallel procps slurm-client slurmctld slurmd)
 native_test_packages=(
   clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libuemf-dev
@@ -61,19 +60,19 @@ needs_wine() {
   [[ " ${packages[*]} " == *" wine "* ]]
 }
 
-# The engines of hexlume-batch are services. Their tests start them on the loopback address, and end them.
-start_no_service() {
-  local policy=/usr/sbin/policy-rc.d status=0
-  if [ -e "$policy" ]; then
-    "$@"
-    return
-  fi
-  printf '#!/bin/sh\nexit 101\n' | as_root tee "$policy" >/dev/null
-  as_root chmod 755 "$policy"
-  "$@" || status=$?
-  as_root rm -f "$policy"
-  return "$status"
+# The engines of hexlume-batch are services, which must not start by themselves. Their tests start and end them.
+refuse_services() {
+  [ ! -e /usr/sbin/policy-rc.d ] || return 0
+  own_policy=/usr/sbin/policy-rc.d
+  printf '#!/bin/sh\nexit 101\n' | as_root tee "$own_policy" >/dev/null
+  as_root chmod 755 "$own_policy"
 }
+
+clean_up() {
+  [ -z "${own_policy:-}" ] || as_root rm -f "$own_policy"
+  [ -z "${scratch:-}" ] || as_root rm -rf "$scratch"
+}
+trap clean_up EXIT
 
 install_from_configured_archives() {
   as_root apt-get update || true # one archive's broken index may not matter: the install shows
@@ -87,7 +86,6 @@ install_from_configured_archives() {
 install_from_main_archive() {
   local site
   scratch=$(mktemp -d)
-  trap 'as_root rm -rf "$scratch"' EXIT
   chmod 755 "$scratch" # apt downloads as a user of its own
   mkdir -p "$scratch/sources" "$scratch/lists/partial"
   site=$(apt-get indextargets --format '$(SITE) $(LABEL) $(CODENAME)' 2>/dev/null |
@@ -132,7 +130,7 @@ if [ "${#missing[@]}" -gt 0 ]; then
   if needs_wine && ! dpkg --print-foreign-architectures | grep -qx i386; then
     as_root dpkg --add-architecture i386
   fi
-  start_no_service install_from_configured_archives "${packages[@]}" ||
-    start_no_service install_from_main_archive "${packages[@]}"
+  refuse_services
+  install_from_configured_archives "${packages[@]}" || install_from_main_archive "${packages[@]}"
 fi
 if needs_wine; then make_japanese_locale; fi
