@@ -6,8 +6,10 @@
 #define CXXOPTS_VECTOR_DELIMITER '\0'
 #include <cxxopts.hpp>
 
+#include "tools/batch/base/error.h"
 #include "tools/hexlume/command/option_table.h"
 #include "tools/hexlume/command/option_values.h"
+#include "tools/hexlume/drawing/status.h"
 
 namespace hexlume::batch {
 namespace {
@@ -149,32 +151,49 @@ int32_t CommandLine::Number(const std::string& option, int32_t least, int32_t mo
   return text ? ParseNumber("--" + option, *text, least, most) : otherwise;
 }
 
+const std::vector<ExitRow>& ExitRows() {
+  static const std::vector<ExitRow> rows = {
+      {0, "all is well; of run: every drawing is converted, or all chunks are submitted"},
+      {notAllDoneExit, "of run: drawings have failed or are left"},
+      {StatusOf(notAllowedStatus).exit, "of plan: a folder can't be read; the others are planned"},
+      {StatusOf(noMemoryStatus).exit, "there isn't enough memory"},
+      {StatusOf(crashedStatus).exit, "of chunk: a worker process can't be started"},
+      {StatusOf(usageStatus).exit, "wrong usage; nothing was done"},
+      {engineMissingExit, "the engine isn't installed, or refuses the work"},
+      {StatusOf(notWrittenStatus).exit, "an output or a result can't be written"},
+      {unreadableExit, "the plan or a result can't be read, or is in use"},
+      {interruptedExit, "interrupted; the same command goes on"},
+  };
+  return rows;
+}
+
+std::vector<std::string> ConversionForms() {
+  std::vector<std::string> forms;
+  for (const OptionRow& row : ConversionRows()) forms.push_back(hexlume::WrittenForm(row));
+  return forms;
+}
+
+std::string WrittenForm(const CommandOption& option) {
+  return std::string("--") + option.name + (option.argument ? std::string(" ") + option.argument : "");
+}
+
 std::string BatchHelp() {
   std::string help = "Converts archives of ASCII DXF drawings on many machines.\n";
   for (const CommandForm& command : Commands()) {
     help += std::string("\n  hexlume-batch ") + command.name + ' ' + command.operands + "\n      " +
             command.help + '\n';
-    for (const CommandOption& option : command.options) {
-      if (!option.isShown) continue;
-      const std::string form =
-          std::string("--") + option.name + (option.argument ? std::string(" ") + option.argument : "");
-      help += "        " + Padded(form) + option.help + '\n';
-    }
+    for (const CommandOption& option : command.options)
+      if (option.isShown) help += "        " + Padded(WrittenForm(option)) + option.help + '\n';
     if (!command.takesConversion) continue;
-    help += "      and, as for hexlume:";
-    for (const OptionRow& row : ConversionRows()) help += ' ' + WrittenForm(row);
-    help += '\n';
+    help += "      and options of hexlume:\n";
+    for (const std::string& form : ConversionForms()) help += "        " + form + '\n';
   }
-  return help +
-         "\nExit status:\n"
-         "   0  all is well; of run: every drawing is converted, or submitted\n"
-         "   1  of run: drawings have failed or are left\n"
-         "  34  of plan: a folder can't be read; the others are planned\n"
-         "  64  wrong usage\n"
-         "  69  the engine isn't installed, or refuses the work\n"
-         "  73  an output or a result can't be written\n"
-         "  74  the plan or a result can't be read\n"
-         " 130  interrupted; the same command goes on\n";
+  help += "\nExit status:\n";
+  for (const ExitRow& row : ExitRows()) {
+    const std::string number = std::to_string(row.exit);
+    help += std::string(number.size() < 5 ? 5 - number.size() : 1, ' ') + number + "  " + row.meaning + '\n';
+  }
+  return help;
 }
 
 }  // namespace hexlume::batch

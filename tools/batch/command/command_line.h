@@ -47,6 +47,20 @@ class CommandLine {
   std::vector<std::string> operands, rest, conversion;
 };
 
+// An exit status and what it means.
+struct ExitRow {
+  int exit;
+  const char* meaning;
+};
+
+const std::vector<ExitRow>& ExitRows();
+
+// The options of hexlume that a plan takes, in their written forms.
+std::vector<std::string> ConversionForms();
+
+// How an option is written, for example "--out DIR".
+std::string WrittenForm(const CommandOption& option);
+
 // The help of the program.
 std::string BatchHelp();
 
