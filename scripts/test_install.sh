@@ -43,6 +43,16 @@ read -ra flags <<<"$(pkg-config --cflags --libs hexlume_host)"
 run cc -std=c11 -Wall -Wextra -Werror examples/hosts/convert.c "${flags[@]}" -o "$scratch/convert"
 run env LD_LIBRARY_PATH="$libraries" "$scratch/convert" examples/FIRST.dxf "$scratch/host_library.emf"
 
+for file in man/man1/hexlume.1 bash-completion/completions/hexlume thumbnailers/hexlume.thumbnailer; do
+  test -s "$scratch/package/share/$file"
+done
+# As a file manager does.
+thumbnail=$(sed -n 's/^Exec=//p' "$scratch/package/share/thumbnailers/hexlume.thumbnailer")
+thumbnail=${thumbnail//%s/256} thumbnail=${thumbnail//%o/$scratch/thumbnail.png} thumbnail=${thumbnail//%i/examples/FIRST.dxf}
+read -ra words <<<"$thumbnail"
+run env "PATH=$scratch/package/bin:$PATH" "${words[@]}"
+test -s "$scratch/thumbnail.png"
+
 run "$scratch/package/bin/hexlume" examples/FIRST.dxf "$scratch/tool.emf"
 test -s "$scratch/tool.emf"
 cmp "$scratch/tool.emf" "$scratch/cmake.emf"

@@ -76,6 +76,12 @@ test_debian() {
   run as_user hexlume FIRST.dxf
   run as_user hexlume --png text.png TEXT.dxf TEXT.emf
   test -s "$scratch/system/home/user/text.png"
+  run as_user sh -c 'mkdir out && hexlume -d out --jobs 2 --to emf,png,svg,pdf --report report.jsonl FIRST.dxf TEXT.dxf'
+  for kind in emf png svg pdf; do test -s "$scratch/system/home/user/out/TEXT.$kind"; done
+  [ "$(grep -c '"status":"ok"' "$scratch/system/home/user/report.jsonl")" = 2 ] || fail "The report lacks drawings."
+  for file in man/man1/hexlume.1.gz bash-completion/completions/hexlume thumbnailers/hexlume.thumbnailer; do
+    test -s "$scratch/system/usr/share/$file" || fail "The package lacks $file."
+  done
   cp "$scratch/system/home/user/FIRST.emf" "$scratch/debian.emf"
   compare_with_this_system
 
@@ -147,6 +153,10 @@ test_windows() {
   cp examples/FIRST.dxf "$WINEPREFIX/drive_c"
   prints "hexlume $version" wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" --version
   run wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" 'C:\FIRST.dxf' 'C:\FIRST.emf'
+  mkdir "$WINEPREFIX/drive_c/out"
+  run wine "C:\\hexlume-$version-$preset\\bin\\hexlume.exe" -d 'C:\out' --jobs 2 --to emf,png --report 'C:\report.jsonl' 'C:\*.DXF'
+  grep -q '"status":"ok"' "$WINEPREFIX/drive_c/report.jsonl" || fail "The report lacks the drawing."
+  for kind in emf png; do test -s "$WINEPREFIX/drive_c/out/FIRST.$kind"; done
   test -s "$WINEPREFIX/drive_c/FIRST.emf"
   for library in Hexlume HexlumeHost; do
     in_resource "$folder/bin/$library.dll" || fail "$library.dll says another version than $version."

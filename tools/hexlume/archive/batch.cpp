@@ -51,7 +51,9 @@ class Batch {
     const auto stamp = StampOf(*options.folder);
     if (!stamp || stamp->kind != FileKind::folder)
       throw OutputError(*options.folder, "there is no such folder");
-    if (usesWorkers || options.skipUnchanged) state.emplace(*options.folder, ResultKey(options));
+    if (!usesWorkers && !options.skipUnchanged) return;
+    CleanFolder(*options.folder);
+    state.emplace(*options.folder, ResultKey(options));
   }
 
   void OpenBook() {
@@ -106,12 +108,13 @@ class Batch {
     return std::nullopt;
   }
 
-  // What the tool left there when it was ended.
   void CleanFoldersOf(const Job& job) {
-    for (const PictureOrder& output : job.outputs) {
-      const std::string folder = FolderOf(output.file);
-      if (cleaned.insert(folder).second) RemoveLeftovers(folder);
-    }
+    for (const PictureOrder& output : job.outputs) CleanFolder(FolderOf(output.file));
+  }
+
+  // What the tool left there when it was ended.
+  void CleanFolder(const std::string& folder) {
+    if (cleaned.insert(folder).second) RemoveLeftovers(folder);
   }
 
   bool PassOver(size_t index, const Job& job) {

@@ -33,15 +33,20 @@ std::string OptionLines() {
   return lines;
 }
 
+// The statuses with their names, several in a line.
 std::string ExitLines() {
-  std::string lines = "\nExit status:\n";
+  constexpr size_t width = 96;
+  std::string lines = "\nExit status, that of the last drawing that has failed:\n", line = " ";
   for (int row = 0; row < statusRowCount; ++row) {
     const Status& status = StatusOf(static_cast<StatusRow>(row));
-    if (!status.meaning) continue;
-    lines += "  " + std::string(status.exit < 10 ? " " : "") + std::to_string(status.exit) + "  " +
-             status.meaning + '\n';
+    const std::string item = ' ' + std::to_string(status.exit) + ' ' + status.name;
+    if (line.size() + item.size() > width) {
+      lines += line + '\n';
+      line = " ";
+    }
+    line += item + (row + 1 < statusRowCount ? "," : "");
   }
-  return lines + "When several drawings are converted, it is that of the last one that failed.\n";
+  return lines + line + '\n';
 }
 
 }  // namespace
