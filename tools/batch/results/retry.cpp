@@ -61,8 +61,17 @@ class Retrial {
 
   bool IsTakenBack(const EarlierResult& result) const { return order.isAll || result.status != "ok"; }
 
+  // The first line of whole results says it; that of a part can be older than its lines.
+  static bool CanHaveFailed(const std::vector<ResultFileName>& names) {
+    return std::any_of(names.begin(), names.end(), [](const ResultFileName& file) {
+      const auto head = ReadHead(file.path);
+      return file.isPart || !head || head->Failed() > 0;
+    });
+  }
+
   void Find(const PlannedChunk& chunk) {
     if (order.isAll) affected.push_back(chunk.number);
+    if (!CanHaveFailed(files[chunk.number])) return;
     const auto results = ReadEarlierResults(files[chunk.number], plan.Key());
     const auto isTaken = [this](const auto& result) { return IsTakenBack(result.second); };
     if (std::none_of(results.begin(), results.end(), isTaken)) return;
