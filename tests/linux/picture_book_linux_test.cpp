@@ -1,7 +1,9 @@
 // A PDF file with a page for each drawing, as a user orders it.
+#include <cstdlib>
 #include <filesystem>
 
 #include "host/host_drawings.h"
+#include "support/endless_drawing.h"
 #include "support/tool_run.h"
 
 namespace hexlume::picture_book_linux_test {
@@ -68,6 +70,42 @@ TEST_F(Book, a_drawing_that_fails_has_no_page) {
   EXPECT_EQ(35, outcome.status);
   EXPECT_TRUE(Contains(outcome.err, "b.dxf: empty: ")) << outcome.err;
   EXPECT_TRUE(Contains(Contents("book.pdf"), "/Type/Pages/Count 2/"));
+}
+
+// Its page would be the first one, so the others wait for it.
+TEST_F(Book, a_drawing_that_is_given_up_has_no_page) {
+  Write("endless.dxf", EndlessDrawing());
+  std::string names = "endless.dxf";
+  for (int i = 1; i <= 10; ++i) {
+    Write(std::to_string(i) + ".dxf", A3(Line()));
+    names += ' ' + std::to_string(i) + ".dxf";
+  }
+  const Outcome outcome = RunReal("--pdf-book book.pdf --jobs 2 --time-limit 1 --memory-limit 20G " + names);
+  EXPECT_EQ(45, outcome.status);
+  EXPECT_TRUE(Contains(outcome.err, "endless.dxf: time-limit: ")) << outcome.err;
+  EXPECT_TRUE(Contains(Contents("book.pdf"), "/Type/Pages/Count 10/"));
+}
+
+// A book is written beside its place until it is whole.
+TEST_F(Book, what_a_tool_that_was_killed_has_left_is_removed) {
+  const auto leftovers = [] {
+    size_t count = 0;
+    for (const auto& entry : fs::directory_iterator("books"))
+      count += entry.path().filename().string().rfind(".hexlume-", 0) == 0;
+    return count;
+  };
+  fs::create_directory("books");
+  Write("books/book.pdf", "earlier");
+  Write("a.dxf", A3(Line()));
+  Write("endless.dxf", EndlessDrawing());
+  const std::string tool = (ProgramFolder() / "hexlume").string();
+  // The shell says there that it was killed.
+  const std::string run = "timeout -s KILL 1 " + tool + " --pdf-book books/book.pdf --jobs 0 endless.dxf";
+  EXPECT_NE(0, std::system(("{ " + run + "; } 2>killed.txt").c_str()));
+  EXPECT_EQ(1u, leftovers());
+  EXPECT_EQ("earlier", Contents("books/book.pdf"));
+  ExpectSuccess(RunReal("--pdf-book books/book.pdf a.dxf"));
+  EXPECT_EQ(0u, leftovers());
 }
 
 TEST_F(Book, a_sheet_that_is_too_large_for_a_page_is_named) {

@@ -57,6 +57,7 @@ class Batch {
   }
 
   void OpenBook() {
+    RemoveLeftovers(FolderOf(*options.book));
     book.emplace(*options.book, [this](size_t index, const std::string& reason) {
       log.Failure(PageFailure(plan.DrawingOf(index), reason));
       NoteFailure(index, StatusOf(notWrittenStatus).exit);

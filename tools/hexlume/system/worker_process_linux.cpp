@@ -13,8 +13,6 @@
 #include <cstdio>
 #include <cstring>
 
-extern char** environ;
-
 namespace hexlume {
 namespace {
 
@@ -160,6 +158,7 @@ std::unique_ptr<WorkerProcess> WorkerProcess::Start(int64_t) {
 
 void WaitForWorkers(const std::vector<WorkerProcess*>& workers, int milliseconds) {
   std::vector<pollfd> streams;
+  streams.reserve(workers.size());
   for (const WorkerProcess* const worker : workers)
     streams.push_back({static_cast<const LinuxWorker*>(worker)->Input(), POLLIN, 0});
   poll(streams.data(), streams.size(), milliseconds);
