@@ -135,7 +135,7 @@ TEST_F(BatchChanges, an_output_that_can_not_be_written_is_a_fault_of_its_drawing
   EXPECT_EQ("ok", report.at("2.dxf")["status"]);
 }
 
-// A worker inherits the limit: the file system that refuses to write isn't the drawing's fault.
+// All drawings would fail in the same way.
 TEST_F(BatchChanges, a_full_storage_ends_the_chunk_without_results) {
   if (RunCommand("test", "-w /dev/full") != 0) GTEST_SKIP() << "there is no device that is always full";
   PlanDrawings(2, 2);
@@ -147,6 +147,15 @@ TEST_F(BatchChanges, a_full_storage_ends_the_chunk_without_results) {
   EXPECT_EQ(0, Status()["failed"]);
   fs::remove("batch/out/1.emf");
   ExpectDone(RunBatch("run batch"));
+}
+
+TEST_F(BatchChanges, a_pipe_is_no_drawing) {
+  ASSERT_EQ(0, RunCommand("mkfifo", "pipe.dxf"));
+  WriteDrawing("1.dxf");
+  ExpectDone(RunBatch("plan pipe.dxf 1.dxf --out batch"));
+  EXPECT_EQ(1, RunBatch("run batch").status);
+  EXPECT_EQ("not-a-file", Report().at("pipe.dxf")["status"]);
+  EXPECT_EQ("ok", Report().at("1.dxf")["status"]);
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ class ChunkRun {
     Convert(workers, [this] { return NextDrawing(); });
     // Perhaps the system has ended a worker because of its neighbours. Each gets a second chance, alone.
     Convert(1, [this] { return NextCrashed(); });
-    part.Finish(ResultPath(here, chunk.number));
+    Finish();
     RemoveEndedParts();
     leftovers.CleanAgain(options.timeLimit.value_or(0));
     return part.head;
@@ -113,9 +113,26 @@ class ChunkRun {
     return index;
   }
 
+  // Another machine that has finished the same chunk, and whose clock is wrong, may have taken this process for ended.
+  void Finish() {
+    const std::string result = ResultPath(here, chunk.number);
+    try {
+      part.Finish(result);
+    } catch (const OutputError&) {
+      const auto head = ReadHead(result);
+      if (!head || !head->IsComplete() || head->key != part.head.key) throw;
+    }
+  }
+
   // Whether the drawing needs no conversion.
   bool IsSettled(size_t index) {
     const PlannedDrawing& planned = drawings[index];
+    const auto stamp = StampOf(planned.path);
+    // To wait for what comes from a pipe could take for ever.
+    if (stamp && stamp->kind == FileKind::other) {
+      Add(index, FailedResult(jobs.JobOf(index), notAFileStatus, options));
+      return true;
+    }
     PlannedDrawing& now = seen[index];
     now.path = planned.path;
     LookAt(now, true);
@@ -167,7 +184,8 @@ class ChunkRun {
 
   void Add(size_t index, const DrawingResult& result) {
     const PlannedDrawing& now = seen[index];
-    Json json = {{"number", drawings[index].number}, {"path", now.path}, {"status", result.status}};
+    Json json = {
+        {"number", drawings[index].number}, {"path", drawings[index].path}, {"status", result.status}};
     json["message"] = result.words;
     json["warnings"] = result.warnings;
     json["outputs"] = Json::array();

@@ -15,8 +15,6 @@
 #include "tools/batch/base/error.h"
 #include "tools/batch/base/interrupt.h"
 
-extern char** environ;
-
 namespace hexlume::batch {
 namespace {
 
@@ -33,6 +31,7 @@ struct Actions {
 
 std::vector<char*> PointersTo(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;

@@ -3,6 +3,7 @@
 #include <ctime>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <set>
 #include <sstream>
 
@@ -19,7 +20,6 @@ namespace hexlume::batch {
 namespace {
 
 constexpr int interval = 250;  // milliseconds
-constexpr std::time_t askingInterval = 2;
 
 // In the names of log files Slurm replaces %A and others.
 std::string LogPattern(const std::string& path) {
@@ -136,19 +136,26 @@ class SlurmEngine : public Engine {
     trouble = FirstLine(answer.errors);
     if (answer.exit != 0) return std::nullopt;
     std::set<int64_t> chunks;
-    std::istringstream lines(answer.output);
-    for (std::string line; std::getline(lines, line);) TakeTask(line, chunks);
+    std::istringstream tasks(answer.output);
+    for (std::string line; std::getline(tasks, line);) TakeTask(line, chunks);
+    queuedCount = chunks.size();
     return chunks;
   }
 
-  void TakeTask(const std::string& line, std::set<int64_t>& chunks) const {
+  // The chunks of an array job.
+  const std::vector<int64_t>& ListOf(const std::string& name) {
+    const auto [found, isNew] = lists.try_emplace(name);
+    if (isNew) found->second = ReadChunkList(LogPath(order, name + ".list"));
+    return found->second;
+  }
+
+  void TakeTask(const std::string& line, std::set<int64_t>& chunks) {
     const size_t first = line.find('|'), second = line.find('|', first + 1);
     if (second == std::string::npos || line.compare(first + 1, family.size(), family) != 0) return;
     // A task that is held doesn't go on by itself.
     const std::string reason = line.substr(second + 1);
     if (reason.find("held") != std::string::npos || reason.find("Held") != std::string::npos) return;
-    const std::vector<int64_t> list =
-        ReadChunkList(LogPath(order, line.substr(first + 1, second - first - 1) + ".list"));
+    const std::vector<int64_t>& list = ListOf(line.substr(first + 1, second - first - 1));
     const size_t task = std::strtoul(line.c_str(), nullptr, 10);
     if (task >= 1 && task <= list.size()) chunks.insert(list[task - 1]);
   }
@@ -173,7 +180,10 @@ class SlurmEngine : public Engine {
   }
 
   bool Pause(const Tick& tick) {
-    const std::time_t end = std::time(nullptr) + askingInterval;
+    // A long queue is much work for the controller.
+    constexpr size_t least = 2, most = 60, tasksInASecond = 500;
+    const size_t seconds = std::min(least + queuedCount / tasksInASecond, most);
+    const std::time_t end = std::time(nullptr) + static_cast<std::time_t>(seconds);
     while (std::time(nullptr) < end) {
       CheckInterrupt();
       Sleep(interval);
@@ -191,7 +201,9 @@ class SlurmEngine : public Engine {
   const RunOrder& order;
   const std::string partition;
   const std::string family;  // what the names of all array jobs of this batch begin with
-  std::string trouble;       // of the last call
+  std::map<std::string, std::vector<int64_t>> lists;
+  std::string trouble;     // of the last call
+  size_t queuedCount = 0;  // at the last call
   bool isSilent = false;
 };
 
