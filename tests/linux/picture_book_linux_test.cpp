@@ -131,6 +131,7 @@ TEST_F(Book, wrong_usage) {
   ExpectWrongUsage("--pdf-book a.dxf a.dxf", "the output 'a.dxf' is also a drawing or another output");
   ExpectWrongUsage("-d . --to pdf --pdf-book plan.pdf plan.dxf", "is also a drawing or another output");
   ExpectWrongUsage("--png x --pdf-book x plan.dxf", "the output 'x' is also a drawing or another output");
+  ExpectWrongUsage("--report x --pdf-book ./x a.dxf", "the output './x' is also the report");
   ExpectWrongUsage("--to png --pdf-book b.pdf a.dxf", "--to and --pdf-book together need -d DIR");
   ExpectWrongUsage("-d . --skip-unchanged --pdf-book b.pdf a.dxf",
                    "--skip-unchanged can't be used with --pdf-book");

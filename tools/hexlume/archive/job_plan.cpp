@@ -101,7 +101,7 @@ void JobPlan::PlanMany(const Options& options) {
   if (kinds.empty()) kinds = {nullptr};
   AddDrawings(options);
   CheckFolder();
-  if (options.book) CheckBook(*options.book);
+  if (options.book) CheckBook(options);
   if (options.report && LooksLikeADrawing(*options.report))
     throw UsageError("the report '" + *options.report + "' looks like a drawing");
   const bool isReportPrinted = options.report == standardStream,
@@ -140,9 +140,12 @@ void JobPlan::SettlePlaces() {
 }
 
 // The book may neither be a drawing nor another result.
-void JobPlan::CheckBook(const std::string& book) const {
+void JobPlan::CheckBook(const Options& options) const {
+  const std::string& book = *options.book;
   if (book == standardStream) return;
   const std::string key = PathKey(book);
+  if (options.report && *options.report != standardStream && PathKey(*options.report) == key)
+    throw UsageError("the output '" + book + "' is also the report");
   for (size_t i = 0; i < drawings.size(); ++i) {
     bool isTaken = drawings[i].path != standardStream && PathKey(drawings[i].path) == key;
     for (const PictureOrder& output : JobOf(i).outputs)

@@ -47,7 +47,7 @@ class JobPlan {
   void PlanSingle(const Options& options);
   void SettlePlaces();
   void CheckFolder() const;
-  void CheckBook(const std::string& book) const;
+  void CheckBook(const Options& options) const;
 
   std::vector<PlacedDrawing> drawings;
   std::vector<std::string> unreadableFolders;
