@@ -115,6 +115,7 @@ if [ "${#windows_builds[@]}" -gt 0 ]; then
   check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
 fi
 for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
+check "the engines of archives" scripts/test_engines.sh
 check "the reference pages" scripts/reference.sh
 check "the installed package" scripts/test_install.sh
 if [ "$with_packages" -eq 1 ]; then

@@ -37,7 +37,11 @@ if(NOT WIN32)
   install(FILES ${CMAKE_BINARY_DIR}/manual/hexlume.bash
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME hexlume COMPONENT tool)
   install(FILES tools/hexlume/hexlume.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers COMPONENT tool)
+  install(TARGETS hexlume_batch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT batch)
+  install(FILES ${CMAKE_BINARY_DIR}/manual/hexlume-batch.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME hexlume-batch COMPONENT batch)
   if(NOT HEXLUME_PACKAGE)
+    install(FILES ${CMAKE_BINARY_DIR}/manual/hexlume-batch.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT batch)
     install(FILES ${CMAKE_BINARY_DIR}/manual/hexlume.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
   endif()
 

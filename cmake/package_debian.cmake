@@ -7,21 +7,32 @@ execute_process(
   COMMAND ${CMAKE_SOURCE_DIR}/scripts/debian_changelog.sh ${HEXLUME_MAINTAINER}
   COMMAND gzip -9nc
   OUTPUT_FILE ${HEXLUME_CHANGELOG} COMMAND_ERROR_IS_FATAL ANY)
-add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/hexlume.1.gz
-  COMMAND gzip -9nc ${CMAKE_BINARY_DIR}/manual/hexlume.1 > ${CMAKE_BINARY_DIR}/hexlume.1.gz
-  DEPENDS ${CMAKE_BINARY_DIR}/manual/hexlume.1 VERBATIM)
-add_custom_target(hexlume_manual_archive ALL DEPENDS ${CMAKE_BINARY_DIR}/hexlume.1.gz)
-add_dependencies(hexlume_manual_archive hexlume_manual_pages)
-install(FILES ${CMAKE_BINARY_DIR}/hexlume.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+foreach(COMPONENT_AND_NAME tool=hexlume batch=hexlume-batch)
+  string(REPLACE "=" ";" COMPONENT_AND_NAME ${COMPONENT_AND_NAME})
+  list(GET COMPONENT_AND_NAME 0 COMPONENT)
+  list(GET COMPONENT_AND_NAME 1 NAME)
+  add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/${NAME}.1.gz
+    COMMAND gzip -9nc ${CMAKE_BINARY_DIR}/manual/${NAME}.1 > ${CMAKE_BINARY_DIR}/${NAME}.1.gz
+    DEPENDS ${CMAKE_BINARY_DIR}/manual/${NAME}.1 VERBATIM)
+  install(FILES ${CMAKE_BINARY_DIR}/${NAME}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${COMPONENT})
+endforeach()
+add_custom_target(hexlume_manual_archive ALL
+  DEPENDS ${CMAKE_BINARY_DIR}/hexlume.1.gz ${CMAKE_BINARY_DIR}/hexlume-batch.1.gz)
+add_dependencies(hexlume_manual_archive hexlume_manual_pages hexlume_batch_manual_pages)
 
-# The tool holds the reader of its options and the writer of its reports, whose licences are asked for in copies too.
+# Both tools hold the reader of their options and the writer of their reports, whose licences are asked for in copies too.
 file(READ LICENSE HEXLUME_LICENCE)
 file(READ /usr/share/doc/libcxxopts-dev/copyright HEXLUME_CXXOPTS_LICENCE)
 file(READ /usr/share/doc/nlohmann-json3-dev/copyright HEXLUME_JSON_LICENCE)
 file(WRITE ${CMAKE_BINARY_DIR}/licences/library "${HEXLUME_LICENCE}")
 file(WRITE ${CMAKE_BINARY_DIR}/licences/development "${HEXLUME_LICENCE}")
-file(WRITE ${CMAKE_BINARY_DIR}/licences/tool
-  "${HEXLUME_LICENCE}\n\nhexlume contains cxxopts, of which Debian's package says:\n\n${HEXLUME_CXXOPTS_LICENCE}\n\nand nlohmann-json, of which it says:\n\n${HEXLUME_JSON_LICENCE}")
+foreach(COMPONENT_AND_NAME tool=hexlume batch=hexlume-batch)
+  string(REPLACE "=" ";" COMPONENT_AND_NAME ${COMPONENT_AND_NAME})
+  list(GET COMPONENT_AND_NAME 0 COMPONENT)
+  list(GET COMPONENT_AND_NAME 1 NAME)
+  file(WRITE ${CMAKE_BINARY_DIR}/licences/${COMPONENT}
+    "${HEXLUME_LICENCE}\n\n${NAME} contains cxxopts, of which Debian's package says:\n\n${HEXLUME_CXXOPTS_LICENCE}\n\nand nlohmann-json, of which it says:\n\n${HEXLUME_JSON_LICENCE}")
+endforeach()
 
 function(hexlume_debian_package component name)
   install(FILES ${CMAKE_BINARY_DIR}/licences/${component}
@@ -29,6 +40,7 @@ function(hexlume_debian_package component name)
   install(FILES ${HEXLUME_CHANGELOG} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component})
 endfunction()
 hexlume_debian_package(tool hexlume)
+hexlume_debian_package(batch hexlume-batch)
 hexlume_debian_package(library libhexlume1)
 hexlume_debian_package(development libhexlume-dev)
 # The documents link to the licence by this name.
@@ -39,7 +51,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME hexlume)
 set(CPACK_PACKAGE_CONTACT ${HEXLUME_MAINTAINER})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_COMPONENTS_ALL tool library development)
+set(CPACK_COMPONENTS_ALL tool batch library development)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -58,6 +70,18 @@ set(CPACK_DEBIAN_TOOL_DESCRIPTION "converter of DXF drawings to enhanced metafil
 hexlume converts drawings in ASCII DXF to enhanced metafiles (EMF), and to
 pictures in PNG, SVG and PDF. It draws a part of a sheet, turned, in colour
 or black, and lists what a metafile holds.")
+
+set(CPACK_DEBIAN_BATCH_PACKAGE_NAME hexlume-batch)
+set(CPACK_DEBIAN_BATCH_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_BATCH_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION})")
+# Neither is needed on one machine.
+set(CPACK_DEBIAN_BATCH_PACKAGE_SUGGESTS "hexlume, openssh-client, parallel, slurm-client")
+set(CPACK_DEBIAN_BATCH_DESCRIPTION "converter of DXF drawings for archives beyond one machine
+hexlume-batch converts archives of drawings in ASCII DXF to enhanced
+metafiles (EMF) and to pictures in PNG, SVG and PDF: in processes of one
+machine, over ssh with GNU parallel, or on a cluster with Slurm. It can be
+stopped and started again at any time, and says of each drawing what became
+of it.")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libhexlume1)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)

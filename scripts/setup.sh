@@ -12,7 +12,7 @@ set -euo pipefail
 
 native_packages=(
   cmake g++ ninja-build pkg-config
-  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev
+  libcairo2-dev libcxxopts-dev libfontconfig-dev libfreetype-dev libpixman-1-dev libpng-dev libsqlite3-dev
   nettle-dev nlohmann-json3-dev zlib1g-dev
   fonts-ipafont-gothic
 )
@@ -23,9 +23,11 @@ windows_packages=(
   locales
   wine wine64 wine32:i386
 )
+engine_packages=(munge openssh-client openssh-server parallel procps slurm-client slurmctld slurmd)
 native_test_packages=(
   clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libuemf-dev
   libmono-system-core4.0-cil librsvg2-bin mono-mcs mono-runtime poppler-utils python3 qpdf
+  "${engine_packages[@]}"
 )
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
@@ -58,6 +60,20 @@ needs_wine() {
   [[ " ${packages[*]} " == *" wine "* ]]
 }
 
+# The engines of hexlume-batch are services, which must not start by themselves. Their tests start and end them.
+refuse_services() {
+  [ ! -e /usr/sbin/policy-rc.d ] || return 0
+  own_policy=/usr/sbin/policy-rc.d
+  printf '#!/bin/sh\nexit 101\n' | as_root tee "$own_policy" >/dev/null
+  as_root chmod 755 "$own_policy"
+}
+
+clean_up() {
+  [ -z "${own_policy:-}" ] || as_root rm -f "$own_policy"
+  [ -z "${scratch:-}" ] || as_root rm -rf "$scratch"
+}
+trap clean_up EXIT
+
 install_from_configured_archives() {
   as_root apt-get update || true # one archive's broken index may not matter: the install shows
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"
@@ -70,7 +86,6 @@ install_from_configured_archives() {
 install_from_main_archive() {
   local site
   scratch=$(mktemp -d)
-  trap 'as_root rm -rf "$scratch"' EXIT
   chmod 755 "$scratch" # apt downloads as a user of its own
   mkdir -p "$scratch/sources" "$scratch/lists/partial"
   site=$(apt-get indextargets --format '$(SITE) $(LABEL) $(CODENAME)' 2>/dev/null |
@@ -115,6 +130,7 @@ if [ "${#missing[@]}" -gt 0 ]; then
   if needs_wine && ! dpkg --print-foreign-architectures | grep -qx i386; then
     as_root dpkg --add-architecture i386
   fi
+  refuse_services
   install_from_configured_archives "${packages[@]}" || install_from_main_archive "${packages[@]}"
 fi
 if needs_wine; then make_japanese_locale; fi

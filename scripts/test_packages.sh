@@ -30,7 +30,7 @@ prints() {
 
 # Debian
 
-debian_packages=(hexlume libhexlume1 libhexlume-dev)
+debian_packages=(hexlume libhexlume1 libhexlume-dev hexlume-batch)
 debian_files=("${debian_packages[@]/%/_${version}_$(dpkg --print-architecture).deb}")
 
 # The bare system is fetched once and kept as an archive.
@@ -84,6 +84,13 @@ test_debian() {
   done
   cp "$scratch/system/home/user/FIRST.emf" "$scratch/debian.emf"
   compare_with_this_system
+
+  # Without any engine.
+  install_in_system --no-install-recommends "/srv/${debian_files[3]}"
+  prints "hexlume-batch $version" as_user hexlume-batch --version
+  prints "1 drawings in 1 chunks" as_user hexlume-batch plan FIRST.dxf --out batch
+  prints "1 done, 0 failed, 0 left" as_user hexlume-batch run batch
+  cmp "$scratch/debian.emf" "$scratch/system/home/user/batch/out/FIRST.emf"
 
   install_in_system --no-install-recommends "/srv/${debian_files[2]}" gcc g++ libc6-dev make cmake pkg-config python3
   test_debian_hosts
@@ -194,7 +201,7 @@ scripts/setup.sh package
 mapfile -t missing < <(
   for package in "$@"; do
     case "$package" in
-      debian) [ -e "dist/${debian_files[2]}" ] || echo debian ;;
+      debian) [ -e "dist/${debian_files[2]}" ] && [ -e "dist/${debian_files[3]}" ] || echo debian ;;
       *) [ -e "dist/hexlume-$version-$package.zip" ] || echo "$package" ;;
     esac
   done

@@ -66,8 +66,11 @@ JobPlan::JobPlan(const Options& options) : hasPages(options.book), kinds(options
     PlanSingle(options);
 }
 
+JobPlan::JobPlan(const Options& options, std::vector<PlacedDrawing> placed)
+    : drawings(std::move(placed)), isMany(true), folder(*options.folder), kinds(options.kinds) {}
+
 Job JobPlan::JobOf(size_t index) const {
-  const Drawing& drawing = drawings[index];
+  const PlacedDrawing& drawing = drawings[index];
   if (folder.empty()) return {drawing.path, singleOutputs, {}, hasPages};
   Job job = {drawing.path, {}, {}, hasPages};
   for (const PictureKind* const kind : kinds)
@@ -118,7 +121,7 @@ void JobPlan::PlanMany(const Options& options) {
 
 void JobPlan::SettlePlaces() {
   std::vector<std::string> shortPlaces;
-  for (const Drawing& drawing : drawings) shortPlaces.push_back(drawing.place);
+  for (const PlacedDrawing& drawing : drawings) shortPlaces.push_back(drawing.place);
   std::vector<PlaceForm> forms(drawings.size(), PlaceForm::name);
   for (size_t i = 0; i < drawings.size(); ++i)
     drawings[i].place = PlaceIn(forms[i], drawings[i].path, shortPlaces[i], i);
@@ -155,7 +158,7 @@ void JobPlan::CheckBook(const Options& options) const {
 void JobPlan::CheckFolder() const {
   if (folder.empty()) return;
   std::unordered_set<std::string> endangered;
-  for (const Drawing& drawing : drawings)
+  for (const PlacedDrawing& drawing : drawings)
     for (const PictureKind* const kind : kinds)
       if (ExtensionOf(drawing.path) == ExtensionFor(kind)) endangered.insert(PathKey(drawing.path));
   if (endangered.empty()) return;

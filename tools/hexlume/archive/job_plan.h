@@ -17,10 +17,19 @@ struct Job {
   bool hasPage = false;              // in a book that the tool's first process writes
 };
 
+// A drawing and the place of its results below the folder, without an extension.
+struct PlacedDrawing {
+  std::string path;
+  std::string place;
+};
+
 class JobPlan {
  public:
   // Throws UsageError.
   explicit JobPlan(const Options& options);
+
+  // Drawings whose places are settled. The options have a folder.
+  JobPlan(const Options& options, std::vector<PlacedDrawing> placed);
 
   size_t Count() const { return drawings.size(); }
   Job JobOf(size_t index) const;
@@ -33,11 +42,6 @@ class JobPlan {
   const std::vector<std::string>& UnreadableFolders() const { return unreadableFolders; }
 
  private:
-  struct Drawing {
-    std::string path;
-    std::string place;
-  };
-
   void PlanMany(const Options& options);
   void AddDrawings(const Options& options);
   void PlanSingle(const Options& options);
@@ -45,7 +49,7 @@ class JobPlan {
   void CheckFolder() const;
   void CheckBook(const Options& options) const;
 
-  std::vector<Drawing> drawings;
+  std::vector<PlacedDrawing> drawings;
   std::vector<std::string> unreadableFolders;
   bool isMany = false, hasPages = false;
   std::vector<PictureOrder> singleOutputs;
