@@ -90,38 +90,42 @@ export class Library {
   private start(): Memory {
     if (this.memory) return this.memory;
     const instance = new WebAssembly.Instance(this.module, this.imports());
-    const memory = new Memory(instance.exports as unknown as Exports);
-    memory.exports._initialize();
-    for (const font of this.fonts) addFont(memory, font);
-    this.memory = memory;
-    return memory;
+    this.memory = new Memory(instance.exports as unknown as Exports);
+    this.memory.exports._initialize();
+    for (const font of this.fonts) addFont(this.memory, font);
+    return this.memory;
   }
 
-  // What the module needs of its host: the clock and the progress. It has no files; nothing is ever written.
+  // What the module needs of its host: progress and the clock. It also imports what its C library needs for files, which
+  // nothing calls.
   private imports(): WebAssembly.Imports {
+    const imports: WebAssembly.Imports = {};
+    for (const { module, name } of WebAssembly.Module.imports(this.module))
+      (imports[module] ??= {})[name] = (): never => {
+        throw new Error(`${name} was called`);
+      };
     const none = (): number => 0;
-    const noFile = (): number => 8; // EBADF
-    return {
-      page: {
-        progress: (pass: number, passes: number, done: number, total: number): number =>
-          this.watcher?.({ pass, passes, done, total }) === true ? 1 : 0,
-      },
-      env: { emscripten_notify_memory_growth: none },
-      wasi_snapshot_preview1: {
-        clock_time_get: (_clock: number, _precision: bigint, place: number): number => {
-          const nanoseconds = BigInt(Math.round(performance.now() * 1e6));
-          new DataView((this.memory as Memory).exports.memory.buffer).setBigUint64(place, nanoseconds, true);
-          return 0;
-        },
-        fd_close: noFile,
-        fd_read: noFile,
-        fd_seek: noFile,
-        fd_write: noFile,
-        proc_exit: (): never => {
-          throw new Error("the module has ended");
-        },
-      },
-    };
+    Object.assign(imports.env ?? {}, { emscripten_notify_memory_growth: none });
+    Object.assign(imports.page ?? {}, {
+      progress: (pass: number, passes: number, done: number, total: number): number =>
+        this.watcher?.({ pass, passes, done, total }) === true ? 1 : 0,
+    });
+    Object.assign(imports.wasi_snapshot_preview1 ?? {}, {
+      clock_time_get: (_clock: number, _precision: bigint, place: number): number => this.writeTime(place),
+      environ_sizes_get: (count: number, size: number): number => this.writeZeros(count, size),
+      environ_get: none,
+    });
+    return imports;
+  }
+
+  private writeTime(place: number): number {
+    this.memory?.setLong(place, Math.round(performance.now() * 1e6));
+    return 0;
+  }
+
+  private writeZeros(...places: number[]): number {
+    for (const place of places) this.memory?.setInt(place, 0);
+    return 0;
   }
 }
 
