@@ -48,6 +48,11 @@ export class Library {
     room.memory.bytes(room.place + offset, bytes.length).set(bytes);
   }
 
+  /** Memory of the module. */
+  memoryBytes(): number {
+    return this.memory?.size ?? 0;
+  }
+
   /** Ends the module. The next call runs in a new one. */
   giveUp(): void {
     this.memory = null;
