@@ -65,8 +65,6 @@ function runsOf(face: Face, text: SheetText, em: number, stretch: number): { run
 
 export class TextPainter {
   private readonly layouts = new WeakMap<SheetText, TextLayout>();
-  private font = "";
-  private fontOf: Context | null = null;
 
   constructor(readonly face: Face) {}
 
@@ -111,7 +109,6 @@ export class TextPainter {
     else this.paintRuns(context, text.font, layout);
     this.paintRules(context, text.font, layout);
     context.restore();
-    this.fontOf = null;
   }
 
   private clip(context: Context, boxes: readonly Box[], place: PaintPlace): void {
@@ -131,14 +128,9 @@ export class TextPainter {
   }
 
   private paintRuns(context: Context, font: SheetFont, layout: TextLayout): void {
-    const css = cssFont(font, this.face.family);
-    if (this.fontOf !== context || this.font !== css) {
-      context.font = css;
-      context.textBaseline = "alphabetic";
-      context.fontKerning = "none";
-      this.font = css;
-      this.fontOf = context;
-    }
+    context.font = cssFont(font, this.face.family);
+    context.textBaseline = "alphabetic";
+    context.fontKerning = "none";
     const height = layout.em / drawnEm, width = height * layout.stretch;
     context.transform(width, 0, 0, height, layout.start, layout.baseline);
     for (const run of layout.runs) context.fillText(run.text, run.x / width, 0);
