@@ -28,9 +28,11 @@ const systemFace: Face = {
 };
 
 export interface Faces {
+  /** In which texts are shown. */
   face: Face;
-  /** The font of the page, for PDF files. */
-  font: TrueType | null;
+  /** Of the page, and its font: for PDF files. */
+  ownFace: Face;
+  font: TrueType;
 }
 
 async function load(family: string, source: string | BufferSource): Promise<boolean> {
@@ -43,17 +45,21 @@ async function load(family: string, source: string | BufferSource): Promise<bool
   }
 }
 
-/** @param bytes  the TrueType font of the page */
-export async function loadFaces(bytes: Uint8Array): Promise<Faces> {
-  const font = new TrueType(bytes);
-  const local = systemNames.map((name) => `local("${name}")`).join(", ");
-  if (await load(systemFamily, local)) return { face: systemFace, font };
-  await load(sheetFamily, bytes as Uint8Array<ArrayBuffer>);
+function faceOf(font: TrueType): Face {
   const advances = new Map<number, number>();
   const advanceOf = (codePoint: number): number => {
     let advance = advances.get(codePoint);
     if (advance === undefined) advances.set(codePoint, (advance = font.advanceOf(font.glyphOf(codePoint))));
     return advance;
   };
-  return { face: { family: sheetFamily, ...font.measures(), advanceOf }, font };
+  return { family: sheetFamily, ...font.measures(), advanceOf };
+}
+
+/** @param bytes  the TrueType font of the page */
+export async function loadFaces(bytes: Uint8Array): Promise<Faces> {
+  const font = new TrueType(bytes), ownFace = faceOf(font);
+  const local = systemNames.map((name) => `local("${name}")`).join(", ");
+  if (await load(systemFamily, local)) return { face: systemFace, ownFace, font };
+  await load(sheetFamily, bytes as Uint8Array<ArrayBuffer>);
+  return { face: ownFace, ownFace, font };
 }

@@ -1,9 +1,8 @@
-// The texts of a sheet on the screen. Fills that are painted after a text cover it here as well.
-import { cssColor } from "./canvas_paint";
+// The texts of a sheet on the screen, over its strokes and fills. What a later fill covers of a text is erased here.
 import { boundsOf, emptyBox, isFill, Kind, overlaps, perItem } from "./sheet";
 import type { Box, Sheet } from "./sheet";
 import type { TextPainter } from "./text_painter";
-import { Viewport } from "./viewport";
+import type { Viewport } from "./viewport";
 
 interface Step {
   /** Index of a text, or of an item that covers texts. */
@@ -24,7 +23,6 @@ export class TextLayer {
   private sheet: Sheet | null = null;
   private painter: TextPainter | null = null;
   private textColorOf: (text: number) => number = () => 0;
-  private colorOf: (item: number) => number = () => 0;
   private took = 0;
   private lastView: Viewport | null = null;
 
@@ -32,12 +30,10 @@ export class TextLayer {
     this.context = canvas.getContext("2d")!;
   }
 
-  setSheet(sheet: Sheet | null, painter: TextPainter | null, colorOf: (item: number) => number,
-    textColorOf: (text: number) => number): void {
+  setSheet(sheet: Sheet | null, painter: TextPainter | null, textColorOf: (text: number) => number): void {
     if (sheet !== this.sheet || painter !== this.painter) this.steps = sheet && painter ? stepsOf(sheet, painter) : [];
     this.sheet = sheet;
     this.painter = painter;
-    this.colorOf = colorOf;
     this.textColorOf = textColorOf;
     this.pictureView = null;
   }
@@ -72,7 +68,7 @@ export class TextLayer {
     for (const step of this.steps) {
       if (!overlaps(step.bounds, box)) continue;
       if (step.isText) painter!.paint(context, sheet!.texts[step.index]!, place, this.textColorOf(step.index));
-      else this.paintFill(step.index, place.scale, view);
+      else this.erase(step.index, place.scale, view);
     }
     this.pictureView = view.copy();
     this.took = performance.now() - start;
@@ -91,19 +87,20 @@ export class TextLayer {
     this.context.drawImage(this.picture, at.x * density, at.y * density, old.width * part, old.height * part);
   }
 
-  private paintFill(item: number, scale: number, view: Viewport): void {
-    const { context } = this, { data, kinds } = this.sheet!, first = item * perItem, color = this.colorOf(item);
-    if (color < 0) return;
+  private erase(item: number, scale: number, view: Viewport): void {
+    const { context } = this, { data, kinds } = this.sheet!, first = item * perItem;
     const x = (index: number): number => (data[first + index]! - view.x) * scale;
     const y = (index: number): number => (data[first + index]! - view.y) * scale;
     const isBox = kinds[item] === Kind.box;
-    context.fillStyle = cssColor(color);
+    context.globalCompositeOperation = "destination-out";
+    context.fillStyle = "#000";
     context.beginPath();
     context.moveTo(x(0), y(1));
     context.lineTo(x(2), y(1));
     context.lineTo(x(isBox ? 2 : 5), y(3));
     context.lineTo(x(isBox ? 0 : 4), y(3));
     context.fill();
+    context.globalCompositeOperation = "source-over";
   }
 }
 
