@@ -136,7 +136,7 @@ const table = {
   snapCentre: ["centre", "中心"],
   measureDistance: ["Click two points", "2 点をクリック"],
   measureAngle: ["Click the corner, then a point on each arm", "頂点、両方の辺の順にクリック"],
-  measureArea: ["Click the corners; Enter or a double click closes the area", "頂点をクリックし、Enter またはダブルクリックで確定"],
+  measureArea: ["Click the corners; C or a double click closes the area", "頂点をクリックし、C またはダブルクリックで確定"],
   units: ["units", "単位"],
   perimeter: ["perimeter {0}", "周長 {0}"],
   onSheet: ["{0} on the sheet", "用紙上 {0}"],
