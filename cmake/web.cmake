@@ -12,6 +12,9 @@ target_include_directories(web_libraries SYSTEM INTERFACE
 target_link_libraries(web_libraries INTERFACE
   ${WEB_LIBRARIES}/lib/libfreetype.a ${WEB_LIBRARIES}/lib/libpixman-1.a)
 
+# Operators of bits on conditions are used where a loop must have no branch.
+target_compile_options(hexlume_options INTERFACE -Wno-bitwise-instead-of-logical)
+
 # The host's answers replace the dialogs.
 set(SYSTEM_DIALOGS_SOURCES
   src/dialogs/answers/dialog_answers.cpp

@@ -10,7 +10,7 @@ made_by=$(sha256sum "${BASH_SOURCE[0]}" cmake/freetype_modules.h | awk '{ print 
 [ "$(cat "$target/made-by" 2>/dev/null)" != "$made_by" ] || exit 0
 
 export NODE_PATH=/usr/share/nodejs
-flags="-O2 -fwasm-exceptions"
+flags="-O2 -fwasm-exceptions -sSUPPORT_LONGJMP=wasm"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 log=$scratch/log
@@ -30,10 +30,10 @@ fetch_sources() {
     "${site:-http://deb.debian.org/debian}" >"$scratch/sources/main.list"
   local apt=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$scratch/sources" -o "Dir::State::Lists=$scratch/lists"
     -o "Dir::Cache=$scratch" -o APT::Sandbox::User= -q)
-  apt-get "${apt[@]}" update
-  (cd "$scratch" && apt-get "${apt[@]}" source freetype)
   # Debian changes nothing in pixman's own sources, and the file of its changes isn't always in the archive.
-  (cd "$scratch" && apt-get "${apt[@]}" source --tar-only pixman && mkdir pixman && tar -xf pixman_*.orig.tar.gz -C pixman --strip-components 1)
+  cd "$scratch" && apt-get "${apt[@]}" update && apt-get "${apt[@]}" source freetype &&
+    apt-get "${apt[@]}" source --tar-only pixman && mkdir pixman &&
+    tar -xf pixman_*.orig.tar.gz -C pixman --strip-components 1
 }
 
 # Only what measures fonts: no decompression, no drawing.
@@ -42,23 +42,22 @@ build_freetype() {
     -D CMAKE_TOOLCHAIN_FILE=/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake -D CMAKE_BUILD_TYPE=Release \
     -D CMAKE_C_FLAGS="$flags -DFT_CONFIG_MODULES_H='<$PWD/cmake/freetype_modules.h>'" -D CMAKE_INSTALL_PREFIX="$target" \
     -D CMAKE_C_COMPILER_LAUNCHER= \
-    -D FT_DISABLE_ZLIB=ON -D FT_DISABLE_BZIP2=ON -D FT_DISABLE_PNG=ON -D FT_DISABLE_HARFBUZZ=ON -D FT_DISABLE_BROTLI=ON
-  cmake --build "$scratch/build-freetype"
-  cmake --install "$scratch/build-freetype"
+    -D FT_DISABLE_ZLIB=ON -D FT_DISABLE_BZIP2=ON -D FT_DISABLE_PNG=ON -D FT_DISABLE_HARFBUZZ=ON -D FT_DISABLE_BROTLI=ON &&
+    cmake --build "$scratch/build-freetype" && cmake --install "$scratch/build-freetype"
 }
 
 build_pixman() {
   local off=(arm-simd arm-neon arm-a64-neon arm-iwmmxt loongson-mmi mips-dspr2 mmx openmp gtk libpng sse2 ssse3 timers vmx)
-  cd "$scratch/pixman"
-  CFLAGS=$flags emconfigure ./configure --host=wasm32-unknown-linux --prefix="$target" --disable-shared --enable-static \
-    --disable-dependency-tracking "${off[@]/#/--disable-}"
-  emmake make -C pixman install
+  cd "$scratch/pixman" &&
+    CFLAGS=$flags emconfigure ./configure --host=wasm32-unknown-linux --prefix="$target" --disable-shared --enable-static \
+      --disable-dependency-tracking "${off[@]/#/--disable-}" &&
+    emmake make -C pixman install
 }
 
 rm -rf "$target"
-fetch_sources >"$log" 2>&1 || fail "the source packages can't be downloaded"
-(set -e; build_freetype) >"$log" 2>&1 || fail "FreeType doesn't build"
-(set -e; build_pixman) >"$log" 2>&1 || fail "pixman doesn't build"
+(fetch_sources) >"$log" 2>&1 || fail "the source packages can't be downloaded"
+(build_freetype) >"$log" 2>&1 || fail "FreeType doesn't build"
+(build_pixman) >"$log" 2>&1 || fail "pixman doesn't build"
 mkdir -p "$target/licences"
 cp "$scratch"/freetype-*/docs/FTL.TXT "$target/licences/freetype.txt"
 cp "$scratch/pixman/COPYING" "$target/licences/pixman.txt"

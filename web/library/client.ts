@@ -1,5 +1,6 @@
 // The library for the page: starts the worker, numbers the calls, and restarts the worker after a cancel or a death.
-import type { Conversion, Drawing, Font, Inspection, Options, Progress, Reply, Request, Result, Sentence, Status } from "./protocol";
+import type { Conversion, Drawing, Font, Inspection, Options, Progress, Reply, Request, Result } from "./protocol";
+import { noConversion, noInspection, type OutsideStatus } from "./sentences";
 
 /** A call that is waiting or running. */
 export interface Call<Answer extends Result> {
@@ -11,23 +12,16 @@ export interface Call<Answer extends Result> {
 
 export type OnProgress = (progress: Progress) => void;
 
+type CallRequest = Extract<Request, { kind: "convert" | "inspect" }>;
+
 interface OpenCall {
-  request: Request & { id: number };
+  request: CallRequest;
   onProgress: OnProgress | undefined;
   settle(result: Conversion | Inspection): void;
 }
 
-const cancelled: Sentence = { en: "The call was cancelled.", ja: "取り消されました。" };
-const dead: Sentence = { en: "The drawing can't be drawn from here on.", ja: "ここから先は描画できません。" };
-
-function emptyResult(kind: "convert" | "inspect", status: Status, sentence: Sentence): Conversion | Inspection {
-  const result = {
-    status, sentence, line: 0, remarks: [], sheetWidth: 0, sheetHeight: 0, denominator: 1, bytesRead: 0,
-    substituted: 0, embedded: 0, milliseconds: 0,
-  };
-  return kind === "convert"
-    ? { ...result, kind: "conversion", strokes: 0, metafile: null }
-    : { ...result, kind: "inspection", summary: null, layers: [], lineTypes: [], dimStyles: [], blocks: [], entities: [], texts: [] };
+function noResult(kind: "convert" | "inspect", status: OutsideStatus): Conversion | Inspection {
+  return kind === "convert" ? noConversion(status) : noInspection(status);
 }
 
 export class Client {
@@ -50,7 +44,7 @@ export class Client {
     return this.call({ kind: "inspect", id: ++this.lastId, drawing, options }, onProgress) as Call<Inspection>;
   }
 
-  /** Replaces the table of fonts, for the calls after this one. */
+  /** Replaces the table of fonts, for the calls that haven't begun. */
   setFonts(fonts: Font[]): void {
     this.fonts = fonts;
     this.post({ kind: "fonts", fonts });
@@ -60,43 +54,42 @@ export class Client {
   close(): void {
     this.worker?.terminate();
     this.worker = null;
-    for (const call of this.calls.splice(0)) call.settle(emptyResult(kindOf(call), "cancelled", cancelled));
+    for (const call of this.calls.splice(0)) call.settle(noResult(call.request.kind, "cancelled"));
   }
 
-  private call(request: Request & { id: number; kind: "convert" | "inspect" }, onProgress: OnProgress | undefined): Call<Conversion | Inspection> {
+  private call(request: CallRequest, onProgress: OnProgress | undefined): Call<Conversion | Inspection> {
     const result = new Promise<Conversion | Inspection>((settle) => this.calls.push({ request, onProgress, settle }));
-    this.post(request);
-    return { result, cancel: () => this.cancel(request.id) };
+    if (this.calls.length === 1) this.begin();
+    return { result, cancel: () => this.drop(request.id, "cancelled") };
   }
 
-  private cancel(id: number): void {
-    this.drop(id, "cancelled", cancelled);
+  // The worker has one call at a time, the first: the others can be dropped without it.
+  private begin(): void {
+    if (this.calls[0]) this.post(this.calls[0].request);
   }
 
-  // The worker can't hear while it works, so it is ended, and the calls that are left go to a new one.
-  private drop(id: number, status: Status, sentence: Sentence): void {
+  // A worker can't hear while it works, so it is ended.
+  private drop(id: number, status: OutsideStatus): void {
     const index = this.calls.findIndex((call) => call.request.id === id);
-    const call = this.calls[index];
+    const [call] = index < 0 ? [] : this.calls.splice(index, 1);
     if (!call) return;
-    this.calls.splice(index, 1);
-    this.restart();
-    call.settle(emptyResult(kindOf(call), status, sentence));
+    if (index === 0) this.restart();
+    call.settle(noResult(call.request.kind, status));
   }
 
   private restart(): void {
     this.worker?.terminate();
     this.start();
-    for (const call of this.calls) this.post(call.request);
+    this.begin();
   }
 
   private start(): void {
     const worker = this.startWorker();
     this.worker = worker;
     worker.onmessage = (event: MessageEvent<Reply>) => this.take(event.data);
-    // The worker catches what the library does: this is the browser's own end of it. The call that ran is the first one.
+    // What the library does is caught in the worker. This is what the browser does to it.
     worker.onerror = () => {
-      const first = this.calls[0];
-      if (worker === this.worker && first) this.drop(first.request.id, "fault", dead);
+      if (worker === this.worker && this.calls[0]) this.drop(this.calls[0].request.id, "fault");
     };
     this.post({ kind: "start", module: this.module, fonts: this.fonts });
   }
@@ -106,14 +99,11 @@ export class Client {
   }
 
   private take(reply: Reply): void {
-    if (reply.kind === "progress") this.calls.find((call) => call.request.id === reply.id)?.onProgress?.(reply.progress);
-    if (reply.kind !== "result") return;
-    const index = this.calls.findIndex((call) => call.request.id === reply.id);
-    const [call] = index < 0 ? [] : this.calls.splice(index, 1);
-    call?.settle(reply.result);
+    const call = this.calls[0];
+    if (!call || !("id" in reply) || reply.id !== call.request.id) return;
+    if (reply.kind === "progress") return call.onProgress?.(reply.progress);
+    this.calls.shift();
+    this.begin();
+    call.settle(reply.result);
   }
-}
-
-function kindOf(call: OpenCall): "convert" | "inspect" {
-  return call.request.kind === "inspect" ? "inspect" : "convert";
 }
