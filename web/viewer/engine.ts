@@ -1,0 +1,65 @@
+// Starts the library and the fonts that are in the page.
+import { Client } from "../library/client";
+import type { Font } from "../library/protocol";
+import workerSource from "worker:../library/worker.ts";
+import { loadFaces } from "./faces";
+import type { Faces } from "./faces";
+
+export interface Engine {
+  client: Client;
+  faces: Faces;
+  /** Licences of what is in the page. */
+  notices: string;
+}
+
+/** A row of fonts.json. */
+interface FontRow {
+  file: string;
+  families: string[];
+}
+
+type Assets = { [name: string]: string };
+
+function fromBase64(text: string): Uint8Array {
+  const direct = (Uint8Array as { fromBase64?: (text: string) => Uint8Array }).fromBase64;
+  if (direct) return direct(text);
+  const binary = atob(text), bytes = new Uint8Array(binary.length);
+  for (let i = 0; i < binary.length; ++i) bytes[i] = binary.charCodeAt(i);
+  return bytes;
+}
+
+async function unpacked(text: string): Promise<Uint8Array> {
+  const stream = new Blob([fromBase64(text) as Uint8Array<ArrayBuffer>]).stream().pipeThrough(new DecompressionStream("gzip"));
+  return new Uint8Array(await new Response(stream).arrayBuffer());
+}
+
+function startWorker(): Worker {
+  const url = URL.createObjectURL(new Blob([workerSource], { type: "text/javascript" }));
+  const worker = new Worker(url);
+  URL.revokeObjectURL(url);
+  return worker;
+}
+
+function assetOf(assets: Assets, name: string): string {
+  const asset = assets[name];
+  if (asset === undefined) throw new Error(`the page has no ${name}`);
+  return asset;
+}
+
+async function readFonts(assets: Assets): Promise<Font[]> {
+  const rows = JSON.parse(new TextDecoder().decode(await unpacked(assetOf(assets, "fonts.json")))) as FontRow[];
+  return Promise.all(rows.map(async ({ file, families }) => ({ families, bytes: await unpacked(assetOf(assets, file)) })));
+}
+
+export async function startEngine(): Promise<Engine> {
+  const holder = document.getElementById("assets");
+  const assets = JSON.parse(holder?.textContent ?? "{}") as Assets;
+  holder?.remove();
+  const [fonts, module, font, notices] = await Promise.all([
+    readFonts(assets),
+    unpacked(assetOf(assets, "hexlume.wasm")).then((bytes) => WebAssembly.compile(bytes as Uint8Array<ArrayBuffer>)),
+    unpacked(assetOf(assets, "sheet.ttf")),
+    unpacked(assetOf(assets, "notices.txt")).then((bytes) => new TextDecoder().decode(bytes)),
+  ]);
+  return { client: new Client(startWorker, module, fonts), faces: await loadFaces(font), notices };
+}
