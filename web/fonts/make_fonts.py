@@ -170,6 +170,7 @@ def main():
     for file, original, name, families, outlines in FONTS:
         data = (ORIGINALS / original).read_bytes()
         if "--originals" in sys.argv[2:]:
+            file = original
             shutil.copyfile(ORIGINALS / original, folder / file)
         else:
             derived = derive(ORIGINALS / original, name, outlines)

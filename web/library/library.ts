@@ -110,7 +110,12 @@ export class Library {
         throw new Error(`${name} was called`);
       };
     const none = (): number => 0;
-    Object.assign(imports.env ?? {}, { emscripten_notify_memory_growth: none });
+    let upperHalf = 0; // of a result of 64 bits
+    Object.assign(imports.env ?? {}, {
+      emscripten_notify_memory_growth: none,
+      getTempRet0: (): number => upperHalf,
+      setTempRet0: (value: number): void => void (upperHalf = value),
+    });
     Object.assign(imports.page ?? {}, {
       progress: (pass: number, passes: number, done: number, total: number): number =>
         this.watcher?.({ pass, passes, done, total }) === true ? 1 : 0,
