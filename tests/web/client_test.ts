@@ -15,10 +15,10 @@ const slow = a3(line.repeat(300000));
 
 let started = 0;
 
-// A thread with the functions of a page's worker that the client uses.
+// A thread with the functions of a page's worker that the client uses, and as small a stack.
 function startWorker(): Worker {
   ++started;
-  const thread = new Thread(`${folder}/tests/worker_in_node.mjs`);
+  const thread = new Thread(new URL("worker_in_node.mjs", import.meta.url), { resourceLimits: { stackSizeMb: 0.5 } });
   const worker = {
     onmessage: null as ((event: { data: unknown }) => void) | null,
     onerror: null as (() => void) | null,

@@ -31,6 +31,6 @@ export const line = "0 LINE\n8 0\n10 0\n20 0\n11 10\n21 20\n";
 
 // A block that contains itself, so that its drawing has no end.
 export const endless = a3WithTables(
-  `0 SECTION\n2 BLOCKS\n0 BLOCK\n8 0\n2 A\n70 0\n10 0\n20 0\n3 A\n${line}0 INSERT\n8 0\n2 A\n10 1\n20 1\n0 ENDBLK\n8 0\n0 ENDSEC\n`,
+  `0 SECTION\n2 BLOCKS\n0 BLOCK\n8 0\n2 A\n70 0\n10 0\n20 0\n3 A\n${line}0 INSERT\n8 0\n2 A\n10 0\n20 0\n0 ENDBLK\n8 0\n0 ENDSEC\n`,
   "0 INSERT\n8 0\n2 A\n10 1\n20 1\n",
 );

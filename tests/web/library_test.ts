@@ -58,7 +58,6 @@ test("each option reaches the library", () => {
   assert.ok(!same({ halfWidth: true }));
   assert.ok(!same({ sheet: "part", part: { left: 100, top: 200, right: 9000, bottom: 8000 } }));
   assert.ok(!same({ fit: true }));
-  assert.ok(!same({ hiddenLayers: ["0"] }));
   assert.ok(!same({ limitBytes: 300 }));
   assert.equal(library.convert(a3(line + line), { limitStrokes: 1 }).status, "limit");
   const inside = { sheet: "part", part: { left: 1100, top: 20000, right: 42000, bottom: 29700 } } as const;
@@ -183,7 +182,7 @@ test("a block that contains itself is a fault, and what was drawn is there", () 
   for (let round = 0; round < 3; ++round) {
     const result = library.convert(endless);
     assert.equal(result.status, "fault");
-    assert.deepEqual(result.sentence.en, `The drawing can't be drawn from here on. (line ${result.line})`);
+    assert.deepEqual(result.sentence.en, `Line ${result.line}: The drawing can't be drawn from here on.`);
     // The library itself has seen the end of the stack, before the machine's.
     assert.ok(result.metafile, "the module was given up");
     assert.ok(countRecords(result.metafile, lineTo) > 500);
