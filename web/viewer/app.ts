@@ -91,7 +91,6 @@ export class App implements Desk {
     this.painter = new TextPainter(engine.faces.face);
     this.stage.setPainter(this.painter);
     document.documentElement.dataset["ready"] = "true";
-    if (this.stage.rendererName === "Canvas 2D") this.say(t("noWebGl"));
     this.convertWaiting();
   }
 
@@ -117,8 +116,8 @@ export class App implements Desk {
       this.zoomButton("minus", "zoomOut", () => this.stage.zoom(0.8)), this.percent,
       this.zoomButton("plus", "zoomIn", () => this.stage.zoom(1.25)),
       this.zoomButton("full", "fullSheet", () => this.fullSheet()), this.zoomButton("fit", "fit", () => this.fit()));
-    const stage = element("main", { class: "main-area" }, this.stage.element, this.welcome, this.notice, this.card, zoom);
-    const foot = element("footer", { class: "foot" }, this.message, this.place);
+    const stage = element("main", { class: "main-area" }, this.stage.element, this.welcome, this.notice, this.card);
+    const foot = element("footer", { class: "foot" }, this.message, this.place, zoom);
     this.fillWelcome();
     return [bar, element("div", { class: "middle" }, this.rail, this.side, stage), foot, element("div", { class: "drop" }, t("dropNow"))];
   }

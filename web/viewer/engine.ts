@@ -18,7 +18,8 @@ interface FontRow {
   families: string[];
 }
 
-type Assets = { [name: string]: string };
+/** Files, compressed with gzip, in base64. */
+export type Assets = { [name: string]: string };
 
 function fromBase64(text: string): Uint8Array {
   const direct = (Uint8Array as { fromBase64?: (text: string) => Uint8Array }).fromBase64;
@@ -51,10 +52,15 @@ async function readFonts(assets: Assets): Promise<Font[]> {
   return Promise.all(rows.map(async ({ file, families }) => ({ families, bytes: await unpacked(assetOf(assets, file)) })));
 }
 
-export async function startEngine(): Promise<Engine> {
+/** Takes the assets out of the page. */
+export function takeAssets(): Assets {
   const holder = document.getElementById("assets");
   const assets = JSON.parse(holder?.textContent ?? "{}") as Assets;
   holder?.remove();
+  return assets;
+}
+
+export async function startEngine(assets: Assets): Promise<Engine> {
   const [fonts, module, font, notices] = await Promise.all([
     readFonts(assets),
     unpacked(assetOf(assets, "hexlume.wasm")).then((bytes) => WebAssembly.compile(bytes as Uint8Array<ArrayBuffer>)),

@@ -2,16 +2,12 @@
 // that take less than a frame each; until it is finished, the last finished picture is shown at its place.
 import { pictureFragment, pictureVertex, strokeFragment, strokeVertex } from "./gl_shaders";
 import { instanceBytes } from "./instances";
-import type { Chunk, Instances } from "./instances";
+import type { Instances } from "./instances";
 import type { Look, Renderer } from "./renderer";
-import { overlaps, screenPixel } from "./sheet";
-import type { Sheet } from "./sheet";
+import { screenPixel } from "./sheet";
 import type { Viewport } from "./viewport";
-
-interface Run {
-  first: number;
-  count: number;
-}
+import { countOf, runsIn, takeRecords } from "./visible";
+import type { Run } from "./visible";
 
 interface Picture {
   frame: WebGLFramebuffer;
@@ -54,8 +50,10 @@ export class GlRenderer implements Renderer {
   /** How many records are drawn in less than a frame: measured. */
   private slice = 40000;
 
-  /** Null if the browser has no WebGL 2. */
-  static create(canvas: HTMLCanvasElement): GlRenderer | null {
+  /** Null if the browser has no WebGL 2, or one without a graphics card.
+   * @param emulated  whether it may be without */
+  static create(canvas: HTMLCanvasElement, emulated: boolean): GlRenderer | null {
+    if (!emulated && isEmulated()) return null;
     const gl = canvas.getContext("webgl2", { alpha: false, antialias: false, depth: false, powerPreference: "low-power" });
     return gl ? new GlRenderer(canvas, gl) : null;
   }
@@ -67,7 +65,7 @@ export class GlRenderer implements Renderer {
     canvas.addEventListener("webglcontextrestored", () => this.start());
   }
 
-  setSheet(_sheet: Sheet | null, instances: Instances | null): void {
+  setInstances(instances: Instances | null): void {
     this.instances = instances;
     this.forget();
     this.upload();
@@ -77,8 +75,7 @@ export class GlRenderer implements Renderer {
     if (this.gl.isContextLost()) return true;
     this.resize(view, density);
     this.learn();
-    const runs = this.runsIn(view);
-    const count = runs.reduce((sum, run) => sum + run.count, 0);
+    const runs = runsIn(this.instances, view), count = countOf(runs);
     if (count <= this.slice) {
       this.job = null;
       this.paint(null, view, density, look, runs, true);
@@ -86,10 +83,6 @@ export class GlRenderer implements Renderer {
       return true;
     }
     return this.drawInSlices(view, density, look, runs);
-  }
-
-  dispose(): void {
-    this.gl.getExtension("WEBGL_lose_context")?.loseContext();
   }
 
   // Setting up.
@@ -166,18 +159,9 @@ export class GlRenderer implements Renderer {
   }
 
   private drawSlice(density: number, look: Look): void {
-    const job = this.job!, taken: Run[] = [];
-    let left = this.slice;
-    while (left > 0 && job.runs.length > 0) {
-      const run = job.runs[0]!, count = Math.min(left, run.count);
-      taken.push({ first: run.first, count });
-      run.first += count;
-      run.count -= count;
-      left -= count;
-      if (run.count === 0) job.runs.shift();
-    }
+    const job = this.job!, taken = takeRecords(job.runs, this.slice);
     this.paint(this.made!, job.view, density, look, taken, false);
-    this.time(this.slice - left);
+    this.time(countOf(taken));
     if (job.runs.length > 0) return;
     this.made!.view = job.view;
     [this.shown, this.made] = [this.made, this.shown];
@@ -223,20 +207,6 @@ export class GlRenderer implements Renderer {
   }
 
   // Drawing.
-
-  private runsIn(view: Viewport): Run[] {
-    const runs: Run[] = [], box = view.box, margin = 3 / view.scale;
-    const grown = {
-      left: box.left - margin, top: box.top - margin, right: box.right + margin, bottom: box.bottom + margin,
-    };
-    let last: Run | null = null;
-    for (const chunk of this.instances?.chunks ?? []) {
-      if (!overlaps(chunk.bounds, grown)) continue;
-      if (last && follows(last, chunk)) last.count += chunk.count;
-      else runs.push((last = { first: chunk.first, count: chunk.count }));
-    }
-    return runs;
-  }
 
   private paint(to: Picture | null, view: Viewport, density: number, look: Look, runs: Run[], clear: boolean): void {
     const { gl } = this;
@@ -296,8 +266,14 @@ export class GlRenderer implements Renderer {
   }
 }
 
-function follows(run: Run, chunk: Chunk): boolean {
-  return run.first + run.count === chunk.first;
+/** Whether the processor does the work of the graphics card. */
+function isEmulated(): boolean {
+  const gl = document.createElement("canvas").getContext("webgl2", { failIfMajorPerformanceCaveat: true });
+  if (!gl) return true;
+  const info = gl.getExtension("WEBGL_debug_renderer_info");
+  const name = String(gl.getParameter(info ? info.UNMASKED_RENDERER_WEBGL : gl.RENDERER));
+  gl.getExtension("WEBGL_lose_context")?.loseContext();
+  return /swiftshader|llvmpipe|softpipe|software|basic render/i.test(name);
 }
 
 function setClearColor(gl: WebGL2RenderingContext, color: number): void {

@@ -1,6 +1,6 @@
 // Starts the page.
 import { App } from "./app";
-import { startEngine } from "./engine";
+import { startEngine, takeAssets } from "./engine";
 import { drawingInPage, fetchDrawing, namedInAddress } from "./files";
 import { loadSettings } from "./settings";
 import { browserLanguage, setLanguage, t } from "./texts";
@@ -19,11 +19,12 @@ async function openFromAddress(app: App): Promise<void> {
 const settings = loadSettings();
 setLanguage(settings.language ?? browserLanguage());
 document.documentElement.lang = settings.language ?? browserLanguage();
+// Both are taken before the page is laid out.
+const assets = takeAssets(), inPage = drawingInPage();
 const app = new App(settings);
-const inPage = drawingInPage();
 if (inPage) app.open([inPage]);
 void openFromAddress(app);
-startEngine().then(
+startEngine(assets).then(
   (engine) => app.start(engine),
   (error: unknown) => app.failed(error instanceof Error ? error.message : String(error)),
 );

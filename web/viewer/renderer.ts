@@ -1,6 +1,8 @@
-// What draws the strokes and fills of a sheet: by the graphics card, or on a canvas where there is none.
+// What draws the strokes and fills of a sheet: the graphics card, or the processor where there is none.
+import { GlRenderer } from "./gl_renderer";
 import type { Instances } from "./instances";
-import type { Box, Sheet } from "./sheet";
+import type { Box } from "./sheet";
+import { SoftRenderer } from "./soft_renderer";
 import type { Viewport } from "./viewport";
 
 /** How the paper looks: 0xRRGGBB. */
@@ -13,9 +15,14 @@ export interface Look {
 export interface Renderer {
   readonly name: string;
   /** Takes what is drawn from now on. */
-  setSheet(sheet: Sheet | null, instances: Instances | null, colorOf: (item: number) => number): void;
+  setInstances(instances: Instances | null): void;
   /** Draws the view. False if the picture isn't sharp yet, and draw should be called in the next frame again.
    * @param density  pixels of the device for one of the page */
   draw(view: Viewport, density: number, look: Look): boolean;
-  dispose(): void;
+}
+
+/** @param wanted  "gl" or "software" to have this one, for tests */
+export function makeRenderer(canvas: HTMLCanvasElement, wanted: string | null): Renderer {
+  if (wanted === "software") return new SoftRenderer(canvas);
+  return GlRenderer.create(canvas, wanted === "gl") ?? new SoftRenderer(canvas);
 }

@@ -1,8 +1,7 @@
 // The window on a sheet: canvases, the view, and what the mouse, fingers and keys do to it.
-import { CanvasRenderer } from "./canvas_renderer";
 import { element } from "./dom";
-import { GlRenderer } from "./gl_renderer";
 import { coarseTolerance, hasCurves, makeInstances } from "./instances";
+import { makeRenderer } from "./renderer";
 import type { Look, Renderer } from "./renderer";
 import { heightOf, screenPixel, widthOf } from "./sheet";
 import type { Box, Point, Sheet } from "./sheet";
@@ -61,7 +60,7 @@ export class Stage {
   private dragged = false;
 
   constructor(private readonly empty: Look) {
-    this.renderer = GlRenderer.create(this.strokes) ?? new CanvasRenderer(this.strokes);
+    this.renderer = makeRenderer(this.strokes, new URLSearchParams(location.search).get("renderer"));
     this.textLayer = new TextLayer(this.texts);
     this.element = element("div", {
       class: "stage", tabindex: 0, role: "application", "aria-label": t("stage"),
@@ -135,10 +134,12 @@ export class Stage {
     const { clientWidth: width, clientHeight: height } = this.element;
     if (width === 0 || height === 0) return;
     const { viewport } = this;
+    const { fitted } = viewport;
     // The middle of the window keeps its place.
-    if (viewport.width > 1) viewport.panBy((width - viewport.width) / 2, (height - viewport.height) / 2);
+    if (viewport.width > 1 && !fitted) viewport.panBy((width - viewport.width) / 2, (height - viewport.height) / 2);
     viewport.width = width;
     viewport.height = height;
+    if (fitted) viewport.fit(fitted);
     this.changed();
   }
 
@@ -170,7 +171,7 @@ export class Stage {
 
   private refine(): void {
     const { scene, viewport } = this;
-    if (!scene || this.renderer.name === "Canvas 2D" || !hasCurves(scene.sheet)) return;
+    if (!scene || !hasCurves(scene.sheet)) return;
     const finer = viewport.scale / this.detailScale, box = viewport.box, region = this.detailRegion;
     const inside = region && region.left <= box.left && region.top <= box.top && region.right >= box.right && region.bottom >= box.bottom;
     const needed = 0.2 / viewport.scale < coarseTolerance(scene.sheet);
@@ -182,15 +183,14 @@ export class Stage {
 
   private makeDetail(): void {
     const { scene, viewport } = this;
-    if (!scene) return this.renderer.setSheet(null, null, () => 0);
-    if (this.renderer.name === "Canvas 2D") return this.renderer.setSheet(scene.sheet, null, scene.colorOf);
+    if (!scene) return this.renderer.setInstances(null);
     const box = viewport.box, width = widthOf(box), height = heightOf(box);
     const region = { left: box.left - width, top: box.top - height, right: box.right + width, bottom: box.bottom + height };
     const tolerance = 0.15 / viewport.scale;
     this.detailScale = viewport.scale;
     this.detailRegion = region;
     const detail = { tolerance, coarse: Math.max(tolerance, coarseTolerance(scene.sheet)), region };
-    this.renderer.setSheet(scene.sheet, makeInstances(scene.sheet, detail, scene.colorOf), scene.colorOf);
+    this.renderer.setInstances(makeInstances(scene.sheet, detail, scene.colorOf));
   }
 
   // Mouse, pen and fingers.

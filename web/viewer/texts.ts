@@ -187,7 +187,6 @@ const table = {
   panels: ["Panels", "パネル"],
   closePanel: ["Close the panel", "パネルを閉じる"],
   language: ["Language", "言語"],
-  noWebGl: ["This browser has no WebGL: large drawings are slower.", "WebGL が使えないため、大きな図面の表示は遅くなります。"],
   helpOpen: ["Open drawings", "図面を開く"],
   helpTabs: ["Next or previous drawing", "次・前の図面"],
   helpClose: ["Close the drawing", "図面を閉じる"],

@@ -11,6 +11,8 @@ export class Viewport {
   /** Size of the window in pixels of the page. */
   width = 1;
   height = 1;
+  /** What is shown as a whole, until the user moves or zooms. */
+  fitted: Box | null = null;
 
   static readonly most = 10;
 
@@ -34,9 +36,11 @@ export class Viewport {
     const inner = (size: number): number => Math.max(16, size - 2 * margin);
     this.scale = Math.min(inner(this.width) / width, inner(this.height) / height, Viewport.most);
     this.centreOn({ x: (box.left + box.right) / 2, y: (box.top + box.bottom) / 2 });
+    this.fitted = box;
   }
 
   centreOn(point: Point): void {
+    this.fitted = null;
     this.x = point.x - this.width / this.scale / 2;
     this.y = point.y - this.height / this.scale / 2;
   }
@@ -45,12 +49,14 @@ export class Viewport {
   zoomAt(x: number, y: number, factor: number, least: number): void {
     const scale = Math.min(Viewport.most, Math.max(least, this.scale * factor));
     const place = this.toSheet(x, y);
+    this.fitted = null;
     this.scale = scale;
     this.x = place.x - x / scale;
     this.y = place.y - y / scale;
   }
 
   panBy(x: number, y: number): void {
+    this.fitted = null;
     this.x -= x / this.scale;
     this.y -= y / this.scale;
   }
