@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Writes the licences of what is in the viewer: make_notices.py WEB_LIBRARIES OUTPUT. The viewer shows them."""
+"""Writes the licences of what is in the viewer: make_notices.py WEB_LIBRARIES OUTPUT [--originals]. The viewer shows them."""
 
 import sys
 from pathlib import Path
@@ -18,13 +18,17 @@ To replace them by the original fonts, build the viewer with the original fonts:
     cmake --preset web -D HEXLUME_ORIGINAL_FONTS=ON && cmake --build --preset web
 """
 
+ORIGINAL_FONTS = """\
+The viewer's fonts are the Gothic fonts in Debian's package fonts-ipafont-gothic (version 003.03), unchanged.
+"""
+
 
 
 def main():
     libraries, output = Path(sys.argv[1]), Path(sys.argv[2])
     parts = [
         ("Hexlume", (ROOT / "LICENSE").read_text("utf-8")),
-        ("Fonts", FONTS + "\n" + (DOCUMENTS / "fonts-ipafont-gothic/copyright").read_text("utf-8")),
+        ("Fonts", (ORIGINAL_FONTS if "--originals" in sys.argv[3:] else FONTS) + "\n" + (DOCUMENTS / "fonts-ipafont-gothic/copyright").read_text("utf-8")),
         ("FreeType", "Portions of this software are copyright (C) The FreeType Project (www.freetype.org).\n\n"
          + (libraries / "licences/freetype.txt").read_text("utf-8")),
         ("pixman", (libraries / "licences/pixman.txt").read_text("utf-8")),

@@ -66,8 +66,8 @@ uint32_t Hash(const uint8_t* bytes, int64_t size, uint32_t start) {
 
 void PrintResult(const hexlume_result* result) {
   std::printf("%s | %s | %s | line %" PRId64, hexlume_status_name(hexlume_result_status(result)),
-              hexlume_result_message(result, HEXLUME_ENGLISH), hexlume_result_message(result, HEXLUME_JAPANESE),
-              hexlume_result_line(result));
+              hexlume_result_message(result, HEXLUME_ENGLISH),
+              hexlume_result_message(result, HEXLUME_JAPANESE), hexlume_result_line(result));
   for (int32_t number = HEXLUME_NUMBER_SHEET_WIDTH; number < HEXLUME_NUMBER_MILLISECONDS; ++number)
     if (number != HEXLUME_NUMBER_STROKES) std::printf(" %" PRId64, hexlume_result_number(result, number));
   std::printf("\n");
@@ -87,8 +87,8 @@ void Convert(const hexlume_input& input, const Way& way) {
   const uint8_t* const bytes = hexlume_result_metafile(result);
   const int64_t size = hexlume_result_metafile_size(result);
   std::printf("strokes %" PRId64 ", metafile %" PRId64 " %08x %08x\n",
-              hexlume_result_number(result, HEXLUME_NUMBER_STROKES), size,
-              Hash(bytes, size, 2166136261U), Hash(bytes, size, 1));
+              hexlume_result_number(result, HEXLUME_NUMBER_STROKES), size, Hash(bytes, size, 2166136261U),
+              Hash(bytes, size, 1));
   hexlume_result_free(result);
 }
 
@@ -107,7 +107,8 @@ void PrintSummary(const hexlume_summary* summary) {
 
 void PrintTables(const hexlume_result* result) {
   for (int64_t i = 0; const hexlume_layer* layer = hexlume_result_layer(result, i); ++i)
-    std::printf("layer %s %" PRId32 " %s %" PRId32 "\n", layer->name, layer->color, layer->line_type, layer->shown);
+    std::printf("layer %s %" PRId32 " %s %" PRId32 "\n", layer->name, layer->color, layer->line_type,
+                layer->shown);
   for (int64_t i = 0; const hexlume_line_type* type = hexlume_result_line_type(result, i); ++i)
     std::printf("line type %s %" PRId32 "\n", type->name, type->elements);
   for (int64_t i = 0; const hexlume_dim_style* style = hexlume_result_dim_style(result, i); ++i)
@@ -118,11 +119,11 @@ void PrintTables(const hexlume_result* result) {
 
 void PrintContents(const hexlume_result* result) {
   for (int64_t i = 0; const hexlume_entities* row = hexlume_result_entities(result, i); ++i)
-    std::printf("entities %s %s %" PRId64 " %" PRId64 " %" PRId32 " %" PRId32 "\n", row->kind, row->layer, row->count,
-                row->count_in_blocks, row->drawn, row->drawn_in_blocks);
+    std::printf("entities %s %s %" PRId64 " %" PRId64 " %" PRId32 " %" PRId32 "\n", row->kind, row->layer,
+                row->count, row->count_in_blocks, row->drawn, row->drawn_in_blocks);
   for (int64_t i = 0; const hexlume_text* text = hexlume_result_text(result, i); ++i)
-    std::printf("text %s %s %s %.6f %.6f %.6f %.6f %" PRId64 " %s\n", text->kind, text->layer, text->block, text->x,
-                text->y, text->height, text->angle, text->line, text->text);
+    std::printf("text %s %s %s %.6f %.6f %.6f %.6f %" PRId64 " %s\n", text->kind, text->layer, text->block,
+                text->x, text->y, text->height, text->angle, text->line, text->text);
 }
 
 void Inspect(const hexlume_input& input) {

@@ -16,6 +16,8 @@ export interface Engine {
 interface FontRow {
   file: string;
   families: string[];
+  /** Whether texts can be drawn with it. */
+  outlines: boolean;
 }
 
 /** Files, compressed with gzip, in base64. */
@@ -47,9 +49,13 @@ function assetOf(assets: Assets, name: string): string {
   return asset;
 }
 
-async function readFonts(assets: Assets): Promise<Font[]> {
+/** All fonts, and the bytes of the one that texts are drawn with. */
+async function readFonts(assets: Assets): Promise<{ fonts: Font[]; drawn: Uint8Array }> {
   const rows = JSON.parse(new TextDecoder().decode(await unpacked(assetOf(assets, "fonts.json")))) as FontRow[];
-  return Promise.all(rows.map(async ({ file, families }) => ({ families, bytes: await unpacked(assetOf(assets, file)) })));
+  const fonts = await Promise.all(rows.map(async ({ file, families }) => ({ families, bytes: await unpacked(assetOf(assets, file)) })));
+  const drawn = fonts[rows.findIndex((row) => row.outlines)];
+  if (!drawn) throw new Error("the page has no font");
+  return { fonts, drawn: drawn.bytes };
 }
 
 /** Takes the assets out of the page. */
@@ -61,11 +67,10 @@ export function takeAssets(): Assets {
 }
 
 export async function startEngine(assets: Assets): Promise<Engine> {
-  const [fonts, module, font, notices] = await Promise.all([
+  const [{ fonts, drawn }, module, notices] = await Promise.all([
     readFonts(assets),
     unpacked(assetOf(assets, "hexlume.wasm")).then((bytes) => WebAssembly.compile(bytes as Uint8Array<ArrayBuffer>)),
-    unpacked(assetOf(assets, "sheet.ttf")),
     unpacked(assetOf(assets, "notices.txt")).then((bytes) => new TextDecoder().decode(bytes)),
   ]);
-  return { client: new Client(startWorker, module, fonts), faces: await loadFaces(font), notices };
+  return { client: new Client(startWorker, module, fonts), faces: await loadFaces(drawn), notices };
 }
