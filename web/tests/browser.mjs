@@ -69,13 +69,32 @@ export async function inspected(page) {
   await page.waitForFunction(() => document.documentElement.dataset.inspected !== undefined);
 }
 
-/** The pixels of the picture, as the canvases show it: width, height and RGBA. */
-export async function pixels(page, clip) {
-  const png = await page.screenshot({ clip });
-  return page.evaluate(async (base64) => {
-    const bitmap = await createImageBitmap(await (await fetch(`data:image/png;base64,${base64}`)).blob());
-    const canvas = new OffscreenCanvas(bitmap.width, bitmap.height), context = canvas.getContext("2d");
-    context.drawImage(bitmap, 0, 0);
-    return { width: bitmap.width, height: bitmap.height, data: [...context.getImageData(0, 0, bitmap.width, bitmap.height).data] };
-  }, png.toString("base64"));
+/** Counts pixels with ink in two PNG files, and those without ink near them in the other one. */
+export function compareInk(page, first, second) {
+  return page.evaluate(async (files) => {
+    const inks = [];
+    let width = 0, height = 0;
+    for (const file of files) {
+      const bytes = Uint8Array.from(atob(file), (character) => character.charCodeAt(0));
+      const bitmap = await createImageBitmap(new Blob([bytes], { type: "image/png" }));
+      if (width !== 0 && (bitmap.width !== width || bitmap.height !== height)) return { sizes: "differ", first: [width, height], second: [bitmap.width, bitmap.height] };
+      ({ width, height } = bitmap);
+      const context = new OffscreenCanvas(width, height).getContext("2d");
+      context.drawImage(bitmap, 0, 0);
+      const { data } = context.getImageData(0, 0, width, height);
+      inks.push(Float32Array.from({ length: width * height }, (_, i) => 255 - (data[4 * i] + data[4 * i + 1] + data[4 * i + 2]) / 3));
+    }
+    const near = (ink, i) => {
+      const x = i % width, y = Math.floor(i / width);
+      let most = 0;
+      for (let v = Math.max(0, y - 1); v <= Math.min(height - 1, y + 1); ++v) {
+        for (let u = Math.max(0, x - 1); u <= Math.min(width - 1, x + 1); ++u) most = Math.max(most, ink[v * width + u]);
+      }
+      return most;
+    };
+    const strong = 100, weak = 40;
+    const only = ([a, b]) => a.reduce((sum, ink, i) => sum + Number(ink > strong && near(b, i) < weak), 0);
+    const count = (ink) => ink.reduce((sum, value) => sum + Number(value > strong), 0);
+    return { first: count(inks[0]), second: count(inks[1]), onlyFirst: only(inks), onlySecond: only([inks[1], inks[0]]) };
+  }, [first.toString("base64"), second.toString("base64")]);
 }

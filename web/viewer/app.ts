@@ -333,9 +333,14 @@ export class App implements Desk {
       if (why) this.showNotice(why.text);
       else this.hideNotice();
     }
-    if (conversion && sheet) {
-      this.say(`${sizeText(sheet)} · ${t("shown", numberText(conversion.strokes), numberText(sheet.texts.length), numberText(conversion.milliseconds))}`);
-    } else if (conversion) this.say("");
+    this.say(this.summary());
+  }
+
+  private summary(): string {
+    const { conversion, sheet } = this.tab ?? {};
+    if (!conversion || !sheet) return "";
+    const numbers = [conversion.strokes, sheet.texts.length, conversion.milliseconds].map((value) => numberText(value, 0));
+    return `${sizeText(sheet)} · ${t("shown", ...numbers)}`;
   }
 
   say(text: string): void {
@@ -475,7 +480,7 @@ export class App implements Desk {
   setTool(tool: Tool | null): void {
     this.stage.setTool(tool);
     this.panels.measure.update();
-    if (tool) this.say(tool.hint);
+    this.say(tool ? tool.hint : this.summary());
   }
 
   choosePart(): void {

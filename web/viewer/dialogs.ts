@@ -135,7 +135,7 @@ function paperNamed(name: string): Paper | null {
 
 const keys: readonly (readonly [string, TextKey])[] = [
   ["O", "helpOpen"], ["PageDown PageUp", "helpTabs"], ["X", "helpClose"], ["← → ↑ ↓", "helpMove"], ["+ −", "helpZoom"],
-  ["0 1 9", "helpViews"], ["L S I K", "helpPanels"], ["Ctrl+F F3 Shift+F3", "helpFind"], ["D G A", "helpMeasure"], ["P", "helpPart"],
+  ["0 1 9", "helpViews"], ["L S I M K", "helpPanels"], ["Ctrl+F F3 Shift+F3", "helpFind"], ["D G A", "helpMeasure"], ["P", "helpPart"],
   ["Enter Backspace N", "helpPoint"], ["Ctrl+S Ctrl+P", "helpSave"], ["Esc", "helpEscape"],
 ];
 

@@ -97,7 +97,7 @@ export class TextPainter {
   }
 
   paint(context: Context, text: SheetText, place: PaintPlace, color: number): void {
-    const layout = this.layout(text), pixels = layout.em * place.scale, least = 0.6, greek = 2;
+    const layout = this.layout(text), pixels = layout.em * place.scale, least = 0.4, greek = 2;
     const wide = pixels * layout.stretch;
     if (color < 0 || !(pixels >= least) || !(wide > 0.05) || pixels > 20000 || wide > 20000) return;
     const cos = Math.cos(text.angle) * place.scale, sin = Math.sin(text.angle) * place.scale;
@@ -105,7 +105,7 @@ export class TextPainter {
     if (text.clip) this.clip(context, text.clip, place);
     context.fillStyle = `#${color.toString(16).padStart(6, "0")}`;
     context.transform(cos, sin, -sin, cos, (text.x - place.x) * place.scale, (text.y - place.y) * place.scale);
-    if (pixels < greek) this.paintBar(context, layout);
+    if (Math.max(pixels, wide) < greek) this.paintBar(context, layout);
     else this.paintRuns(context, text.font, layout);
     this.paintRules(context, text.font, layout);
     context.restore();

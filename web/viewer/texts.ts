@@ -193,7 +193,7 @@ const table = {
   helpMove: ["Move (with Shift: by a page)", "移動（Shift で 1 画面）"],
   helpZoom: ["Zoom; with the wheel at the pointer", "拡大・縮小（ホイールはポインタ位置）"],
   helpViews: ["Full sheet, true size, the drawing", "用紙全体、実寸、図形全体"],
-  helpPanels: ["Layers, sheet, contents, compare", "画層、用紙、内容、比較"],
+  helpPanels: ["Layers, sheet, contents, measure, compare", "画層、用紙、内容、計測、比較"],
   helpFind: ["Find; next and previous hit", "検索、次・前の結果"],
   helpMeasure: ["Distance, angle, area", "距離、角度、面積"],
   helpPart: ["Choose a part", "範囲を指定"],
