@@ -1,5 +1,5 @@
 // Drawings as bytes. Groups are written "code value", one a line, in ASCII.
-export function drawingOf(groups: string): Uint8Array {
+export function drawingOf(groups: string): Uint8Array<ArrayBuffer> {
   const lines = groups.trim().split("\n").map((line) => line.replace(/^(\S+) ?/, "$1\n"));
   return new TextEncoder().encode(lines.join("\n") + "\n");
 }
@@ -19,11 +19,11 @@ export const header = `
 const end = "0 ENDSEC\n0 EOF\n";
 
 /** An A3 sheet. */
-export function a3(entities: string): Uint8Array {
+export function a3(entities: string): Uint8Array<ArrayBuffer> {
   return drawingOf(`${header}0 SECTION\n2 ENTITIES\n${entities}${end}`);
 }
 
-export function a3WithTables(tables: string, entities: string): Uint8Array {
+export function a3WithTables(tables: string, entities: string): Uint8Array<ArrayBuffer> {
   return drawingOf(`${header}${tables}0 SECTION\n2 ENTITIES\n${entities}${end}`);
 }
 
