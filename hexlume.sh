@@ -24,7 +24,7 @@ fail() {
   exit "$1"
 }
 
-# The viewer's file, or a copy with the drawing in it.
+# Makes a copy of the viewer with the drawing in it.
 view_drawing() {
   local drawing=$1 page
   page=$(basename -- "${drawing%.*}").html

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Builds the libraries that the web build needs, as WebAssembly, in build/web-libraries: FreeType and pixman, from Debian's
-# source packages. Does nothing if they are there. Downloads as any user, through a source list and an index folder of
+# source packages. Does nothing if they are up to date. Downloads as any user, through a source list and an index folder of
 # its own, so that the system's configuration stays as it is.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 target=$PWD/build/web-libraries
-# What the result depends on: the file has the same text only if nothing has to be built.
-made_by=$(sha256sum "${BASH_SOURCE[0]}" cmake/freetype_modules.h | awk '{ print $1 }')
+# What the result depends on.
+made_by=$(sha256sum scripts/build_web_libraries.sh cmake/freetype_modules.h | awk '{ print $1 }')
 [ "$(cat "$target/made-by" 2>/dev/null)" != "$made_by" ] || exit 0
 
 export NODE_PATH=/usr/share/nodejs

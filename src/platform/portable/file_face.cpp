@@ -105,20 +105,6 @@ class FileFace : public FontFace {
   VerticalGlyphs verticalGlyphs;
 };
 
-void AppendUtf8(std::string& text, char16_t unit) {
-  if (unit < 0x80) {
-    text.push_back(static_cast<char>(unit));
-    return;
-  }
-  if (unit < 0x800) {
-    text.push_back(static_cast<char>(0xC0 | unit >> 6));
-  } else {
-    text.push_back(static_cast<char>(0xE0 | unit >> 12));
-    text.push_back(static_cast<char>(0x80 | (unit >> 6 & 0x3F)));
-  }
-  text.push_back(static_cast<char>(0x80 | (unit & 0x3F)));
-}
-
 // Enough for the few faces that drawings use.
 constexpr size_t mostFaces = 16;
 
@@ -139,6 +125,20 @@ std::unique_ptr<FontFace> MakeFileFace(OpenFace opened, bool isVertical) {
 
 bool IsVertical(const LOGFONTA& font) {
   return font.lfFaceName[0] == '@';
+}
+
+void AppendUtf8(std::string& text, char16_t unit) {
+  if (unit < 0x80) {
+    text.push_back(static_cast<char>(unit));
+    return;
+  }
+  if (unit < 0x800) {
+    text.push_back(static_cast<char>(0xC0 | unit >> 6));
+  } else {
+    text.push_back(static_cast<char>(0xE0 | unit >> 12));
+    text.push_back(static_cast<char>(0x80 | (unit >> 6 & 0x3F)));
+  }
+  text.push_back(static_cast<char>(0x80 | (unit & 0x3F)));
 }
 
 std::string Utf8Name(const LOGFONTA& font) {

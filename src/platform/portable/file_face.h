@@ -33,6 +33,9 @@ std::unique_ptr<FontFace> MakeFileFace(OpenFace opened, bool isVertical);
 // Whether the font is for vertical text: its name has a leading "@".
 bool IsVertical(const LOGFONTA& font);
 
+// Appends a character of the basic plane.
+void AppendUtf8(std::string& text, char16_t unit);
+
 // The font's name in UTF-8, with its "@".
 std::string Utf8Name(const LOGFONTA& font);
 

@@ -71,20 +71,6 @@ std::vector<std::string> Lines(const char* text) {
   return lines;
 }
 
-void AppendUtf8(std::string& text, unsigned unit) {
-  if (unit < 0x80) {
-    text.push_back(static_cast<char>(unit));
-    return;
-  }
-  if (unit < 0x800) {
-    text.push_back(static_cast<char>(0xC0 | unit >> 6));
-  } else {
-    text.push_back(static_cast<char>(0xE0 | unit >> 12));
-    text.push_back(static_cast<char>(0x80 | (unit >> 6 & 0x3F)));
-  }
-  text.push_back(static_cast<char>(0x80 | (unit & 0x3F)));
-}
-
 // The names of the family in the font file, in all its languages.
 std::vector<std::string> FamiliesOf(FT_Face face) {
   std::vector<std::string> families;
@@ -95,7 +81,7 @@ std::vector<std::string> FamiliesOf(FT_Face face) {
     if (name.name_id != TT_NAME_ID_FONT_FAMILY && name.name_id != TT_NAME_ID_TYPOGRAPHIC_FAMILY) continue;
     std::string family;
     for (FT_UInt at = 0; at + 1 < name.string_len; at += 2)
-      AppendUtf8(family, static_cast<unsigned>(name.string[at] << 8 | name.string[at + 1]));
+      AppendUtf8(family, static_cast<char16_t>(name.string[at] << 8 | name.string[at + 1]));
     families.push_back(std::move(family));
   }
   return families;
