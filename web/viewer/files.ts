@@ -17,6 +17,9 @@ function fileOf(entry: FileSystemFileEntry): Promise<File | null> {
   return new Promise((settle) => entry.file(settle, () => settle(null)));
 }
 
+/** Folders below a folder that are looked at. */
+const deepest = 8;
+
 /** A folder gives its entries in pieces. */
 async function entriesOf(folder: FileSystemDirectoryEntry): Promise<FileSystemEntry[]> {
   const reader = folder.createReader(), all: FileSystemEntry[] = [];
@@ -28,7 +31,6 @@ async function entriesOf(folder: FileSystemDirectoryEntry): Promise<FileSystemEn
 }
 
 async function filesBelow(entry: FileSystemEntry, depth: number): Promise<File[]> {
-  const deepest = 8;
   if (entry.isFile) {
     const file = await fileOf(entry as FileSystemFileEntry);
     return file ? [file] : [];
@@ -39,12 +41,29 @@ async function filesBelow(entry: FileSystemEntry, depth: number): Promise<File[]
   return files.flat();
 }
 
+/** The newer way to folders, which works on pages that were opened from a file as well. */
+type Handle = FileSystemFileHandle | FileSystemDirectoryHandle;
+type HandleItem = DataTransferItem & { getAsFileSystemHandle?: () => Promise<Handle | null> };
+
+async function filesOfHandle(handle: Handle, depth: number): Promise<File[]> {
+  if (handle.kind === "file") return [await handle.getFile()];
+  if (depth > deepest) return [];
+  const inside: Handle[] = [];
+  for await (const each of (handle as unknown as { values(): AsyncIterable<Handle> }).values()) inside.push(each);
+  inside.sort((a, b) => a.name.localeCompare(b.name));
+  return (await Promise.all(inside.map((each) => filesOfHandle(each, depth + 1)))).flat();
+}
+
 export async function droppedDrawings(transfer: DataTransfer): Promise<Source[]> {
-  // The list is empty once the event has ended, so all entries are taken first.
-  const entries = [...transfer.items].map((item) => item.webkitGetAsEntry?.() ?? null);
-  const plain = [...transfer.files];
+  // The list is empty once the event has ended, so all of it is taken first.
+  const items = [...transfer.items], plain = [...transfer.files];
+  const entries = items.map((item) => item.webkitGetAsEntry?.() ?? null);
   if (!entries.some((entry) => entry?.isDirectory)) return drawingsOf(plain);
-  const files = await Promise.all(entries.map((entry) => (entry ? filesBelow(entry, 0) : [])));
+  const handles = items.map((item: HandleItem) => item.getAsFileSystemHandle?.().catch(() => null) ?? null);
+  const files = await Promise.all(entries.map(async (entry, i) => {
+    const handle = await handles[i];
+    return handle ? filesOfHandle(handle, 0) : entry ? filesBelow(entry, 0) : [];
+  }));
   return drawingsOf(files.flat().filter((file) => drawingName.test(file.name)));
 }
 

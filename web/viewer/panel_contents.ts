@@ -46,7 +46,9 @@ export function whyEmpty(tab: Tab): { text: string; measure: boolean } | null {
   if (placed.length === 0) return say("emptyOnlyBlocks");
   if (drawn.length === 0) return say("emptyNeverDrawn", placed.map((row) => row.kind).join(", "));
   const hides = choices.hiddenLayers.size + choices.hiddenLineTypes.size > 0 || choices.skipOffLayers;
-  return say(hides ? "emptyHidden" : "emptyOther");
+  if (hides) return say("emptyHidden");
+  // The library leaves out what is far from the sheet.
+  return choices.fit ? say("emptyOther") : { text: t("emptyOutside"), measure: true };
 }
 
 export class ContentsPanel implements Panel {

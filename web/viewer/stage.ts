@@ -228,8 +228,8 @@ export class Stage {
 
   private moved(event: PointerEvent): void {
     const at = this.placeOf(event), before = this.pointers.get(event.pointerId);
-    this.onPointer(this.toSheet(at));
     if (!before) {
+      this.onPointer(this.toSheet(at));
       this.tool?.move(this.toSheet(at));
       if (this.tool) this.invalidate();
       return;
@@ -242,6 +242,7 @@ export class Stage {
       this.invalidate();
     }
     this.pointers.set(event.pointerId, at);
+    this.onPointer(this.toSheet(at));
   }
 
   /** Two fingers move and zoom the sheet. */
