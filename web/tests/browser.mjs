@@ -33,6 +33,7 @@ export async function openViewer(browser, { address = pathToFileURL(viewer).href
   page.on("request", (request) => {
     if (/^(https?|wss?):/.test(request.url())) page.requests.push(request.url());
   });
+  await page.bringToFront();
   await page.goto(address);
   if (ready) await page.waitForSelector("html[data-ready]", { state: "attached" });
   return page;

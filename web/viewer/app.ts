@@ -134,11 +134,23 @@ export class App implements Desk {
   private update(): void {
     this.tabBar.update(this.tabs, this.tab);
     this.welcome.hidden = this.tab !== null;
-    this.current()?.update();
+    this.updatePanel();
     document.title = this.tab ? `${this.tab.name} – ${t("title")}` : t("title");
     for (const id of ["save", "print-button"]) (document.getElementById(id) as HTMLButtonElement).disabled = !this.tab?.sheet;
     document.documentElement.dataset["state"] = this.tab?.state ?? "none";
     this.updateZoom();
+  }
+
+  /** The focus and the place in a long panel stay. */
+  private updatePanel(): void {
+    const panel = this.current();
+    if (!panel) return;
+    const active = document.activeElement, kept = active && panel.element.contains(active) ? selectorOf(active) : "";
+    const { scrollTop } = panel.element;
+    panel.update();
+    panel.element.scrollTop = scrollTop;
+    const again = kept === "" ? null : panel.element.querySelector<HTMLElement>(kept);
+    if (again && again !== document.activeElement) again.focus({ preventScroll: true });
   }
 
   // Opening.
@@ -261,7 +273,7 @@ export class App implements Desk {
     tab.inspecting = null;
     tab.inspection = inspection;
     if (tab === this.tab) {
-      this.current()?.update();
+      this.updatePanel();
       this.tell(tab);
       document.documentElement.dataset["inspected"] = String(tab.id);
     }
@@ -618,4 +630,9 @@ export class App implements Desk {
     if (this.tab?.converting) return this.cancel();
     if (this.panel) this.closePanel();
   }
+}
+
+function selectorOf(control: Element): string {
+  if (control.id !== "") return `#${CSS.escape(control.id)}`;
+  return control instanceof HTMLInputElement ? `input[value="${CSS.escape(control.value)}"]` : "";
 }
