@@ -91,6 +91,7 @@ export class App implements Desk {
     this.painter = new TextPainter(engine.faces.face);
     this.stage.setPainter(this.painter);
     document.documentElement.dataset["ready"] = "true";
+    performance.mark("ready");
     this.convertWaiting();
   }
 
@@ -161,6 +162,7 @@ export class App implements Desk {
 
   open(sources: readonly Source[]): void {
     if (sources.length === 0) return;
+    performance.mark("opened");
     const { skipOffLayers, halfWidth, denominator } = this.settings;
     const opened = sources.map((source) => new Tab(source.name, source, { skipOffLayers, halfWidth, denominator }));
     this.tabs.push(...opened);
@@ -251,6 +253,8 @@ export class App implements Desk {
     if (tab === this.tab) {
       this.hideCard();
       this.show(tab);
+      // After the frame that shows it.
+      requestAnimationFrame(() => requestAnimationFrame(() => performance.mark("shown")));
       this.tell(tab);
       this.update();
     }
