@@ -1,6 +1,6 @@
 // Large drawings, many drawings, long conversions. Times are printed, not judged, but for generous bounds.
 import assert from "node:assert/strict";
-import { statSync } from "node:fs";
+import { readFileSync, statSync } from "node:fs";
 import { mkdtemp, open, rm, writeFile } from "node:fs/promises";
 import os from "node:os";
 import path from "node:path";
@@ -12,7 +12,7 @@ import { drawing, line, manyLines } from "./drawings.mjs";
 let browser;
 let scratch;
 before(async () => {
-  browser = await launch(["--js-flags=--expose-gc"]);
+  browser = await launch();
   scratch = await mkdtemp(path.join(os.tmpdir(), "hexlume-load-"));
 });
 after(async () => {
@@ -56,16 +56,16 @@ function framesWhile(page, way) {
     }));
     if (kind === "near") for (let i = 0; i < 10; ++i) wheel(-200, false);
     const start = performance.now();
-    let frames = 0, sharp = 0;
+    let frames = 0;
+    const pictures = Number(stage.dataset.pictures);
     while (performance.now() - start < 3000) {
       await new Promise(requestAnimationFrame);
       ++frames;
-      sharp += Number(stage.dataset.sharp === "true");
       if (kind === "zoom") wheel(Math.sin(frames / 20) * 60, false);
       else wheel(Math.sin(frames / 15) * 20, true);
     }
     const seconds = (performance.now() - start) / 1000;
-    return { frames: Math.round(frames / seconds), sharp: Math.round(sharp / seconds) };
+    return { frames: Math.round(frames / seconds), pictures: Math.round((Number(stage.dataset.pictures) - pictures) / seconds) };
   }, way);
 }
 
@@ -77,8 +77,8 @@ for (const [count, least] of [[20000, 5], [1000000, 2]]) {
     await inspected(page);
     await page.waitForTimeout(500);
     for (const way of ["move", "zoom", "near"]) {
-      const { frames, sharp } = await framesWhile(page, way);
-      context.diagnostic(`${way}: ${frames} frames a second, ${sharp} of them sharp`);
+      const { frames, pictures } = await framesWhile(page, way);
+      context.diagnostic(`${way}: ${frames} frames a second, ${pictures} of them with strokes drawn anew`);
       assert.ok(frames >= least);
       await settled(page);
     }
@@ -92,13 +92,26 @@ for (const [count, least] of [[20000, 5], [1000000, 2]]) {
   });
 }
 
+/** Megabytes of the largest process that shows a page. */
+async function pageMemory() {
+  const session = await browser.newBrowserCDPSession(), { processInfo } = await session.send("SystemInfo.getProcessInfo");
+  await session.detach();
+  const sizes = processInfo.filter(({ type }) => type === "renderer").map(({ id }) => {
+    try {
+      return Number(/VmRSS:\s+(\d+)/.exec(readFileSync(`/proc/${id}/status`, "utf8"))[1]) / 1000;
+    } catch {
+      return 0; // It has just ended.
+    }
+  });
+  return Math.max(...sizes);
+}
+
 test("a hundred drawings, one after the other, at constant memory", async (context) => {
   const page = await openViewer(browser), session = await page.context().newCDPSession(page);
   const names = ["WORKSHOP", "PART", "CURVES", "HATCHES", "SHAPES", "TEXT", "TOLERANCE", "FIRST"];
   const memory = async () => {
     await session.send("HeapProfiler.collectGarbage");
-    const { jsHeapSizeUsed } = await page.evaluate(() => ({ jsHeapSizeUsed: performance.memory.usedJSHeapSize }));
-    return jsHeapSizeUsed / 1e6;
+    return pageMemory();
   };
   let early = 0;
   for (let i = 0; i < 100; ++i) {
@@ -108,8 +121,8 @@ test("a hundred drawings, one after the other, at constant memory", async (conte
     if (i === 39) early = await memory();
   }
   const late = await memory();
-  context.diagnostic(`${early.toFixed(1)} MB after 40 drawings, ${late.toFixed(1)} MB after 100`);
-  assert.ok(late < early + 25);
+  context.diagnostic(`${early.toFixed(0)} MB after 40 drawings, ${late.toFixed(0)} MB after 100`);
+  assert.ok(late < early + 100);
   assert.deepEqual(page.errors, []);
   await page.context().close();
 });
@@ -126,7 +139,7 @@ test("a long conversion is cancelled and can be begun again", async () => {
   await page.click(".tab:nth-child(1)");
   await page.click("#again");
   await settled(page, "ready", 120000);
-  assert.match(await page.textContent("#message"), /600,000 strokes/);
+  await page.waitForFunction(() => /600,000 strokes/.test(document.querySelector("#message").textContent));
   assert.deepEqual(page.errors, []);
   await page.context().close();
 });

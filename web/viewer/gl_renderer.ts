@@ -35,6 +35,7 @@ const mostSlice = 1 << 23;
 
 export class GlRenderer implements Renderer {
   readonly name = "WebGL 2";
+  finished = 0;
   private readonly gl: WebGL2RenderingContext;
   private strokes!: WebGLProgram;
   private pictures!: WebGLProgram;
@@ -80,6 +81,7 @@ export class GlRenderer implements Renderer {
       this.job = null;
       this.paint(null, view, density, look, runs, true);
       this.time(count);
+      ++this.finished;
       return true;
     }
     return this.drawInSlices(view, density, look, runs);
@@ -166,6 +168,7 @@ export class GlRenderer implements Renderer {
     this.made!.view = job.view;
     [this.shown, this.made] = [this.made, this.shown];
     this.lookShown = job.look;
+    ++this.finished;
     this.job = null;
   }
 

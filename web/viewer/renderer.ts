@@ -14,6 +14,8 @@ export interface Look {
 
 export interface Renderer {
   readonly name: string;
+  /** How often the strokes were drawn to the last one. */
+  readonly finished: number;
   /** Takes what is drawn from now on. */
   setInstances(instances: Instances | null): void;
   /** Draws the view. False if the picture isn't sharp yet, and draw should be called in the next frame again.

@@ -26,6 +26,7 @@ function inMemory(color: number): number {
 
 export class SoftRenderer implements Renderer {
   readonly name = "software";
+  finished = 0;
   private readonly context: CanvasRenderingContext2D;
   private readonly picture = document.createElement("canvas");
   private raster: Raster | null = null;
@@ -91,6 +92,7 @@ export class SoftRenderer implements Renderer {
     this.picture.getContext("2d", { alpha: false })!.putImageData(raster.image, 0, 0);
     this.shownView = job.view;
     this.shownLook = job.look;
+    ++this.finished;
     this.job = null;
   }
 

@@ -149,6 +149,7 @@ export class Stage {
     const sharp = this.renderer.draw(this.viewport, density, look);
     const textsSharp = this.textLayer.draw(this.viewport, density);
     this.paintOverlay(density);
+    this.element.dataset["pictures"] = String(this.renderer.finished);
     this.element.dataset["sharp"] = String(sharp && textsSharp);
     if (!sharp || !textsSharp) this.invalidate();
   }
