@@ -136,7 +136,7 @@ test_web() {
   [ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
   check "the viewer's packages and libraries" scripts/setup.sh web-test
   check "the viewer builds" scripts/build.sh web
-  check "the native library builds" scripts/build.sh linux hexlume_host_digest
+  check "the native library builds" scripts/build.sh linux hexlume_host_digest hexlume_tool
   check "the viewer" ctest --preset web
   check "the web build gives what the native one gives" scripts/compare_web.sh "${drawings[@]}"
 }

@@ -38,7 +38,7 @@ web_packages=(
 )
 # Another Node than Debian's has its own npm, and Debian's would replace it.
 command -v npm >/dev/null || web_packages+=(npm)
-web_test_packages=(chromium)
+web_test_packages=(chromium poppler-utils)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
