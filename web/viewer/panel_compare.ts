@@ -14,7 +14,7 @@ export class ComparePanel implements Panel {
   update(): void {
     const drawings = this.desk.tabs.filter((tab) => tab.source !== null);
     this.element.replaceChildren();
-    if (drawings.length < 2) this.element.append(element("p", { class: "hint" }, t("compareHint")));
+    this.element.append(element("p", { class: "hint" }, t("compareHint")));
     const has = (id: string): boolean => drawings.some((tab) => String(tab.id) === id);
     if (!has(this.first)) this.first = String(drawings[0]?.id ?? "");
     if (!has(this.second) || this.second === this.first) {

@@ -145,9 +145,9 @@ const table = {
 
   compare: ["Compare two drawings", "2 図面の比較"],
   compareShort: ["Compare", "比較"],
-  compareHint: ["Open two drawings, then choose them here.", "図面を 2 つ開いてから選択してください。"],
-  drawingA: ["A (only here: red)", "A（A のみ: 赤）"],
-  drawingB: ["B (only here: green)", "B（B のみ: 緑）"],
+  compareHint: ["Open two drawings, then choose them here. What only A has is red, what only B has is green, the rest is grey.", "図面を 2 つ開いてから選択してください。A のみは赤、B のみは緑、共通部分は灰色です。"],
+  drawingA: ["A, red", "A（赤）"],
+  drawingB: ["B, green", "B（緑）"],
   compareNow: ["Compare", "比較"],
   compareResult: ["{0} only in A, {1} only in B, {2} in both", "A のみ {0}、B のみ {1}、共通 {2}"],
   same: ["Both are the same.", "2 つの図面は同じです。"],
