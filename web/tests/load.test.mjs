@@ -39,7 +39,7 @@ test("the file has less than 6 MB and is ready soon; a drawing is shown soon aft
     await page.evaluate(() => performance.clearMarks("shown"));
     await drop(page, [example("WORKSHOP.dxf")]);
     await settled(page);
-    times.push(await page.evaluate(() => performance.getEntriesByName("shown")[0].startTime - performance.getEntriesByName("opened").at(-1).startTime));
+    times.push(await page.evaluate(() => performance.getEntriesByName("shown").at(-1).startTime - performance.getEntriesByName("opened").at(-1).startTime));
   }
   context.diagnostic(`ready after ${ready.toFixed(0)} ms; WORKSHOP.dxf shown after ${times.map((time) => time.toFixed(0)).join(", ")} ms`);
   assert.ok(ready < 10000 && Math.min(...times) < 5000);

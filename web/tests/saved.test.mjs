@@ -1,12 +1,13 @@
 // What the viewer saves and prints, read again.
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
+import { existsSync, readdirSync } from "node:fs";
 import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
 import os from "node:os";
 import path from "node:path";
 import { after, before, test } from "node:test";
 import { inflateSync } from "node:zlib";
-import { drop, example, inspected, launch, openViewer, settled } from "./browser.mjs";
+import { compareInk, drop, inspected, example, launch, nativeTool, openViewer, root, settled } from "./browser.mjs";
 import { drawing, line } from "./drawings.mjs";
 
 let browser;
@@ -207,4 +208,34 @@ test("printing: the test page has rulers of 100 mm", async () => {
   await page.click("#print-button");
   await page.selectOption("#print-paper", "sheet");
   await page.keyboard.press("Escape");
+});
+
+const corpus = path.join(root, "../shared/corpus");
+const drawings = [path.join(root, "examples"), corpus].filter(existsSync).flatMap((folder) =>
+  readdirSync(folder).filter((name) => /\.dxf$/i.test(name)).map((name) => path.join(folder, name)));
+
+test("pictures have their ink where those of the native tool have it", { skip: !nativeTool() }, async (context) => {
+  const native = path.join(scratch, "native.png");
+  let worst = 0;
+  for (const file of drawings) {
+    try {
+      execFileSync(nativeTool(), ["--png", native, file, path.join(scratch, "native.emf")], { stdio: "ignore", timeout: 60000 });
+    } catch {
+      continue; // No drawing for the native tool either.
+    }
+    await open(file);
+    await page.keyboard.press("s");
+    // The tool reads recent drawings as they are.
+    await page.click("#as-is");
+    await page.waitForTimeout(50);
+    await settled(page);
+    const { bytes } = await save("png", 96);
+    const { first, second, onlyFirst, onlySecond } = await compareInk(page, await readFile(native), bytes);
+    const share = (onlyFirst + onlySecond) / Math.max(400, first + second);
+    worst = Math.max(worst, share);
+    assert.ok(share < 0.04, `${path.basename(file)}: ${first} and ${second} pixels of ink, ${onlyFirst} and ${onlySecond} without a neighbour`);
+    await page.keyboard.press("Escape");
+    await page.keyboard.press("x");
+  }
+  context.diagnostic(`${drawings.length} drawings; at most ${(100 * worst).toFixed(2)} % of the ink has none near it in the other picture`);
 });
