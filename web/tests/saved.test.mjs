@@ -183,14 +183,14 @@ test("printing: on A4 at true scale in pages, and fitted to one page", async () 
   await page.click("#print-button");
   await page.selectOption("#print-paper", "A4");
   // 420 mm over 297, and 297 over 210: two by two pages.
-  assert.equal(await page.textContent("#print-pages"), "4 pages");
+  assert.equal(await page.textContent("#print-pages"), "Pages: 4");
   await page.click("#print-now");
   const pages = await printed();
   assert.equal(pageCount(pages), 4);
   assert.ok(allLines(pages).some((each) => Math.abs(lengthOf(each) - 100) < 0.05));
   await page.click("#print-button");
   await page.click("#print-fit");
-  assert.equal(await page.textContent("#print-pages"), "1 pages");
+  assert.equal(await page.textContent("#print-pages"), "Pages: 1");
   await page.click("#print-now");
   const fitted = await printed();
   assert.equal(pageCount(fitted), 1);
