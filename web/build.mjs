@@ -7,14 +7,23 @@ import path from "node:path";
 import { fileURLToPath } from "node:url";
 
 const folder = path.dirname(fileURLToPath(import.meta.url));
-const common = { bundle: true, write: false, minify: true, format: "iife", target: "es2022", legalComments: "none", charset: "utf8" };
+const common = {
+  bundle: true,
+  write: false,
+  minify: true,
+  format: "iife",
+  target: "es2022",
+  legalComments: "none",
+  charset: "utf8",
+};
 
 // A worker is bundled by itself; its text becomes a string of the page.
 const workers = {
   name: "workers",
   setup(builder) {
     builder.onResolve({ filter: /^worker:/ }, (file) => ({
-      path: path.resolve(file.resolveDir, file.path.slice("worker:".length)), namespace: "worker",
+      path: path.resolve(file.resolveDir, file.path.slice("worker:".length)),
+      namespace: "worker",
     }));
     builder.onLoad({ filter: /.*/, namespace: "worker" }, async (file) => {
       const { outputFiles } = await build({ ...common, entryPoints: [file.path] });
@@ -28,7 +37,11 @@ const inScript = (text) => text.replace(/<\/(script)/gi, "<\\/$1").replace(/<!--
 
 /** @param plugins  more plugins of esbuild */
 export async function buildPage(assets, output, plugins = []) {
-  const { outputFiles } = await build({ ...common, entryPoints: [path.join(folder, "viewer/main.ts")], plugins: [...plugins, workers] });
+  const { outputFiles } = await build({
+    ...common,
+    entryPoints: [path.join(folder, "viewer/main.ts")],
+    plugins: [...plugins, workers],
+  });
   const style = await build({ ...common, entryPoints: [path.join(folder, "viewer/viewer.css")], format: undefined });
   const parts = {
     "/*STYLE*/": style.outputFiles[0].text.trim(),

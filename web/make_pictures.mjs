@@ -8,7 +8,11 @@ import { viewer } from "./tests/browser.mjs";
 const browser = await launch();
 
 async function page(work, options = {}) {
-  const opened = await openViewer(browser, { viewport: { width: 1100, height: 700 }, address: `${pathToFileURL(viewer).href}?renderer=software`, ...options });
+  const opened = await openViewer(browser, {
+    viewport: { width: 1100, height: 700 },
+    address: `${pathToFileURL(viewer).href}?renderer=software`,
+    ...options,
+  });
   await work(opened);
   await opened.context().close();
 }
@@ -27,7 +31,8 @@ async function picture(opened, name) {
 }
 
 async function at(opened, x, y) {
-  const box = await opened.locator(".stage").boundingBox(), scale = Math.min((box.width - 48) / 420, (box.height - 48) / 297);
+  const box = await opened.locator(".stage").boundingBox(),
+    scale = Math.min((box.width - 48) / 420, (box.height - 48) / 297);
   return [box.x + box.width / 2 + (x - 210) * scale, box.y + box.height / 2 + (y - 148.5) * scale];
 }
 
@@ -53,12 +58,15 @@ try {
     await opened.mouse.click(...(await at(opened, 168, 143.5)));
     await picture(opened, "viewer_measure");
   });
-  await page(async (opened) => {
-    await open(opened, example("WORKSHOP.dxf"));
-    await opened.keyboard.press("s");
-    await opened.click('input[value="dark"]');
-    await picture(opened, "viewer_dark");
-  }, { locale: "ja-JP" });
+  await page(
+    async (opened) => {
+      await open(opened, example("WORKSHOP.dxf"));
+      await opened.keyboard.press("s");
+      await opened.click('input[value="dark"]');
+      await picture(opened, "viewer_dark");
+    },
+    { locale: "ja-JP" },
+  );
   await page(async (opened) => {
     const changed = (await readFile(example("PART.dxf"))).toString("latin1").replace(/\r?\nCIRCLE\r?\n/, "\r\nRAY\r\n");
     await open(opened, example("PART.dxf"), { name: "PART_NEW.dxf", bytes: Buffer.from(moved(changed), "latin1") });
@@ -67,16 +75,22 @@ try {
     await opened.waitForTimeout(500);
     await picture(opened, "viewer_compare");
   });
-  await page(async (opened) => {
-    await open(opened, example("WORKSHOP.dxf"));
-    await opened.click("#rail-layers");
-    await picture(opened, "viewer_phone");
-  }, { viewport: { width: 390, height: 720 }, hasTouch: true, isMobile: true });
+  await page(
+    async (opened) => {
+      await open(opened, example("WORKSHOP.dxf"));
+      await opened.click("#rail-layers");
+      await picture(opened, "viewer_phone");
+    },
+    { viewport: { width: 390, height: 720 }, hasTouch: true, isMobile: true },
+  );
 } finally {
   await browser.close();
 }
 
 /** Moves the first line of a drawing by 8. */
 function moved(text) {
-  return text.replace(/(\r?\nLINE\r?\n[\s\S]*?\r?\n 20\r?\n)([-\d.]+)/, (_, before, value) => `${before}${Number(value) + 8}`);
+  return text.replace(
+    /(\r?\nLINE\r?\n[\s\S]*?\r?\n 20\r?\n)([-\d.]+)/,
+    (_, before, value) => `${before}${Number(value) + 8}`,
+  );
 }

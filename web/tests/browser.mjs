@@ -9,12 +9,21 @@ export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "
 export const viewer = process.env.HEXLUME_VIEWER ?? path.join(root, "build/web/hexlume-viewer.html");
 
 const launchArguments = [
-  "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-background-networking",
-  "--disable-component-update", "--disable-sync", "--enable-unsafe-swiftshader",
+  "--no-sandbox",
+  "--disable-gpu",
+  "--disable-quic",
+  "--no-first-run",
+  "--disable-background-networking",
+  "--disable-component-update",
+  "--disable-sync",
+  "--enable-unsafe-swiftshader",
 ];
 
 export function launch(more = []) {
-  return chromium.launch({ executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium", args: [...launchArguments, ...more] });
+  return chromium.launch({
+    executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
+    args: [...launchArguments, ...more],
+  });
 }
 
 export function example(name) {
@@ -29,7 +38,12 @@ export function nativeTool() {
 
 /** A page with the viewer. It fails the test if the page throws, or asks for anything from the network. */
 export async function openViewer(browser, { address = pathToFileURL(viewer).href, ready = true, ...options } = {}) {
-  const context = await browser.newContext({ viewport: { width: 1280, height: 800 }, locale: "en-US", acceptDownloads: true, ...options });
+  const context = await browser.newContext({
+    viewport: { width: 1280, height: 800 },
+    locale: "en-US",
+    acceptDownloads: true,
+    ...options,
+  });
   const page = await context.newPage();
   page.errors = [];
   page.requests = [];
@@ -48,9 +62,13 @@ export async function openViewer(browser, { address = pathToFileURL(viewer).href
 
 /** Drops files as a user does: a list of paths, or of { name, bytes }. */
 export async function drop(page, files) {
-  const contents = await Promise.all(files.map(async (file) => typeof file === "string"
-    ? { name: path.basename(file), base64: (await readFile(file)).toString("base64") }
-    : { name: file.name, base64: Buffer.from(file.bytes).toString("base64") }));
+  const contents = await Promise.all(
+    files.map(async (file) =>
+      typeof file === "string"
+        ? { name: path.basename(file), base64: (await readFile(file)).toString("base64") }
+        : { name: file.name, base64: Buffer.from(file.bytes).toString("base64") },
+    ),
+  );
   await page.evaluate((list) => {
     const transfer = new DataTransfer();
     for (const { name, base64 } of list) {
@@ -79,30 +97,48 @@ export async function inspected(page) {
 
 /** Counts pixels with ink in two PNG files, and those without ink near them in the other one. */
 export function compareInk(page, first, second) {
-  return page.evaluate(async (files) => {
-    const inks = [];
-    let width = 0, height = 0;
-    for (const file of files) {
-      const bytes = Uint8Array.from(atob(file), (character) => character.charCodeAt(0));
-      const bitmap = await createImageBitmap(new Blob([bytes], { type: "image/png" }));
-      if (width !== 0 && (bitmap.width !== width || bitmap.height !== height)) return { sizes: "differ", first: [width, height], second: [bitmap.width, bitmap.height] };
-      ({ width, height } = bitmap);
-      const context = new OffscreenCanvas(width, height).getContext("2d");
-      context.drawImage(bitmap, 0, 0);
-      const { data } = context.getImageData(0, 0, width, height);
-      inks.push(Float32Array.from({ length: width * height }, (_, i) => 255 - (data[4 * i] + data[4 * i + 1] + data[4 * i + 2]) / 3));
-    }
-    const near = (ink, i) => {
-      const x = i % width, y = Math.floor(i / width);
-      let most = 0;
-      for (let v = Math.max(0, y - 1); v <= Math.min(height - 1, y + 1); ++v) {
-        for (let u = Math.max(0, x - 1); u <= Math.min(width - 1, x + 1); ++u) most = Math.max(most, ink[v * width + u]);
+  return page.evaluate(
+    async (files) => {
+      const inks = [];
+      let width = 0,
+        height = 0;
+      for (const file of files) {
+        const bytes = Uint8Array.from(atob(file), (character) => character.charCodeAt(0));
+        const bitmap = await createImageBitmap(new Blob([bytes], { type: "image/png" }));
+        if (width !== 0 && (bitmap.width !== width || bitmap.height !== height))
+          return { sizes: "differ", first: [width, height], second: [bitmap.width, bitmap.height] };
+        ({ width, height } = bitmap);
+        const context = new OffscreenCanvas(width, height).getContext("2d");
+        context.drawImage(bitmap, 0, 0);
+        const { data } = context.getImageData(0, 0, width, height);
+        inks.push(
+          Float32Array.from(
+            { length: width * height },
+            (_, i) => 255 - (data[4 * i] + data[4 * i + 1] + data[4 * i + 2]) / 3,
+          ),
+        );
       }
-      return most;
-    };
-    const strong = 100, weak = 40;
-    const only = ([a, b]) => a.reduce((sum, ink, i) => sum + Number(ink > strong && near(b, i) < weak), 0);
-    const count = (ink) => ink.reduce((sum, value) => sum + Number(value > strong), 0);
-    return { first: count(inks[0]), second: count(inks[1]), onlyFirst: only(inks), onlySecond: only([inks[1], inks[0]]) };
-  }, [first.toString("base64"), second.toString("base64")]);
+      const near = (ink, i) => {
+        const x = i % width,
+          y = Math.floor(i / width);
+        let most = 0;
+        for (let v = Math.max(0, y - 1); v <= Math.min(height - 1, y + 1); ++v) {
+          for (let u = Math.max(0, x - 1); u <= Math.min(width - 1, x + 1); ++u)
+            most = Math.max(most, ink[v * width + u]);
+        }
+        return most;
+      };
+      const strong = 100,
+        weak = 40;
+      const only = ([a, b]) => a.reduce((sum, ink, i) => sum + Number(ink > strong && near(b, i) < weak), 0);
+      const count = (ink) => ink.reduce((sum, value) => sum + Number(value > strong), 0);
+      return {
+        first: count(inks[0]),
+        second: count(inks[1]),
+        onlyFirst: only(inks),
+        onlySecond: only([inks[1], inks[0]]),
+      };
+    },
+    [first.toString("base64"), second.toString("base64")],
+  );
 }

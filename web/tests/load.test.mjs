@@ -39,9 +39,17 @@ test("the file has less than 6 MB and is ready soon; a drawing is shown soon aft
     await page.evaluate(() => performance.clearMarks("shown"));
     await drop(page, [example("WORKSHOP.dxf")]);
     await settled(page);
-    times.push(await page.evaluate(() => performance.getEntriesByName("shown").at(-1).startTime - performance.getEntriesByName("opened").at(-1).startTime));
+    times.push(
+      await page.evaluate(
+        () =>
+          performance.getEntriesByName("shown").at(-1).startTime -
+          performance.getEntriesByName("opened").at(-1).startTime,
+      ),
+    );
   }
-  context.diagnostic(`ready after ${ready.toFixed(0)} ms; WORKSHOP.dxf shown after ${times.map((time) => time.toFixed(0)).join(", ")} ms`);
+  context.diagnostic(
+    `ready after ${ready.toFixed(0)} ms; WORKSHOP.dxf shown after ${times.map((time) => time.toFixed(0)).join(", ")} ms`,
+  );
   assert.ok(ready < 10000 && Math.min(...times) < 5000);
   assert.deepEqual(page.errors, []);
   await page.context().close();
@@ -50,10 +58,19 @@ test("the file has less than 6 MB and is ready soon; a drawing is shown soon aft
 /** Moves and zooms for some seconds, as fast as the browser asks for frames. */
 function framesWhile(page, way) {
   return page.evaluate(async (kind) => {
-    const stage = document.querySelector(".stage"), box = stage.getBoundingClientRect();
-    const wheel = (deltaY, shiftKey) => stage.dispatchEvent(new WheelEvent("wheel", {
-      deltaY, shiftKey, clientX: box.x + box.width / 2, clientY: box.y + box.height / 2, bubbles: true, cancelable: true,
-    }));
+    const stage = document.querySelector(".stage"),
+      box = stage.getBoundingClientRect();
+    const wheel = (deltaY, shiftKey) =>
+      stage.dispatchEvent(
+        new WheelEvent("wheel", {
+          deltaY,
+          shiftKey,
+          clientX: box.x + box.width / 2,
+          clientY: box.y + box.height / 2,
+          bubbles: true,
+          cancelable: true,
+        }),
+      );
     if (kind === "near") for (let i = 0; i < 10; ++i) wheel(-200, false);
     const start = performance.now();
     let frames = 0;
@@ -65,13 +82,20 @@ function framesWhile(page, way) {
       else wheel(Math.sin(frames / 15) * 20, true);
     }
     const seconds = (performance.now() - start) / 1000;
-    return { frames: Math.round(frames / seconds), pictures: Math.round((Number(stage.dataset.pictures) - pictures) / seconds) };
+    return {
+      frames: Math.round(frames / seconds),
+      pictures: Math.round((Number(stage.dataset.pictures) - pictures) / seconds),
+    };
   }, way);
 }
 
-for (const [count, least] of [[20000, 5], [1000000, 2]]) {
+for (const [count, least] of [
+  [20000, 5],
+  [1000000, 2],
+]) {
   test(`${count} strokes are moved and zoomed`, async (context) => {
-    const page = await openViewer(browser), file = path.join(scratch, "lines.dxf");
+    const page = await openViewer(browser),
+      file = path.join(scratch, "lines.dxf");
     await writeFile(file, manyLines(count));
     await openFile(page, file);
     await inspected(page);
@@ -94,20 +118,24 @@ for (const [count, least] of [[20000, 5], [1000000, 2]]) {
 
 /** Megabytes of the largest process that shows a page. */
 async function pageMemory() {
-  const session = await browser.newBrowserCDPSession(), { processInfo } = await session.send("SystemInfo.getProcessInfo");
+  const session = await browser.newBrowserCDPSession(),
+    { processInfo } = await session.send("SystemInfo.getProcessInfo");
   await session.detach();
-  const sizes = processInfo.filter(({ type }) => type === "renderer").map(({ id }) => {
-    try {
-      return Number(/VmRSS:\s+(\d+)/.exec(readFileSync(`/proc/${id}/status`, "utf8"))[1]) / 1000;
-    } catch {
-      return 0; // It has just ended.
-    }
-  });
+  const sizes = processInfo
+    .filter(({ type }) => type === "renderer")
+    .map(({ id }) => {
+      try {
+        return Number(/VmRSS:\s+(\d+)/.exec(readFileSync(`/proc/${id}/status`, "utf8"))[1]) / 1000;
+      } catch {
+        return 0; // It has just ended.
+      }
+    });
   return Math.max(...sizes);
 }
 
 test("a hundred drawings, one after the other, at constant memory", async (context) => {
-  const page = await openViewer(browser), session = await page.context().newCDPSession(page);
+  const page = await openViewer(browser),
+    session = await page.context().newCDPSession(page);
   const names = ["WORKSHOP", "PART", "CURVES", "HATCHES", "SHAPES", "TEXT", "TOLERANCE", "FIRST"];
   const memory = async () => {
     await session.send("HeapProfiler.collectGarbage");
@@ -128,7 +156,8 @@ test("a hundred drawings, one after the other, at constant memory", async (conte
 });
 
 test("a long conversion is cancelled and can be begun again", async () => {
-  const page = await openViewer(browser), file = path.join(scratch, "long.dxf");
+  const page = await openViewer(browser),
+    file = path.join(scratch, "long.dxf");
   await writeFile(file, manyLines(600000));
   const [chooser] = await Promise.all([page.waitForEvent("filechooser"), page.click("#open")]);
   await chooser.setFiles(file);
@@ -145,17 +174,23 @@ test("a long conversion is cancelled and can be begun again", async () => {
 });
 
 test("a drawing of 200 MB doesn't kill the page", async (context) => {
-  const file = path.join(scratch, "200.dxf"), [start, end] = drawing(["MARK"]).split("MARK\r\n");
+  const file = path.join(scratch, "200.dxf"),
+    [start, end] = drawing(["MARK"]).split("MARK\r\n");
   const handle = await open(file, "w");
   await handle.write(start);
-  const block = Array.from({ length: 20000 }, (_, i) => line((i % 400) + 5, Math.floor(i / 400) * 5, (i % 400) + 9, Math.floor(i / 400) * 5 + 3).join("\r\n")).join("\r\n") + "\r\n";
+  const block =
+    Array.from({ length: 20000 }, (_, i) =>
+      line((i % 400) + 5, Math.floor(i / 400) * 5, (i % 400) + 9, Math.floor(i / 400) * 5 + 3).join("\r\n"),
+    ).join("\r\n") + "\r\n";
   for (let size = 0; size < 200e6; size += block.length) await handle.write(block);
   await handle.write(end);
   await handle.close();
   const page = await openViewer(browser);
   const before = Date.now();
   await openFile(page, file, 240000);
-  context.diagnostic(`${(statSync(file).size / 1e6).toFixed(0)} MB shown after ${((Date.now() - before) / 1000).toFixed(1)} s: ${await page.textContent("#message")}`);
+  context.diagnostic(
+    `${(statSync(file).size / 1e6).toFixed(0)} MB shown after ${((Date.now() - before) / 1000).toFixed(1)} s: ${await page.textContent("#message")}`,
+  );
   await openFile(page, example("PART.dxf"));
   assert.match(await page.textContent("#message"), /strokes/);
   assert.deepEqual(page.errors, []);
@@ -168,10 +203,14 @@ test("without a graphics card the processor draws; with WebGL the same picture c
     const page = await openViewer(browser, { address: `${pathToFileURL(viewer).href}?renderer=${renderer}` });
     await drop(page, [example("WORKSHOP.dxf")]);
     await settled(page);
-    const clip = await page.locator(".stage").boundingBox(), scale = Math.min((clip.width - 48) / 420, (clip.height - 48) / 297);
+    const clip = await page.locator(".stage").boundingBox(),
+      scale = Math.min((clip.width - 48) / 420, (clip.height - 48) / 297);
     pictures[renderer].push(await page.screenshot({ clip }));
     // The bore's edge on its centre line, 26 mm from the axis, which a circle of 52 and two lines cross.
-    await page.mouse.move(clip.x + clip.width / 2 + (132 - 210) * scale, clip.y + clip.height / 2 + (122.5 + 26 - 148.5) * scale);
+    await page.mouse.move(
+      clip.x + clip.width / 2 + (132 - 210) * scale,
+      clip.y + clip.height / 2 + (122.5 + 26 - 148.5) * scale,
+    );
     for (let i = 0; i < 6; ++i) await page.mouse.wheel(0, -250);
     await page.waitForTimeout(400);
     await settled(page);

@@ -44,8 +44,10 @@ async function save(kind, dpi) {
 
 /** The streams of a PDF file, inflated. */
 function streamsOf(pdf) {
-  const streams = [], text = pdf.toString("latin1"), mark = /\/Length (\d+)[^>]*?>>\s*stream\r?\n/g;
-  for (let found; (found = mark.exec(text)); ) {
+  const streams = [],
+    text = pdf.toString("latin1"),
+    mark = /\/Length (\d+)[^>]*?>>\s*stream\r?\n/g;
+  for (let found; (found = mark.exec(text));) {
     const bytes = pdf.subarray(mark.lastIndex, mark.lastIndex + Number(found[1]));
     try {
       streams.push(inflateSync(bytes).toString("latin1"));
@@ -58,9 +60,15 @@ function streamsOf(pdf) {
 
 /** The straight lines that a PDF page draws, in millimetres: x, y of both ends. Understands q, Q, cm, m, l. */
 function linesOf(content) {
-  const lines = [], stack = [];
-  let matrix = [1, 0, 0, 1, 0, 0], at = null, operands = [];
-  const place = ([x, y]) => [(matrix[0] * x + matrix[2] * y + matrix[4]) * 25.4 / 72, (matrix[1] * x + matrix[3] * y + matrix[5]) * 25.4 / 72];
+  const lines = [],
+    stack = [];
+  let matrix = [1, 0, 0, 1, 0, 0],
+    at = null,
+    operands = [];
+  const place = ([x, y]) => [
+    ((matrix[0] * x + matrix[2] * y + matrix[4]) * 25.4) / 72,
+    ((matrix[1] * x + matrix[3] * y + matrix[5]) * 25.4) / 72,
+  ];
   for (const token of content.split(/\s+/)) {
     if (/^[-+.\d]/.test(token)) {
       operands.push(Number(token));
@@ -69,7 +77,8 @@ function linesOf(content) {
     if (token === "q") stack.push(matrix);
     if (token === "Q") matrix = stack.pop() ?? matrix;
     if (token === "cm") {
-      const [a, b, c, d, e, f] = operands, [A, B, C, D, E, F] = matrix;
+      const [a, b, c, d, e, f] = operands,
+        [A, B, C, D, E, F] = matrix;
       matrix = [a * A + b * C, a * B + b * D, c * A + d * C, c * B + d * D, e * A + f * C + E, e * B + f * D + F];
     }
     if (token === "m") at = operands.slice(-2);
@@ -88,7 +97,18 @@ const mediaBox = (pdf) => /\/MediaBox \[([^\]]*)\]/.exec(pdf.toString("latin1"))
 /** A line of 100 mm and a text on a sheet of 420 × 297 mm. */
 const ruled = drawing([
   ...line(50, 60, 150, 60),
-  "0", "TEXT", "8", "0", "10", "50.0", "20", "80.0", "40", "5.0", "1", "Length 100",
+  "0",
+  "TEXT",
+  "8",
+  "0",
+  "10",
+  "50.0",
+  "20",
+  "80.0",
+  "40",
+  "5.0",
+  "1",
+  "Length 100",
 ]);
 
 test("EMF: the library's metafile", async () => {
@@ -173,7 +193,10 @@ test("printing: a line of 100 mm has 100 mm on the paper", async () => {
   const pdf = await printed();
   assert.equal(pageCount(pdf), 1);
   const [, , width, height] = mediaBox(pdf);
-  assert.ok(Math.abs(width * 25.4 / 72 - 420) < 0.5 && Math.abs(height * 25.4 / 72 - 297) < 0.5, `${width} × ${height} points`);
+  assert.ok(
+    Math.abs((width * 25.4) / 72 - 420) < 0.5 && Math.abs((height * 25.4) / 72 - 297) < 0.5,
+    `${width} × ${height} points`,
+  );
   const long = allLines(pdf).filter((each) => lengthOf(each) > 90);
   assert.equal(long.length, 1);
   assert.ok(Math.abs(lengthOf(long[0]) - 100) < 0.05, `${lengthOf(long[0])} mm`);
@@ -212,14 +235,20 @@ test("printing: the test page has rulers of 100 mm", async () => {
 
 const corpus = path.join(root, "../shared/corpus");
 const drawings = [path.join(root, "examples"), corpus].filter(existsSync).flatMap((folder) =>
-  readdirSync(folder).filter((name) => /\.dxf$/i.test(name)).map((name) => path.join(folder, name)));
+  readdirSync(folder)
+    .filter((name) => /\.dxf$/i.test(name))
+    .map((name) => path.join(folder, name)),
+);
 
 test("pictures have their ink where those of the native tool have it", { skip: !nativeTool() }, async (context) => {
   const native = path.join(scratch, "native.png");
   let worst = 0;
   for (const file of drawings) {
     try {
-      execFileSync(nativeTool(), ["--png", native, file, path.join(scratch, "native.emf")], { stdio: "ignore", timeout: 60000 });
+      execFileSync(nativeTool(), ["--png", native, file, path.join(scratch, "native.emf")], {
+        stdio: "ignore",
+        timeout: 60000,
+      });
     } catch {
       continue; // No drawing for the native tool either.
     }
@@ -238,8 +267,13 @@ test("pictures have their ink where those of the native tool have it", { skip: !
     // Letters that are lower than a pixel differ between the two, and small sheets have little else.
     const share = (onlyFirst + onlySecond) / Math.max(4000, first + second);
     worst = Math.max(worst, share);
-    assert.ok(share < 0.04, `${path.basename(file)}: ${first} and ${second} pixels of ink, ${onlyFirst} and ${onlySecond} without a neighbour`);
+    assert.ok(
+      share < 0.04,
+      `${path.basename(file)}: ${first} and ${second} pixels of ink, ${onlyFirst} and ${onlySecond} without a neighbour`,
+    );
     await page.keyboard.press("x");
   }
-  context.diagnostic(`${drawings.length} drawings; at most ${(100 * worst).toFixed(2)} % of the ink has none near it in the other picture`);
+  context.diagnostic(
+    `${drawings.length} drawings; at most ${(100 * worst).toFixed(2)} % of the ink has none near it in the other picture`,
+  );
 });

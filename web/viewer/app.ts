@@ -9,6 +9,7 @@ import type { IconName } from "./dom";
 import type { Engine } from "./engine";
 import { chooseFiles, droppedDrawings } from "./files";
 import type { Source } from "./files";
+import { handleKey } from "./keys";
 import { ComparePanel } from "./panel_compare";
 import { ContentsPanel, whyEmpty } from "./panel_contents";
 import { FindPanel } from "./panel_find";
@@ -31,15 +32,22 @@ import type { Language, TextKey } from "./texts";
 import { makeThumbnail } from "./thumbnails";
 import { PartTool } from "./tool_part";
 
-type PanelName = "layers" | "sheet" | "contents" | "find" | "measure" | "compare";
+export type PanelName = "layers" | "sheet" | "contents" | "find" | "measure" | "compare";
+
+type Panels = { [name in PanelName]: Panel } & { find: FindPanel; measure: MeasurePanel };
 
 const panelNames: readonly (readonly [PanelName, TextKey, TextKey, string])[] = [
-  ["layers", "layers", "layersShort", "L"], ["sheet", "sheet", "sheetShort", "S"], ["contents", "contents", "contentsShort", "I"],
-  ["find", "find", "findShort", "Ctrl+F"], ["measure", "measure", "measureShort", "M"], ["compare", "compare", "compareShort", "K"],
+  ["layers", "layers", "layersShort", "L"],
+  ["sheet", "sheet", "sheetShort", "S"],
+  ["contents", "contents", "contentsShort", "I"],
+  ["find", "find", "findShort", "Ctrl+F"],
+  ["measure", "measure", "measureShort", "M"],
+  ["compare", "compare", "compareShort", "K"],
 ];
 
 /** Sheets of drawings that aren't shown are kept up to so many and so many items; others are converted again. */
-const mostSheets = 8, mostItems = 4e6;
+const mostSheets = 8,
+  mostItems = 4e6;
 /** The library's limits, so that a drawing can't take all memory. */
 const limits = { limitStrokes: 6e6, limitBytes: 1.2e9 };
 /** Larger drawings are converted only when their tab is opened. */
@@ -51,8 +59,8 @@ export class App implements Desk {
   readonly stage = new Stage({ ...looks.light, paper: looks.light.around, frame: emptyBox() });
   painter: TextPainter | null = null;
   private engine: Engine | null = null;
-  private readonly panels: { [name in PanelName]: Panel };
-  private panel: PanelName | null = null;
+  readonly panels: Panels;
+  panel: PanelName | null = null;
   private readonly tabBar = new TabBar({ activate: (tab) => this.activate(tab), close: (tab) => this.close(tab) });
   private readonly rail = element("nav", { class: "rail", "aria-label": t("panels") });
   private readonly side = element("aside", { class: "side", hidden: true });
@@ -61,25 +69,36 @@ export class App implements Desk {
   private readonly notice = element("div", { class: "strip", hidden: true, role: "alert" });
   private readonly message = element("span", { id: "message", role: "status" });
   private readonly place = element("span", { id: "place" });
-  private readonly percent = element("button", { type: "button", id: "percent", title: t("trueSize"), click: () => this.trueSize() });
+  private readonly percent = element("button", {
+    type: "button",
+    id: "percent",
+    title: t("trueSize"),
+    click: () => this.trueSize(),
+  });
   private showCard = 0;
   /** Whose part is chosen as soon as it is shown whole. */
   private choosesPart: Tab | null = null;
 
   constructor(readonly settings: Settings) {
     this.panels = {
-      layers: new LayersPanel(this), sheet: new SheetPanel(this), contents: new ContentsPanel(this), find: new FindPanel(this),
-      measure: new MeasurePanel(this), compare: new ComparePanel(this),
+      layers: new LayersPanel(this),
+      sheet: new SheetPanel(this),
+      contents: new ContentsPanel(this),
+      find: new FindPanel(this),
+      measure: new MeasurePanel(this),
+      compare: new ComparePanel(this),
     };
     document.body.replaceChildren(...this.layout());
-    document.addEventListener("keydown", (event) => this.key(event));
+    document.addEventListener("keydown", (event) => handleKey(this, event));
     this.acceptDrops();
     this.stage.onView = () => this.updateZoom();
     this.stage.onPointer = (at) => this.showPlace(at);
     this.stage.paintOver = (context) => {
-      for (const panel of Object.values(this.panels)) if (panel === this.current() || panel === this.panels.measure) panel.paint?.(context);
+      for (const panel of Object.values(this.panels))
+        if (panel === this.current() || panel === this.panels.measure) panel.paint?.(context);
     };
-    if (panelNames.some(([name]) => name === settings.panel) && window.innerWidth > 700) this.openPanel(settings.panel as PanelName, false);
+    if (panelNames.some(([name]) => name === settings.panel) && window.innerWidth > 700)
+      this.openPanel(settings.panel as PanelName, false);
     this.update();
   }
 
@@ -105,24 +124,53 @@ export class App implements Desk {
 
   private layout(): HTMLElement[] {
     for (const [name, title, short, key] of panelNames) {
-      this.rail.append(element("button", {
-        type: "button", id: `rail-${name}`, title: `${t(title)} (${key})`, "aria-pressed": "false", click: () => this.togglePanel(name),
-      }, icon(name), element("span", {}, t(short))));
+      this.rail.append(
+        element(
+          "button",
+          {
+            type: "button",
+            id: `rail-${name}`,
+            title: `${t(title)} (${key})`,
+            "aria-pressed": "false",
+            click: () => this.togglePanel(name),
+          },
+          icon(name),
+          element("span", {}, t(short)),
+        ),
+      );
     }
-    const bar = element("header", { class: "bar" },
-      element("button", { type: "button", id: "open", class: "main", title: t("openHint"), click: () => void this.choose() }, icon("open"), element("span", {}, t("open"))),
+    const bar = element(
+      "header",
+      { class: "bar" },
+      element(
+        "button",
+        { type: "button", id: "open", class: "main", title: t("openHint"), click: () => void this.choose() },
+        icon("open"),
+        element("span", {}, t("open")),
+      ),
       this.tabBar.element,
       iconButton("save", t("saveHint"), () => this.save(), { id: "save" }),
       iconButton("print", t("print"), () => this.print(), { id: "print-button" }),
-      iconButton("help", t("help"), () => this.help(), { id: "help" }));
-    const zoom = element("div", { class: "zoom", role: "toolbar" },
-      this.zoomButton("minus", "zoomOut", () => this.stage.zoom(0.8)), this.percent,
+      iconButton("help", t("help"), () => this.help(), { id: "help" }),
+    );
+    const zoom = element(
+      "div",
+      { class: "zoom", role: "toolbar" },
+      this.zoomButton("minus", "zoomOut", () => this.stage.zoom(0.8)),
+      this.percent,
       this.zoomButton("plus", "zoomIn", () => this.stage.zoom(1.25)),
-      this.zoomButton("full", "fullSheet", () => this.fullSheet()), this.zoomButton("fit", "fit", () => this.fit()));
+      this.zoomButton("full", "fullSheet", () => this.fullSheet()),
+      this.zoomButton("fit", "fit", () => this.fit()),
+    );
     const stage = element("main", { class: "main-area" }, this.stage.element, this.welcome, this.notice, this.card);
     const foot = element("footer", { class: "foot" }, this.message, this.place, zoom);
     this.fillWelcome();
-    return [bar, element("div", { class: "middle" }, this.rail, this.side, stage), foot, element("div", { class: "drop" }, t("dropNow"))];
+    return [
+      bar,
+      element("div", { class: "middle" }, this.rail, this.side, stage),
+      foot,
+      element("div", { class: "drop" }, t("dropNow")),
+    ];
   }
 
   private zoomButton(name: IconName, title: TextKey, click: () => void): HTMLElement {
@@ -130,8 +178,16 @@ export class App implements Desk {
   }
 
   private fillWelcome(): void {
-    this.welcome.replaceChildren(element("div", {}, icon("open"), element("h1", {}, t("dropTitle")), element("p", {}, t("dropText")),
-      button(t("chooseFiles"), () => void this.choose(), { class: "main", id: "choose" })));
+    this.welcome.replaceChildren(
+      element(
+        "div",
+        {},
+        icon("open"),
+        element("h1", {}, t("dropTitle")),
+        element("p", {}, t("dropText")),
+        button(t("chooseFiles"), () => void this.choose(), { class: "main", id: "choose" }),
+      ),
+    );
   }
 
   private update(): void {
@@ -139,7 +195,8 @@ export class App implements Desk {
     this.welcome.hidden = this.tab !== null;
     this.updatePanel();
     document.title = this.tab ? `${this.tab.name} – ${t("title")}` : t("title");
-    for (const id of ["save", "print-button"]) (document.getElementById(id) as HTMLButtonElement).disabled = !this.tab?.sheet;
+    for (const id of ["save", "print-button"])
+      (document.getElementById(id) as HTMLButtonElement).disabled = !this.tab?.sheet;
     document.documentElement.dataset["state"] = this.tab?.state ?? "none";
     this.updateZoom();
   }
@@ -148,7 +205,8 @@ export class App implements Desk {
   private updatePanel(): void {
     const panel = this.current();
     if (!panel) return;
-    const active = document.activeElement, kept = active && panel.element.contains(active) ? selectorOf(active) : "";
+    const active = document.activeElement,
+      kept = active && panel.element.contains(active) ? selectorOf(active) : "";
     const { scrollTop } = panel.element;
     panel.update();
     panel.element.scrollTop = scrollTop;
@@ -234,7 +292,9 @@ export class App implements Desk {
     tab.state = "converting";
     tab.progress = null;
     const options = { ...tab.options(this.settings.colours === "black"), ...limits };
-    const call = this.engine.client.convert(tab.source.data, options, (progress) => this.onProgress(tab, progress, "converting"));
+    const call = this.engine.client.convert(tab.source.data, options, (progress) =>
+      this.onProgress(tab, progress, "converting"),
+    );
     tab.converting = call;
     this.showCardSoon(tab);
     this.update();
@@ -272,10 +332,13 @@ export class App implements Desk {
 
   private inspect(tab: Tab): void {
     if (!this.engine || !tab.source) return;
-    const options = tab.sheetOptions(), key = JSON.stringify(options);
+    const options = tab.sheetOptions(),
+      key = JSON.stringify(options);
     if (tab.inspection && tab.inspectedFor === key) return this.inspected(tab, tab.inspection);
     tab.inspectedFor = key;
-    const call = this.engine.client.inspect(tab.source.data, options, (progress) => this.onProgress(tab, progress, "inspecting"));
+    const call = this.engine.client.inspect(tab.source.data, options, (progress) =>
+      this.onProgress(tab, progress, "inspecting"),
+    );
     tab.inspecting = call;
     void call.result.then((inspection) => {
       if (tab.inspecting === call) this.inspected(tab, inspection);
@@ -297,7 +360,10 @@ export class App implements Desk {
   private convertWaiting(): void {
     if (this.tab?.state === "waiting") return this.convert(this.tab);
     if (this.tabs.some((tab) => tab.converting || tab.inspecting)) return;
-    const next = this.tabs.find((tab) => tab.state === "waiting" && tab.thumbnail === "" && (tab.source?.data.size ?? Infinity) < largestInBackground);
+    const next = this.tabs.find(
+      (tab) =>
+        tab.state === "waiting" && tab.thumbnail === "" && (tab.source?.data.size ?? Infinity) < largestInBackground,
+    );
     if (next) this.convert(next);
   }
 
@@ -309,7 +375,9 @@ export class App implements Desk {
 
   /** Sheets that were used least recently are made again when their tabs are opened. */
   private forgetOld(): void {
-    const kept = this.tabs.filter((tab) => tab.sheet && tab.source && tab !== this.tab).sort((a, b) => b.usedAt - a.usedAt);
+    const kept = this.tabs
+      .filter((tab) => tab.sheet && tab.source && tab !== this.tab)
+      .sort((a, b) => b.usedAt - a.usedAt);
     let items = this.tab?.sheet?.count ?? 0;
     kept.forEach((tab, i) => {
       items += tab.sheet!.count;
@@ -319,10 +387,9 @@ export class App implements Desk {
     });
   }
 
-  private cancel(): void {
+  cancel(): void {
     const { tab } = this;
-    if (!tab) return;
-    (tab.converting ?? tab.inspecting)?.cancel();
+    (tab?.converting ?? tab?.inspecting)?.cancel();
   }
 
   // Showing.
@@ -364,7 +431,9 @@ export class App implements Desk {
   private summary(): string {
     const { conversion, sheet } = this.tab ?? {};
     if (!conversion || !sheet) return "";
-    const numbers = [conversion.strokes, sheet.texts.length, conversion.milliseconds].map((value) => numberText(value, 0));
+    const numbers = [conversion.strokes, sheet.texts.length, conversion.milliseconds].map((value) =>
+      numberText(value, 0),
+    );
     return `${sizeText(sheet)} · ${t("shown", ...numbers)}`;
   }
 
@@ -374,7 +443,8 @@ export class App implements Desk {
 
   private showNotice(text: string, tab?: Tab): void {
     this.notice.replaceChildren(element("span", {}, text));
-    if (tab?.conversion?.status === "cancelled") this.notice.append(button(t("again"), () => this.convertAgain(), { id: "again" }));
+    if (tab?.conversion?.status === "cancelled")
+      this.notice.append(button(t("again"), () => this.convertAgain(), { id: "again" }));
     this.notice.append(iconButton("close", t("closePanel"), () => this.hideNotice()));
     this.notice.hidden = false;
   }
@@ -396,7 +466,8 @@ export class App implements Desk {
   private onProgress(tab: Tab, progress: Progress, key: "converting" | "inspecting"): void {
     tab.progress = progress;
     if (tab !== this.tab) return;
-    const share = (progress.pass - 1 + (progress.total > 0 ? progress.done / progress.total : 0)) / Math.max(1, progress.passes);
+    const share =
+      (progress.pass - 1 + (progress.total > 0 ? progress.done / progress.total : 0)) / Math.max(1, progress.passes);
     const text = t(key, tab.name, Math.floor(100 * share));
     if (!this.card.hidden) this.fillCard(tab, text, share);
     else if (key === "inspecting" && (tab.source?.data.size ?? 0) > largestInBackground) this.say(text);
@@ -405,7 +476,11 @@ export class App implements Desk {
   private fillCard(tab: Tab, text: string, share: number): void {
     if (tab !== this.tab || (this.card.hidden && share === 1)) return;
     if (!this.card.querySelector("progress")) {
-      this.card.replaceChildren(element("p", {}), element("progress", { max: 1 }), button(t("cancel"), () => this.cancel(), { id: "cancel" }));
+      this.card.replaceChildren(
+        element("p", {}),
+        element("progress", { max: 1 }),
+        button(t("cancel"), () => this.cancel(), { id: "cancel" }),
+      );
     }
     this.card.querySelector("p")!.textContent = text;
     this.card.querySelector("progress")!.value = share;
@@ -443,7 +518,8 @@ export class App implements Desk {
   }
 
   showBox(box: Box): void {
-    const { viewport } = this.stage, size = Math.max(widthOf(box), heightOf(box), 400);
+    const { viewport } = this.stage,
+      size = Math.max(widthOf(box), heightOf(box), 400);
     const wanted = Math.min(viewport.width, viewport.height) / (size * 4);
     if (viewport.scale < wanted / 3 || viewport.scale > wanted * 4) viewport.scale = Math.min(10, wanted);
     viewport.centreOn({ x: (box.left + box.right) / 2, y: (box.top + box.bottom) / 2 });
@@ -451,7 +527,9 @@ export class App implements Desk {
   }
 
   private updateZoom(): void {
-    this.percent.textContent = this.tab?.sheet ? `${numberText((100 * this.stage.viewport.scale) / trueScale, 0)} %` : "–";
+    this.percent.textContent = this.tab?.sheet
+      ? `${numberText((100 * this.stage.viewport.scale) / trueScale, 0)} %`
+      : "–";
   }
 
   private showPlace(at: { x: number; y: number } | null): void {
@@ -472,8 +550,17 @@ export class App implements Desk {
 
   openPanel(name: PanelName, focus: boolean): void {
     this.panel = name;
-    const [, title] = panelNames.find(([each]) => each === name)!, panel = this.panels[name];
-    this.side.replaceChildren(element("header", {}, element("h2", {}, t(title)), iconButton("close", t("closePanel"), () => this.closePanel())), panel.element);
+    const [, title] = panelNames.find(([each]) => each === name)!,
+      panel = this.panels[name];
+    this.side.replaceChildren(
+      element(
+        "header",
+        {},
+        element("h2", {}, t(title)),
+        iconButton("close", t("closePanel"), () => this.closePanel()),
+      ),
+      panel.element,
+    );
     this.side.hidden = false;
     this.side.dataset["panel"] = name;
     this.keepPanel();
@@ -518,12 +605,14 @@ export class App implements Desk {
       this.choosesPart = tab;
       return this.convert(tab);
     }
-    this.setTool(new PartTool(tab.sheet.frame, (box) => {
-      this.setTool(null);
-      tab.choices.part = box;
-      tab.choices.sheet = "part";
-      this.convert(tab);
-    }));
+    this.setTool(
+      new PartTool(tab.sheet.frame, (box) => {
+        this.setTool(null);
+        tab.choices.part = box;
+        tab.choices.sheet = "part";
+        this.convert(tab);
+      }),
+    );
     this.stage.element.focus();
   }
 
@@ -545,7 +634,10 @@ export class App implements Desk {
   }
 
   private convertNow(tab: Tab): Promise<Conversion> {
-    return this.engine!.client.convert(tab.source!.data, { ...tab.options(this.settings.colours === "black"), ...limits }).result;
+    return this.engine!.client.convert(tab.source!.data, {
+      ...tab.options(this.settings.colours === "black"),
+      ...limits,
+    }).result;
   }
 
   save(): void {
@@ -557,92 +649,22 @@ export class App implements Desk {
   }
 
   help(): void {
-    const language = selection(t("language"), [{ value: "en", label: "English" }, { value: "ja", label: "日本語" }], currentLanguage(), (value) => {
-      this.settings.language = value as Language;
-      this.keepSettings();
-      setLanguage(value as Language);
-      location.reload();
-    }, "language");
+    const language = selection(
+      t("language"),
+      [
+        { value: "en", label: "English" },
+        { value: "ja", label: "日本語" },
+      ],
+      currentLanguage(),
+      (value) => {
+        this.settings.language = value as Language;
+        this.keepSettings();
+        setLanguage(value as Language);
+        location.reload();
+      },
+      "language",
+    );
     openHelpDialog(this.engine?.notices ?? "", language);
-  }
-
-  // Keys.
-
-  private key(event: KeyboardEvent): void {
-    if (event.defaultPrevented || event.isComposing || document.querySelector("dialog[open]")) return;
-    if (this.keyWithControl(event)) return event.preventDefault();
-    const target = event.target as HTMLElement;
-    const typing = target.matches("input:not([type=checkbox]):not([type=radio]), select, textarea");
-    if (event.key === "Escape") return this.escape(event);
-    if (event.ctrlKey || event.metaKey || event.altKey || typing) return;
-    // A focused button keeps its own keys.
-    const onControl = target.matches("button, input, summary, a");
-    if (onControl && (event.key === "Enter" || event.key === " " || (event.key.startsWith("Arrow") && target.matches("input")))) return;
-    if (this.keyOfPage(event) || (this.tab?.sheet && this.stage.key(event))) event.preventDefault();
-  }
-
-  private keyWithControl(event: KeyboardEvent): boolean {
-    const find = this.panels.find as FindPanel;
-    if (event.key === "F3") {
-      if (this.panel !== "find") this.openPanel("find", true);
-      else find.step(event.shiftKey ? -1 : 1);
-      return true;
-    }
-    if (!event.ctrlKey && !event.metaKey) return false;
-    switch (event.key.toLowerCase()) {
-      case "f": this.openPanel("find", true); return true;
-      case "o": void this.choose(); return true;
-      case "s": this.save(); return true;
-      case "p": this.print(); return true;
-      default: return false;
-    }
-  }
-
-  private keyOfPage(event: KeyboardEvent): boolean {
-    const measure = this.panels.measure as MeasurePanel;
-    const tool = this.stage.tool;
-    if (tool && ["c", "n", "backspace"].includes(event.key.toLowerCase())) return false;
-    switch (event.key.toLowerCase()) {
-      case "o": void this.choose(); return true;
-      case "?": this.help(); return true;
-      case "/": this.openPanel("find", true); return true;
-      case "l": this.togglePanel("layers"); return true;
-      case "s": this.togglePanel("sheet"); return true;
-      case "i": this.togglePanel("contents"); return true;
-      case "m": this.togglePanel("measure"); return true;
-      case "k": this.togglePanel("compare"); return true;
-      case "d": measure.start("distance"); return this.showMeasure();
-      case "g": measure.start("angle"); return this.showMeasure();
-      case "a": measure.start("area"); return this.showMeasure();
-      case "p": this.choosePart(); return true;
-      case "v": this.setTool(null); return true;
-      case "0": case "home": this.fullSheet(); return true;
-      case "1": this.trueSize(); return true;
-      case "9": this.fit(); return true;
-      case "x": if (this.tab) this.close(this.tab); return true;
-      case "pagedown": this.stepTab(1); return true;
-      case "pageup": this.stepTab(-1); return true;
-      default: return false;
-    }
-  }
-
-  private showMeasure(): boolean {
-    if (this.panel !== "measure" && window.innerWidth > 700) this.openPanel("measure", false);
-    return true;
-  }
-
-  private stepTab(by: number): void {
-    if (this.tabs.length < 2 || !this.tab) return;
-    this.activate(this.tabs[(this.tabs.indexOf(this.tab) + by + this.tabs.length) % this.tabs.length]!);
-  }
-
-  private escape(event: KeyboardEvent): void {
-    event.preventDefault();
-    const { tool } = this.stage;
-    if (tool?.key("Escape")) return this.stage.invalidate();
-    if (tool) return this.setTool(null);
-    if (this.tab?.converting) return this.cancel();
-    if (this.panel) this.closePanel();
   }
 }
 

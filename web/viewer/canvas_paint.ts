@@ -36,7 +36,11 @@ class Painter {
   private pen: Pen | null = null;
   private together = 0;
 
-  constructor(private readonly context: Context, private readonly sheet: Sheet, private readonly options: PaintOptions) {}
+  constructor(
+    private readonly context: Context,
+    private readonly sheet: Sheet,
+    private readonly options: PaintOptions,
+  ) {}
 
   paint(): void {
     const { sheet, options, context } = this;
@@ -72,7 +76,11 @@ class Painter {
   }
 
   private paintFill(item: number, color: number): void {
-    const { context, sheet: { data, kinds } } = this, first = item * perItem;
+    const {
+        context,
+        sheet: { data, kinds },
+      } = this,
+      first = item * perItem;
     this.flush();
     context.fillStyle = cssColor(color);
     const at = (i: number): number => data[first + i]!;
@@ -80,7 +88,8 @@ class Painter {
       const size = this.options.hairline;
       context.fillRect(this.x(at(0)) - size / 2, this.y(at(1)) - size / 2, size, size);
     } else if (kinds[item] === Kind.box) {
-      const left = Math.round(this.x(at(0))), top = Math.round(this.y(at(1)));
+      const left = Math.round(this.x(at(0))),
+        top = Math.round(this.y(at(1)));
       context.fillRect(left, top, Math.round(this.x(at(2))) - left, Math.round(this.y(at(3))) - top);
     } else {
       context.beginPath();
@@ -93,7 +102,8 @@ class Painter {
   }
 
   private paintStroke(item: number, color: number): void {
-    const { context, sheet } = this, pen = sheet.penTable[sheet.pens[item]!]!;
+    const { context, sheet } = this,
+      pen = sheet.penTable[sheet.pens[item]!]!;
     if (pen !== this.pen || color !== this.color || this.together >= mostTogether) this.begin(pen, color);
     ++this.together;
     if (sheet.kinds[item] === Kind.line) return this.addLine(item, pen);
@@ -106,8 +116,15 @@ class Painter {
   }
 
   private addLine(item: number, pen: Pen): void {
-    const { context, sheet: { data } } = this, first = item * perItem;
-    let x0 = this.x(data[first]!), y0 = this.y(data[first + 1]!), x1 = this.x(data[first + 2]!), y1 = this.y(data[first + 3]!);
+    const {
+        context,
+        sheet: { data },
+      } = this,
+      first = item * perItem;
+    let x0 = this.x(data[first]!),
+      y0 = this.y(data[first + 1]!),
+      x1 = this.x(data[first + 2]!),
+      y1 = this.y(data[first + 3]!);
     // A thin level or upright line is in the middle of its pixels.
     if ((x0 === x1 || y0 === y1) && pen.width * this.options.scale <= this.options.hairline) {
       [x0, y0, x1, y1] = [Math.floor(x0) + 0.5, Math.floor(y0) + 0.5, Math.floor(x1) + 0.5, Math.floor(y1) + 0.5];
@@ -118,7 +135,8 @@ class Painter {
 
   private begin(pen: Pen, color: number): void {
     this.flush();
-    const { context, options } = this, width = pen.width * options.scale;
+    const { context, options } = this,
+      width = pen.width * options.scale;
     this.pen = pen;
     this.color = color;
     const dashes = width <= options.hairline ? dashLengths[pen.dash]! : [];

@@ -8,8 +8,11 @@ function brightness(red: number, green: number, blue: number): number {
 
 /** Black becomes white and white the paper; other colours are mixed with white until they are bright enough. */
 export function onDark(color: number): number {
-  const red = (color >> 16) & 255, green = (color >> 8) & 255, blue = color & 255;
-  const bright = brightness(red, green, blue), enough = 0.42;
+  const red = (color >> 16) & 255,
+    green = (color >> 8) & 255,
+    blue = color & 255;
+  const bright = brightness(red, green, blue),
+    enough = 0.42;
   if (bright > 0.97) return looks.dark.paper;
   const isGrey = Math.max(red, green, blue) - Math.min(red, green, blue) < 24;
   if (isGrey) return Math.round(255 * Math.max(enough, 1 - bright)) * 0x010101;

@@ -38,14 +38,20 @@ class Hash {
 }
 
 function itemHash(sheet: Sheet, item: number): number {
-  const { data, curves } = sheet, first = item * perItem, kind = sheet.kinds[item]!, hash = new Hash();
+  const { data, curves } = sheet,
+    first = item * perItem,
+    kind = sheet.kinds[item]!,
+    hash = new Hash();
   hash.add(kind);
   if (kind === Kind.curve) {
     for (let i = 0; i < perCurve; ++i) hash.add(curves[data[first]! + i]!);
     return hash.value();
   }
   // A line is the same in both directions.
-  const x0 = data[first]!, y0 = data[first + 1]!, x1 = data[first + 2]!, y1 = data[first + 3]!;
+  const x0 = data[first]!,
+    y0 = data[first + 1]!,
+    x1 = data[first + 2]!,
+    y1 = data[first + 3]!;
   const turned = kind === Kind.line && (x0 > x1 || (x0 === x1 && y0 > y1));
   for (const value of turned ? [x1, y1, x0, y0] : [x0, y0, x1, y1]) hash.add(value);
   // Angles are small numbers.
@@ -56,7 +62,8 @@ function itemHash(sheet: Sheet, item: number): number {
 }
 
 function textHash(sheet: Sheet, index: number): number {
-  const text = sheet.texts[index]!, hash = new Hash();
+  const text = sheet.texts[index]!,
+    hash = new Hash();
   for (const value of [text.x, text.y, text.angle * 1000, text.font.height, text.font.width]) hash.add(value);
   for (let i = 0; i < text.text.length; ++i) hash.add(text.text.charCodeAt(i));
   return hash.value();
@@ -85,15 +92,28 @@ function hashes(count: number, hash: (index: number) => number): number[] {
 }
 
 export function compareSheets(a: Sheet, b: Sheet): Comparison {
-  const items = match(hashes(a.count, (i) => itemHash(a, i)), hashes(b.count, (i) => itemHash(b, i)));
-  const texts = match(hashes(a.texts.length, (i) => textHash(a, i)), hashes(b.texts.length, (i) => textHash(b, i)));
+  const items = match(
+    hashes(a.count, (i) => itemHash(a, i)),
+    hashes(b.count, (i) => itemHash(b, i)),
+  );
+  const texts = match(
+    hashes(a.texts.length, (i) => textHash(a, i)),
+    hashes(b.texts.length, (i) => textHash(b, i)),
+  );
   const sheet = merged(a, b, items.second, texts.second);
-  const marks = concatenate(items.first, items.second.length), textMarks = concatenate(texts.first, texts.second.length);
+  const marks = concatenate(items.first, items.second.length),
+    textMarks = concatenate(texts.first, texts.second.length);
   const countOf = (only: Only): number =>
-    marks.reduce((sum, mark) => sum + Number(mark === only), 0) + textMarks.reduce((sum, mark) => sum + Number(mark === only), 0);
+    marks.reduce((sum, mark) => sum + Number(mark === only), 0) +
+    textMarks.reduce((sum, mark) => sum + Number(mark === only), 0);
   return {
-    sheet, items: marks, texts: textMarks, onlyFirst: countOf(Only.first), onlySecond: countOf(Only.second),
-    both: countOf(Only.both), places: placesOf(sheet, marks, textMarks),
+    sheet,
+    items: marks,
+    texts: textMarks,
+    onlyFirst: countOf(Only.first),
+    onlySecond: countOf(Only.second),
+    both: countOf(Only.both),
+    places: placesOf(sheet, marks, textMarks),
   };
 }
 
@@ -105,7 +125,9 @@ function concatenate(marks: Uint8Array, more: number): Uint8Array {
 
 function merged(a: Sheet, b: Sheet, items: number[], texts: number[]): Sheet {
   const count = a.count + items.length;
-  const kinds = new Uint8Array(count), pens = new Uint32Array(count), data = new Float32Array(count * perItem);
+  const kinds = new Uint8Array(count),
+    pens = new Uint32Array(count),
+    data = new Float32Array(count * perItem);
   const curves = new Float64Array(a.curves.length + b.curves.length);
   kinds.set(a.kinds);
   pens.set(a.pens);
@@ -120,11 +142,19 @@ function merged(a: Sheet, b: Sheet, items: number[], texts: number[]): Sheet {
     if (kinds[to] === Kind.curve) data[to * perItem]! += a.curves.length;
   });
   const union = (p: Box, q: Box): Box => ({
-    left: Math.min(p.left, q.left), top: Math.min(p.top, q.top),
-    right: Math.max(p.right, q.right), bottom: Math.max(p.bottom, q.bottom),
+    left: Math.min(p.left, q.left),
+    top: Math.min(p.top, q.top),
+    right: Math.max(p.right, q.right),
+    bottom: Math.max(p.bottom, q.bottom),
   });
   return {
-    frame: union(a.frame, b.frame), bounds: union(a.bounds, b.bounds), count, kinds, pens, data, curves,
+    frame: union(a.frame, b.frame),
+    bounds: union(a.bounds, b.bounds),
+    count,
+    kinds,
+    pens,
+    data,
+    curves,
     penTable: [...a.penTable, ...b.penTable],
     texts: [...a.texts, ...texts.map((index) => ({ ...b.texts[index]!, after: count }))],
   };
@@ -132,8 +162,10 @@ function merged(a: Sheet, b: Sheet, items: number[], texts: number[]): Sheet {
 
 /** Joins what differs to places: cells of a grid that touch each other. */
 function placesOf(sheet: Sheet, items: Uint8Array, texts: Uint8Array): Box[] {
-  const cells = 40, cell = Math.max(1, Math.max(widthOf(sheet.frame), heightOf(sheet.frame)) / cells);
-  const boxes = new Map<string, Box>(), box = emptyBox();
+  const cells = 40,
+    cell = Math.max(1, Math.max(widthOf(sheet.frame), heightOf(sheet.frame)) / cells);
+  const boxes = new Map<string, Box>(),
+    box = emptyBox();
   const add = (at: Box): void => {
     const key = `${Math.floor((at.left + at.right) / 2 / cell)} ${Math.floor((at.top + at.bottom) / 2 / cell)}`;
     const place = boxes.get(key);
@@ -160,8 +192,13 @@ function grow(place: Box, box: Box): void {
 function joined(boxes: Box[], gap: number): Box[] {
   const places: Box[] = [];
   for (const box of boxes) {
-    const near = places.filter((place) => place.left - gap <= box.right && place.right + gap >= box.left &&
-      place.top - gap <= box.bottom && place.bottom + gap >= box.top);
+    const near = places.filter(
+      (place) =>
+        place.left - gap <= box.right &&
+        place.right + gap >= box.left &&
+        place.top - gap <= box.bottom &&
+        place.bottom + gap >= box.top,
+    );
     const place = near.shift();
     if (!place) {
       places.push(box);

@@ -5,7 +5,9 @@ type Attributes = { [name: string]: string | number | boolean | ((event: never) 
 
 /** Attributes with functions are listeners; true and false set or leave out an attribute. */
 export function element<Tag extends keyof HTMLElementTagNameMap>(
-  tag: Tag, attributes: Attributes = {}, ...children: Child[]
+  tag: Tag,
+  attributes: Attributes = {},
+  ...children: Child[]
 ): HTMLElementTagNameMap[Tag] {
   const made = document.createElement(tag);
   for (const [name, value] of Object.entries(attributes)) {
@@ -45,7 +47,8 @@ export type IconName = keyof typeof icons;
 
 export function icon(name: IconName): SVGSVGElement {
   const space = "http://www.w3.org/2000/svg";
-  const svg = document.createElementNS(space, "svg"), path = document.createElementNS(space, "path");
+  const svg = document.createElementNS(space, "svg"),
+    path = document.createElementNS(space, "path");
   svg.setAttribute("viewBox", "0 0 24 24");
   svg.setAttribute("class", "icon");
   svg.setAttribute("aria-hidden", "true");
@@ -55,15 +58,29 @@ export function icon(name: IconName): SVGSVGElement {
 }
 
 /** A button with an icon, named by its title. */
-export function iconButton(name: IconName, title: string, click: () => void, attributes: Attributes = {}): HTMLButtonElement {
-  return element("button", { type: "button", title, "aria-label": title, class: "icon-button", click, ...attributes }, icon(name));
+export function iconButton(
+  name: IconName,
+  title: string,
+  click: () => void,
+  attributes: Attributes = {},
+): HTMLButtonElement {
+  return element(
+    "button",
+    { type: "button", title, "aria-label": title, class: "icon-button", click, ...attributes },
+    icon(name),
+  );
 }
 
 export function button(text: string, click: () => void, attributes: Attributes = {}): HTMLButtonElement {
   return element("button", { type: "button", click, ...attributes }, text);
 }
 
-export function checkbox(label: string, checked: boolean, change: (checked: boolean) => void, attributes: Attributes = {}): HTMLLabelElement {
+export function checkbox(
+  label: string,
+  checked: boolean,
+  change: (checked: boolean) => void,
+  attributes: Attributes = {},
+): HTMLLabelElement {
   const input = element("input", { type: "checkbox", ...attributes });
   input.checked = checked;
   input.addEventListener("change", () => change(input.checked));
@@ -76,7 +93,13 @@ export interface Choice {
 }
 
 /** A group of radio buttons. */
-export function radios(name: string, label: string, choices: Choice[], value: string, change: (value: string) => void): HTMLElement {
+export function radios(
+  name: string,
+  label: string,
+  choices: Choice[],
+  value: string,
+  change: (value: string) => void,
+): HTMLElement {
   const group = element("fieldset", {}, element("legend", {}, label));
   for (const choice of choices) {
     const input = element("input", { type: "radio", name, value: choice.value });
@@ -87,7 +110,13 @@ export function radios(name: string, label: string, choices: Choice[], value: st
   return group;
 }
 
-export function selection(label: string, choices: Choice[], value: string, change: (value: string) => void, id: string): HTMLElement {
+export function selection(
+  label: string,
+  choices: Choice[],
+  value: string,
+  change: (value: string) => void,
+  id: string,
+): HTMLElement {
   const select = element("select", { id });
   for (const choice of choices) select.append(element("option", { value: choice.value }, choice.label));
   select.value = value;

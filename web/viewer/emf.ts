@@ -25,7 +25,14 @@ const hollowBrush = 1;
 /** Of curves that a clip region cuts. */
 const cutTolerance = 2;
 const systemFont: LogicalFont = {
-  family: "", height: 0, width: 0, weight: 400, italic: false, underline: false, strikeOut: false, escapement: 0,
+  family: "",
+  height: 0,
+  width: 0,
+  weight: 400,
+  italic: false,
+  underline: false,
+  strikeOut: false,
+  escapement: 0,
 };
 
 const stockObjects = new Map<number, MetafileObject>([
@@ -70,14 +77,18 @@ class Player {
     const signature = 0x464d4520;
     record.next();
     if (record.type !== RecordType.header || record.int(40) !== signature) throw new BadMetafile();
-    const pixels = { x: record.int(72), y: record.int(76) }, millimetres = { x: record.int(80), y: record.int(84) };
+    const pixels = { x: record.int(72), y: record.int(76) },
+      millimetres = { x: record.int(80), y: record.int(84) };
     if (pixels.x <= 0 || pixels.y <= 0 || millimetres.x <= 0 || millimetres.y <= 0) throw new BadMetafile();
     this.pixelWidth = (100 * millimetres.x) / pixels.x;
     this.pixelHeight = (100 * millimetres.y) / pixels.y;
     this.left = record.int(24);
     this.top = record.int(28);
     this.builder = new SheetBuilder({
-      left: 0, top: 0, right: record.int(32) - this.left, bottom: record.int(36) - this.top,
+      left: 0,
+      top: 0,
+      right: record.int(32) - this.left,
+      bottom: record.int(36) - this.top,
     });
   }
 
@@ -105,29 +116,59 @@ class Player {
   private playSoundRecord(): void {
     const { record } = this;
     switch (record.type) {
-      case RecordType.polyBezier: return this.drawCurves(this.points(false));
-      case RecordType.polygon: return this.drawPolygon(this.points(false));
-      case RecordType.setPixelV: return this.setPixel();
-      case RecordType.setMapMode: return this.setMapMode(record.int(8));
-      case RecordType.setPolyFillMode: this.winding = record.int(8) === 2; return;
-      case RecordType.setTextAlign: this.align = record.int(8); return;
-      case RecordType.setTextColor: this.textColor = colorOf(record.int(8)); return;
-      case RecordType.moveToEx: this.currentX = record.int(8); this.currentY = record.int(12); return;
-      case RecordType.selectObject: return this.select(record.uint(8));
-      case RecordType.createPen: return this.createPen();
-      case RecordType.createBrushIndirect: return this.createBrush();
-      case RecordType.deleteObject: this.objects.delete(record.uint(8)); return;
-      case RecordType.angleArc: return this.angleArc();
-      case RecordType.ellipse: return this.ellipse();
-      case RecordType.arc: return this.arc();
-      case RecordType.lineTo: return this.lineTo();
-      case RecordType.setArcDirection: this.clockwise = record.int(8) === 2; return;
-      case RecordType.fillRgn: return this.fillRegion();
-      case RecordType.extSelectClipRgn: return this.selectClip();
-      case RecordType.extCreateFontIndirectW: return this.createFont();
-      case RecordType.extTextOutW: return this.textOut();
-      case RecordType.polyBezier16: return this.drawCurves(this.points(true));
-      case RecordType.polygon16: return this.drawPolygon(this.points(true));
+      case RecordType.polyBezier:
+        return this.drawCurves(this.points(false));
+      case RecordType.polygon:
+        return this.drawPolygon(this.points(false));
+      case RecordType.setPixelV:
+        return this.setPixel();
+      case RecordType.setMapMode:
+        return this.setMapMode(record.int(8));
+      case RecordType.setPolyFillMode:
+        this.winding = record.int(8) === 2;
+        return;
+      case RecordType.setTextAlign:
+        this.align = record.int(8);
+        return;
+      case RecordType.setTextColor:
+        this.textColor = colorOf(record.int(8));
+        return;
+      case RecordType.moveToEx:
+        this.currentX = record.int(8);
+        this.currentY = record.int(12);
+        return;
+      case RecordType.selectObject:
+        return this.select(record.uint(8));
+      case RecordType.createPen:
+        return this.createPen();
+      case RecordType.createBrushIndirect:
+        return this.createBrush();
+      case RecordType.deleteObject:
+        this.objects.delete(record.uint(8));
+        return;
+      case RecordType.angleArc:
+        return this.angleArc();
+      case RecordType.ellipse:
+        return this.ellipse();
+      case RecordType.arc:
+        return this.arc();
+      case RecordType.lineTo:
+        return this.lineTo();
+      case RecordType.setArcDirection:
+        this.clockwise = record.int(8) === 2;
+        return;
+      case RecordType.fillRgn:
+        return this.fillRegion();
+      case RecordType.extSelectClipRgn:
+        return this.selectClip();
+      case RecordType.extCreateFontIndirectW:
+        return this.createFont();
+      case RecordType.extTextOutW:
+        return this.textOut();
+      case RecordType.polyBezier16:
+        return this.drawCurves(this.points(true));
+      case RecordType.polygon16:
+        return this.drawPolygon(this.points(true));
     }
   }
 
@@ -146,24 +187,31 @@ class Player {
   }
 
   private points(narrow: boolean): Point[] {
-    const first = 28, { record } = this;
+    const first = 28,
+      { record } = this;
     const count = record.uint(24);
     record.require(first, count, narrow ? 4 : 8);
-    return Array.from({ length: count }, (_, i) => narrow
-      ? { x: this.x(record.short(first + 4 * i)), y: this.y(record.short(first + 4 * i + 2)) }
-      : this.place(first + 8 * i));
+    return Array.from({ length: count }, (_, i) =>
+      narrow
+        ? { x: this.x(record.short(first + 4 * i)), y: this.y(record.short(first + 4 * i + 2)) }
+        : this.place(first + 8 * i),
+    );
   }
 
   private region(offset: number, size: number, place: (box: Box) => Box): Box[] {
     const { record } = this;
     record.require(offset, size, 1);
-    const headerSize = record.uint(offset), count = record.uint(offset + 8);
+    const headerSize = record.uint(offset),
+      count = record.uint(offset + 8);
     if (headerSize < 32 || headerSize > size || headerSize % 4 !== 0) throw new BadMetafile();
     if (count > (size - headerSize) / 16) throw new BadMetafile();
     return Array.from({ length: count }, (_, i) => {
       const at = offset + headerSize + 16 * i;
       const box = place({
-        left: record.int(at), top: record.int(at + 4), right: record.int(at + 8), bottom: record.int(at + 12),
+        left: record.int(at),
+        top: record.int(at + 4),
+        right: record.int(at + 8),
+        bottom: record.int(at + 12),
       });
       if (box.top > box.bottom) [box.top, box.bottom] = [box.bottom, box.top];
       return box;
@@ -173,7 +221,8 @@ class Player {
   // Objects and modes.
 
   private setMapMode(mode: number): void {
-    const text = 1, himetric = 3;
+    const text = 1,
+      himetric = 3;
     if (mode === text || mode === himetric) this.himetric = mode === himetric;
     this.penIndex = -1;
   }
@@ -198,9 +247,14 @@ class Player {
     const end = name.indexOf("\0");
     this.objects.set(record.uint(8), {
       font: {
-        family: end < 0 ? name : name.slice(0, end), height: record.int(12), width: record.int(16),
-        weight: record.int(28), italic: record.byte(32) !== 0, underline: record.byte(33) !== 0,
-        strikeOut: record.byte(34) !== 0, escapement: record.int(20),
+        family: end < 0 ? name : name.slice(0, end),
+        height: record.int(12),
+        width: record.int(16),
+        weight: record.int(28),
+        italic: record.byte(32) !== 0,
+        underline: record.byte(33) !== 0,
+        strikeOut: record.byte(34) !== 0,
+        escapement: record.int(20),
       },
     });
   }
@@ -220,14 +274,18 @@ class Player {
 
   private selectClip(): void {
     const { record } = this;
-    const size = record.uint(8), mode = record.int(12), copy = 5;
+    const size = record.uint(8),
+      mode = record.int(12),
+      copy = 5;
     if (size === 0) {
       if (mode === copy) this.clip = null;
       return;
     }
     const boxes = this.region(16, size, (box) => ({
-      left: box.left * this.pixelWidth - this.left, top: box.top * this.pixelHeight - this.top,
-      right: box.right * this.pixelWidth - this.left, bottom: box.bottom * this.pixelHeight - this.top,
+      left: box.left * this.pixelWidth - this.left,
+      top: box.top * this.pixelHeight - this.top,
+      right: box.right * this.pixelWidth - this.left,
+      bottom: box.bottom * this.pixelHeight - this.top,
     }));
     this.clip = combine(this.clip, boxes, mode);
   }
@@ -248,7 +306,8 @@ class Player {
     if (!this.clip) return this.builder.add(Kind.line, pen, x0, y0, x1, y1);
     const parts = partsInside(this.clip, x0, y0, x1, y1);
     for (let i = 0; i < parts.length; i += 2) {
-      const a = parts[i]!, b = parts[i + 1]!;
+      const a = parts[i]!,
+        b = parts[i + 1]!;
       if (a === b) continue;
       this.builder.add(Kind.line, pen, x0 + a * (x1 - x0), y0 + a * (y1 - y0), x0 + b * (x1 - x0), y0 + b * (y1 - y0));
     }
@@ -256,7 +315,8 @@ class Player {
 
   private lineTo(): void {
     const { record } = this;
-    const x = record.int(8), y = record.int(12);
+    const x = record.int(8),
+      y = record.int(12);
     const pen = this.stroke();
     // The thinnest pen leaves out the last pixel of a line, so that a line of length 0 is empty.
     const empty = x === this.currentX && y === this.currentY && this.pen?.width === 0;
@@ -301,24 +361,33 @@ class Player {
   /** The angles count as if y grew downward, whatever the map mode is. */
   private angleArc(): void {
     const { record } = this;
-    const x = record.int(8), y = record.int(12), radius = record.uint(16), start = record.float(20);
+    const x = record.int(8),
+      y = record.int(12),
+      radius = record.uint(16),
+      start = record.float(20);
     let sweep = record.float(24);
     if (!Number.isFinite(start) || !Number.isFinite(sweep)) return;
     // More than one full turn would only be repeated.
     if (Math.abs(sweep) > 360) sweep = Math.sign(sweep) * (360 + (Math.abs(sweep) % 360));
-    const from = ((start % 360) * Math.PI) / 180, turn = (sweep * Math.PI) / 180;
-    const sense = this.himetric ? 1 : -1, pen = this.stroke();
+    const from = ((start % 360) * Math.PI) / 180,
+      turn = (sweep * Math.PI) / 180;
+    const sense = this.himetric ? 1 : -1,
+      pen = this.stroke();
     if (pen >= 0) this.drawAngleArc(pen, { x, y }, radius, sense * from, sense * turn);
     this.currentX = x + radius * Math.cos(from + turn);
     this.currentY = y - radius * Math.sin(from + turn);
   }
 
   private drawAngleArc(pen: number, centre: Point, radius: number, start: number, sweep: number): void {
-    const x = this.x(centre.x), y = this.y(centre.y), oneUnit = 1;
+    const x = this.x(centre.x),
+      y = this.y(centre.y),
+      oneUnit = 1;
     const radiusX = radius * (this.himetric ? 1 : this.pixelWidth);
     const radiusY = radius * (this.himetric ? 1 : this.pixelHeight);
-    const startX = x + radiusX * Math.cos(start), startY = y + radiusY * Math.sin(start);
-    const fromX = this.x(this.currentX), fromY = this.y(this.currentY);
+    const startX = x + radiusX * Math.cos(start),
+      startY = y + radiusY * Math.sin(start);
+    const fromX = this.x(this.currentX),
+      fromY = this.y(this.currentY);
     // The line to the start is only there if the current place isn't the start, rounded.
     if (Math.hypot(startX - fromX, startY - fromY) > oneUnit) this.line(pen, fromX, fromY, startX, startY);
     // Whole circles are drawn once.
@@ -327,9 +396,13 @@ class Player {
   }
 
   private ellipseBox(): { x: number; y: number; radiusX: number; radiusY: number } {
-    const a = this.place(8), b = this.place(16);
+    const a = this.place(8),
+      b = this.place(16);
     return {
-      x: (a.x + b.x) / 2, y: (a.y + b.y) / 2, radiusX: Math.abs(b.x - a.x) / 2, radiusY: Math.abs(b.y - a.y) / 2,
+      x: (a.x + b.x) / 2,
+      y: (a.y + b.y) / 2,
+      radiusX: Math.abs(b.x - a.x) / 2,
+      radiusY: Math.abs(b.y - a.y) / 2,
     };
   }
 
@@ -397,11 +470,20 @@ class Player {
     const { record } = this;
     const object = stockObjects.get(record.uint(28)) ?? this.objects.get(record.uint(28));
     const boxes = this.region(32, record.uint(24), (box) => ({
-      left: this.x(box.left), top: this.y(box.top), right: this.x(box.right), bottom: this.y(box.bottom),
+      left: this.x(box.left),
+      top: this.y(box.top),
+      right: this.x(box.right),
+      bottom: this.y(box.bottom),
     }));
     if (!object || !("brush" in object) || object.brush.hollow) return;
     const pen = this.builder.penIndex({ color: object.brush.color, width: 0, dash: Dash.solid });
-    const inside = this.clip ? combine(this.clip, boxes.sort((a, b) => a.top - b.top), 1)! : boxes;
+    const inside = this.clip
+      ? combine(
+          this.clip,
+          boxes.sort((a, b) => a.top - b.top),
+          1,
+        )!
+      : boxes;
     for (const box of inside) this.builder.add(Kind.box, pen, box.left, box.top, box.right, box.bottom);
   }
 
@@ -409,16 +491,22 @@ class Player {
 
   private textOut(): void {
     const { record } = this;
-    const count = record.uint(44), advancesOffset = record.uint(72);
+    const count = record.uint(44),
+      advancesOffset = record.uint(72);
     const text = record.text(record.uint(48), count);
-    const { x, y } = this.place(36), unit = this.himetric ? 1 : this.pixelWidth;
+    const { x, y } = this.place(36),
+      unit = this.himetric ? 1 : this.pixelWidth;
     const escapement = (this.font.escapement * Math.PI) / 1800;
     this.builder.addText({
-      after: this.builder.count, text, x, y,
+      after: this.builder.count,
+      text,
+      x,
+      y,
       advances: advancesOffset === 0 ? null : this.advances(advancesOffset, count, unit),
       // Like that of AngleArc, the angle counts as if y grew downward.
       angle: this.himetric ? escapement : -escapement,
-      font: this.scaledFont(unit), color: this.textColor,
+      font: this.scaledFont(unit),
+      color: this.textColor,
       across: (this.align & 6) === 6 ? Across.centre : (this.align & 6) === 2 ? Across.right : Across.left,
       along: (this.align & 24) === 24 ? Along.baseline : (this.align & 24) === 8 ? Along.bottom : Along.top,
       clip: this.clip,

@@ -26,13 +26,16 @@ export type Assets = { [name: string]: string };
 function fromBase64(text: string): Uint8Array {
   const direct = (Uint8Array as { fromBase64?: (text: string) => Uint8Array }).fromBase64;
   if (direct) return direct(text);
-  const binary = atob(text), bytes = new Uint8Array(binary.length);
+  const binary = atob(text),
+    bytes = new Uint8Array(binary.length);
   for (let i = 0; i < binary.length; ++i) bytes[i] = binary.charCodeAt(i);
   return bytes;
 }
 
 async function unpacked(text: string): Promise<Uint8Array> {
-  const stream = new Blob([fromBase64(text) as Uint8Array<ArrayBuffer>]).stream().pipeThrough(new DecompressionStream("gzip"));
+  const stream = new Blob([fromBase64(text) as Uint8Array<ArrayBuffer>])
+    .stream()
+    .pipeThrough(new DecompressionStream("gzip"));
   return new Uint8Array(await new Response(stream).arrayBuffer());
 }
 
@@ -53,7 +56,9 @@ function assetOf(assets: Assets, name: string): string {
 /** All fonts, and the bytes of the one that texts are drawn with. */
 async function readFonts(assets: Assets): Promise<{ fonts: Font[]; drawn: Uint8Array }> {
   const rows = JSON.parse(new TextDecoder().decode(await unpacked(assetOf(assets, "fonts.json")))) as FontRow[];
-  const fonts = await Promise.all(rows.map(async ({ file, families }) => ({ families, bytes: await unpacked(assetOf(assets, file)) })));
+  const fonts = await Promise.all(
+    rows.map(async ({ file, families }) => ({ families, bytes: await unpacked(assetOf(assets, file)) })),
+  );
   const drawn = fonts[rows.findIndex((row) => row.outlines)];
   if (!drawn) throw new Error("the page has no font");
   return { fonts, drawn: drawn.bytes };

@@ -14,7 +14,8 @@ export interface Face {
   advanceOf(codePoint: number): number;
 }
 
-const systemFamily = "Hexlume System", sheetFamily = "Hexlume Sheet";
+const systemFamily = "Hexlume System",
+  sheetFamily = "Hexlume Sheet";
 const systemNames = ["MS Gothic", "MS-Gothic", "ＭＳ ゴシック"];
 
 /** Characters of half a cell in MS Gothic: Latin and half-width Katakana. */
@@ -23,8 +24,14 @@ function isHalfWidth(codePoint: number): boolean {
 }
 
 const systemFace: Face = {
-  family: systemFamily, ascent: 220 / 256, descent: 36 / 256, averageWidth: 0.5, underline: 0.086, thickness: 0.055,
-  strikeOut: 0.28, advanceOf: (codePoint) => (isHalfWidth(codePoint) ? 0.5 : 1),
+  family: systemFamily,
+  ascent: 220 / 256,
+  descent: 36 / 256,
+  averageWidth: 0.5,
+  underline: 0.086,
+  thickness: 0.055,
+  strikeOut: 0.28,
+  advanceOf: (codePoint) => (isHalfWidth(codePoint) ? 0.5 : 1),
 };
 
 export interface Faces {
@@ -57,7 +64,8 @@ function faceOf(font: TrueType): Face {
 
 /** @param bytes  the TrueType font of the page */
 export async function loadFaces(bytes: Uint8Array): Promise<Faces> {
-  const font = new TrueType(bytes), ownFace = faceOf(font);
+  const font = new TrueType(bytes),
+    ownFace = faceOf(font);
   const local = systemNames.map((name) => `local("${name}")`).join(", ");
   if (await load(systemFamily, local)) return { face: systemFace, ownFace, font };
   await load(sheetFamily, bytes as Uint8Array<ArrayBuffer>);

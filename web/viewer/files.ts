@@ -22,7 +22,8 @@ const deepest = 8;
 
 /** A folder gives its entries in pieces. */
 async function entriesOf(folder: FileSystemDirectoryEntry): Promise<FileSystemEntry[]> {
-  const reader = folder.createReader(), all: FileSystemEntry[] = [];
+  const reader = folder.createReader(),
+    all: FileSystemEntry[] = [];
   for (;;) {
     const some = await new Promise<FileSystemEntry[]>((settle) => reader.readEntries(settle, () => settle([])));
     if (some.length === 0) return all;
@@ -37,7 +38,9 @@ async function filesBelow(entry: FileSystemEntry, depth: number): Promise<File[]
   }
   if (depth > deepest) return [];
   const entries = await entriesOf(entry as FileSystemDirectoryEntry);
-  const files = await Promise.all(entries.sort((a, b) => a.name.localeCompare(b.name)).map((each) => filesBelow(each, depth + 1)));
+  const files = await Promise.all(
+    entries.sort((a, b) => a.name.localeCompare(b.name)).map((each) => filesBelow(each, depth + 1)),
+  );
   return files.flat();
 }
 
@@ -56,14 +59,17 @@ async function filesOfHandle(handle: Handle, depth: number): Promise<File[]> {
 
 export async function droppedDrawings(transfer: DataTransfer): Promise<Source[]> {
   // The list is empty once the event has ended, so all of it is taken first.
-  const items = [...transfer.items], plain = [...transfer.files];
+  const items = [...transfer.items],
+    plain = [...transfer.files];
   const entries = items.map((item) => item.webkitGetAsEntry?.() ?? null);
   if (!entries.some((entry) => entry?.isDirectory)) return drawingsOf(plain);
   const handles = items.map((item: HandleItem) => item.getAsFileSystemHandle?.().catch(() => null) ?? null);
-  const files = await Promise.all(entries.map(async (entry, i) => {
-    const handle = await handles[i];
-    return handle ? filesOfHandle(handle, 0) : entry ? filesBelow(entry, 0) : [];
-  }));
+  const files = await Promise.all(
+    entries.map(async (entry, i) => {
+      const handle = await handles[i];
+      return handle ? filesOfHandle(handle, 0) : entry ? filesBelow(entry, 0) : [];
+    }),
+  );
   return drawingsOf(files.flat().filter((file) => drawingName.test(file.name)));
 }
 
@@ -86,7 +92,8 @@ export function drawingInPage(): Source | null {
   const text = holder?.textContent?.trim() ?? "";
   if (!holder || text === "") return null;
   holder.remove();
-  const binary = atob(text), bytes = new Uint8Array(binary.length);
+  const binary = atob(text),
+    bytes = new Uint8Array(binary.length);
   for (let i = 0; i < binary.length; ++i) bytes[i] = binary.charCodeAt(i);
   return { name: holder.dataset["name"] ?? "drawing.dxf", data: new Blob([bytes]) };
 }

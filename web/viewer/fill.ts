@@ -2,7 +2,12 @@
 import type { Point } from "./sheet";
 
 export type AddTrapezoid = (
-  leftTop: number, top: number, rightTop: number, bottom: number, leftBottom: number, rightBottom: number,
+  leftTop: number,
+  top: number,
+  rightTop: number,
+  bottom: number,
+  leftBottom: number,
+  rightBottom: number,
 ) => void;
 
 interface Side {
@@ -34,9 +39,11 @@ function addCrossings(sides: readonly Side[], levels: Set<number>): void {
   if (sides.length > mostCrossedSides) return;
   sides.forEach((a, i) => {
     for (const b of sides.slice(i + 1)) {
-      const top = Math.max(a.top.y, b.top.y), bottom = Math.min(a.bottom.y, b.bottom.y);
+      const top = Math.max(a.top.y, b.top.y),
+        bottom = Math.min(a.bottom.y, b.bottom.y);
       if (top >= bottom) continue;
-      const above = xAt(a, top) - xAt(b, top), below = xAt(a, bottom) - xAt(b, bottom);
+      const above = xAt(a, top) - xAt(b, top),
+        below = xAt(a, bottom) - xAt(b, bottom);
       if (above * below < 0) levels.add(top + ((bottom - top) * above) / (above - below));
     }
   });
@@ -77,7 +84,8 @@ function cut(points: readonly Point[], inside: (point: Point) => number): Point[
   const kept: Point[] = [];
   points.forEach((to, i) => {
     const from = points[(i + points.length - 1) % points.length]!;
-    const a = inside(from), b = inside(to);
+    const a = inside(from),
+      b = inside(to);
     if (a * b < 0) {
       const part = a / (a - b);
       kept.push({ x: from.x + part * (to.x - from.x), y: from.y + part * (to.y - from.y) });

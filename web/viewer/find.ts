@@ -21,10 +21,14 @@ export function plainText(text: string): string {
 
 /** Whether a text begins where another ends. */
 function follows(painter: TextPainter, before: SheetText, after: SheetText): boolean {
-  const first = painter.layout(before), second = painter.layout(after), angle = before.angle;
+  const first = painter.layout(before),
+    second = painter.layout(after),
+    angle = before.angle;
   if (Math.abs(angle - after.angle) > 1e-3 || Math.abs(first.em - second.em) > first.em / 10) return false;
-  const endX = before.x + (first.start + first.length) * Math.cos(angle), endY = before.y + (first.start + first.length) * Math.sin(angle);
-  const startX = after.x + second.start * Math.cos(angle), startY = after.y + second.start * Math.sin(angle);
+  const endX = before.x + (first.start + first.length) * Math.cos(angle),
+    endY = before.y + (first.start + first.length) * Math.sin(angle);
+  const startX = after.x + second.start * Math.cos(angle),
+    startY = after.y + second.start * Math.sin(angle);
   return Math.hypot(startX - endX, startY - endY) < first.em * 0.6;
 }
 
@@ -39,7 +43,8 @@ function linesOf(sheet: Sheet, painter: TextPainter): Line[] {
 function makeLines(sheet: Sheet, painter: TextPainter): Line[] {
   const lines: Line[] = [];
   sheet.texts.forEach((text, index) => {
-    const line = lines[lines.length - 1], before = sheet.texts[index - 1];
+    const line = lines[lines.length - 1],
+      before = sheet.texts[index - 1];
     if (line && before && follows(painter, before, text)) {
       line.texts.push(index);
       line.plain += plainText(text.text);
@@ -54,12 +59,15 @@ function makeLines(sheet: Sheet, painter: TextPainter): Line[] {
 export function findTexts(sheet: Sheet, painter: TextPainter, wanted: string): Hit[] {
   const plain = plainText(wanted);
   if (plain === "") return [];
-  return linesOf(sheet, painter).filter((line) => line.plain.includes(plain)).map((line) => narrow(sheet, line, plain));
+  return linesOf(sheet, painter)
+    .filter((line) => line.plain.includes(plain))
+    .map((line) => narrow(sheet, line, plain));
 }
 
 /** The texts of a line that have the wanted one, without those before and after. */
 function narrow(sheet: Sheet, line: Line, plain: string): Hit {
-  const start = line.plain.indexOf(plain), end = start + plain.length;
+  const start = line.plain.indexOf(plain),
+    end = start + plain.length;
   let at = 0;
   const texts = line.texts.filter((index) => {
     const from = at;

@@ -15,7 +15,8 @@ export function arcPieces(radius: number, sweep: number, tolerance: number): num
 
 /** Gives the points of an arc of six numbers, both ends included. */
 export function flattenArc(data: ArrayLike<number>, first: number, tolerance: number, add: AddPoint): void {
-  const start = data[first + 4]!, sweep = data[first + 5]!;
+  const start = data[first + 4]!,
+    sweep = data[first + 5]!;
   const pieces = arcPieces(Math.max(data[first + 2]!, data[first + 3]!), sweep, tolerance);
   for (let i = 0; i <= pieces; ++i) {
     const point = pointOnArc(data, first, start + (sweep * i) / pieces);
@@ -33,8 +34,12 @@ export function flattenCurve(points: ArrayLike<number>, first: number, tolerance
   );
   const pieces = Math.min(mostPieces, Math.max(1, Math.ceil(Math.sqrt((0.75 * bend) / tolerance))));
   for (let i = 0; i <= pieces; ++i) {
-    const t = i / pieces, u = 1 - t;
-    const a = u * u * u, b = 3 * u * u * t, c = 3 * u * t * t, d = t * t * t;
+    const t = i / pieces,
+      u = 1 - t;
+    const a = u * u * u,
+      b = 3 * u * u * t,
+      c = 3 * u * t * t,
+      d = t * t * t;
     add(a * at(0) + b * at(2) + c * at(4) + d * at(6), a * at(1) + b * at(3) + c * at(5) + d * at(7));
   }
 }
@@ -44,8 +49,10 @@ export function flattenItem(sheet: Sheet, item: number, tolerance: number, add: 
   const { data } = sheet;
   const first = item * perItem;
   switch (sheet.kinds[item]) {
-    case Kind.arc: return flattenArc(data, first, tolerance, add);
-    case Kind.curve: return flattenCurve(sheet.curves, data[first]!, tolerance, add);
+    case Kind.arc:
+      return flattenArc(data, first, tolerance, add);
+    case Kind.curve:
+      return flattenCurve(sheet.curves, data[first]!, tolerance, add);
     case Kind.line:
       add(data[first]!, data[first + 1]!);
       add(data[first + 2]!, data[first + 3]!);

@@ -55,11 +55,19 @@ export class GlRenderer implements Renderer {
    * @param emulated  whether it may be without */
   static create(canvas: HTMLCanvasElement, emulated: boolean): GlRenderer | null {
     if (!emulated && isEmulated()) return null;
-    const gl = canvas.getContext("webgl2", { alpha: false, antialias: false, depth: false, powerPreference: "low-power" });
+    const gl = canvas.getContext("webgl2", {
+      alpha: false,
+      antialias: false,
+      depth: false,
+      powerPreference: "low-power",
+    });
     return gl ? new GlRenderer(canvas, gl) : null;
   }
 
-  private constructor(private readonly canvas: HTMLCanvasElement, gl: WebGL2RenderingContext) {
+  private constructor(
+    private readonly canvas: HTMLCanvasElement,
+    gl: WebGL2RenderingContext,
+  ) {
     this.gl = gl;
     this.start();
     canvas.addEventListener("webglcontextlost", (event) => event.preventDefault());
@@ -76,7 +84,8 @@ export class GlRenderer implements Renderer {
     if (this.gl.isContextLost()) return true;
     this.resize(view, density);
     this.learn();
-    const runs = runsIn(this.instances, view), count = countOf(runs);
+    const runs = runsIn(this.instances, view),
+      count = countOf(runs);
     if (count <= this.slice) {
       this.job = null;
       this.paint(null, view, density, look, runs, true);
@@ -115,7 +124,8 @@ export class GlRenderer implements Renderer {
   }
 
   private resize(view: Viewport, density: number): void {
-    const width = Math.max(1, Math.round(view.width * density)), height = Math.max(1, Math.round(view.height * density));
+    const width = Math.max(1, Math.round(view.width * density)),
+      height = Math.max(1, Math.round(view.height * density));
     if (this.canvas.width === width && this.canvas.height === height) return;
     this.canvas.width = width;
     this.canvas.height = height;
@@ -129,7 +139,8 @@ export class GlRenderer implements Renderer {
 
   private newPicture(): Picture {
     const { gl } = this;
-    const texture = gl.createTexture()!, frame = gl.createFramebuffer()!;
+    const texture = gl.createTexture()!,
+      frame = gl.createFramebuffer()!;
     gl.bindTexture(gl.TEXTURE_2D, texture);
     gl.texStorage2D(gl.TEXTURE_2D, 1, gl.RGBA8, this.canvas.width, this.canvas.height);
     gl.texParameteri(gl.TEXTURE_2D, gl.TEXTURE_MIN_FILTER, gl.LINEAR);
@@ -161,7 +172,8 @@ export class GlRenderer implements Renderer {
   }
 
   private drawSlice(density: number, look: Look): void {
-    const job = this.job!, taken = takeRecords(job.runs, this.slice);
+    const job = this.job!,
+      taken = takeRecords(job.runs, this.slice);
     this.paint(this.made!, job.view, density, look, taken, false);
     this.time(countOf(taken));
     if (job.runs.length > 0) return;
@@ -174,14 +186,24 @@ export class GlRenderer implements Renderer {
 
   /** Shows the last finished picture where its part of the sheet is now. */
   private show(view: Viewport, density: number, look: Look): void {
-    const { gl } = this, picture = this.shown!, old = picture.view;
+    const { gl } = this,
+      picture = this.shown!,
+      old = picture.view;
     this.paint(null, view, density, look, [], true);
     if (!old) return;
     const from = view.toScreen({ x: old.x, y: old.y });
-    const width = (old.width / old.scale) * view.scale, height = (old.height / old.scale) * view.scale;
-    const across = (x: number): number => (x / view.width) * 2 - 1, down = (y: number): number => 1 - (y / view.height) * 2;
+    const width = (old.width / old.scale) * view.scale,
+      height = (old.height / old.scale) * view.scale;
+    const across = (x: number): number => (x / view.width) * 2 - 1,
+      down = (y: number): number => 1 - (y / view.height) * 2;
     gl.useProgram(this.pictures);
-    gl.uniform4f(this.pictureUniforms["place"]!, across(from.x), down(from.y + height), across(from.x + width), down(from.y));
+    gl.uniform4f(
+      this.pictureUniforms["place"]!,
+      across(from.x),
+      down(from.y + height),
+      across(from.x + width),
+      down(from.y),
+    );
     gl.bindTexture(gl.TEXTURE_2D, picture.texture);
     const nearest = old.scale === view.scale;
     gl.texParameteri(gl.TEXTURE_2D, gl.TEXTURE_MAG_FILTER, nearest ? gl.NEAREST : gl.LINEAR);
@@ -204,7 +226,9 @@ export class GlRenderer implements Renderer {
     if (!timing || gl.getSyncParameter(timing.sync, gl.SYNC_STATUS) !== gl.SIGNALED) return;
     gl.deleteSync(timing.sync);
     this.timing = null;
-    const took = performance.now() - timing.start, quick = 22, slow = 40;
+    const took = performance.now() - timing.start,
+      quick = 22,
+      slow = 40;
     if (took < quick && timing.count > this.slice / 2) this.slice = Math.min(mostSlice, Math.round(this.slice * 1.4));
     if (took > slow && timing.count > leastSlice) this.slice = Math.max(leastSlice, Math.round(timing.count * 0.6));
   }
@@ -231,7 +255,8 @@ export class GlRenderer implements Renderer {
   }
 
   private drawRun(run: Run): void {
-    const { gl } = this, start = run.first * instanceBytes;
+    const { gl } = this,
+      start = run.first * instanceBytes;
     gl.vertexAttribPointer(0, 4, gl.FLOAT, false, instanceBytes, start);
     gl.vertexAttribPointer(1, 2, gl.FLOAT, false, instanceBytes, start + 16);
     gl.vertexAttribPointer(2, 4, gl.UNSIGNED_BYTE, true, instanceBytes, start + 24);
@@ -239,9 +264,11 @@ export class GlRenderer implements Renderer {
   }
 
   private setView(view: Viewport, density: number): void {
-    const { gl, strokeUniforms: at } = this, scale = view.scale * density;
+    const { gl, strokeUniforms: at } = this,
+      scale = view.scale * density;
     // Two numbers of single precision for each coordinate keep deep zooms steady.
-    const wholeX = Math.round(view.x), wholeY = Math.round(view.y);
+    const wholeX = Math.round(view.x),
+      wholeY = Math.round(view.y);
     gl.uniform2f(at["originWhole"]!, wholeX, wholeY);
     gl.uniform2f(at["originRest"]!, view.x - wholeX, view.y - wholeY);
     gl.uniform2f(at["size"]!, this.canvas.width, this.canvas.height);
@@ -256,10 +283,14 @@ export class GlRenderer implements Renderer {
     setClearColor(gl, look.around);
     gl.clear(gl.COLOR_BUFFER_BIT);
     const { left, top, right, bottom } = look.frame;
-    const from = view.toScreen({ x: left, y: top }), to = view.toScreen({ x: right, y: bottom });
-    const limit = (value: number, most: number): number => Math.round(Math.max(-2, Math.min(most + 2, value * density)));
-    const x0 = limit(from.x, this.canvas.width), x1 = limit(to.x, this.canvas.width);
-    const y0 = limit(from.y, this.canvas.height), y1 = limit(to.y, this.canvas.height);
+    const from = view.toScreen({ x: left, y: top }),
+      to = view.toScreen({ x: right, y: bottom });
+    const limit = (value: number, most: number): number =>
+      Math.round(Math.max(-2, Math.min(most + 2, value * density)));
+    const x0 = limit(from.x, this.canvas.width),
+      x1 = limit(to.x, this.canvas.width);
+    const y0 = limit(from.y, this.canvas.height),
+      y1 = limit(to.y, this.canvas.height);
     if (x1 <= x0 || y1 <= y0) return;
     gl.enable(gl.SCISSOR_TEST);
     gl.scissor(x0, this.canvas.height - y1, x1 - x0, y1 - y0);
@@ -285,7 +316,10 @@ function setClearColor(gl: WebGL2RenderingContext, color: number): void {
 
 function program(gl: WebGL2RenderingContext, vertex: string, fragment: string): WebGLProgram {
   const made = gl.createProgram();
-  for (const [type, source] of [[gl.VERTEX_SHADER, vertex], [gl.FRAGMENT_SHADER, fragment]] as const) {
+  for (const [type, source] of [
+    [gl.VERTEX_SHADER, vertex],
+    [gl.FRAGMENT_SHADER, fragment],
+  ] as const) {
     const shader = gl.createShader(type)!;
     gl.shaderSource(shader, source);
     gl.compileShader(shader);

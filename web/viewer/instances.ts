@@ -98,29 +98,48 @@ function wordOf(color: number, shape: number): number {
 
 /** @param colorOf  the colour of an item, 0xRRGGBB, or -1 to leave it out */
 export function makeInstances(sheet: Sheet, detail: Detail, colorOf: (item: number) => number): Instances {
-  const writer = new Writer(), box = emptyBox();
+  const writer = new Writer(),
+    box = emptyBox();
   const { data, kinds, pens, penTable } = sheet;
   const dashed = penTable.some((pen) => pen.dash !== 0);
   let along = 0;
   for (let item = 0; item < sheet.count; ++item) {
     const color = colorOf(item);
     if (color < 0) continue;
-    const first = item * perItem, kind = kinds[item]!, pen = penTable[pens[item]!]!;
+    const first = item * perItem,
+      kind = kinds[item]!,
+      pen = penTable[pens[item]!]!;
     boundsOf(sheet, item, box);
     if (kind === Kind.line) {
-      writer.add(wordOf(color, pen.dash), data[first]!, data[first + 1]!, data[first + 2]!, data[first + 3]!, pen.width / 2, 0);
+      writer.add(
+        wordOf(color, pen.dash),
+        data[first]!,
+        data[first + 1]!,
+        data[first + 2]!,
+        data[first + 3]!,
+        pen.width / 2,
+        0,
+      );
     } else if (kind === Kind.box) {
       writer.add(wordOf(color, Shape.box), data[first]!, data[first + 1]!, data[first + 2]!, data[first + 3]!, 0, 0);
     } else if (kind === Kind.trapezoid) {
-      writer.add(wordOf(color, Shape.trapezoid), data[first]!, data[first + 1]!, data[first + 2]!, data[first + 3]!,
-        data[first + 4]!, data[first + 5]!);
+      writer.add(
+        wordOf(color, Shape.trapezoid),
+        data[first]!,
+        data[first + 1]!,
+        data[first + 2]!,
+        data[first + 3]!,
+        data[first + 4]!,
+        data[first + 5]!,
+      );
     } else if (kind === Kind.pixel) {
       writer.add(wordOf(color, Shape.pixel), data[first]!, data[first + 1]!, data[first]!, data[first + 1]!, 0, 0);
     } else {
       const wanted = overlaps(box, detail.region) ? detail.tolerance : detail.coarse;
       const tolerance = writer.length > mostFine ? Infinity : wanted;
       const word = wordOf(color, pen.dash);
-      let x = NaN, y = NaN;
+      let x = NaN,
+        y = NaN;
       along = 0;
       const add = (toX: number, toY: number): void => {
         if (x === x) {

@@ -10,7 +10,8 @@ async function openFromAddress(app: App): Promise<void> {
     try {
       app.open([await fetchDrawing(name)]);
     } catch (error) {
-      const reason = location.protocol === "file:" ? t("fileScheme") : error instanceof Error ? error.message : String(error);
+      const reason =
+        location.protocol === "file:" ? t("fileScheme") : error instanceof Error ? error.message : String(error);
       app.say(t("noSuchFile", name, reason));
     }
   }
@@ -20,7 +21,8 @@ const settings = loadSettings();
 setLanguage(settings.language ?? browserLanguage());
 document.documentElement.lang = settings.language ?? browserLanguage();
 // Both are taken before the page is laid out.
-const assets = takeAssets(), inPage = drawingInPage();
+const assets = takeAssets(),
+  inPage = drawingInPage();
 const app = new App(settings);
 if (inPage) app.open([inPage]);
 void openFromAddress(app);

@@ -38,9 +38,13 @@ function isEmpty(tab: Tab): boolean {
 export function whyEmpty(tab: Tab): { text: string; measure: boolean } | null {
   const { inspection, sheet, choices } = tab;
   if (!inspection || !sheet || !isEmpty(tab)) return null;
-  const kinds = kindsOf(inspection.entities), placed = kinds.filter((row) => row.count > 0);
+  const kinds = kindsOf(inspection.entities),
+    placed = kinds.filter((row) => row.count > 0);
   const drawn = placed.filter((row) => row.drawn);
-  const say = (key: TextKey, ...values: string[]): { text: string; measure: boolean } => ({ text: t(key, ...values), measure: false });
+  const say = (key: TextKey, ...values: string[]): { text: string; measure: boolean } => ({
+    text: t(key, ...values),
+    measure: false,
+  });
   if (sheet.count > 0 || sheet.texts.length > 0) return { text: t("emptyOutside"), measure: !choices.fit };
   if (kinds.length === 0) return say("emptyNoEntities");
   if (placed.length === 0) return say("emptyOnlyBlocks");
@@ -61,7 +65,8 @@ export class ContentsPanel implements Panel {
   }
 
   update(): void {
-    const { tab } = this.desk, inspection = tab?.inspection;
+    const { tab } = this.desk,
+      inspection = tab?.inspection;
     if (!tab || !inspection) {
       this.element.replaceChildren(element("p", { class: "hint" }, t("notRead")));
       return;
@@ -77,25 +82,40 @@ export class ContentsPanel implements Panel {
   private addEmpty(tab: Tab): void {
     const why = whyEmpty(tab);
     if (!why) return;
-    const box = element("div", { class: "notice", id: "why-empty" }, element("h3", {}, t("whyEmpty")), element("p", {}, why.text));
+    const box = element(
+      "div",
+      { class: "notice", id: "why-empty" },
+      element("h3", {}, t("whyEmpty")),
+      element("p", {}, why.text),
+    );
     if (why.measure) {
-      box.append(button(t("measureNow"), () => {
-        tab.choices.fit = true;
-        this.desk.convertAgain();
-      }, { id: "measure-now" }));
+      box.append(
+        button(
+          t("measureNow"),
+          () => {
+            tab.choices.fit = true;
+            this.desk.convertAgain();
+          },
+          { id: "measure-now" },
+        ),
+      );
     }
     this.element.append(box);
   }
 
   private addSummary(tab: Tab, inspection: Inspection): void {
-    const { summary } = inspection, rows: [TextKey, string][] = [["file", tab.name]];
+    const { summary } = inspection,
+      rows: [TextKey, string][] = [["file", tab.name]];
     const sheet = tab.conversion ?? inspection;
     if (summary) {
       const box = (corners: DrawingBox): string => corners.map((value) => numberText(value, 3)).join(", ");
       rows.push(["version", summary.version || "–"]);
       rows.push(["sheetSize", `${numberText(sheet.sheetWidth / 100)} × ${numberText(sheet.sheetHeight / 100)} mm`]);
-      rows.push(["scale", t("unitsPerMm", numberText(summary.scale, 6)) +
-        (summary.denominator > 1 ? ` (${t("beyondA0", summary.denominator)})` : "")]);
+      rows.push([
+        "scale",
+        t("unitsPerMm", numberText(summary.scale, 6)) +
+          (summary.denominator > 1 ? ` (${t("beyondA0", summary.denominator)})` : ""),
+      ]);
       if (summary.limits) rows.push(["limits", box(summary.limits)]);
       if (summary.extents) rows.push(["extents", box(summary.extents)]);
     }
@@ -111,8 +131,10 @@ export class ContentsPanel implements Panel {
     const sentences = new Set(remarks.map((remark) => sentenceOf(remark.sentence)));
     if (inspection.status !== "ok") sentences.add(sentenceOf(inspection.sentence));
     if (sentences.size === 0) return;
-    this.element.append(element("h3", {}, t("remarks")),
-      element("ul", { id: "remarks" }, ...[...sentences].map((text) => element("li", {}, text))));
+    this.element.append(
+      element("h3", {}, t("remarks")),
+      element("ul", { id: "remarks" }, ...[...sentences].map((text) => element("li", {}, text))),
+    );
   }
 
   private addKinds(inspection: Inspection): void {
@@ -122,23 +144,44 @@ export class ContentsPanel implements Panel {
       if (!row.drawn && !row.drawnInBlocks) notes.push(t("neverDrawn"));
       else if (!row.drawn && row.count > 0) notes.push(t("onlyInBlocks"));
       else if (!row.drawnInBlocks && row.inBlocks > 0) notes.push(t("notInBlocks"));
-      body.append(element("tr", { class: notes.length > 0 ? "undrawn" : "" },
-        element("td", {}, row.kind, ...notes.map((note) => element("small", {}, note))),
-        element("td", {}, numberText(row.count)), element("td", {}, row.inBlocks > 0 ? numberText(row.inBlocks) : "")));
+      body.append(
+        element(
+          "tr",
+          { class: notes.length > 0 ? "undrawn" : "" },
+          element("td", {}, row.kind, ...notes.map((note) => element("small", {}, note))),
+          element("td", {}, numberText(row.count)),
+          element("td", {}, row.inBlocks > 0 ? numberText(row.inBlocks) : ""),
+        ),
+      );
     }
-    const head = element("thead", {}, element("tr", {}, element("th", {}, t("kind")), element("th", {}, t("count")),
-      element("th", {}, t("inBlocks"))));
+    const head = element(
+      "thead",
+      {},
+      element("tr", {}, element("th", {}, t("kind")), element("th", {}, t("count")), element("th", {}, t("inBlocks"))),
+    );
     this.element.append(element("h3", {}, t("entities")), element("table", { id: "kinds" }, head, body));
   }
 
   private addNames(inspection: Inspection): void {
     const add = (key: TextKey, names: string[]): void => {
       if (names.length === 0) return;
-      this.element.append(element("details", {}, element("summary", {}, `${t(key)} (${names.length})`),
-        element("p", { class: "names" }, names.join(", "))));
+      this.element.append(
+        element(
+          "details",
+          {},
+          element("summary", {}, `${t(key)} (${names.length})`),
+          element("p", { class: "names" }, names.join(", ")),
+        ),
+      );
     };
-    add("blocks", inspection.blocks.map((block) => `${block.name} (${block.entities})`));
-    add("lineTypes", inspection.lineTypes.map((type) => type.name));
+    add(
+      "blocks",
+      inspection.blocks.map((block) => `${block.name} (${block.entities})`),
+    );
+    add(
+      "lineTypes",
+      inspection.lineTypes.map((type) => type.name),
+    );
     add("dimStyles", inspection.dimStyles);
   }
 }

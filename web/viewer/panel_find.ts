@@ -27,11 +27,20 @@ export class FindPanel implements Panel {
       event.preventDefault();
       this.step(event.shiftKey ? -1 : 1);
     });
-    this.element = element("div", { class: "panel-body" }, this.input,
-      element("div", { class: "row" }, this.count,
+    this.element = element(
+      "div",
+      { class: "panel-body" },
+      this.input,
+      element(
+        "div",
+        { class: "row" },
+        this.count,
         iconButton("up", t("previous"), () => this.step(-1), { id: "find-previous" }),
-        iconButton("down", t("next"), () => this.step(1), { id: "find-next" })),
-      element("p", { class: "hint" }, t("findHint")), this.list);
+        iconButton("down", t("next"), () => this.step(1), { id: "find-next" }),
+      ),
+      element("p", { class: "hint" }, t("findHint")),
+      this.list,
+    );
   }
 
   focus(): void {
@@ -46,7 +55,12 @@ export class FindPanel implements Panel {
   /** Goes to another hit. */
   step(by: number): void {
     if (this.hits.length === 0) return;
-    this.current = this.current < 0 ? (by > 0 ? 0 : this.hits.length - 1) : (this.current + by + this.hits.length) % this.hits.length;
+    this.current =
+      this.current < 0
+        ? by > 0
+          ? 0
+          : this.hits.length - 1
+        : (this.current + by + this.hits.length) % this.hits.length;
     this.go();
   }
 
@@ -62,10 +76,16 @@ export class FindPanel implements Panel {
         context.fill();
       }
       if (i !== this.current) return;
-      const box = this.boxOf(hit), from = stage.viewport.toScreen({ x: box.left, y: box.top });
+      const box = this.boxOf(hit),
+        from = stage.viewport.toScreen({ x: box.left, y: box.top });
       context.strokeStyle = "#e06000";
       context.lineWidth = 2;
-      context.strokeRect(from.x - 4, from.y - 4, widthOf(box) * stage.viewport.scale + 8, heightOf(box) * stage.viewport.scale + 8);
+      context.strokeRect(
+        from.x - 4,
+        from.y - 4,
+        widthOf(box) * stage.viewport.scale + 8,
+        heightOf(box) * stage.viewport.scale + 8,
+      );
     });
   }
 
@@ -93,7 +113,8 @@ export class FindPanel implements Panel {
   }
 
   private boxOf(hit: Hit): Box {
-    const { tab, painter } = this.desk, box = emptyBox();
+    const { tab, painter } = this.desk,
+      box = emptyBox();
     for (const text of hit.texts) {
       for (const corner of painter!.corners(tab!.sheet!.texts[text]!)) addPoint(box, corner.x, corner.y);
     }

@@ -8,7 +8,11 @@ import { t } from "./texts";
 import type { TextKey } from "./texts";
 
 const families: readonly (readonly [LineTypeFamily, TextKey])[] = [
-  ["solid", "solid"], ["dashed", "dashed"], ["dotted", "dotted"], ["chain", "chain"], ["double-chain", "doubleChain"],
+  ["solid", "solid"],
+  ["dashed", "dashed"],
+  ["dotted", "dotted"],
+  ["chain", "chain"],
+  ["double-chain", "doubleChain"],
 ];
 
 /** Colour numbers 1 to 7 of a drawing; others are shown in grey. */
@@ -36,25 +40,40 @@ export class LayersPanel implements Panel {
       this.element.replaceChildren(element("p", { class: "hint" }, t("notRead")));
       return;
     }
-    const line = element("div", { class: "row" },
+    const line = element(
+      "div",
+      { class: "row" },
       button(t("all"), () => this.set(() => true), { id: "layers-all" }),
       button(t("none"), () => this.set(() => false), { id: "layers-none" }),
-      button(t("invert"), () => this.set((_, shown) => !shown), { id: "layers-invert" }));
+      button(t("invert"), () => this.set((_, shown) => !shown), { id: "layers-invert" }),
+    );
     const types = element("fieldset", { id: "line-types" }, element("legend", {}, t("lineTypes")));
     for (const [family, key] of families) {
-      types.append(checkbox(t(key), !tab.choices.hiddenLineTypes.has(family), (shown) => this.setFamily(tab, family, shown), {
-        value: family,
-      }));
+      types.append(
+        checkbox(t(key), !tab.choices.hiddenLineTypes.has(family), (shown) => this.setFamily(tab, family, shown), {
+          value: family,
+        }),
+      );
     }
-    const skip = checkbox(t("skipOff"), tab.choices.skipOffLayers, (checked) => {
-      tab.choices.skipOffLayers = this.desk.settings.skipOffLayers = checked;
-      this.desk.keepSettings();
-      this.convertSoon();
-    }, { id: "skip-off" });
-    const types2 = element("div", { class: "row" },
+    const skip = checkbox(
+      t("skipOff"),
+      tab.choices.skipOffLayers,
+      (checked) => {
+        tab.choices.skipOffLayers = this.desk.settings.skipOffLayers = checked;
+        this.desk.keepSettings();
+        this.convertSoon();
+      },
+      { id: "skip-off" },
+    );
+    const types2 = element(
+      "div",
+      { class: "row" },
       button(t("all"), () => this.setFamilies(tab, () => true), { id: "types-all" }),
       button(t("none"), () => this.setFamilies(tab, () => false), { id: "types-none" }),
-      button(t("invert"), () => this.setFamilies(tab, (family) => tab.choices.hiddenLineTypes.has(family)), { id: "types-invert" }));
+      button(t("invert"), () => this.setFamilies(tab, (family) => tab.choices.hiddenLineTypes.has(family)), {
+        id: "types-invert",
+      }),
+    );
     types.append(types2);
     this.element.replaceChildren(this.search, line, this.list, skip, types);
     this.fillList();
@@ -64,7 +83,8 @@ export class LayersPanel implements Panel {
     const { tab } = this.desk;
     if (!tab?.inspection) return;
     const counts = new Map<string, number>();
-    for (const row of tab.inspection.entities) counts.set(row.layer, (counts.get(row.layer) ?? 0) + row.count + row.countInBlocks);
+    for (const row of tab.inspection.entities)
+      counts.set(row.layer, (counts.get(row.layer) ?? 0) + row.count + row.countInBlocks);
     const rows = this.found(tab).map((layer) => this.row(tab, layer, counts.get(layer.name) ?? 0));
     this.list.replaceChildren(...(rows.length > 0 ? rows : [element("p", { class: "hint" }, t("noLayersShown"))]));
   }
@@ -76,11 +96,16 @@ export class LayersPanel implements Panel {
 
   private row(tab: Tab, layer: Layer, count: number): HTMLElement {
     const shown = !tab.choices.hiddenLayers.has(layer.name);
-    const label = checkbox(layer.name, shown, (checked) => {
-      if (checked) tab.choices.hiddenLayers.delete(layer.name);
-      else tab.choices.hiddenLayers.add(layer.name);
-      this.convertSoon();
-    }, { value: layer.name });
+    const label = checkbox(
+      layer.name,
+      shown,
+      (checked) => {
+        if (checked) tab.choices.hiddenLayers.delete(layer.name);
+        else tab.choices.hiddenLayers.add(layer.name);
+        this.convertSoon();
+      },
+      { value: layer.name },
+    );
     const swatch = element("i", { class: "swatch", style: `background:${colours[Math.abs(layer.color)] ?? "#888"}` });
     label.insertBefore(swatch, label.lastChild);
     label.title = `${layer.name} · ${layer.lineType} · ${t("entityCount", count)}`;
@@ -109,7 +134,9 @@ export class LayersPanel implements Panel {
 
   private setFamilies(tab: Tab, wanted: (family: LineTypeFamily) => boolean): void {
     const shown = families.filter(([family]) => wanted(family)).map(([family]) => family);
-    tab.choices.hiddenLineTypes = new Set(families.map(([family]) => family).filter((family) => !shown.includes(family)));
+    tab.choices.hiddenLineTypes = new Set(
+      families.map(([family]) => family).filter((family) => !shown.includes(family)),
+    );
     for (const input of this.element.querySelectorAll<HTMLInputElement>("#line-types input")) {
       input.checked = shown.includes(input.value as LineTypeFamily);
     }

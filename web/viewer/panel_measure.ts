@@ -11,7 +11,9 @@ import { lengthOf, measuredText, MeasureTool, paintMeasured } from "./tool_measu
 import type { Measured, MeasureHost, MeasureKind } from "./tool_measure";
 
 const kinds: readonly (readonly [MeasureKind, TextKey, IconName])[] = [
-  ["distance", "distance", "distance"], ["angle", "angle", "angle"], ["area", "area", "area"],
+  ["distance", "distance", "distance"],
+  ["angle", "angle", "angle"],
+  ["area", "area", "area"],
 ];
 
 export class MeasurePanel implements Panel, MeasureHost {
@@ -26,9 +28,19 @@ export class MeasurePanel implements Panel, MeasureHost {
 
   constructor(private readonly desk: Desk) {
     for (const [kind, key, name] of kinds) {
-      this.tools.append(element("button", {
-        type: "button", "data-kind": kind, "aria-pressed": "false", click: () => this.start(kind),
-      }, icon(name), t(key)));
+      this.tools.append(
+        element(
+          "button",
+          {
+            type: "button",
+            "data-kind": kind,
+            "aria-pressed": "false",
+            click: () => this.start(kind),
+          },
+          icon(name),
+          t(key),
+        ),
+      );
     }
     this.snap = checkbox(t("snap"), desk.settings.snap, (checked) => this.setSnap(checked), { id: "snap" });
     this.element = element("div", { class: "panel-body" }, this.tools, this.live, this.snap, this.unit, this.list);
@@ -41,7 +53,7 @@ export class MeasurePanel implements Panel, MeasureHost {
   update(): void {
     const { tab } = this.desk;
     this.unit.textContent = tab?.sheet && this.units() === 0 ? t("scaleUnknown") : "";
-    const done = tab ? this.measured.get(tab) ?? [] : [];
+    const done = tab ? (this.measured.get(tab) ?? []) : [];
     this.list.replaceChildren(...done.map((measured) => this.row(measured)));
     if (done.length > 0) this.list.append(button(t("clear"), () => this.clear(), { id: "measure-clear" }));
     const { tool } = this.desk.stage;
@@ -114,11 +126,18 @@ export class MeasurePanel implements Panel, MeasureHost {
   }
 
   private row(measured: Measured): HTMLElement {
-    const key = kinds.find(([kind]) => kind === measured.kind)![1], units = this.units(), factor = units > 0 ? units : 0.01;
+    const key = kinds.find(([kind]) => kind === measured.kind)![1],
+      units = this.units(),
+      factor = units > 0 ? units : 0.01;
     const more: string[] = [];
     if (measured.kind === "area") more.push(t("perimeter", numberText(lengthOf(measured.points, true) * factor, 3)));
     if (measured.kind === "distance" && units > 0) more.push(t("onSheet", measuredText(measured, 0)));
-    return element("div", { class: "measured" }, element("span", {}, t(key).replace(/\s*\(.\)$/, "")),
-      element("b", {}, measuredText(measured, units)), ...more.map((text) => element("small", {}, text)));
+    return element(
+      "div",
+      { class: "measured" },
+      element("span", {}, t(key).replace(/\s*\(.\)$/, "")),
+      element("b", {}, measuredText(measured, units)),
+      ...more.map((text) => element("small", {}, text)),
+    );
   }
 }

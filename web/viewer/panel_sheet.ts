@@ -22,34 +22,59 @@ export class SheetPanel implements Panel {
 
   private colours(): HTMLElement {
     const { desk } = this;
-    return radios("colours", t("colours"), [
-      { value: "drawn", label: t("asDrawn") }, { value: "black", label: t("black") }, { value: "dark", label: t("onDark") },
-    ], desk.settings.colours, (value) => {
-      const before = desk.settings.colours;
-      desk.settings.colours = value as Colours;
-      desk.keepSettings();
-      // Black is drawn by the library.
-      if (before === "black" || value === "black") desk.convertAgain();
-      else desk.showAgain();
-    });
+    return radios(
+      "colours",
+      t("colours"),
+      [
+        { value: "drawn", label: t("asDrawn") },
+        { value: "black", label: t("black") },
+        { value: "dark", label: t("onDark") },
+      ],
+      desk.settings.colours,
+      (value) => {
+        const before = desk.settings.colours;
+        desk.settings.colours = value as Colours;
+        desk.keepSettings();
+        // Black is drawn by the library.
+        if (before === "black" || value === "black") desk.convertAgain();
+        else desk.showAgain();
+      },
+    );
   }
 
   private what(tab: Tab): HTMLElement {
-    const group = radios("what", t("what"), [
-      { value: "whole", label: t("wholeSheet") }, { value: "full-size", label: t("fullSize") }, { value: "part", label: t("part") },
-    ], tab.choices.sheet, (value) => {
-      if (value === "part" && !tab.choices.part) return this.desk.choosePart();
-      this.change(tab, { sheet: value as Choices["sheet"] });
-    });
+    const group = radios(
+      "what",
+      t("what"),
+      [
+        { value: "whole", label: t("wholeSheet") },
+        { value: "full-size", label: t("fullSize") },
+        { value: "part", label: t("part") },
+      ],
+      tab.choices.sheet,
+      (value) => {
+        if (value === "part" && !tab.choices.part) return this.desk.choosePart();
+        this.change(tab, { sheet: value as Choices["sheet"] });
+      },
+    );
     const { part } = tab.choices;
     if (part) {
       const mm = (value: number): string => numberText(value / 100, 2);
-      group.append(element("p", { class: "hint", id: "part-size" },
-        t("partOf", mm(part.right - part.left), mm(part.bottom - part.top), mm(part.left), mm(part.top))));
+      group.append(
+        element(
+          "p",
+          { class: "hint", id: "part-size" },
+          t("partOf", mm(part.right - part.left), mm(part.bottom - part.top), mm(part.left), mm(part.top)),
+        ),
+      );
     }
     group.append(button(t("choosePart"), () => this.desk.choosePart(), { id: "choose-part" }));
     if (tab.choices.sheet === "part") {
-      group.append(checkbox(t("wholeTexts"), tab.choices.wholeTexts, (wholeTexts) => this.change(tab, { wholeTexts }), { id: "whole-texts" }));
+      group.append(
+        checkbox(t("wholeTexts"), tab.choices.wholeTexts, (wholeTexts) => this.change(tab, { wholeTexts }), {
+          id: "whole-texts",
+        }),
+      );
     }
     return group;
   }
@@ -57,20 +82,37 @@ export class SheetPanel implements Panel {
   private switches(tab: Tab): HTMLElement {
     const { choices } = tab;
     const turned = checkbox(t("turned"), choices.turned, (value) => this.change(tab, { turned: value }), {
-      id: "turned", disabled: choices.sheet === "part",
+      id: "turned",
+      disabled: choices.sheet === "part",
     });
-    return element("div", { class: "group" }, turned,
-      checkbox(t("halfWidth"), choices.halfWidth, (halfWidth) => {
-        this.desk.settings.halfWidth = halfWidth;
-        this.desk.keepSettings();
-        this.change(tab, { halfWidth });
-      }, { id: "half-width" }),
+    return element(
+      "div",
+      { class: "group" },
+      turned,
+      checkbox(
+        t("halfWidth"),
+        choices.halfWidth,
+        (halfWidth) => {
+          this.desk.settings.halfWidth = halfWidth;
+          this.desk.keepSettings();
+          this.change(tab, { halfWidth });
+        },
+        { id: "half-width" },
+      ),
       checkbox(t("measured"), choices.fit, (fit) => this.change(tab, { fit }), { id: "fit-sheet" }),
-      checkbox(t("format"), choices.asIs, (asIs) => this.change(tab, { asIs }), { id: "as-is" }));
+      checkbox(t("format"), choices.asIs, (asIs) => this.change(tab, { asIs }), { id: "as-is" }),
+    );
   }
 
   private denominator(tab: Tab): HTMLElement {
-    const input = element("input", { type: "number", min: 1, max: 1000, step: 1, id: "denominator", placeholder: "100" });
+    const input = element("input", {
+      type: "number",
+      min: 1,
+      max: 1000,
+      step: 1,
+      id: "denominator",
+      placeholder: "100",
+    });
     if (tab.choices.denominator > 0) input.value = String(tab.choices.denominator);
     input.addEventListener("change", () => {
       const value = Math.round(Number(input.value));

@@ -35,7 +35,8 @@ export class PdfFile {
   }
 
   async addStream(bytes: Uint8Array, entries = ""): Promise<number> {
-    const packed = await deflated(bytes), number = this.reserve();
+    const packed = await deflated(bytes),
+      number = this.reserve();
     this.offsets[number] = this.length;
     this.write(`${number} 0 obj\n<< /Length ${packed.length} /Filter /FlateDecode ${entries}>>\nstream\n`);
     this.parts.push(packed);
@@ -45,7 +46,8 @@ export class PdfFile {
   }
 
   finish(root: number, info: number): Uint8Array {
-    const start = this.length, count = this.reserved + 1;
+    const start = this.length,
+      count = this.reserved + 1;
     this.write(`xref\n0 ${count}\n0000000000 65535 f \n`);
     for (let i = 1; i < count; ++i) this.write(`${String(this.offsets[i]!).padStart(10, "0")} 00000 n \n`);
     this.write(`trailer\n<< /Size ${count} /Root ${root} 0 R /Info ${info} 0 R >>\nstartxref\n${start}\n%%EOF\n`);

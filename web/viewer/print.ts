@@ -14,8 +14,11 @@ export interface Paper {
 }
 
 export const papers: readonly Paper[] = [
-  { name: "A4", width: 210, height: 297 }, { name: "A3", width: 297, height: 420 }, { name: "A2", width: 420, height: 594 },
-  { name: "A1", width: 594, height: 841 }, { name: "A0", width: 841, height: 1189 },
+  { name: "A4", width: 210, height: 297 },
+  { name: "A3", width: 297, height: 420 },
+  { name: "A2", width: 420, height: 594 },
+  { name: "A1", width: 594, height: 841 },
+  { name: "A0", width: 841, height: 1189 },
   { name: "Letter", width: 215.9, height: 279.4 },
 ];
 
@@ -31,17 +34,37 @@ export interface PrintPlan {
 
 /** How a sheet comes on paper. @param paper  null: paper as large as the sheet */
 export function planPrint(sheet: Sheet, paper: Paper | null, landscape: boolean, fit: boolean): PrintPlan {
-  const width = widthOf(sheet.frame) / 100, height = heightOf(sheet.frame) / 100;
+  const width = widthOf(sheet.frame) / 100,
+    height = heightOf(sheet.frame) / 100;
   if (!paper) return { width, height, factor: 1, columns: 1, rows: 1 };
   const page = landscape ? { width: paper.height, height: paper.width } : paper;
-  if (fit) return { width: page.width, height: page.height, factor: Math.min(page.width / width, page.height / height), columns: 1, rows: 1 };
+  if (fit)
+    return {
+      width: page.width,
+      height: page.height,
+      factor: Math.min(page.width / width, page.height / height),
+      columns: 1,
+      rows: 1,
+    };
   const pages = (size: number, of: number): number => Math.max(1, Math.ceil(size / of - 1e-3));
-  return { width: page.width, height: page.height, factor: 1, columns: pages(width, page.width), rows: pages(height, page.height) };
+  return {
+    width: page.width,
+    height: page.height,
+    factor: 1,
+    columns: pages(width, page.width),
+    rows: pages(height, page.height),
+  };
 }
 
 const ruler = ((): string => {
-  const ticks = Array.from({ length: 101 }, (_, mm) => `M${mm} 0v${mm % 10 === 0 ? -4 : mm % 5 === 0 ? -3 : -1.8}`).join("");
-  const numbers = Array.from({ length: 11 }, (_, i) => `<text x="${i * 10}" y="-5" text-anchor="middle">${i * 10}</text>`).join("");
+  const ticks = Array.from(
+    { length: 101 },
+    (_, mm) => `M${mm} 0v${mm % 10 === 0 ? -4 : mm % 5 === 0 ? -3 : -1.8}`,
+  ).join("");
+  const numbers = Array.from(
+    { length: 11 },
+    (_, i) => `<text x="${i * 10}" y="-5" text-anchor="middle">${i * 10}</text>`,
+  ).join("");
   return `<g font-family="sans-serif" font-size="3" fill="#000"><path d="M0 0H100${ticks}" fill="none" stroke="#000" stroke-width=".1"/>${numbers}</g>`;
 })();
 
@@ -62,10 +85,17 @@ function printPages(width: number, height: number, pages: HTMLElement[]): void {
   window.print();
 }
 
-export function printSheet(sheet: Sheet, painter: TextPainter, plan: PrintPlan, withRuler: boolean,
-  colorOf: (item: number) => number, textColorOf: (text: number) => number): void {
+export function printSheet(
+  sheet: Sheet,
+  painter: TextPainter,
+  plan: PrintPlan,
+  withRuler: boolean,
+  colorOf: (item: number) => number,
+  textColorOf: (text: number) => number,
+): void {
   const content = svgContent(sheet, painter, colorOf, textColorOf, painter.face.family);
-  const pages: HTMLElement[] = [], scale = plan.factor / 100;
+  const pages: HTMLElement[] = [],
+    scale = plan.factor / 100;
   for (let row = 0; row < plan.rows; ++row) {
     for (let column = 0; column < plan.columns; ++column) {
       const first = pages.length === 0;
@@ -82,8 +112,12 @@ export function printSheet(sheet: Sheet, painter: TextPainter, plan: PrintPlan, 
 /** A page that shows whether a printer keeps the scale. */
 export function printTestPage(): void {
   const { width, height } = papers[0]!;
-  const page = svgPage(width, height, `<g transform="translate(55 60)">${ruler}</g>` +
-    `<g transform="translate(40 240) rotate(-90)">${ruler}</g><rect x="55" y="90" width="100" height="100" fill="none" stroke="#000" stroke-width=".2"/>`);
+  const page = svgPage(
+    width,
+    height,
+    `<g transform="translate(55 60)">${ruler}</g>` +
+      `<g transform="translate(40 240) rotate(-90)">${ruler}</g><rect x="55" y="90" width="100" height="100" fill="none" stroke="#000" stroke-width=".2"/>`,
+  );
   page.append(element("p", {}, t("testPageText")));
   printPages(width, height, [page]);
 }

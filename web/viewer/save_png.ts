@@ -5,7 +5,8 @@ import type { Sheet } from "./sheet";
 import type { TextPainter } from "./text_painter";
 
 /** What browsers make of a canvas. */
-const mostPixels = 120e6, longestSide = 16000;
+const mostPixels = 120e6,
+  longestSide = 16000;
 
 export interface Picture {
   blob: Blob;
@@ -15,24 +16,45 @@ export interface Picture {
 
 /** The resolution that a browser can make of a sheet. */
 export function possibleDpi(sheet: Sheet, dpi: number): number {
-  const width = widthOf(sheet.frame) / 2540, height = heightOf(sheet.frame) / 2540;
+  const width = widthOf(sheet.frame) / 2540,
+    height = heightOf(sheet.frame) / 2540;
   return Math.floor(Math.min(dpi, longestSide / width, longestSide / height, Math.sqrt(mostPixels / (width * height))));
 }
 
-export function paintPicture(sheet: Sheet, painter: TextPainter, scale: number, paper: number,
-  colorOf: (item: number) => number, textColorOf: (text: number) => number): HTMLCanvasElement {
+export function paintPicture(
+  sheet: Sheet,
+  painter: TextPainter,
+  scale: number,
+  paper: number,
+  colorOf: (item: number) => number,
+  textColorOf: (text: number) => number,
+): HTMLCanvasElement {
   const canvas = document.createElement("canvas");
   canvas.width = Math.max(1, Math.round(widthOf(sheet.frame) * scale));
   canvas.height = Math.max(1, Math.round(heightOf(sheet.frame) * scale));
   const context = canvas.getContext("2d", { alpha: false })!;
   context.fillStyle = cssColor(paper);
   context.fillRect(0, 0, canvas.width, canvas.height);
-  paintSheet(context, sheet, { scale, x: 0, y: 0, box: sheet.frame, hairline: 1, colorOf, textColorOf, texts: painter });
+  paintSheet(context, sheet, {
+    scale,
+    x: 0,
+    y: 0,
+    box: sheet.frame,
+    hairline: 1,
+    colorOf,
+    textColorOf,
+    texts: painter,
+  });
   return canvas;
 }
 
-export async function sheetAsPng(sheet: Sheet, painter: TextPainter, wantedDpi: number,
-  colorOf: (item: number) => number, textColorOf: (text: number) => number): Promise<Picture> {
+export async function sheetAsPng(
+  sheet: Sheet,
+  painter: TextPainter,
+  wantedDpi: number,
+  colorOf: (item: number) => number,
+  textColorOf: (text: number) => number,
+): Promise<Picture> {
   const dpi = possibleDpi(sheet, wantedDpi);
   const canvas = paintPicture(sheet, painter, dpi / 2540, 0xffffff, colorOf, textColorOf);
   const blob = await new Promise<Blob | null>((settle) => canvas.toBlob(settle, "image/png"));
@@ -43,8 +65,10 @@ export async function sheetAsPng(sheet: Sheet, painter: TextPainter, wantedDpi: 
 
 /** Adds the resolution to a PNG file: a chunk pHYs after the header. */
 async function withResolution(blob: Blob, dpi: number): Promise<Blob> {
-  const bytes = new Uint8Array(await blob.arrayBuffer()), headerEnd = 33;
-  const chunk = new DataView(new ArrayBuffer(21)), perMetre = Math.round(dpi / 0.0254);
+  const bytes = new Uint8Array(await blob.arrayBuffer()),
+    headerEnd = 33;
+  const chunk = new DataView(new ArrayBuffer(21)),
+    perMetre = Math.round(dpi / 0.0254);
   chunk.setUint32(0, 9);
   chunk.setUint32(4, 0x70485973);
   chunk.setUint32(8, perMetre);

@@ -24,13 +24,20 @@ class SvgSink implements VectorSink {
 
   private open = "";
 
-  constructor(private readonly sheet: Sheet, private readonly painter: TextPainter,
-    private readonly textColorOf: (text: number) => number, private readonly family: string) {}
+  constructor(
+    private readonly sheet: Sheet,
+    private readonly painter: TextPainter,
+    private readonly textColorOf: (text: number) => number,
+    private readonly family: string,
+  ) {}
 
   begin(pen: Pen, color: number): void {
-    const width = Math.max(pen.width, fileHairline), dashes = pen.width <= fileHairline ? dashLengths[pen.dash]! : [];
-    const dash = dashes.length > 0
-      ? ` stroke-dasharray="${dashes.map((length) => short(length * screenPixel)).join(" ")}" stroke-linecap="butt"` : "";
+    const width = Math.max(pen.width, fileHairline),
+      dashes = pen.width <= fileHairline ? dashLengths[pen.dash]! : [];
+    const dash =
+      dashes.length > 0
+        ? ` stroke-dasharray="${dashes.map((length) => short(length * screenPixel)).join(" ")}" stroke-linecap="butt"`
+        : "";
     this.open = `<path stroke="${cssColor(color)}" stroke-width="${short(width)}"${dash} d="`;
     this.path = [];
   }
@@ -56,20 +63,27 @@ class SvgSink implements VectorSink {
   }
 
   text(index: number): void {
-    const text = this.sheet.texts[index]!, layout = this.painter.layout(text), color = this.textColorOf(index);
+    const text = this.sheet.texts[index]!,
+      layout = this.painter.layout(text),
+      color = this.textColorOf(index);
     if (color < 0 || layout.em <= 0 || text.text.trim() === "") return;
     const degrees = (text.angle * 180) / Math.PI;
-    const transform = `translate(${short(text.x)} ${short(text.y)}) rotate(${short(degrees)}) ` +
+    const transform =
+      `translate(${short(text.x)} ${short(text.y)}) rotate(${short(degrees)}) ` +
       `translate(${short(layout.start)} ${short(layout.baseline)}) scale(${layout.stretch.toFixed(5)} 1)`;
     const places = this.places(text, layout.stretch);
-    this.parts.push(`<text transform="${transform}" x="${places}" font-family="${this.family}" font-size="${short(layout.em)}"` +
-      `${styleOf(text)} fill="${cssColor(color)}" stroke="none" xml:space="preserve">${escaped(text.text)}</text>`);
+    this.parts.push(
+      `<text transform="${transform}" x="${places}" font-family="${this.family}" font-size="${short(layout.em)}"` +
+        `${styleOf(text)} fill="${cssColor(color)}" stroke="none" xml:space="preserve">${escaped(text.text)}</text>`,
+    );
   }
 
   /** The place of each character, in the stretched coordinates. */
   private places(text: SheetText, stretch: number): string {
-    const { em } = this.painter.layout(text), places: string[] = [];
-    let x = 0, unit = 0;
+    const { em } = this.painter.layout(text),
+      places: string[] = [];
+    let x = 0,
+      unit = 0;
     for (const character of text.text) {
       places.push(short(x / stretch));
       const own = this.painter.face.advanceOf(character.codePointAt(0)!) * em * stretch;
@@ -82,23 +96,38 @@ class SvgSink implements VectorSink {
 
 function styleOf({ font }: SheetText): string {
   const decorations = [font.underline && "underline", font.strikeOut && "line-through"].filter(Boolean).join(" ");
-  return (font.italic ? ' font-style="italic"' : "") + (font.weight > 400 ? ` font-weight="${font.weight}"` : "") +
-    (decorations === "" ? "" : ` text-decoration="${decorations}"`);
+  return (
+    (font.italic ? ' font-style="italic"' : "") +
+    (font.weight > 400 ? ` font-weight="${font.weight}"` : "") +
+    (decorations === "" ? "" : ` text-decoration="${decorations}"`)
+  );
 }
 
 /** The shapes, without the element around them. */
-export function svgContent(sheet: Sheet, painter: TextPainter, colorOf: (item: number) => number,
-  textColorOf: (text: number) => number, ownFamily = ""): string {
+export function svgContent(
+  sheet: Sheet,
+  painter: TextPainter,
+  colorOf: (item: number) => number,
+  textColorOf: (text: number) => number,
+  ownFamily = "",
+): string {
   const family = ownFamily === "" ? fileFamilies : `'${ownFamily}',${fileFamilies}`;
   const sink = new SvgSink(sheet, painter, textColorOf, family);
   walkSheet(sheet, colorOf, sink);
   return `<g fill="none" stroke-linecap="round" stroke-linejoin="round">${sink.parts.join("\n")}</g>`;
 }
 
-export function sheetAsSvg(sheet: Sheet, painter: TextPainter, colorOf: (item: number) => number,
-  textColorOf: (text: number) => number): string {
-  const width = widthOf(sheet.frame), height = heightOf(sheet.frame);
-  return `<?xml version="1.0" encoding="UTF-8"?>\n<svg xmlns="http://www.w3.org/2000/svg" width="${short(width / 100)}mm" ` +
+export function sheetAsSvg(
+  sheet: Sheet,
+  painter: TextPainter,
+  colorOf: (item: number) => number,
+  textColorOf: (text: number) => number,
+): string {
+  const width = widthOf(sheet.frame),
+    height = heightOf(sheet.frame);
+  return (
+    `<?xml version="1.0" encoding="UTF-8"?>\n<svg xmlns="http://www.w3.org/2000/svg" width="${short(width / 100)}mm" ` +
     `height="${short(height / 100)}mm" viewBox="0 0 ${short(width)} ${short(height)}">\n` +
-    `<rect width="100%" height="100%" fill="#fff"/>\n${svgContent(sheet, painter, colorOf, textColorOf)}\n</svg>\n`;
+    `<rect width="100%" height="100%" fill="#fff"/>\n${svgContent(sheet, painter, colorOf, textColorOf)}\n</svg>\n`
+  );
 }

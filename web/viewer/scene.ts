@@ -13,7 +13,8 @@ export interface ColourRules {
 }
 
 export function colourRules(tab: Tab, colours: Colours): ColourRules {
-  const sheet = tab.sheet!, { comparison } = tab;
+  const sheet = tab.sheet!,
+    { comparison } = tab;
   if (comparison) {
     return {
       colorOf: (item) => onlyColours[comparison.items[item] as Only],
@@ -28,6 +29,7 @@ export function colourRules(tab: Tab, colours: Colours): ColourRules {
 }
 
 export function sceneOf(tab: Tab, colours: Colours): Scene {
-  const sheet = tab.sheet!, look = colours === "dark" ? looks.dark : looks.light;
+  const sheet = tab.sheet!,
+    look = colours === "dark" ? looks.dark : looks.light;
   return { sheet, look: { ...look, frame: sheet.frame }, ...colourRules(tab, colours) };
 }

@@ -26,7 +26,9 @@ export class Segments {
   private allCentres: Point[] | null = null;
 
   constructor(readonly sheet: Sheet) {
-    const coordinates: number[] = [], items: number[] = [], tolerance = coarseTolerance(sheet) / 4;
+    const coordinates: number[] = [],
+      items: number[] = [],
+      tolerance = coarseTolerance(sheet) / 4;
     for (let item = 0; item < sheet.count; ++item) {
       let last: Point | null = null;
       flattenItem(sheet, item, tolerance, (x, y) => {
@@ -41,7 +43,8 @@ export class Segments {
     this.items = Uint32Array.from(items);
     this.count = items.length;
     this.area = sheet.count > 0 ? sheet.bounds : sheet.frame;
-    const most = 768, cells = Math.min(most, Math.max(1, Math.ceil(Math.sqrt(this.count / 2))));
+    const most = 768,
+      cells = Math.min(most, Math.max(1, Math.ceil(Math.sqrt(this.count / 2))));
     this.columns = this.rows = cells;
     this.cellWidth = Math.max(1, widthOf(this.area)) / cells;
     this.cellHeight = Math.max(1, heightOf(this.area)) / cells;
@@ -56,7 +59,8 @@ export class Segments {
   /** The short lines whose cells meet a box, each once; at most so many. */
   near(box: Box, most: number): number[] {
     const found = new Set<number>();
-    const first = this.column(box.left), last = this.column(box.right);
+    const first = this.column(box.left),
+      last = this.column(box.right);
     for (let row = this.row(box.top); row <= this.row(box.bottom); ++row) {
       for (let column = first; column <= last; ++column) {
         const cell = row * this.columns + column;
@@ -72,9 +76,13 @@ export class Segments {
 
   /** Ends and centres of the stroke of a short line. */
   marks(i: number): Marks {
-    const { sheet } = this, item = this.items[i]!, { data, curves } = sheet, first = item * perItem;
+    const { sheet } = this,
+      item = this.items[i]!,
+      { data, curves } = sheet,
+      first = item * perItem;
     if (sheet.kinds[item] === Kind.arc) {
-      const start = data[first + 4]!, sweep = data[first + 5]!;
+      const start = data[first + 4]!,
+        sweep = data[first + 5]!;
       const whole = Math.abs(sweep) > 2 * Math.PI - 1e-3;
       return {
         ends: whole ? [] : [pointOnArc(data, first, start), pointOnArc(data, first, start + sweep)],
@@ -83,10 +91,20 @@ export class Segments {
     }
     if (sheet.kinds[item] === Kind.curve) {
       const at = data[first]!;
-      return { ends: [{ x: curves[at]!, y: curves[at + 1]! }, { x: curves[at + 6]!, y: curves[at + 7]! }], centres: [] };
+      return {
+        ends: [
+          { x: curves[at]!, y: curves[at + 1]! },
+          { x: curves[at + 6]!, y: curves[at + 7]! },
+        ],
+        centres: [],
+      };
     }
     return {
-      ends: [{ x: data[first]!, y: data[first + 1]! }, { x: data[first + 2]!, y: data[first + 3]! }], centres: [],
+      ends: [
+        { x: data[first]!, y: data[first + 1]! },
+        { x: data[first + 2]!, y: data[first + 3]! },
+      ],
+      centres: [],
     };
   }
 
@@ -106,28 +124,44 @@ export class Segments {
 
   /** Whether the line itself, not only its box, meets a box. */
   private meets(i: number, box: Box): boolean {
-    const { data } = this, x0 = data[4 * i]!, y0 = data[4 * i + 1]!, x1 = data[4 * i + 2]!, y1 = data[4 * i + 3]!;
+    const { data } = this,
+      x0 = data[4 * i]!,
+      y0 = data[4 * i + 1]!,
+      x1 = data[4 * i + 2]!,
+      y1 = data[4 * i + 3]!;
     if (Math.min(x0, x1) > box.right || Math.max(x0, x1) < box.left) return false;
     if (Math.min(y0, y1) > box.bottom || Math.max(y0, y1) < box.top) return false;
     const side = (x: number, y: number): number => (x1 - x0) * (y - y0) - (y1 - y0) * (x - x0);
-    const a = side(box.left, box.top), b = side(box.right, box.top), c = side(box.left, box.bottom), d = side(box.right, box.bottom);
+    const a = side(box.left, box.top),
+      b = side(box.right, box.top),
+      c = side(box.left, box.bottom),
+      d = side(box.right, box.bottom);
     return !(Math.min(a, b, c, d) > 0 || Math.max(a, b, c, d) < 0);
   }
 
   /** Calls for each cell that a line crosses. */
   private forCells(i: number, call: (cell: number) => void): void {
-    const { data } = this, x0 = data[4 * i]!, y0 = data[4 * i + 1]!, x1 = data[4 * i + 2]!, y1 = data[4 * i + 3]!;
-    const top = this.row(Math.min(y0, y1)), bottom = this.row(Math.max(y0, y1));
+    const { data } = this,
+      x0 = data[4 * i]!,
+      y0 = data[4 * i + 1]!,
+      x1 = data[4 * i + 2]!,
+      y1 = data[4 * i + 3]!;
+    const top = this.row(Math.min(y0, y1)),
+      bottom = this.row(Math.max(y0, y1));
     for (let row = top; row <= bottom; ++row) {
-      let left = Math.min(x0, x1), right = Math.max(x0, x1);
+      let left = Math.min(x0, x1),
+        right = Math.max(x0, x1);
       if (top !== bottom) {
         // The part of the line within the row, a little longer.
-        const rowTop = this.area.top + row * this.cellHeight, slope = (x1 - x0) / (y1 - y0);
-        const a = x0 + (rowTop - y0) * slope, b = x0 + (rowTop + this.cellHeight - y0) * slope;
+        const rowTop = this.area.top + row * this.cellHeight,
+          slope = (x1 - x0) / (y1 - y0);
+        const a = x0 + (rowTop - y0) * slope,
+          b = x0 + (rowTop + this.cellHeight - y0) * slope;
         left = Math.max(left, Math.min(a, b) - this.cellWidth * 0.01);
         right = Math.min(right, Math.max(a, b) + this.cellWidth * 0.01);
       }
-      for (let column = this.column(left), end = this.column(right); column <= end; ++column) call(row * this.columns + column);
+      for (let column = this.column(left), end = this.column(right); column <= end; ++column)
+        call(row * this.columns + column);
     }
   }
 }

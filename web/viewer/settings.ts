@@ -19,8 +19,16 @@ export interface Settings {
 const key = "hexlume-viewer";
 
 const defaults: Settings = {
-  language: null, colours: "drawn", panel: "", snap: true, skipOffLayers: false, halfWidth: false, denominator: 0,
-  dpi: 150, paper: "sheet", ruler: false,
+  language: null,
+  colours: "drawn",
+  panel: "",
+  snap: true,
+  skipOffLayers: false,
+  halfWidth: false,
+  denominator: 0,
+  dpi: 150,
+  paper: "sheet",
+  ruler: false,
 };
 
 export function loadSettings(): Settings {
@@ -30,7 +38,8 @@ export function loadSettings(): Settings {
     if (typeof kept !== "object" || kept === null) return settings;
     for (const [name, value] of Object.entries(kept)) {
       const known = settings[name as keyof Settings];
-      if (known !== undefined && (known === null || typeof known === typeof value)) Object.assign(settings, { [name]: value });
+      if (known !== undefined && (known === null || typeof known === typeof value))
+        Object.assign(settings, { [name]: value });
     }
   } catch {
     // Storage is forbidden, or has something else: the defaults hold.

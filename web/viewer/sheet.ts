@@ -147,7 +147,10 @@ export function boundsOf(sheet: Sheet, item: number, box: Box): Box {
   box.right = box.bottom = -Infinity;
   switch (sheet.kinds[item]) {
     case Kind.arc: {
-      const x = data[first]!, y = data[first + 1]!, rx = data[first + 2]!, ry = data[first + 3]!;
+      const x = data[first]!,
+        y = data[first + 1]!,
+        rx = data[first + 2]!,
+        ry = data[first + 3]!;
       addPoint(box, x - rx, y - ry);
       addPoint(box, x + rx, y + ry);
       break;

@@ -17,7 +17,10 @@ scope.onmessage = ({ data: { id, bytes } }) => {
   try {
     const sheet = readMetafile(bytes);
     scope.postMessage({ id, sheet }, [
-      sheet.kinds.buffer, sheet.pens.buffer, sheet.data.buffer, sheet.curves.buffer,
+      sheet.kinds.buffer,
+      sheet.pens.buffer,
+      sheet.data.buffer,
+      sheet.curves.buffer,
     ] as ArrayBuffer[]);
   } catch {
     scope.postMessage({ id, sheet: null }, []);

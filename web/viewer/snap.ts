@@ -13,11 +13,19 @@ export interface Snap {
 const mostLines = 400;
 
 export function crossingOf(data: ArrayLike<number>, a: number, b: number): Point | null {
-  const ax = data[4 * a]!, ay = data[4 * a + 1]!, bx = data[4 * b]!, by = data[4 * b + 1]!;
-  const ux = data[4 * a + 2]! - ax, uy = data[4 * a + 3]! - ay, vx = data[4 * b + 2]! - bx, vy = data[4 * b + 3]! - by;
+  const ax = data[4 * a]!,
+    ay = data[4 * a + 1]!,
+    bx = data[4 * b]!,
+    by = data[4 * b + 1]!;
+  const ux = data[4 * a + 2]! - ax,
+    uy = data[4 * a + 3]! - ay,
+    vx = data[4 * b + 2]! - bx,
+    vy = data[4 * b + 3]! - by;
   const turn = ux * vy - uy * vx;
   if (Math.abs(turn) < 1e-9 * (Math.hypot(ux, uy) * Math.hypot(vx, vy) || 1)) return null;
-  const s = ((bx - ax) * vy - (by - ay) * vx) / turn, r = ((bx - ax) * uy - (by - ay) * ux) / turn, slack = 1e-6;
+  const s = ((bx - ax) * vy - (by - ay) * vx) / turn,
+    r = ((bx - ax) * uy - (by - ay) * ux) / turn,
+    slack = 1e-6;
   if (s < -slack || s > 1 + slack || r < -slack || r > 1 + slack) return null;
   return { x: ax + s * ux, y: ay + s * uy };
 }
@@ -26,7 +34,8 @@ export function crossingOf(data: ArrayLike<number>, a: number, b: number): Point
 export function findSnap(segments: Segments, at: Point, radius: number): Snap | null {
   const box = { left: at.x - radius, top: at.y - radius, right: at.x + radius, bottom: at.y + radius };
   const lines = segments.near(box, mostLines);
-  let best: Snap | null = null, nearest = radius;
+  let best: Snap | null = null,
+    nearest = radius;
   // A later kind must be nearer by a bit: an end is preferred to a crossing at the same place.
   const consider = (point: Point, kind: SnapKind, handicap: number): void => {
     const distance = Math.hypot(point.x - at.x, point.y - at.y) + handicap * radius;

@@ -17,7 +17,8 @@ interface Job {
 }
 
 /** Milliseconds of a frame, and records between two looks at the clock. */
-const budget = 9, pace = 4000;
+const budget = 9,
+  pace = 4000;
 
 /** 0xRRGGBB as it is in memory. */
 function inMemory(color: number): number {
@@ -63,7 +64,8 @@ export class SoftRenderer implements Renderer {
   }
 
   private resize(view: Viewport, density: number): void {
-    const width = Math.max(1, Math.round(view.width * density)), height = Math.max(1, Math.round(view.height * density));
+    const width = Math.max(1, Math.round(view.width * density)),
+      height = Math.max(1, Math.round(view.height * density));
     if (this.raster && this.canvas.width === width && this.canvas.height === height) return;
     this.canvas.width = this.picture.width = width;
     this.canvas.height = this.picture.height = height;
@@ -72,19 +74,25 @@ export class SoftRenderer implements Renderer {
   }
 
   private begin(view: Viewport, density: number, look: Look, key: string): Job {
-    const raster = this.raster!, { left, top, right, bottom } = look.frame;
-    const from = view.toScreen({ x: left, y: top }), to = view.toScreen({ x: right, y: bottom });
+    const raster = this.raster!,
+      { left, top, right, bottom } = look.frame;
+    const from = view.toScreen({ x: left, y: top }),
+      to = view.toScreen({ x: right, y: bottom });
     const pixel = (value: number): number => Math.round(value * density);
     raster.clear(inMemory(look.around));
     raster.box(pixel(from.x), pixel(from.y), pixel(to.x), pixel(to.y), inMemory(look.paper));
     return {
-      view: view.copy(), look: key, runs: runsIn(this.instances, view),
+      view: view.copy(),
+      look: key,
+      runs: runsIn(this.instances, view),
       at: { x: view.x, y: view.y, scale: view.scale * density, leastHalf: Math.max(0.5, density * 0.4) },
     };
   }
 
   private work(): void {
-    const job = this.job!, raster = this.raster!, end = performance.now() + budget;
+    const job = this.job!,
+      raster = this.raster!,
+      end = performance.now() + budget;
     while (job.runs.length > 0 && performance.now() < end) {
       for (const run of takeRecords(job.runs, pace)) raster.draw(this.floats, this.words, run.first, run.count, job.at);
     }
@@ -107,7 +115,8 @@ export class SoftRenderer implements Renderer {
     context.fillStyle = cssColor(look.paper);
     context.fillRect(from.x * density, from.y * density, (to.x - from.x) * density, (to.y - from.y) * density);
     if (!old) return;
-    const at = view.toScreen({ x: old.x, y: old.y }), part = (view.scale / old.scale) * density;
+    const at = view.toScreen({ x: old.x, y: old.y }),
+      part = (view.scale / old.scale) * density;
     context.imageSmoothingEnabled = view.scale !== old.scale;
     context.drawImage(this.picture, at.x * density, at.y * density, old.width * part, old.height * part);
   }

@@ -62,9 +62,18 @@ export class Stage {
   constructor(private readonly empty: Look) {
     this.renderer = makeRenderer(this.strokes, new URLSearchParams(location.search).get("renderer"));
     this.textLayer = new TextLayer(this.texts);
-    this.element = element("div", {
-      class: "stage", tabindex: 0, role: "application", "aria-label": t("stage"),
-    }, this.strokes, this.texts, this.over);
+    this.element = element(
+      "div",
+      {
+        class: "stage",
+        tabindex: 0,
+        role: "application",
+        "aria-label": t("stage"),
+      },
+      this.strokes,
+      this.texts,
+      this.over,
+    );
     new ResizeObserver(() => this.resize()).observe(this.element);
     this.listen();
   }
@@ -145,7 +154,8 @@ export class Stage {
 
   private frame(): void {
     this.scheduled = false;
-    const density = window.devicePixelRatio || 1, look = this.scene?.look ?? this.empty;
+    const density = window.devicePixelRatio || 1,
+      look = this.scene?.look ?? this.empty;
     const sharp = this.renderer.draw(this.viewport, density, look);
     const textsSharp = this.textLayer.draw(this.viewport, density);
     this.paintOverlay(density);
@@ -155,7 +165,9 @@ export class Stage {
   }
 
   private paintOverlay(density: number): void {
-    const { viewport, over } = this, width = Math.round(viewport.width * density), height = Math.round(viewport.height * density);
+    const { viewport, over } = this,
+      width = Math.round(viewport.width * density),
+      height = Math.round(viewport.height * density);
     if (over.width !== width || over.height !== height) {
       over.width = width;
       over.height = height;
@@ -173,8 +185,15 @@ export class Stage {
   private refine(): void {
     const { scene, viewport } = this;
     if (!scene || !hasCurves(scene.sheet)) return;
-    const finer = viewport.scale / this.detailScale, box = viewport.box, region = this.detailRegion;
-    const inside = region && region.left <= box.left && region.top <= box.top && region.right >= box.right && region.bottom >= box.bottom;
+    const finer = viewport.scale / this.detailScale,
+      box = viewport.box,
+      region = this.detailRegion;
+    const inside =
+      region &&
+      region.left <= box.left &&
+      region.top <= box.top &&
+      region.right >= box.right &&
+      region.bottom >= box.bottom;
     const needed = 0.2 / viewport.scale < coarseTolerance(scene.sheet);
     if (finer > 1.5 || finer < 0.4 || (!inside && needed)) {
       this.makeDetail();
@@ -185,8 +204,15 @@ export class Stage {
   private makeDetail(): void {
     const { scene, viewport } = this;
     if (!scene) return this.renderer.setInstances(null);
-    const box = viewport.box, width = widthOf(box), height = heightOf(box);
-    const region = { left: box.left - width, top: box.top - height, right: box.right + width, bottom: box.bottom + height };
+    const box = viewport.box,
+      width = widthOf(box),
+      height = heightOf(box);
+    const region = {
+      left: box.left - width,
+      top: box.top - height,
+      right: box.right + width,
+      bottom: box.bottom + height,
+    };
     const tolerance = 0.15 / viewport.scale;
     this.detailScale = viewport.scale;
     this.detailRegion = region;
@@ -228,7 +254,8 @@ export class Stage {
   }
 
   private moved(event: PointerEvent): void {
-    const at = this.placeOf(event), before = this.pointers.get(event.pointerId);
+    const at = this.placeOf(event),
+      before = this.pointers.get(event.pointerId);
     if (!before) {
       this.onPointer(this.toSheet(at));
       this.tool?.move(this.toSheet(at));
@@ -249,7 +276,8 @@ export class Stage {
   /** Two fingers move and zoom the sheet. */
   private pinch(id: number, before: Point, at: Point): void {
     const other = [...this.pointers].find(([each]) => each !== id)![1];
-    const factor = Math.hypot(at.x - other.x, at.y - other.y) / Math.max(1, Math.hypot(before.x - other.x, before.y - other.y));
+    const factor =
+      Math.hypot(at.x - other.x, at.y - other.y) / Math.max(1, Math.hypot(before.x - other.x, before.y - other.y));
     this.viewport.panBy((at.x - before.x) / 2, (at.y - before.y) / 2);
     this.zoom(factor, { x: (at.x + other.x) / 2, y: (at.y + other.y) / 2 });
   }
@@ -271,7 +299,8 @@ export class Stage {
 
   private wheel(event: WheelEvent): void {
     event.preventDefault();
-    const lines = event.deltaMode === 1 ? 30 : event.deltaMode === 2 ? 400 : 1, at = this.placeOf(event);
+    const lines = event.deltaMode === 1 ? 30 : event.deltaMode === 2 ? 400 : 1,
+      at = this.placeOf(event);
     if (event.shiftKey && !event.ctrlKey) return this.pan(-(event.deltaX || event.deltaY) * lines, 0);
     const speed = event.ctrlKey ? 0.01 : 0.002;
     this.zoom(Math.exp(-Math.max(-300, Math.min(300, event.deltaY * lines)) * speed), at);
@@ -281,23 +310,44 @@ export class Stage {
 
   /** Whether the key was for the view or its tool. */
   key(event: KeyboardEvent): boolean {
-    const page = event.shiftKey ? 0.9 : 0.12, { viewport } = this;
+    const page = event.shiftKey ? 0.9 : 0.12,
+      { viewport } = this;
     if (this.tool && this.keyOfTool(event)) return true;
     switch (event.key) {
-      case "ArrowLeft": this.pan(viewport.width * page, 0); return true;
-      case "ArrowRight": this.pan(-viewport.width * page, 0); return true;
-      case "ArrowUp": this.pan(0, viewport.height * page); return true;
-      case "ArrowDown": this.pan(0, -viewport.height * page); return true;
-      case "+": case "=": case ";": this.zoom(1.25); return true;
-      case "-": this.zoom(0.8); return true;
-      default: return false;
+      case "ArrowLeft":
+        this.pan(viewport.width * page, 0);
+        return true;
+      case "ArrowRight":
+        this.pan(-viewport.width * page, 0);
+        return true;
+      case "ArrowUp":
+        this.pan(0, viewport.height * page);
+        return true;
+      case "ArrowDown":
+        this.pan(0, -viewport.height * page);
+        return true;
+      case "+":
+      case "=":
+      case ";":
+        this.zoom(1.25);
+        return true;
+      case "-":
+        this.zoom(0.8);
+        return true;
+      default:
+        return false;
     }
   }
 
   private keyOfTool(event: KeyboardEvent): boolean {
-    const tool = this.tool!, step = event.shiftKey ? 1 : 12, { viewport } = this;
+    const tool = this.tool!,
+      step = event.shiftKey ? 1 : 12,
+      { viewport } = this;
     const ways: { [key: string]: [number, number] } = {
-      ArrowLeft: [-step, 0], ArrowRight: [step, 0], ArrowUp: [0, -step], ArrowDown: [0, step],
+      ArrowLeft: [-step, 0],
+      ArrowRight: [step, 0],
+      ArrowUp: [0, -step],
+      ArrowDown: [0, step],
     };
     const way = ways[event.key];
     if (!way && event.key !== "Enter") return tool.key(event.key);
@@ -316,8 +366,11 @@ export class Stage {
   }
 
   private keepCrossInside(): void {
-    const cross = this.cross!, { width, height } = this.viewport, margin = 20;
-    const x = Math.min(width - margin, Math.max(margin, cross.x)), y = Math.min(height - margin, Math.max(margin, cross.y));
+    const cross = this.cross!,
+      { width, height } = this.viewport,
+      margin = 20;
+    const x = Math.min(width - margin, Math.max(margin, cross.x)),
+      y = Math.min(height - margin, Math.max(margin, cross.y));
     if (x !== cross.x || y !== cross.y) this.pan(x - cross.x, y - cross.y);
     this.cross = { x, y };
   }
@@ -328,7 +381,10 @@ export const trueScale = 1 / screenPixel;
 
 function paintCross(context: CanvasRenderingContext2D, at: Point): void {
   const arm = 14;
-  for (const [color, width] of [["#fff", 4], ["#d0006f", 2]] as const) {
+  for (const [color, width] of [
+    ["#fff", 4],
+    ["#d0006f", 2],
+  ] as const) {
     context.strokeStyle = color;
     context.lineWidth = width;
     context.beginPath();

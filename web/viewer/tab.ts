@@ -47,10 +47,24 @@ export class Tab {
   /** What the sheet was made from, to see whether its size has changed. */
   frameKey = "";
 
-  constructor(readonly name: string, readonly source: Source | null, defaults: Partial<Choices> = {}) {
+  constructor(
+    readonly name: string,
+    readonly source: Source | null,
+    defaults: Partial<Choices> = {},
+  ) {
     this.choices = {
-      sheet: "whole", part: null, wholeTexts: false, turned: false, halfWidth: false, fit: false, asIs: false,
-      denominator: 0, skipOffLayers: false, hiddenLayers: new Set(), hiddenLineTypes: new Set(), ...defaults,
+      sheet: "whole",
+      part: null,
+      wholeTexts: false,
+      turned: false,
+      halfWidth: false,
+      fit: false,
+      asIs: false,
+      denominator: 0,
+      skipOffLayers: false,
+      hiddenLayers: new Set(),
+      hiddenLineTypes: new Set(),
+      ...defaults,
     };
   }
 
@@ -64,8 +78,12 @@ export class Tab {
     const { choices } = this;
     const part = choices.sheet === "part" ? choices.part : null;
     return {
-      ...this.sheetOptions(), monochrome, halfWidth: choices.halfWidth, skipOffLayers: choices.skipOffLayers,
-      hiddenLayers: [...choices.hiddenLayers], hiddenLineTypes: [...choices.hiddenLineTypes],
+      ...this.sheetOptions(),
+      monochrome,
+      halfWidth: choices.halfWidth,
+      skipOffLayers: choices.skipOffLayers,
+      hiddenLayers: [...choices.hiddenLayers],
+      hiddenLineTypes: [...choices.hiddenLineTypes],
       turned: part === null && choices.turned,
       ...(part ? { sheet: "part" as const, part, wholeTexts: choices.wholeTexts } : {}),
     };

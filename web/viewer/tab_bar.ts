@@ -24,28 +24,60 @@ export class TabBar {
   }
 
   private tab(tab: Tab, isActive: boolean): HTMLElement {
-    const picture = tab.thumbnail === "" ? element("span", { class: "thumbnail" }) : element("img", { class: "thumbnail", src: tab.thumbnail, alt: "" });
-    const made = element("div", {
-      class: `tab ${tab.state}`, role: "tab", "aria-selected": String(isActive), tabindex: isActive ? 0 : -1, title: tab.name,
-      click: () => this.host.activate(tab),
-      auxclick: (event: MouseEvent) => {
-        if (event.button === 1) this.host.close(tab);
+    const picture =
+      tab.thumbnail === ""
+        ? element("span", { class: "thumbnail" })
+        : element("img", { class: "thumbnail", src: tab.thumbnail, alt: "" });
+    const made = element(
+      "div",
+      {
+        class: `tab ${tab.state}`,
+        role: "tab",
+        "aria-selected": String(isActive),
+        tabindex: isActive ? 0 : -1,
+        title: tab.name,
+        click: () => this.host.activate(tab),
+        auxclick: (event: MouseEvent) => {
+          if (event.button === 1) this.host.close(tab);
+        },
       },
-    }, picture, element("span", { class: "name" }, tab.name));
-    made.append(element("button", {
-      type: "button", class: "close", tabindex: -1, "aria-label": t("close", tab.name), title: t("close", tab.name),
-      click: (event: Event) => {
-        event.stopPropagation();
-        this.host.close(tab);
-      },
-    }, icon("close")));
+      picture,
+      element("span", { class: "name" }, tab.name),
+    );
+    made.append(
+      element(
+        "button",
+        {
+          type: "button",
+          class: "close",
+          tabindex: -1,
+          "aria-label": t("close", tab.name),
+          title: t("close", tab.name),
+          click: (event: Event) => {
+            event.stopPropagation();
+            this.host.close(tab);
+          },
+        },
+        icon("close"),
+      ),
+    );
     return made;
   }
 
   private key(event: KeyboardEvent): void {
-    const all = [...this.element.querySelectorAll<HTMLElement>(".tab")], at = all.indexOf(document.activeElement as HTMLElement);
+    const all = [...this.element.querySelectorAll<HTMLElement>(".tab")],
+      at = all.indexOf(document.activeElement as HTMLElement);
     if (at < 0) return;
-    const to = event.key === "ArrowRight" ? at + 1 : event.key === "ArrowLeft" ? at - 1 : event.key === "Home" ? 0 : event.key === "End" ? all.length - 1 : at;
+    const to =
+      event.key === "ArrowRight"
+        ? at + 1
+        : event.key === "ArrowLeft"
+          ? at - 1
+          : event.key === "Home"
+            ? 0
+            : event.key === "End"
+              ? all.length - 1
+              : at;
     if (event.key === "Delete") all[at]!.querySelector<HTMLElement>(".close")!.click();
     else if (event.key === "Enter" || event.key === " ") all[at]!.click();
     else if (to !== at) all[(to + all.length) % all.length]!.click();

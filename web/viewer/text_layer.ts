@@ -42,7 +42,8 @@ export class TextLayer {
   draw(view: Viewport, density: number): boolean {
     this.resize(view, density);
     const isSharp = this.pictureView?.equals(view) === true;
-    const moving = !this.lastView?.equals(view), slow = 10;
+    const moving = !this.lastView?.equals(view),
+      slow = 10;
     this.lastView = view.copy();
     if (isSharp) return true;
     if (moving && this.took > slow && this.pictureView) {
@@ -54,7 +55,8 @@ export class TextLayer {
   }
 
   private resize(view: Viewport, density: number): void {
-    const width = Math.max(1, Math.round(view.width * density)), height = Math.max(1, Math.round(view.height * density));
+    const width = Math.max(1, Math.round(view.width * density)),
+      height = Math.max(1, Math.round(view.height * density));
     if (this.canvas.width === width && this.canvas.height === height) return;
     this.canvas.width = this.picture.width = width;
     this.canvas.height = this.picture.height = height;
@@ -62,7 +64,9 @@ export class TextLayer {
   }
 
   private paint(view: Viewport, density: number): void {
-    const start = performance.now(), { context, sheet, painter } = this, box = view.box;
+    const start = performance.now(),
+      { context, sheet, painter } = this,
+      box = view.box;
     context.clearRect(0, 0, this.canvas.width, this.canvas.height);
     const place = { scale: view.scale * density, x: view.x, y: view.y };
     for (const step of this.steps) {
@@ -82,13 +86,17 @@ export class TextLayer {
   }
 
   private showMoved(view: Viewport, density: number): void {
-    const old = this.pictureView!, at = view.toScreen({ x: old.x, y: old.y }), part = (view.scale / old.scale) * density;
+    const old = this.pictureView!,
+      at = view.toScreen({ x: old.x, y: old.y }),
+      part = (view.scale / old.scale) * density;
     this.context.clearRect(0, 0, this.canvas.width, this.canvas.height);
     this.context.drawImage(this.picture, at.x * density, at.y * density, old.width * part, old.height * part);
   }
 
   private erase(item: number, scale: number, view: Viewport): void {
-    const { context } = this, { data, kinds } = this.sheet!, first = item * perItem;
+    const { context } = this,
+      { data, kinds } = this.sheet!,
+      first = item * perItem;
     const x = (index: number): number => (data[first + index]! - view.x) * scale;
     const y = (index: number): number => (data[first + index]! - view.y) * scale;
     const isBox = kinds[item] === Kind.box;
@@ -106,14 +114,18 @@ export class TextLayer {
 
 function stepsOf(sheet: Sheet, painter: TextPainter): Step[] {
   const steps: Step[] = sheet.texts.map((text, index) => ({
-    index, isText: true, order: text.after - 0.5, bounds: painter.bounds(text),
+    index,
+    isText: true,
+    order: text.after - 0.5,
+    bounds: painter.bounds(text),
   }));
   const fills: number[] = [];
   sheet.kinds.forEach((kind, item) => {
     if (isFill(kind)) fills.push(item);
   });
   if (fills.length * steps.length > mostPairs) return steps;
-  const texts = steps.slice(), box = emptyBox();
+  const texts = steps.slice(),
+    box = emptyBox();
   for (const item of fills) {
     boundsOf(sheet, item, box);
     if (texts.some((text) => text.order < item && overlaps(text.bounds, box))) {

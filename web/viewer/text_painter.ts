@@ -46,9 +46,12 @@ function sizeOf(face: Face, font: SheetFont): { em: number; stretch: number } {
 /** Joins characters to runs while the face's own advances stay within a fiftieth of the em. */
 function runsOf(face: Face, text: SheetText, em: number, stretch: number): { runs: TextRun[]; length: number } {
   const runs: TextRun[] = [];
-  let length = 0, drawn = 0, unit = 0;
+  let length = 0,
+    drawn = 0,
+    unit = 0;
   for (const character of text.text) {
-    const last = runs[runs.length - 1], own = face.advanceOf(character.codePointAt(0)!) * em * stretch;
+    const last = runs[runs.length - 1],
+      own = face.advanceOf(character.codePointAt(0)!) * em * stretch;
     if (last && Math.abs(drawn - length) < em / 50) last.text += character;
     else {
       runs.push({ text: character, x: length });
@@ -71,10 +74,12 @@ export class TextPainter {
   layout(text: SheetText): TextLayout {
     let layout = this.layouts.get(text);
     if (layout) return layout;
-    const { face } = this, { em, stretch } = sizeOf(face, text.font);
+    const { face } = this,
+      { em, stretch } = sizeOf(face, text.font);
     const { runs, length } = runsOf(face, text, em, stretch);
     const start = text.across === Across.centre ? -length / 2 : text.across === Across.right ? -length : 0;
-    const baseline = text.along === Along.baseline ? 0 : text.along === Along.bottom ? -face.descent * em : face.ascent * em;
+    const baseline =
+      text.along === Along.baseline ? 0 : text.along === Along.bottom ? -face.descent * em : face.ascent * em;
     layout = { runs, start, length, baseline, em, stretch };
     this.layouts.set(text, layout);
     return layout;
@@ -83,10 +88,18 @@ export class TextPainter {
   /** The corners of a text on the sheet, in order. */
   corners(text: SheetText): Point[] {
     const { start, length, baseline, em } = this.layout(text);
-    const cos = Math.cos(text.angle), sin = Math.sin(text.angle);
-    const top = baseline - this.face.ascent * em, bottom = baseline + this.face.descent * em;
-    return [[start, top], [start + length, top], [start + length, bottom], [start, bottom]].map(([x, y]) => ({
-      x: text.x + x! * cos - y! * sin, y: text.y + x! * sin + y! * cos,
+    const cos = Math.cos(text.angle),
+      sin = Math.sin(text.angle);
+    const top = baseline - this.face.ascent * em,
+      bottom = baseline + this.face.descent * em;
+    return [
+      [start, top],
+      [start + length, top],
+      [start + length, bottom],
+      [start, bottom],
+    ].map(([x, y]) => ({
+      x: text.x + x! * cos - y! * sin,
+      y: text.y + x! * sin + y! * cos,
     }));
   }
 
@@ -97,10 +110,14 @@ export class TextPainter {
   }
 
   paint(context: Context, text: SheetText, place: PaintPlace, color: number): void {
-    const layout = this.layout(text), pixels = layout.em * place.scale, least = 0.4, greek = 2;
+    const layout = this.layout(text),
+      pixels = layout.em * place.scale,
+      least = 0.4,
+      greek = 2;
     const wide = pixels * layout.stretch;
     if (color < 0 || !(pixels >= least) || !(wide > 0.05) || pixels > 20000 || wide > 20000) return;
-    const cos = Math.cos(text.angle) * place.scale, sin = Math.sin(text.angle) * place.scale;
+    const cos = Math.cos(text.angle) * place.scale,
+      sin = Math.sin(text.angle) * place.scale;
     context.save();
     if (text.clip) this.clip(context, text.clip, place);
     context.fillStyle = `#${color.toString(16).padStart(6, "0")}`;
@@ -114,8 +131,12 @@ export class TextPainter {
   private clip(context: Context, boxes: readonly Box[], place: PaintPlace): void {
     context.beginPath();
     for (const box of boxes) {
-      context.rect((box.left - place.x) * place.scale, (box.top - place.y) * place.scale,
-        (box.right - box.left) * place.scale, (box.bottom - box.top) * place.scale);
+      context.rect(
+        (box.left - place.x) * place.scale,
+        (box.top - place.y) * place.scale,
+        (box.right - box.left) * place.scale,
+        (box.bottom - box.top) * place.scale,
+      );
     }
     context.clip();
   }
@@ -131,14 +152,16 @@ export class TextPainter {
     context.font = cssFont(font, this.face.family);
     context.textBaseline = "alphabetic";
     context.fontKerning = "none";
-    const height = layout.em / drawnEm, width = height * layout.stretch;
+    const height = layout.em / drawnEm,
+      width = height * layout.stretch;
     context.transform(width, 0, 0, height, layout.start, layout.baseline);
     for (const run of layout.runs) context.fillText(run.text, run.x / width, 0);
     context.transform(1 / width, 0, 0, 1 / height, -layout.start / width, -layout.baseline / height);
   }
 
   private paintRules(context: Context, font: SheetFont, layout: TextLayout): void {
-    const { face } = this, thickness = layout.em * face.thickness;
+    const { face } = this,
+      thickness = layout.em * face.thickness;
     const rule = (y: number): void => context.fillRect(layout.start, y - thickness / 2, layout.length, thickness);
     if (font.underline) rule(layout.baseline + layout.em * face.underline);
     if (font.strikeOut) rule(layout.baseline - layout.em * face.strikeOut);

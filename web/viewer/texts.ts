@@ -108,18 +108,27 @@ const table = {
     "All entities are in blocks, and no INSERT places one.",
     "図形はすべてブロック内にあり、INSERT で配置されていません。",
   ],
-  emptyHidden: ["All that would be drawn is on layers or in line types that are left out.", "描画される図形はすべて、除外した画層または線種にあります。"],
+  emptyHidden: [
+    "All that would be drawn is on layers or in line types that are left out.",
+    "描画される図形はすべて、除外した画層または線種にあります。",
+  ],
   emptyOutside: [
     "What is drawn is outside of the sheet: the header's limits or extents don't fit the entities. Measure the sheet from the entities.",
     "図形が用紙の外にあります。ヘッダの範囲が図形と合っていません。「図形から用紙の大きさを決める」をお試しください。",
   ],
-  emptyOther: ["Nothing was drawn: look at the remarks and at the kinds of entities.", "何も描画されませんでした。注意と図形の種類を確認してください。"],
+  emptyOther: [
+    "Nothing was drawn: look at the remarks and at the kinds of entities.",
+    "何も描画されませんでした。注意と図形の種類を確認してください。",
+  ],
   measureNow: ["Measure from the entities", "図形から決める"],
 
   find: ["Find text", "文字を検索"],
   findShort: ["Find", "検索"],
   findPlaceholder: ["Text in the drawing", "図面内の文字"],
-  findHint: ["Half and full width, capitals and small letters are alike.", "全角・半角、大文字・小文字は区別しません。"],
+  findHint: [
+    "Half and full width, capitals and small letters are alike.",
+    "全角・半角、大文字・小文字は区別しません。",
+  ],
   hits: ["{0} of {1}", "{0} / {1}"],
   noHits: ["Not found", "見つかりません"],
   next: ["Next", "次へ"],
@@ -136,16 +145,25 @@ const table = {
   snapCentre: ["centre", "中心"],
   measureDistance: ["Click two points", "2 点をクリック"],
   measureAngle: ["Click the corner, then a point on each arm", "頂点、両方の辺の順にクリック"],
-  measureArea: ["Click the corners; C or a double click closes the area", "頂点をクリックし、C またはダブルクリックで確定"],
+  measureArea: [
+    "Click the corners; C or a double click closes the area",
+    "頂点をクリックし、C またはダブルクリックで確定",
+  ],
   units: ["units", "単位"],
   perimeter: ["perimeter {0}", "周長 {0}"],
   onSheet: ["{0} on the sheet", "用紙上 {0}"],
   clear: ["Clear", "消去"],
-  scaleUnknown: ["In millimetres of the sheet: the drawing's scale isn't known.", "図面の縮尺が不明なため、用紙上の mm で表示します。"],
+  scaleUnknown: [
+    "In millimetres of the sheet: the drawing's scale isn't known.",
+    "図面の縮尺が不明なため、用紙上の mm で表示します。",
+  ],
 
   compare: ["Compare two drawings", "2 図面の比較"],
   compareShort: ["Compare", "比較"],
-  compareHint: ["Open two drawings, then choose them here. What only A has is red, what only B has is green, the rest is grey.", "図面を 2 つ開いてから選択してください。A のみは赤、B のみは緑、共通部分は灰色です。"],
+  compareHint: [
+    "Open two drawings, then choose them here. What only A has is red, what only B has is green, the rest is grey.",
+    "図面を 2 つ開いてから選択してください。A のみは赤、B のみは緑、共通部分は灰色です。",
+  ],
   drawingA: ["A, red", "A（赤）"],
   drawingB: ["B, green", "B（緑）"],
   compareNow: ["Compare", "比較"],
@@ -163,7 +181,10 @@ const table = {
   savePdf: ["PDF, in strokes, texts can be searched", "PDF（ベクタ、文字検索可能）"],
   resolution: ["Resolution", "解像度"],
   saving: ["Saving…", "保存中…"],
-  tooLargePicture: ["The picture is too large for the browser: {0} dpi was used.", "画像が大きすぎるため {0} dpi で保存しました。"],
+  tooLargePicture: [
+    "The picture is too large for the browser: {0} dpi was used.",
+    "画像が大きすぎるため {0} dpi で保存しました。",
+  ],
 
   print: ["Print (Ctrl+P)", "印刷 (Ctrl+P)"],
   printTitle: ["Print", "印刷"],
@@ -179,7 +200,10 @@ const table = {
     "Measure this line: it must have 100 mm. If not, choose “actual size” or “100 %” in the print dialog.",
     "この線は 100 mm です。異なる場合は印刷ダイアログで「実際のサイズ」または「100%」を選択してください。",
   ],
-  printHint: ["Choose “actual size” or “100 %” and no margins in the print dialog.", "印刷ダイアログで「実際のサイズ」または「100%」、余白なしを選択してください。"],
+  printHint: [
+    "Choose “actual size” or “100 %” and no margins in the print dialog.",
+    "印刷ダイアログで「実際のサイズ」または「100%」、余白なしを選択してください。",
+  ],
 
   help: ["Keys and help (?)", "キー操作とヘルプ (?)"],
   helpTitle: ["Keys", "キー操作"],
@@ -197,7 +221,10 @@ const table = {
   helpFind: ["Find; next and previous hit", "検索、次・前の結果"],
   helpMeasure: ["Distance, angle, area", "距離、角度、面積"],
   helpPart: ["Choose a part", "範囲を指定"],
-  helpPoint: ["In these: arrow keys move the cross, Enter sets a point, Backspace takes one back, N snapping on or off", "計測・範囲指定中: 矢印キーで十字を移動、Enter で確定、Backspace で取消、N でスナップ切替"],
+  helpPoint: [
+    "In these: arrow keys move the cross, Enter sets a point, Backspace takes one back, N snapping on or off",
+    "計測・範囲指定中: 矢印キーで十字を移動、Enter で確定、Backspace で取消、N でスナップ切替",
+  ],
   helpEscape: ["Leave a tool, close a panel", "ツールやパネルを閉じる"],
   helpSave: ["Save, print", "保存、印刷"],
 } as const satisfies { [key: string]: readonly [string, string] };

@@ -28,7 +28,11 @@ export interface MeasureHost {
   toggleSnap(): void;
 }
 
-const hints: { [kind in MeasureKind]: TextKey } = { distance: "measureDistance", angle: "measureAngle", area: "measureArea" };
+const hints: { [kind in MeasureKind]: TextKey } = {
+  distance: "measureDistance",
+  angle: "measureAngle",
+  area: "measureArea",
+};
 
 /** The most that a snap may be away from the pointer, in pixels. */
 const snapReach = 12;
@@ -36,7 +40,8 @@ const snapReach = 12;
 export function lengthOf(points: readonly Point[], closed: boolean): number {
   let length = 0;
   for (let i = closed ? 0 : 1; i < points.length; ++i) {
-    const from = points[(i + points.length - 1) % points.length]!, to = points[i]!;
+    const from = points[(i + points.length - 1) % points.length]!,
+      to = points[i]!;
     length += Math.hypot(to.x - from.x, to.y - from.y);
   }
   return length;
@@ -61,7 +66,8 @@ export function angleOf([corner, a, b]: readonly Point[]): number {
 
 /** The numbers of a measurement: in units of the drawing if they are known, otherwise in millimetres. */
 export function measuredText(measured: Measured, units: number): string {
-  const { kind, points } = measured, factor = units > 0 ? units : 0.01;
+  const { kind, points } = measured,
+    factor = units > 0 ? units : 0.01;
   const unit = units > 0 ? "" : " mm";
   if (kind === "angle") return `${numberText(angleOf(points), 2)}°`;
   if (kind === "distance") return `${numberText(lengthOf(points, false) * factor, 3)}${unit}`;
@@ -74,7 +80,10 @@ export class MeasureTool implements Tool {
   private pointer: Point | null = null;
   private snapped: Snap | null = null;
 
-  constructor(readonly kind: MeasureKind, private readonly host: MeasureHost) {}
+  constructor(
+    readonly kind: MeasureKind,
+    private readonly host: MeasureHost,
+  ) {}
 
   get hint(): string {
     return t(hints[this.kind]);
@@ -133,7 +142,9 @@ export class MeasureTool implements Tool {
   private liveText(): string {
     const points = this.pointer ? [...this.points, this.pointer] : this.points;
     const enough = this.kind === "distance" ? 2 : 3;
-    return points.length >= enough && this.points.length > 0 ? measuredText({ kind: this.kind, points }, this.host.units()) : "";
+    return points.length >= enough && this.points.length > 0
+      ? measuredText({ kind: this.kind, points }, this.host.units())
+      : "";
   }
 
   private finish(): void {
@@ -143,10 +154,15 @@ export class MeasureTool implements Tool {
   }
 }
 
-const snapTexts: { [kind in Snap["kind"]]: TextKey } = { end: "snapEnd", crossing: "snapCrossing", centre: "snapCentre" };
+const snapTexts: { [kind in Snap["kind"]]: TextKey } = {
+  end: "snapEnd",
+  crossing: "snapCrossing",
+  centre: "snapCentre",
+};
 
 function paintSnap(context: CanvasRenderingContext2D, view: Viewport, snap: Snap): void {
-  const { x, y } = view.toScreen(snap.point), size = 6;
+  const { x, y } = view.toScreen(snap.point),
+    size = 6;
   context.strokeStyle = "#d0006f";
   context.lineWidth = 2;
   context.beginPath();
@@ -173,7 +189,13 @@ function label(context: CanvasRenderingContext2D, text: string, x: number, y: nu
   context.fillText(text, x, y);
 }
 
-export function paintMeasured(context: CanvasRenderingContext2D, view: Viewport, measured: Measured, text: string, live: boolean): void {
+export function paintMeasured(
+  context: CanvasRenderingContext2D,
+  view: Viewport,
+  measured: Measured,
+  text: string,
+  live: boolean,
+): void {
   const { kind } = measured;
   const points = measured.points.map((point) => view.toScreen(point));
   const path = kind === "angle" && points.length > 2 ? [points[1]!, points[0]!, points[2]!] : points;
@@ -196,9 +218,12 @@ export function paintMeasured(context: CanvasRenderingContext2D, view: Viewport,
     context.fill();
   }
   if (text === "") return;
-  const middle = kind === "angle" ? points[0]! : {
-    x: points.reduce((sum, point) => sum + point.x, 0) / points.length,
-    y: points.reduce((sum, point) => sum + point.y, 0) / points.length,
-  };
+  const middle =
+    kind === "angle"
+      ? points[0]!
+      : {
+          x: points.reduce((sum, point) => sum + point.x, 0) / points.length,
+          y: points.reduce((sum, point) => sum + point.y, 0) / points.length,
+        };
   label(context, text, middle.x + 10, middle.y - 8);
 }

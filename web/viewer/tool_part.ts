@@ -11,7 +11,10 @@ export class PartTool implements Tool {
   private second: Point | null = null;
   private isClicked = false;
 
-  constructor(private readonly frame: Box, private readonly done: (box: Box) => void) {}
+  constructor(
+    private readonly frame: Box,
+    private readonly done: (box: Box) => void,
+  ) {}
 
   get hint(): string {
     return t("partHint");
@@ -49,7 +52,8 @@ export class PartTool implements Tool {
   paint(context: CanvasRenderingContext2D, view: Viewport): void {
     const box = this.box();
     if (!box) return;
-    const from = view.toScreen({ x: box.left, y: box.top }), to = view.toScreen({ x: box.right, y: box.bottom });
+    const from = view.toScreen({ x: box.left, y: box.top }),
+      to = view.toScreen({ x: box.right, y: box.bottom });
     context.fillStyle = "rgba(20, 24, 32, .35)";
     context.beginPath();
     context.rect(0, 0, view.width, view.height);
@@ -67,8 +71,10 @@ export class PartTool implements Tool {
     const x = (value: number): number => Math.round(Math.min(frame.right, Math.max(frame.left, value)));
     const y = (value: number): number => Math.round(Math.min(frame.bottom, Math.max(frame.top, value)));
     return {
-      left: x(Math.min(first.x, second.x)), top: y(Math.min(first.y, second.y)),
-      right: x(Math.max(first.x, second.x)), bottom: y(Math.max(first.y, second.y)),
+      left: x(Math.min(first.x, second.x)),
+      top: y(Math.min(first.y, second.y)),
+      right: x(Math.max(first.x, second.x)),
+      bottom: y(Math.max(first.y, second.y)),
     };
   }
 }

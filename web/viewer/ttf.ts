@@ -41,8 +41,17 @@ export class TrueType {
   }
 
   /** Measures in parts of the em; those of the system's cell. */
-  measures(): { ascent: number; descent: number; averageWidth: number; underline: number; thickness: number; strikeOut: number } {
-    const { view } = this, os2 = this.at("OS/2"), post = this.at("post");
+  measures(): {
+    ascent: number;
+    descent: number;
+    averageWidth: number;
+    underline: number;
+    thickness: number;
+    strikeOut: number;
+  } {
+    const { view } = this,
+      os2 = this.at("OS/2"),
+      post = this.at("post");
     return {
       ascent: this.em(view.getUint16(os2 + 74)),
       descent: this.em(view.getUint16(os2 + 76)),
@@ -61,12 +70,16 @@ export class TrueType {
   }
 
   private findCmap(): [number, number] {
-    const { view } = this, start = this.at("cmap"), count = view.getUint16(start + 2);
+    const { view } = this,
+      start = this.at("cmap"),
+      count = view.getUint16(start + 2);
     let best: [number, number] = [0, 0];
     for (let i = 0; i < count; ++i) {
       const platform = view.getUint16(start + 4 + 8 * i);
-      const offset = start + view.getUint32(start + 8 + 8 * i), format = view.getUint16(offset);
-      if ((platform === 3 || platform === 0) && (format === 12 || (format === 4 && best[1] !== 12))) best = [offset, format];
+      const offset = start + view.getUint32(start + 8 + 8 * i),
+        format = view.getUint16(offset);
+      if ((platform === 3 || platform === 0) && (format === 12 || (format === 4 && best[1] !== 12)))
+        best = [offset, format];
     }
     return best;
   }
@@ -78,9 +91,11 @@ export class TrueType {
 
   private glyphOf12(codePoint: number): number {
     const { view, cmap } = this;
-    let low = 0, high = view.getUint32(cmap + 12) - 1;
+    let low = 0,
+      high = view.getUint32(cmap + 12) - 1;
     while (low <= high) {
-      const middle = (low + high) >> 1, at = cmap + 16 + 12 * middle;
+      const middle = (low + high) >> 1,
+        at = cmap + 16 + 12 * middle;
       if (codePoint < view.getUint32(at)) high = middle - 1;
       else if (codePoint > view.getUint32(at + 4)) low = middle + 1;
       else return view.getUint32(at + 8) + codePoint - view.getUint32(at);
@@ -89,13 +104,18 @@ export class TrueType {
   }
 
   private glyphOf4(codePoint: number): number {
-    const { view, cmap } = this, doubled = view.getUint16(cmap + 6);
-    const ends = cmap + 14, starts = ends + doubled + 2, deltas = starts + doubled, ranges = deltas + doubled;
+    const { view, cmap } = this,
+      doubled = view.getUint16(cmap + 6);
+    const ends = cmap + 14,
+      starts = ends + doubled + 2,
+      deltas = starts + doubled,
+      ranges = deltas + doubled;
     for (let i = 0; i < doubled; i += 2) {
       if (codePoint > view.getUint16(ends + i)) continue;
       const start = view.getUint16(starts + i);
       if (codePoint < start) return 0;
-      const range = view.getUint16(ranges + i), delta = view.getUint16(deltas + i);
+      const range = view.getUint16(ranges + i),
+        delta = view.getUint16(deltas + i);
       if (range === 0) return (codePoint + delta) & 0xffff;
       const glyph = view.getUint16(ranges + i + range + 2 * (codePoint - start));
       return glyph === 0 ? 0 : (glyph + delta) & 0xffff;
@@ -110,8 +130,11 @@ export class TrueType {
   }
 
   private glyphRange(glyph: number): [number, number] {
-    const { view } = this, loca = this.at("loca"), glyf = this.at("glyf");
-    const offset = (i: number): number => this.longOffsets ? view.getUint32(loca + 4 * i) : 2 * view.getUint16(loca + 2 * i);
+    const { view } = this,
+      loca = this.at("loca"),
+      glyf = this.at("glyf");
+    const offset = (i: number): number =>
+      this.longOffsets ? view.getUint32(loca + 4 * i) : 2 * view.getUint16(loca + 2 * i);
     return [glyf + offset(glyph), glyf + offset(glyph + 1)];
   }
 
@@ -121,8 +144,12 @@ export class TrueType {
     used.add(glyph);
     const [start, end] = this.glyphRange(glyph);
     if (end - start < 10 || this.view.getInt16(start) >= 0) return;
-    const wordArguments = 1, scale = 8, more = 32, twoScales = 64, matrix = 128;
-    for (let at = start + 10, flags = more; (flags & more) !== 0 && at + 4 <= end; ) {
+    const wordArguments = 1,
+      scale = 8,
+      more = 32,
+      twoScales = 64,
+      matrix = 128;
+    for (let at = start + 10, flags = more; (flags & more) !== 0 && at + 4 <= end;) {
       flags = this.view.getUint16(at);
       this.addParts(this.view.getUint16(at + 2), used);
       at += 4 + ((flags & wordArguments) !== 0 ? 4 : 2);
@@ -141,7 +168,8 @@ export class TrueType {
     for (let glyph = 0; glyph < this.glyphCount; ++glyph) {
       loca.setUint32(4 * glyph, length);
       if (!used.has(glyph)) continue;
-      const [start, end] = this.glyphRange(glyph), padded = new Uint8Array((end - start + 3) & ~3);
+      const [start, end] = this.glyphRange(glyph),
+        padded = new Uint8Array((end - start + 3) & ~3);
       padded.set(this.bytes.subarray(start, end));
       parts.push(padded);
       length += padded.length;
@@ -154,8 +182,15 @@ export class TrueType {
     const head = copy("head");
     new DataView(head.buffer).setInt16(50, 1);
     const tables: [string, Uint8Array][] = [
-      ["cvt ", copy("cvt ")], ["fpgm", copy("fpgm")], ["glyf", join(parts)], ["head", head], ["hhea", copy("hhea")],
-      ["hmtx", copy("hmtx")], ["loca", new Uint8Array(loca.buffer)], ["maxp", copy("maxp")], ["prep", copy("prep")],
+      ["cvt ", copy("cvt ")],
+      ["fpgm", copy("fpgm")],
+      ["glyf", join(parts)],
+      ["head", head],
+      ["hhea", copy("hhea")],
+      ["hmtx", copy("hmtx")],
+      ["loca", new Uint8Array(loca.buffer)],
+      ["maxp", copy("maxp")],
+      ["prep", copy("prep")],
     ];
     return fontFile(tables.filter(([, bytes]) => bytes.length > 0));
   }

@@ -20,7 +20,12 @@ const mostTogether = 4000;
 export const fileHairline = 10;
 
 export function walkSheet(sheet: Sheet, colorOf: (item: number) => number, sink: VectorSink): void {
-  let pen: Pen | null = null, color = -1, together = 0, text = 0, x = NaN, y = NaN;
+  let pen: Pen | null = null,
+    color = -1,
+    together = 0,
+    text = 0,
+    x = NaN,
+    y = NaN;
   const end = (): void => {
     if (pen) sink.end();
     pen = null;
@@ -35,7 +40,9 @@ export function walkSheet(sheet: Sheet, colorOf: (item: number) => number, sink:
       sink.text(text++);
     }
     if (item === sheet.count) break;
-    const itemColor = colorOf(item), kind = sheet.kinds[item]!, itemPen = sheet.penTable[sheet.pens[item]!]!;
+    const itemColor = colorOf(item),
+      kind = sheet.kinds[item]!,
+      itemPen = sheet.penTable[sheet.pens[item]!]!;
     if (itemColor < 0) continue;
     if (isFill(kind) || kind === Kind.pixel) {
       end();
@@ -50,7 +57,8 @@ export function walkSheet(sheet: Sheet, colorOf: (item: number) => number, sink:
       together = 0;
     }
     ++together;
-    const { data, curves } = sheet, first = item * perItem;
+    const { data, curves } = sheet,
+      first = item * perItem;
     if (kind === Kind.line) {
       goTo(data[first]!, data[first + 1]!);
       sink.line((x = data[first + 2]!), (y = data[first + 3]!));
@@ -68,29 +76,50 @@ export function walkSheet(sheet: Sheet, colorOf: (item: number) => number, sink:
 }
 
 function cornersOf(sheet: Sheet, item: number): number[] {
-  const first = item * perItem, at = (index: number): number => sheet.data[first + index]!;
+  const first = item * perItem,
+    at = (index: number): number => sheet.data[first + index]!;
   const half = fileHairline / 2;
   switch (sheet.kinds[item]) {
-    case Kind.trapezoid: return [at(0), at(1), at(2), at(1), at(5), at(3), at(4), at(3)];
-    case Kind.box: return [at(0), at(1), at(2), at(1), at(2), at(3), at(0), at(3)];
+    case Kind.trapezoid:
+      return [at(0), at(1), at(2), at(1), at(5), at(3), at(4), at(3)];
+    case Kind.box:
+      return [at(0), at(1), at(2), at(1), at(2), at(3), at(0), at(3)];
     default:
-      return [at(0) - half, at(1) - half, at(0) + half, at(1) - half, at(0) + half, at(1) + half, at(0) - half, at(1) + half];
+      return [
+        at(0) - half,
+        at(1) - half,
+        at(0) + half,
+        at(1) - half,
+        at(0) + half,
+        at(1) + half,
+        at(0) - half,
+        at(1) + half,
+      ];
   }
 }
 
 /** An arc as Bezier curves of at most an eighth of a turn. */
 function walkArc(data: ArrayLike<number>, first: number, goTo: (x: number, y: number) => void, sink: VectorSink): void {
-  const x = data[first]!, y = data[first + 1]!, rx = data[first + 2]!, ry = data[first + 3]!;
-  const start = data[first + 4]!, sweep = data[first + 5]!;
-  const count = Math.max(1, Math.ceil(Math.abs(sweep) / (Math.PI / 4) - 1e-9)), step = sweep / count;
+  const x = data[first]!,
+    y = data[first + 1]!,
+    rx = data[first + 2]!,
+    ry = data[first + 3]!;
+  const start = data[first + 4]!,
+    sweep = data[first + 5]!;
+  const count = Math.max(1, Math.ceil(Math.abs(sweep) / (Math.PI / 4) - 1e-9)),
+    step = sweep / count;
   const handle = (4 / 3) * Math.tan(step / 4);
   goTo(x + rx * Math.cos(start), y + ry * Math.sin(start));
   for (let i = 0; i < count; ++i) {
-    const a = start + i * step, b = a + step;
+    const a = start + i * step,
+      b = a + step;
     sink.curve(
-      x + rx * (Math.cos(a) - handle * Math.sin(a)), y + ry * (Math.sin(a) + handle * Math.cos(a)),
-      x + rx * (Math.cos(b) + handle * Math.sin(b)), y + ry * (Math.sin(b) - handle * Math.cos(b)),
-      x + rx * Math.cos(b), y + ry * Math.sin(b),
+      x + rx * (Math.cos(a) - handle * Math.sin(a)),
+      y + ry * (Math.sin(a) + handle * Math.cos(a)),
+      x + rx * (Math.cos(b) + handle * Math.sin(b)),
+      y + ry * (Math.sin(b) - handle * Math.cos(b)),
+      x + rx * Math.cos(b),
+      y + ry * Math.sin(b),
     );
   }
 }

@@ -26,13 +26,17 @@ export class Viewport {
 
   get box(): Box {
     return {
-      left: this.x, top: this.y, right: this.x + this.width / this.scale, bottom: this.y + this.height / this.scale,
+      left: this.x,
+      top: this.y,
+      right: this.x + this.width / this.scale,
+      bottom: this.y + this.height / this.scale,
     };
   }
 
   /** Shows all of a box, with a margin in pixels. */
   fit(box: Box, margin = 24): void {
-    const width = Math.max(1, widthOf(box)), height = Math.max(1, heightOf(box));
+    const width = Math.max(1, widthOf(box)),
+      height = Math.max(1, heightOf(box));
     const inner = (size: number): number => Math.max(16, size - 2 * margin);
     this.scale = Math.min(inner(this.width) / width, inner(this.height) / height, Viewport.most);
     this.centreOn({ x: (box.left + box.right) / 2, y: (box.top + box.bottom) / 2 });
@@ -66,7 +70,12 @@ export class Viewport {
   }
 
   equals(other: Viewport): boolean {
-    return this.scale === other.scale && this.x === other.x && this.y === other.y && this.width === other.width &&
-      this.height === other.height;
+    return (
+      this.scale === other.scale &&
+      this.x === other.x &&
+      this.y === other.y &&
+      this.width === other.width &&
+      this.height === other.height
+    );
   }
 }

@@ -10,8 +10,15 @@ export interface Run {
 }
 
 export function runsIn(instances: Instances | null, view: Viewport): Run[] {
-  const runs: Run[] = [], box = view.box, margin = 3 / view.scale;
-  const grown = { left: box.left - margin, top: box.top - margin, right: box.right + margin, bottom: box.bottom + margin };
+  const runs: Run[] = [],
+    box = view.box,
+    margin = 3 / view.scale;
+  const grown = {
+    left: box.left - margin,
+    top: box.top - margin,
+    right: box.right + margin,
+    bottom: box.bottom + margin,
+  };
   let last: Run | null = null;
   for (const { first, count, bounds } of instances?.chunks ?? []) {
     if (!overlaps(bounds, grown)) continue;
@@ -24,8 +31,9 @@ export function runsIn(instances: Instances | null, view: Viewport): Run[] {
 /** Takes so many records from the start of the runs. */
 export function takeRecords(runs: Run[], most: number): Run[] {
   const taken: Run[] = [];
-  for (let left = most; left > 0 && runs.length > 0; ) {
-    const run = runs[0]!, count = Math.min(left, run.count);
+  for (let left = most; left > 0 && runs.length > 0;) {
+    const run = runs[0]!,
+      count = Math.min(left, run.count);
     taken.push({ first: run.first, count });
     run.first += count;
     run.count -= count;
