@@ -425,7 +425,7 @@ export class App implements Desk {
       if (why) this.showNotice(why.text);
       else this.hideNotice();
     }
-    this.say(this.summary());
+    this.say(this.stage.tool?.hint ?? this.summary());
   }
 
   private summary(): string {
