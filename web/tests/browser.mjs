@@ -1,5 +1,6 @@
 // Opens the viewer in Debian's Chromium, without a network.
 import { chromium } from "playwright-core";
+import { existsSync } from "node:fs";
 import { readFile } from "node:fs/promises";
 import path from "node:path";
 import { fileURLToPath, pathToFileURL } from "node:url";
@@ -18,6 +19,12 @@ export function launch(more = []) {
 
 export function example(name) {
   return path.join(root, "examples", name);
+}
+
+/** The native tool, if it was built. */
+export function nativeTool() {
+  const tool = process.env.HEXLUME_TOOL ?? path.join(root, "build/linux/bin/hexlume");
+  return existsSync(tool) ? tool : undefined;
 }
 
 /** A page with the viewer. It fails the test if the page throws, or asks for anything from the network. */

@@ -7,7 +7,7 @@ import os from "node:os";
 import path from "node:path";
 import { after, before, test } from "node:test";
 import { pathToFileURL } from "node:url";
-import { drop, example, inspected, launch, openViewer, root, settled, viewer } from "./browser.mjs";
+import { drop, example, inspected, launch, nativeTool, openViewer, root, settled, viewer } from "./browser.mjs";
 import { circle, drawing, line } from "./drawings.mjs";
 
 let browser;
@@ -227,16 +227,6 @@ test("the native tool draws as many strokes without a layer", { skip: !nativeToo
   assert.deepEqual(await readFile(await download.path()), await readFile(metafile));
 }));
 
-function nativeTool() {
-  const tool = process.env.HEXLUME_TOOL ?? path.join(root, "build/linux/bin/hexlume");
-  try {
-    execFileSync(tool, ["--version"]);
-    return tool;
-  } catch {
-    return undefined;
-  }
-}
-
 /** Colours that cover some of the window, as numbers 0xRRGGBB. */
 async function coloursShown(page) {
   const png = (await page.screenshot({ clip: await stageBox(page) })).toString("base64");
@@ -293,10 +283,15 @@ test("a part is chosen by dragging, and the sheet turned, at full size, in half-
   assert.ok(await page.isDisabled("#turned"));
   await page.click("#whole-texts");
   await settled(page);
-  await page.click('input[value="whole"]');
-  await page.waitForTimeout(100);
+  // Another part is chosen on the whole sheet.
+  await page.click("#choose-part");
+  await page.waitForFunction(() => document.querySelector("#message").textContent.startsWith("Drag"));
   await settled(page);
-  assert.match(await page.textContent("#message"), /^420 × 297 mm/);
+  await page.mouse.click(...(await placeOf(page, 100, 100)));
+  await page.mouse.click(...(await placeOf(page, 150, 130)));
+  await page.waitForFunction(() => /^(49|50)/.test(document.querySelector("#message").textContent));
+  await page.click('input[value="whole"]');
+  await page.waitForFunction(() => document.querySelector("#message").textContent.startsWith("420 × 297 mm"));
   for (const choice of ["#turned", "#half-width", 'input[value="full-size"]', "#as-is", "#fit-sheet"]) {
     await page.click(choice);
     await page.waitForTimeout(100);

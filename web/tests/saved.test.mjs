@@ -1,12 +1,13 @@
 // What the viewer saves and prints, read again.
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
+import { existsSync, readdirSync } from "node:fs";
 import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
 import os from "node:os";
 import path from "node:path";
 import { after, before, test } from "node:test";
 import { inflateSync } from "node:zlib";
-import { drop, example, inspected, launch, openViewer, settled } from "./browser.mjs";
+import { compareInk, drop, inspected, example, launch, nativeTool, openViewer, root, settled } from "./browser.mjs";
 import { drawing, line } from "./drawings.mjs";
 
 let browser;
@@ -182,14 +183,14 @@ test("printing: on A4 at true scale in pages, and fitted to one page", async () 
   await page.click("#print-button");
   await page.selectOption("#print-paper", "A4");
   // 420 mm over 297, and 297 over 210: two by two pages.
-  assert.equal(await page.textContent("#print-pages"), "4 pages");
+  assert.equal(await page.textContent("#print-pages"), "Pages: 4");
   await page.click("#print-now");
   const pages = await printed();
   assert.equal(pageCount(pages), 4);
   assert.ok(allLines(pages).some((each) => Math.abs(lengthOf(each) - 100) < 0.05));
   await page.click("#print-button");
   await page.click("#print-fit");
-  assert.equal(await page.textContent("#print-pages"), "1 pages");
+  assert.equal(await page.textContent("#print-pages"), "Pages: 1");
   await page.click("#print-now");
   const fitted = await printed();
   assert.equal(pageCount(fitted), 1);
@@ -207,4 +208,38 @@ test("printing: the test page has rulers of 100 mm", async () => {
   await page.click("#print-button");
   await page.selectOption("#print-paper", "sheet");
   await page.keyboard.press("Escape");
+});
+
+const corpus = path.join(root, "../shared/corpus");
+const drawings = [path.join(root, "examples"), corpus].filter(existsSync).flatMap((folder) =>
+  readdirSync(folder).filter((name) => /\.dxf$/i.test(name)).map((name) => path.join(folder, name)));
+
+test("pictures have their ink where those of the native tool have it", { skip: !nativeTool() }, async (context) => {
+  const native = path.join(scratch, "native.png");
+  let worst = 0;
+  for (const file of drawings) {
+    try {
+      execFileSync(nativeTool(), ["--png", native, file, path.join(scratch, "native.emf")], { stdio: "ignore", timeout: 60000 });
+    } catch {
+      continue; // No drawing for the native tool either.
+    }
+    await open(file);
+    // The tool reads recent drawings as they are.
+    const isRecent = /AC10(2[1-9]|3\d)/.test((await readFile(file)).toString("latin1", 0, 8192));
+    if (isRecent) {
+      await page.keyboard.press("s");
+      await page.click("#as-is");
+      await page.waitForTimeout(50);
+      await settled(page);
+      await page.keyboard.press("Escape");
+    }
+    const { bytes } = await save("png", 96);
+    const { first, second, onlyFirst, onlySecond } = await compareInk(page, await readFile(native), bytes);
+    // Letters that are lower than a pixel differ between the two, and small sheets have little else.
+    const share = (onlyFirst + onlySecond) / Math.max(4000, first + second);
+    worst = Math.max(worst, share);
+    assert.ok(share < 0.04, `${path.basename(file)}: ${first} and ${second} pixels of ink, ${onlyFirst} and ${onlySecond} without a neighbour`);
+    await page.keyboard.press("x");
+  }
+  context.diagnostic(`${drawings.length} drawings; at most ${(100 * worst).toFixed(2)} % of the ink has none near it in the other picture`);
 });

@@ -63,6 +63,8 @@ export class App implements Desk {
   private readonly place = element("span", { id: "place" });
   private readonly percent = element("button", { type: "button", id: "percent", title: t("trueSize"), click: () => this.trueSize() });
   private showCard = 0;
+  /** Whose part is chosen as soon as it is shown whole. */
+  private choosesPart: Tab | null = null;
 
   constructor(readonly settings: Settings) {
     this.panels = {
@@ -162,6 +164,7 @@ export class App implements Desk {
 
   open(sources: readonly Source[]): void {
     if (sources.length === 0) return;
+    performance.clearMarks("opened");
     performance.mark("opened");
     const { skipOffLayers, halfWidth, denominator } = this.settings;
     const opened = sources.map((source) => new Tab(source.name, source, { skipOffLayers, halfWidth, denominator }));
@@ -204,7 +207,7 @@ export class App implements Desk {
     const at = this.tabs.indexOf(tab);
     if (at < 0) return;
     tab.converting?.cancel();
-    tab.inspecting?.cancel();
+    stopInspecting(tab);
     this.tabs.splice(at, 1);
     if (this.tab !== tab) return this.update();
     this.tab = null;
@@ -227,7 +230,7 @@ export class App implements Desk {
   private convert(tab: Tab): void {
     if (!this.engine || !tab.source) return;
     tab.converting?.cancel();
-    tab.inspecting?.cancel();
+    stopInspecting(tab);
     tab.state = "converting";
     tab.progress = null;
     const options = { ...tab.options(this.settings.colours === "black"), ...limits };
@@ -254,9 +257,12 @@ export class App implements Desk {
       this.hideCard();
       this.show(tab);
       // After the frame that shows it.
+      performance.clearMarks("shown");
       requestAnimationFrame(() => requestAnimationFrame(() => performance.mark("shown")));
       this.tell(tab);
       this.update();
+      if (this.choosesPart === tab) this.choosePart();
+      this.choosesPart = null;
     }
     this.forgetOld();
     if (conversion.status !== "cancelled") this.inspect(tab);
@@ -266,7 +272,10 @@ export class App implements Desk {
 
   private inspect(tab: Tab): void {
     if (!this.engine || !tab.source) return;
-    const call = this.engine.client.inspect(tab.source.data, tab.sheetOptions(), (progress) => this.onProgress(tab, progress, "inspecting"));
+    const options = tab.sheetOptions(), key = JSON.stringify(options);
+    if (tab.inspection && tab.inspectedFor === key) return this.inspected(tab, tab.inspection);
+    tab.inspectedFor = key;
+    const call = this.engine.client.inspect(tab.source.data, options, (progress) => this.onProgress(tab, progress, "inspecting"));
     tab.inspecting = call;
     void call.result.then((inspection) => {
       if (tab.inspecting === call) this.inspected(tab, inspection);
@@ -275,7 +284,7 @@ export class App implements Desk {
 
   private inspected(tab: Tab, inspection: Inspection): void {
     tab.inspecting = null;
-    tab.inspection = inspection;
+    if (inspection.status !== "cancelled") tab.inspection = inspection;
     if (tab === this.tab) {
       this.updatePanel();
       this.tell(tab);
@@ -502,13 +511,14 @@ export class App implements Desk {
   choosePart(): void {
     const { tab } = this;
     if (!tab?.sheet || !tab.source) return;
-    if (tab.choices.sheet === "part") {
-      // A part is chosen on the whole sheet.
+    if (tab.choices.sheet === "part" || tab.choices.turned) {
+      // A part is chosen on the whole sheet, upright.
       tab.choices.sheet = "whole";
-      this.convert(tab);
+      tab.choices.turned = false;
+      this.choosesPart = tab;
+      return this.convert(tab);
     }
-    const frame = { left: 0, top: 0, right: tab.conversion?.sheetWidth || widthOf(tab.sheet.frame), bottom: tab.conversion?.sheetHeight || heightOf(tab.sheet.frame) };
-    this.setTool(new PartTool(frame, (box) => {
+    this.setTool(new PartTool(tab.sheet.frame, (box) => {
       this.setTool(null);
       tab.choices.part = box;
       tab.choices.sheet = "part";
@@ -634,6 +644,14 @@ export class App implements Desk {
     if (this.tab?.converting) return this.cancel();
     if (this.panel) this.closePanel();
   }
+}
+
+/** Ends an inspection whose result isn't wanted any more. */
+function stopInspecting(tab: Tab): void {
+  const call = tab.inspecting;
+  tab.inspecting = null;
+  if (call) tab.inspectedFor = "";
+  call?.cancel();
 }
 
 function selectorOf(control: Element): string {

@@ -1,11 +1,22 @@
 // The clip region of a metafile: boxes from top to bottom, which don't overlap.
 import type { Box } from "./sheet";
 
+/** The first box that reaches as far down as y. */
+export function firstBelow(boxes: readonly Box[], y: number): number {
+  let low = 0, high = boxes.length;
+  while (low < high) {
+    const middle = (low + high) >> 1;
+    if (boxes[middle]!.bottom < y) low = middle + 1;
+    else high = middle;
+  }
+  return low;
+}
+
 /** The parts of a line from 0 to 1 that are inside the boxes, merged: pairs of start and end. */
 export function partsInside(boxes: readonly Box[], x0: number, y0: number, x1: number, y1: number): number[] {
-  const parts: [number, number][] = [];
-  for (const box of boxes) {
-    const part = partInBox(box, x0, y0, x1, y1);
+  const parts: [number, number][] = [], bottom = Math.max(y0, y1);
+  for (let i = firstBelow(boxes, Math.min(y0, y1)); i < boxes.length && boxes[i]!.top <= bottom; ++i) {
+    const part = partInBox(boxes[i]!, x0, y0, x1, y1);
     if (part) parts.push(part);
   }
   parts.sort((a, b) => a[0] - b[0]);
@@ -40,7 +51,8 @@ function partInBox(box: Box, x0: number, y0: number, x1: number, y1: number): [n
 /** Whether the region has all of a box. */
 export function contains(boxes: readonly Box[], box: Box): boolean {
   let reached = box.top;
-  for (const each of boxes) {
+  for (let i = firstBelow(boxes, box.top); i < boxes.length; ++i) {
+    const each = boxes[i]!;
     if (each.bottom <= reached || each.left > box.left || each.right < box.right) continue;
     if (each.top > reached) return false;
     reached = each.bottom;
@@ -59,6 +71,7 @@ const enum Mode {
 
 /** The region after a call of ExtSelectClipRgn; null is everything. */
 export function combine(current: Box[] | null, boxes: Box[], mode: number): Box[] | null {
+  if (current === null && mode === Mode.intersect) return boxes;
   const everything: Box = { left: -1e9, top: -1e9, right: 1e9, bottom: 1e9 };
   const old = current ?? [everything];
   switch (mode) {
@@ -71,14 +84,31 @@ export function combine(current: Box[] | null, boxes: Box[], mode: number): Box[
   }
 }
 
+/** Gives the boxes that a band meets, band by band from top to bottom. */
+class Bands {
+  private readonly sorted: Box[];
+  private next = 0;
+  private active: Box[] = [];
+
+  constructor(boxes: readonly Box[]) {
+    this.sorted = [...boxes].sort((a, b) => a.top - b.top);
+  }
+
+  at(top: number): Box[] {
+    this.active = this.active.filter((box) => box.bottom > top);
+    while (this.next < this.sorted.length && this.sorted[this.next]!.top <= top) {
+      const box = this.sorted[this.next++]!;
+      if (box.bottom > top) this.active.push(box);
+    }
+    return this.active;
+  }
+}
+
 function byBands(a: readonly Box[], b: readonly Box[], keep: (a: boolean, b: boolean) => boolean): Box[] {
-  const both = [...a, ...b];
-  const levels = [...new Set(both.flatMap((box) => [box.top, box.bottom]))].sort((p, q) => p - q);
-  const result: Box[] = [];
+  const levels = [...new Set([...a, ...b].flatMap((box) => [box.top, box.bottom]))].sort((p, q) => p - q);
+  const result: Box[] = [], first = new Bands(a), second = new Bands(b);
   for (let i = 0; i + 1 < levels.length; ++i) {
-    const top = levels[i]!, bottom = levels[i + 1]!;
-    const inBand = (box: Box): boolean => box.top <= top && box.bottom >= bottom;
-    const rowA = a.filter(inBand), rowB = b.filter(inBand);
+    const top = levels[i]!, bottom = levels[i + 1]!, rowA = first.at(top), rowB = second.at(top);
     const edges = [...new Set([...rowA, ...rowB].flatMap((box) => [box.left, box.right]))].sort((p, q) => p - q);
     for (let k = 0; k + 1 < edges.length; ++k) {
       const left = edges[k]!, right = edges[k + 1]!;

@@ -1,7 +1,7 @@
 // Reads an enhanced metafile into a sheet: the records that the library writes, with the meaning that they have for
 // the system. Other records are skipped, and malformed ones too.
 import { BadMetafile, RecordReader, RecordType } from "./emf_record";
-import { combine, contains, partsInside } from "./clip";
+import { combine, contains, firstBelow, partsInside } from "./clip";
 import { cutToBox, fillPolygon } from "./fill";
 import { flattenArc, flattenCurve } from "./flatten";
 import { addPoint, Across, Along, Dash, emptyBox, Kind, overlaps } from "./sheet";
@@ -360,7 +360,8 @@ class Player {
     const box = emptyBox();
     for (const point of points) addPoint(box, point.x, point.y);
     if (!this.clip || contains(this.clip, box)) return fillPolygon(points, winding, add);
-    for (const clip of this.clip) {
+    for (let i = firstBelow(this.clip, box.top); i < this.clip.length && this.clip[i]!.top <= box.bottom; ++i) {
+      const clip = this.clip[i]!;
       if (!overlaps(clip, box)) continue;
       fillPolygon(cutToBox(points, clip.left, clip.top, clip.right, clip.bottom), winding, add);
     }

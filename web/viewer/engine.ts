@@ -39,7 +39,8 @@ async function unpacked(text: string): Promise<Uint8Array> {
 function startWorker(): Worker {
   const url = URL.createObjectURL(new Blob([workerSource], { type: "text/javascript" }));
   const worker = new Worker(url);
-  URL.revokeObjectURL(url);
+  // Some browsers load the worker a little later.
+  setTimeout(() => URL.revokeObjectURL(url), 20000);
   return worker;
 }
 

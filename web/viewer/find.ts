@@ -28,7 +28,15 @@ function follows(painter: TextPainter, before: SheetText, after: SheetText): boo
   return Math.hypot(startX - endX, startY - endY) < first.em * 0.6;
 }
 
+const known = new WeakMap<Sheet, Line[]>();
+
 function linesOf(sheet: Sheet, painter: TextPainter): Line[] {
+  let lines = known.get(sheet);
+  if (!lines) known.set(sheet, (lines = makeLines(sheet, painter)));
+  return lines;
+}
+
+function makeLines(sheet: Sheet, painter: TextPainter): Line[] {
   const lines: Line[] = [];
   sheet.texts.forEach((text, index) => {
     const line = lines[lines.length - 1], before = sheet.texts[index - 1];

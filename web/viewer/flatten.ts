@@ -4,7 +4,7 @@ import type { Sheet } from "./sheet";
 
 export type AddPoint = (x: number, y: number) => void;
 
-const mostPieces = 2048;
+const mostPieces = 8192;
 
 /** The number of pieces of an arc that differ from it by at most the tolerance. */
 export function arcPieces(radius: number, sweep: number, tolerance: number): number {

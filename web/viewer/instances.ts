@@ -35,6 +35,8 @@ export interface Detail {
 }
 
 const chunkLength = 2048;
+/** With more records than this, curves are cut coarsely, so that a drawing can't take all memory. */
+const mostFine = 6e6;
 
 class Writer {
   private bytes = new Uint8Array(instanceBytes * 4096);
@@ -43,6 +45,10 @@ class Writer {
   private readonly chunks: Chunk[] = [];
   private chunk: Chunk | null = null;
   private count = 0;
+
+  get length(): number {
+    return this.count;
+  }
 
   add(word: number, a: number, b: number, c: number, d: number, e: number, f: number): void {
     if ((this.count + 1) * instanceBytes > this.bytes.length) this.grow();
@@ -111,7 +117,8 @@ export function makeInstances(sheet: Sheet, detail: Detail, colorOf: (item: numb
     } else if (kind === Kind.pixel) {
       writer.add(wordOf(color, Shape.pixel), data[first]!, data[first + 1]!, data[first]!, data[first + 1]!, 0, 0);
     } else {
-      const tolerance = overlaps(box, detail.region) ? detail.tolerance : detail.coarse;
+      const wanted = overlaps(box, detail.region) ? detail.tolerance : detail.coarse;
+      const tolerance = writer.length > mostFine ? Infinity : wanted;
       const word = wordOf(color, pen.dash);
       let x = NaN, y = NaN;
       along = 0;

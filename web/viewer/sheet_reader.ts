@@ -19,7 +19,8 @@ export async function readSheet(bytes: Uint8Array): Promise<Sheet | null> {
 function readInWorker(bytes: Uint8Array): Promise<Sheet | null> {
   const url = URL.createObjectURL(new Blob([workerSource], { type: "text/javascript" }));
   const worker = new Worker(url);
-  URL.revokeObjectURL(url);
+  // Some browsers load the worker a little later.
+  setTimeout(() => URL.revokeObjectURL(url), 20000);
   return new Promise((settle) => {
     const finish = (sheet: Sheet | null): void => {
       worker.terminate();

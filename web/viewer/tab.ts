@@ -42,6 +42,8 @@ export class Tab {
   inspecting: Call<Inspection> | null = null;
   progress: Progress | null = null;
   usedAt = 0;
+  /** The options for which the drawing was inspected. */
+  inspectedFor = "";
   /** What the sheet was made from, to see whether its size has changed. */
   frameKey = "";
 

@@ -171,7 +171,7 @@ const table = {
   paperOfSheet: ["As the sheet ({0} × {1} mm)", "図面と同じ ({0} × {1} mm)"],
   printTrue: ["True scale", "実寸"],
   printFit: ["Fit to the paper", "用紙に合わせる"],
-  tiles: ["{0} pages", "{0} ページ"],
+  tiles: ["Pages: {0}", "{0} ページ"],
   landscape: ["Landscape", "横"],
   ruler: ["With a ruler of 100 mm", "100 mm の目盛付き"],
   testPage: ["Test page", "テストページ"],
