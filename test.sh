@@ -86,7 +86,7 @@ test_build() {
   fi
   report=$(mktemp)
   # The report has the end of a long output, with the closing lines.
-  ctest --preset "$preset" --output-junit "$report" --test-output-truncation head </dev/null || status=$?
+  ctest --preset "$preset" --parallel "$(nproc)" --output-junit "$report" --test-output-truncation head </dev/null || status=$?
   count_results "$report"
   # ctest found no test, or couldn't run.
   [ "$status" -eq 0 ] || [ "$failed" -gt "$failed_before" ] || failed=$((failed + 1))

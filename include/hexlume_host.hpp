@@ -104,7 +104,7 @@ class Rows {
   Rows(const hexlume_result *owner, Accessor rowAt) : result(owner), accessor(rowAt) {}
   /** The first row. */
   Iterator begin() const { return {result, accessor, 0}; }
-  /** Behind the last row. */
+  /** Past the last row. */
   Iterator end() const { return {result, accessor, -1}; }
 
  private:

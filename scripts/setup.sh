@@ -34,7 +34,7 @@ fuzz_packages=(clang googletest libclang-rt-14-dev)
 package_packages=(clang debootstrap doxygen dpkg-dev file lintian lld llvm python3 unzip zip)
 web_packages=(
   cmake ninja-build dpkg-dev emscripten libfast-float-dev nodejs
-  fonts-ipafont-gothic libfreetype6 pkg-config python3 python3-fonttools
+  fonts-ipafont-gothic libfreetype-dev pkg-config python3 python3-fonttools
 )
 # Another Node than Debian's has its own npm, and Debian's would replace it.
 command -v npm >/dev/null || web_packages+=(npm)
