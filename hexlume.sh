@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Converts a drawing and prints the paths of the metafile and its picture. First installs and builds what is missing.
+# Converts a drawing and prints the paths of the metafile and its picture, or makes a page that shows it. First installs and
+# builds what is missing.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
-usage="usage: ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]"
+usage="usage: ./hexlume.sh [--wine x64|x86] DRAWING.dxf [options of the hexlume tool]
+       ./hexlume.sh --view DRAWING.dxf"
 
 help="$usage
 
@@ -11,6 +13,8 @@ Installs what is missing, builds the hexlume tool, and converts the drawing to a
 the current folder and named after the drawing.
 
   --wine x64|x86  use the Windows library, through Wine, instead of the native one
+  --view          make a copy of the viewer that opens with the drawing, instead: a page in the current folder, named
+                  after the drawing
 
 Of the tool's options -d DIR puts both files into DIR, and --png FILE names the picture. docs/command-line.md
 has all of them."
@@ -20,10 +24,29 @@ fail() {
   exit "$1"
 }
 
+# Makes a copy of the viewer with the drawing in it.
+view_drawing() {
+  local drawing=$1 page
+  page=$(basename -- "${drawing%.*}").html
+  "$root/scripts/setup.sh" web
+  "$root/scripts/build.sh" web hexlume_viewer
+  node "$root/web/with_drawing.mjs" "$root/build/web/hexlume-viewer.html" "$drawing" "$page"
+  echo "viewer with the drawing: $(realpath -- "$page")"
+  echo "viewer for any drawing:  $root/build/web/hexlume-viewer.html"
+  echo "Open the first one in a browser: it shows the drawing. On the second one drop any drawings."
+  echo "Both need no network, and the drawings stay on this computer."
+}
+
 preset=linux
 case "${1:-}" in
   -h | --help)
     echo "$help"
+    exit 0
+    ;;
+  --view)
+    [ $# -eq 2 ] || fail 64 "$usage"
+    [ -f "$2" ] || fail 30 "$2: there is no such drawing"
+    view_drawing "$2"
     exit 0
     ;;
   --wine)

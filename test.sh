@@ -1,28 +1,38 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds everything and runs all tests in every build. The last line has the result.
 #
-#   ./test.sh               all tests but those of the packages
+#   ./test.sh               all tests but those of the packages; those of the viewer where 2 GB of disk are free
 #   ./test.sh --native      those that need no Wine
 #   ./test.sh --packages    makes and tests the packages too
+#   ./test.sh --web         those of the viewer alone
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 cd "$root" || exit 1
 
-usage="usage: ./test.sh [--native | --packages]"
+usage="usage: ./test.sh [--native | --packages | --web]"
 native_builds=(linux linux-asan)
 windows_builds=(win-x64 win-x86)
 packages="test"
 with_packages=0
+with_web=if-room
 case "$*" in
   "") ;;
   --packages) with_packages=1 ;;
   --native)
     windows_builds=()
     packages=native-test
+    with_web=no
+    ;;
+  --web)
+    native_builds=()
+    windows_builds=()
+    packages=web-test
+    with_web=alone
     ;;
   --help)
     echo "$usage"
-    echo "Builds and tests everything; with --native only what needs no Wine, with --packages the packages too."
+    echo "Builds and tests everything; with --native only what needs no Wine, with --packages the packages too,"
+    echo "with --web the viewer alone."
     echo "The last line counts the tests."
     exit 0
     ;;
@@ -97,31 +107,61 @@ compare_gdi() {
   return "$status"
 }
 
+# Builds and tests everything but the viewer.
+test_builds() {
+  local preset drawings
+  check "formatting" scripts/check_format.sh
+  for preset in "${native_builds[@]}" "${windows_builds[@]}"; do test_build "$preset"; done
+  for preset in "${windows_builds[@]}"; do
+    check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
+  done
+  if [ "${#windows_builds[@]}" -gt 0 ]; then
+    drawings=(examples tests/drawings)
+    [ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
+    check "our GDI records what Windows' does" compare_gdi
+    check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
+  fi
+  for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
+  check "the engines of archives" scripts/test_engines.sh
+  check "the reference pages" scripts/reference.sh
+  check "the installed package" scripts/test_install.sh
+  if [ "$with_packages" -eq 1 ]; then
+    check "making the packages" scripts/package.sh
+    check "the packages" scripts/test_packages.sh
+  fi
+}
+
+# Builds the viewer and tests it: its library, that it gives what the native one gives, and its page in a browser.
+test_web() {
+  local drawings=(examples tests/drawings)
+  [ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
+  check "the viewer's packages and libraries" scripts/setup.sh web-test
+  check "the viewer builds" scripts/build.sh web
+  check "the native library builds" scripts/build.sh linux hexlume_host_digest hexlume_tool
+  check "the viewer" ctest --preset web
+  check "the web build gives what the native one gives" scripts/compare_web.sh "${drawings[@]}"
+}
+
+# Whether the viewer is tested too. Its compiler and its browser need 2 GB.
+has_room_for_web() {
+  [ "$(df --output=avail -BM . | tail -n 1 | tr -dc 0-9)" -ge 2048 ]
+}
+
+if [ "$with_web" = if-room ]; then
+  with_web=yes
+  has_room_for_web || with_web=no
+  [ "$with_web" = yes ] && echo "2 GB of disk are free, so the viewer is tested too." ||
+    echo "The viewer isn't tested, because fewer than 2 GB of disk are free."
+fi
+
 scripts/setup.sh "$packages" || { echo "setting up failed" >&2; exit 1; }
 if [ "${#windows_builds[@]}" -gt 0 ]; then
   . scripts/wine_environment.sh
   prepare_wine || { echo "setting up Wine failed" >&2; exit 1; }
 fi
 
-check "formatting" scripts/check_format.sh
-for preset in "${native_builds[@]}" "${windows_builds[@]}"; do test_build "$preset"; done
-for preset in "${windows_builds[@]}"; do
-  check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
-done
-if [ "${#windows_builds[@]}" -gt 0 ]; then
-  drawings=(examples tests/drawings)
-  [ ! -d ../shared/corpus ] || drawings+=(../shared/corpus)
-  check "our GDI records what Windows' does" compare_gdi
-  check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
-fi
-for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
-check "the engines of archives" scripts/test_engines.sh
-check "the reference pages" scripts/reference.sh
-check "the installed package" scripts/test_install.sh
-if [ "$with_packages" -eq 1 ]; then
-  check "making the packages" scripts/package.sh
-  check "the packages" scripts/test_packages.sh
-fi
+[ "$with_web" = alone ] || test_builds
+[ "$with_web" = no ] || test_web
 
 echo
 echo "$passed passed, $failed failed"

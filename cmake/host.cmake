@@ -1,56 +1,16 @@
-# The library for hosts written today: the core once more, with the host's answers in place of dialogs, also on Windows, and
-# with neither what the other library does at its load nor what it keeps between calls.
-set(HOST_SOURCES
-  src/host/arguments.cpp
-  src/host/conversion.cpp
-  src/host/diagnosis.cpp
-  src/host/drawing_reader.cpp
-  src/host/host_api.cpp
-  src/host/host_run.cpp
-  src/host/inspection.cpp
-  src/host/metafile_cut.cpp
-  src/host/preparation.cpp
-  src/host/recent_format.cpp
-  src/host/status_text.cpp
-  src/host/utf8.cpp
-)
+# The library for hosts written today, of the objects of host_objects.cmake.
 if(WIN32)
-  set(HOST_SYSTEM_SOURCES
-    src/dialogs/answers/dialog_answers.cpp
-    src/dialogs/answers/selection_sheet.cpp
-    src/dialogs/answers/size_dialog.cpp
-    # A fault stays in the library, and the locale of the process as it is.
-    src/platform/portable/host_exception.cpp
-    src/platform/portable/japanese_locale.cpp
-    src/platform/windows/call_lock.cpp
-    src/platform/windows/metafile_handle.cpp
-    src/platform/windows/utf8_file.cpp
-  )
   set(HOST_EXPORTS src/host/hexlume_host.def src/host/hexlume_host.rc)
   set(HOST_PROPERTIES OUTPUT_NAME HexlumeHost)
   set(HOST_LINK_OPTIONS -static)
   set_source_files_properties(src/host/hexlume_host.rc PROPERTIES
     COMPILE_DEFINITIONS "HEXLUME_VERSION=${PROJECT_VERSION};HEXLUME_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0")
 else()
-  set(HOST_SYSTEM_SOURCES
-    src/platform/portable/call_lock.cpp
-    src/platform/portable/kept_libraries.cpp
-    src/platform/portable/metafile_handle.cpp
-    src/platform/portable/utf8_file.cpp
-  )
   set(HOST_EXPORTS src/host/hexlume_host.map)
   set(HOST_PROPERTIES OUTPUT_NAME hexlume_host VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
     LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/host/hexlume_host.map)
   set(HOST_LINK_OPTIONS -Wl,--version-script=${CMAKE_SOURCE_DIR}/src/host/hexlume_host.map -Wl,--no-undefined)
 endif()
-
-# Objects, which the linker takes before the archive's, and which tests link too.
-add_library(hexlume_host_objects OBJECT ${HOST_SOURCES} ${HOST_SYSTEM_SOURCES})
-target_link_libraries(hexlume_host_objects PUBLIC hexlume_options PRIVATE ${PLATFORM_LIBRARIES})
-math(EXPR HEXLUME_VERSION_NUMBER
-  "${PROJECT_VERSION_MAJOR} * 10000 + ${PROJECT_VERSION_MINOR} * 100 + ${PROJECT_VERSION_PATCH}")
-set_source_files_properties(src/host/host_api.cpp PROPERTIES
-  COMPILE_DEFINITIONS HEXLUME_VERSION_NUMBER=${HEXLUME_VERSION_NUMBER})
 
 add_library(hexlume_host SHARED ${HOST_EXPORTS})
 set_target_properties(hexlume_host PROPERTIES ${HOST_PROPERTIES} LINKER_LANGUAGE CXX)

@@ -16,8 +16,10 @@ set(PLATFORM_SOURCES
   src/platform/portable/arc_bounds.cpp
   src/platform/portable/box_region.cpp
   src/platform/portable/device_context.cpp
+  src/platform/portable/double_text.cpp
   src/platform/portable/emf_writer.cpp
   src/platform/portable/fault_guard.cpp
+  src/platform/portable/file_face.cpp
   src/platform/portable/font_face.cpp
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp

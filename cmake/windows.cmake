@@ -30,6 +30,7 @@ set(PLATFORM_SOURCES
   src/platform/ellipse_scan.cpp
   src/platform/path_region.cpp
   src/platform/polygon_scan.cpp
+  src/platform/portable/double_text.cpp
   src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
   src/platform/windows/full_width.cpp

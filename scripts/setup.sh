@@ -8,7 +8,10 @@
 #   scripts/setup.sh test          for all builds and all tests
 #   scripts/setup.sh fuzz          for the native library and the fuzzer
 #   scripts/setup.sh package       for making and testing the packages
+#   scripts/setup.sh web           for the viewer: emscripten, libraries that it builds, and npm packages
+#   scripts/setup.sh web-test      for the viewer and its tests, with the native library that it is compared with
 set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 native_packages=(
   cmake g++ ninja-build pkg-config
@@ -32,6 +35,13 @@ native_test_packages=(
 windows_test_packages=(googletest xvfb)
 fuzz_packages=(clang googletest libclang-rt-14-dev)
 package_packages=(clang debootstrap doxygen dpkg-dev file lintian lld llvm python3 unzip zip)
+web_packages=(
+  cmake ninja-build dpkg-dev emscripten libfast-float-dev nodejs
+  fonts-ipafont-gothic libfreetype-dev pkg-config python3 python3-fonttools
+)
+# Another Node than Debian's has its own npm, and Debian's would replace it.
+command -v npm >/dev/null || web_packages+=(npm)
+web_test_packages=(chromium poppler-utils)
 
 case "${1:-}" in
   native) packages=("${native_packages[@]}") ;;
@@ -42,7 +52,9 @@ case "${1:-}" in
     ;;
   fuzz) packages=("${native_packages[@]}" "${fuzz_packages[@]}") ;;
   package) packages=("${native_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}") ;;
-  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz|package" >&2; exit 64 ;;
+  web) packages=("${web_packages[@]}") ;;
+  web-test) packages=("${native_packages[@]}" "${native_test_packages[@]}" "${web_packages[@]}" "${web_test_packages[@]}") ;;
+  *) echo "usage: scripts/setup.sh native|native-test|windows|test|fuzz|package|web|web-test" >&2; exit 64 ;;
 esac
 
 as_root() {
@@ -134,3 +146,18 @@ if [ "${#missing[@]}" -gt 0 ]; then
   install_from_configured_archives "${packages[@]}" || install_from_main_archive "${packages[@]}"
 fi
 if needs_wine; then make_japanese_locale; fi
+
+# What the viewer needs besides packages is made in the tree, as the user.
+install_npm_packages() {
+  local folder=$root/web
+  ! cmp -s "$folder/package-lock.json" "$folder/node_modules/.installed" || return 0
+  (cd "$folder" && npm ci --no-audit --no-fund)
+  cp "$folder/package-lock.json" "$folder/node_modules/.installed"
+}
+
+case "$1" in
+  web*)
+    "$root/scripts/build_web_libraries.sh"
+    install_npm_packages
+    ;;
+esac

@@ -2,7 +2,7 @@
 # Checks that hexlume.sh and setup.sh install all they need on a bare Debian 12, in both orders:
 # scripts/test_bare_machine.sh
 #
-# Needs root, debootstrap and the network, and takes a quarter of an hour. The machines are folders below /var/tmp.
+# Needs root, debootstrap and the network, and takes half an hour. The machines are folders below /var/tmp.
 # Their security archive has packages for amd64 only, as on days when its i386 index can't be downloaded: the hardest
 # case for Wine.
 set -euo pipefail
@@ -48,4 +48,5 @@ native="./hexlume.sh examples/WORKSHOP.dxf && test -s WORKSHOP.emf && rm WORKSHO
 windows="./hexlume.sh --wine x86 examples/WORKSHOP.dxf && test -s WORKSHOP.emf"
 try "$native" "scripts/setup.sh test" "$windows"
 try "scripts/setup.sh test" "$native"
+try "./hexlume.sh --view examples/WORKSHOP.dxf && test -s WORKSHOP.html"
 echo "A bare machine gets all it needs, in either order."

@@ -1,13 +1,13 @@
 #include "driver/numbers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 #include <limits>
 #include <string>
 #include <system_error>
 
 #include "driver/short_number.h"
+#include "platform/double_text.h"
 
 namespace hexlume {
 
@@ -80,13 +80,13 @@ double Atof(const char* text) {
 
   double value = 0.0;
   if (ParseShortNumber(text, value)) return negative ? -value : value;
-  auto result = std::from_chars(text, text + std::strlen(text), value);
+  auto result = ParseDouble(text, text + std::strlen(text), value);
   std::string rewritten;
-  if (IsExponent(result.ptr)) {  // std::from_chars accepts e, but not d
+  if (IsExponent(result.ptr)) {  // ParseDouble accepts e, but not d
     rewritten = text;
     rewritten[static_cast<size_t>(result.ptr - text)] = 'e';
     text = rewritten.c_str();
-    result = std::from_chars(text, text + rewritten.size(), value);
+    result = ParseDouble(text, text + rewritten.size(), value);
   }
   if (result.ec == std::errc::result_out_of_range)
     value = IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
