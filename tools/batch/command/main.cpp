@@ -59,7 +59,7 @@ int RunBatchTool(const std::vector<std::string>& arguments) {
   try {
     return Run(arguments);
   } catch (const UsageError& error) {
-    return Fail(std::string(error.what()) + "\nhexlume-batch --help tells how it is used.",
+    return Fail(std::string(error.what()) + "\nhexlume-batch --help shows how it is used.",
                 StatusOf(usageStatus).exit);
   } catch (const OutputError& error) {
     return Fail(error.what(), StatusOf(notWrittenStatus).exit);
