@@ -6,8 +6,6 @@
 #include <limits>
 #include <utility>
 
-#include "platform/mapped_file.h"
-
 namespace hexlume {
 
 namespace {
@@ -33,23 +31,7 @@ class FileSource : public TextSource {
   std::FILE* file;
 };
 
-class MappedSource : public TextSource {
- public:
-  explicit MappedSource(std::unique_ptr<MappedFile> mapped) : file(std::move(mapped)) {}
-
-  std::optional<std::string_view> Whole() const override { return file->Bytes(); }
-  size_t Read(char*, size_t) override { return 0; }
-  bool HasFailed() const override { return false; }
-
- private:
-  std::unique_ptr<MappedFile> file;
-};
-
 std::unique_ptr<TextSource> OpenFile(const char* path) {
-  // A smaller one is read faster than it is mapped.
-  constexpr int64_t leastMapped = 1 << 20;
-  if (auto mapped = MappedFile::Open(path, leastMapped))
-    return std::make_unique<MappedSource>(std::move(mapped));
   auto source = std::make_unique<FileSource>(path);
   return source->IsOpen() ? std::move(source) : nullptr;
 }

@@ -16,8 +16,10 @@ HostRun* currentRun = nullptr;
 
 class MemorySource : public TextSource {
  public:
-  MemorySource(const char* first, int64_t count) : next(first), left(static_cast<size_t>(count)) {}
+  MemorySource(const char* first, int64_t count)
+      : whole(first, static_cast<size_t>(count)), next(first), left(whole.size()) {}
 
+  std::optional<std::string_view> Whole() const override { return whole; }
   size_t Read(char* buffer, size_t size) override {
     const size_t part = std::min(size, left);
     std::memcpy(buffer, next, part);
@@ -28,6 +30,7 @@ class MemorySource : public TextSource {
   bool HasFailed() const override { return false; }
 
  private:
+  std::string_view whole;
   const char* next;
   size_t left;
 };
