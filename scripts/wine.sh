@@ -12,4 +12,14 @@ if [ "${1:-}" = --screen ]; then
   command=("$scripts/with_screen.sh" wine)
   shift
 fi
+# Wine's own processes, which its first program starts, keep that program's output open as long as any program runs. The reader
+# of a pipe, such as ctest, would wait for them.
+if [ -p /dev/stdout ]; then
+  output=$(mktemp)
+  trap 'rm -f "$output"' EXIT
+  status=0
+  "${command[@]}" "$@" >"$output" 2>&1 || status=$?
+  cat "$output"
+  exit "$status"
+fi
 exec "${command[@]}" "$@"
