@@ -23,18 +23,18 @@ while IFS= read -r -d '' drawing; do
 done < <(find "$@" "$scratch/random" -iname '*.dxf' -print0 | sort -z)
 [ "$count" -gt "$random_drawings" ] || { echo "no drawings found in $*" >&2; exit 1; }
 
-# The names are relative to the folder of the drawings, so that all builds print the same messages. A Windows command
+# All through the nine exports, which read drawings as they are. The names are relative to the folder of the drawings, so that all builds print the same messages. A Windows command
 # has at most 32767 characters, hence 400 drawings at a time.
 list() {
   local build=$1 way=$2 screen=() tool
   local folder=$root/build/$build/bin
   case "$build $way" in
-    linux*) tool=("$folder/hexlume") ;;
+    linux*) tool=("$folder/hexlume" --format as-is) ;;
     *--dialogs*)
       screen=("$root/scripts/with_screen.sh")
-      tool=(wine "$folder/hexlume_press_ok.exe" "$(windows_path "$folder/hexlume.exe")")
+      tool=(wine "$folder/hexlume_press_ok.exe" "$(windows_path "$folder/hexlume.exe")" --format as-is)
       ;;
-    *) tool=(wine "$folder/hexlume.exe") ;;
+    *) tool=(wine "$folder/hexlume.exe" --format as-is) ;;
   esac
   cd "$scratch/drawings"
   # shellcheck disable=SC2086 # a way has several words
