@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/auxv.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -15,6 +16,12 @@
 
 namespace hexlume {
 namespace {
+
+const char* OwnProgram() {
+  constexpr const char* link = "/proc/self/exe";
+  // A bare chroot may have no /proc. The system keeps the path by which the program was started, too.
+  return access(link, X_OK) == 0 ? link : reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+}
 
 // Of a process: all that is mapped, and what is in memory.
 struct MemoryPages {
@@ -150,7 +157,7 @@ std::unique_ptr<WorkerProcess> WorkerProcess::Start(int64_t) {
   char* const arguments[] = {name.data(), argument.data(), nullptr};
   pid_t process = 0;
   const int error =
-      posix_spawn(&process, "/proc/self/exe", &settings.files, &settings.attributes, arguments, environ);
+      posix_spawn(&process, OwnProgram(), &settings.files, &settings.attributes, arguments, environ);
   if (error != 0) throw WorkerError(std::strerror(error));
   fcntl(fromWorker.ends[0], F_SETFL, O_NONBLOCK);
   return std::make_unique<LinuxWorker>(process, toWorker.Release(1), fromWorker.Release(0));
