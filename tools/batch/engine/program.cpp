@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/auxv.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -116,9 +117,12 @@ void EndPrograms(const std::vector<pid_t>& processes) {
   }
 }
 
+// A bare chroot may have no /proc. The system keeps the path by which the program was started, too.
 std::string OwnPath() {
   std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error).string();
+  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error) return path.string();
+  return std::filesystem::absolute(reinterpret_cast<const char*>(getauxval(AT_EXECFN)), error).string();
 }
 
 }  // namespace hexlume::batch
