@@ -23,8 +23,8 @@ while IFS= read -r -d '' drawing; do
 done < <(find "$@" "$scratch/random" -iname '*.dxf' -print0 | sort -z)
 [ "$count" -gt "$random_drawings" ] || { echo "no drawings found in $*" >&2; exit 1; }
 
-# All through the nine exports, which read drawings as they are. The names are relative to the folder of the drawings, so that all builds print the same messages. A Windows command
-# has at most 32767 characters, hence 400 drawings at a time.
+# All through the nine exports, which read drawings as they are. The names are relative to the folder of the drawings, so that all
+# builds print the same messages. A Windows command has at most 32767 characters, hence 400 drawings at a time.
 list() {
   local build=$1 way=$2 screen=() tool
   local folder=$root/build/$build/bin
