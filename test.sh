@@ -144,7 +144,7 @@ test_web() {
   fi
   check "the viewer builds" scripts/build.sh web
   check "the native library builds" scripts/build.sh linux hexlume_host_digest hexlume_tool
-  check "the viewer" ctest --preset web
+  check "the viewer" ctest --preset web --parallel "$(nproc)"
   check "the web build gives what the native one gives" scripts/compare_web.sh "${drawings[@]}"
 }
 
