@@ -3,6 +3,7 @@
 #include "canvas/primitive_steps.h"
 #include "driver/numbers.h"
 #include "entities/converter_rules.h"
+#include "text/text_font.h"
 
 namespace hexlume {
 
@@ -183,6 +184,8 @@ double DrawBlockToleranceGlyphs(Canvas canvas, char symbol, double height) {
 }
 
 HFONT CreateToleranceFont(int32_t height) {
+  CountFont();
+  CountText(1);
   constexpr int weight = 1;
   constexpr DWORD defaultClipping = 0;
   constexpr DWORD proofQuality = 2;
