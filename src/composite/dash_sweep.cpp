@@ -5,7 +5,6 @@
 
 #include "driver/numbers.h"
 #include "driver/run_watch.h"
-#include "driver/run_watch.h"
 
 namespace hexlume {
 

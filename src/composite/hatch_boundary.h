@@ -37,7 +37,7 @@ struct HatchBoundary {
   size_t pointCount = 0;      // number of corners of the current path
   HatchExtent extent = {};    // extent of all corners
   std::vector<HatchPath> paths;
-  size_t cornerSum = 0;  // of all paths
+  size_t cornerSum = 0;         // of all paths
   std::vector<Region> regions;  // regions of the paths
 };
 

@@ -151,6 +151,9 @@ void DrawStroke(Canvas canvas, const GlyphStroke& stroke, const POINT& point, do
 }
 
 void DrawStrokes(Canvas canvas, const ToleranceGlyph& glyph, double left, double bottom, double height) {
+  constexpr int64_t stepsOfGlyph = 500;
+  constexpr int64_t bytesOfGlyph = 300;
+  CountWork(stepsOfGlyph, bytesOfGlyph);
   for (const GlyphStroke& stroke : glyph.strokes) {
     DrawStroke(canvas, stroke, ModelToSheet(left + stroke.x * height, bottom + stroke.y * height), height);
   }

@@ -37,7 +37,8 @@ struct WorkBudget {
   int64_t metafileBytes = 0;  // written so far, not less than there are
   int64_t mostSteps = leastSteps;
   int64_t mostMetafileBytes = leastMetafileBytes;
-  uint32_t reached = 0;        // the bounds
+  uint32_t reached = 0;                // the bounds
+  int32_t reachedAt[boundCount] = {};  // positions in the text, by the places of the bits
   bool hasEndedRun = false;
 };
 
@@ -49,15 +50,17 @@ void BeginWork();
 // A drawing of so many bytes may take more.
 void AllowWork(int64_t drawingBytes);
 
+// Notes a bound and where the drawing has reached it.
+void NoteBound(Bound bound);
+
 // Ends the run as a host does, after the entity at hand.
 void EndRunBy(Bound bound);
 
+// Leaves the bounds that a conversion has reached to the host of the nine exports.
+void LeaveBounds();
+
 // Throws faultCode if the budget has ended the run.
 void EndOverBudget();
-
-inline void NoteBound(Bound bound) {
-  work.reached |= bound;
-}
 
 inline void CountSteps(int64_t steps) {
   work.steps += steps;
