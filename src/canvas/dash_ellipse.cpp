@@ -117,7 +117,9 @@ void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, co
     if (IsDot(pattern[index])) {
       DrawDot(canvas, position.x, position.y);
     } else {
+      constexpr int64_t bytesOfArc = 28;  // more than those of a straight stroke
       CountStroke();
+      CountWork(0, bytesOfArc);
       DrawPart(canvas, ellipse, position, PointOnEllipse(ellipse, walk.dashEnd));
     }
   }

@@ -16,8 +16,8 @@ constexpr int32_t maxWalkElements = 10000000;
 // Whether a walk may draw its element of this index.
 inline bool MayStep(int32_t index) {
   constexpr int64_t stepsOfElement = 30;
-  constexpr int64_t bytesOfGap = 16;
-  CountWork(stepsOfElement, bytesOfGap);
+  constexpr int64_t bytesOfElement = 12;  // in addition to those of a stroke
+  CountWork(stepsOfElement, bytesOfElement);
   if (index == maxWalkElements) NoteBound(dashesBound);
   return index < maxWalkElements && !RunHasEnded();
 }

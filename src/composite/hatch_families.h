@@ -19,7 +19,8 @@ constexpr int32_t hatchStrokeLimit = 4'000'000;
 // Takes one of the strokes that are left. Returns false if there is none, or if the run has ended.
 inline bool TakeHatchStroke(int32_t& strokesLeft) {
   constexpr int64_t stepsOfElement = 30;
-  CountSteps(stepsOfElement);
+  constexpr int64_t bytesOfMove = 16;
+  CountWork(stepsOfElement, bytesOfMove);
   if (RunHasEnded()) strokesLeft = 0;
   if (strokesLeft <= 0) return false;
   if (--strokesLeft == 0) NoteBound(hatchStrokesBound);

@@ -42,7 +42,7 @@ void LookAtRun();
 // Each pen, each dash or dot of a line type and each line or dot of a hatch counts as one stroke.
 inline void CountStroke() {
   constexpr int64_t stepsOfStroke = 60;
-  constexpr int64_t bytesOfStroke = 48;  // with a move
+  constexpr int64_t bytesOfStroke = 16;
   CountWork(stepsOfStroke, bytesOfStroke);
   if (++runWatch.strokes >= runWatch.strokesAtLook) LookAtRun();
 }

@@ -82,7 +82,7 @@ TEST(HostBounds, each_kind_is_named) {
   }
 }
 
-// A spline of 330,000 spans counts 990,001 points of 8 bytes and a pen of 112: 7,920,120 bytes. 37 of them are 293,044,440, and
+// A spline of 330,000 spans counts 990,001 points of 8 bytes and a pen of 128: 7,920,136 bytes. 37 of them are 293,045,032, and
 // 38 are more than 300,000,000 and 20 for each byte of the drawing.
 TEST(HostBounds, a_metafile_ends_before_it_fills_the_memory) {
   const host::Result result = ConvertBytes(A3(Repeated("0 SPLINE\n74 330000\n11 5\n21 5\n", 60)));

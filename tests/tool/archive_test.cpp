@@ -384,8 +384,17 @@ TEST_F(Archive, a_bound_that_is_reached_is_named) {
   const Json remark = ReportIn(reported.out).at(0)["remarks"].at(0);
   EXPECT_EQ("bound", remark["name"]);
   EXPECT_TRUE(Contains(remark["message"], words));
-  Write("b.dxf", A3(Line()));
-  EXPECT_EQ("", RunReal("b.dxf c.emf").err);
+  // Also where the drawing ends by it and there is no result.
+  std::string splines;
+  for (int32_t i = 0; i < 60; ++i) splines += "0 SPLINE\n74 330000\n11 5\n21 5\n";
+  Write("b.dxf", A3(splines));
+  for (const std::string report : {"", "--report c.jsonl "}) {
+    const Outcome ended = RunReal("--full-size " + report + "b.dxf c.emf");
+    EXPECT_EQ(11, ended.status);
+    EXPECT_TRUE(Contains(ended.err, "The metafile would be larger than a conversion makes it.")) << ended.err;
+  }
+  Write("c.dxf", A3(Line()));
+  EXPECT_EQ("", RunReal("c.dxf d.emf").err);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // What a conversion counts, and how it ends when that is too much. All counts are worked out from the weights: a stroke has 60
-// steps and 48 bytes, a pen 60 steps and 64 bytes more, an element of a dash pattern 30 steps and 16 bytes, a lookup of a name
+// steps and 16 bytes, a pen 60 steps and 112 bytes more, an element of a dash pattern 30 steps and 12 bytes, a lookup of a name
 // 40 steps, a round over a text 300 steps and 8 for each byte, a point of a spline 40 steps and 8 bytes.
 #include "driver/work_budget.h"
 
@@ -141,7 +141,7 @@ TEST_F(WorkBudgetTest, an_arc_of_a_boundary_counts_its_corners) {
 TEST_F(WorkBudgetTest, a_line_counts_its_pen_and_its_stroke) {
   ListEntity("10 1\n20 1\n11 9\n21 1\n", [](const EntityRun& run) { DrawLine(run); });
   EXPECT_EQ(60 + 60, work.steps);
-  EXPECT_EQ(48 + 64, work.metafileBytes);
+  EXPECT_EQ(16 + 112, work.metafileBytes);
 }
 
 TEST_F(WorkBudgetTest, points_of_a_spline_are_counted_before_they_are_made) {
@@ -149,7 +149,7 @@ TEST_F(WorkBudgetTest, points_of_a_spline_are_counted_before_they_are_made) {
   ListEntity("74 1000\n11 5\n21 5\n", draw);
   // 1000 spans of 3 points and the last one, with a pen.
   EXPECT_EQ(3001 * 40 + 60 + 60, work.steps);
-  EXPECT_EQ(3001 * 8 + 48 + 64, work.metafileBytes);
+  EXPECT_EQ(3001 * 8 + 16 + 112, work.metafileBytes);
   work.mostMetafileBytes = 3001 * 8 - 1;
   EXPECT_EQ("", ListEntity("74 1000\n11 5\n21 5\n", draw));
   EXPECT_EQ(uint32_t{metafileBound}, work.reached);
