@@ -23,6 +23,7 @@ WAYS = {
     "report": ["--to", "emf", "--report", os.devnull],
     "png": ["--to", "png"],
     "svg": ["--to", "svg"],
+    "list": ["--list", "--to", "emf"],
     "pdf": ["--to", "pdf"],
     "all": ["--to", "emf,png,svg,pdf", "--rotate"],
 }

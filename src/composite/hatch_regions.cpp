@@ -5,7 +5,6 @@
 #include <new>
 #include <utility>
 
-#include "driver/run_watch.h"
 #include "driver/work_budget.h"
 #include "platform/path_region.h"
 
@@ -183,7 +182,7 @@ std::vector<Region> MakeRegions(const std::vector<HatchPath>& paths) {
   CountCombining(fitting);
   for (size_t i = 0; i < fitting.count; ++i) {
     CountSteps(StepsOfScan(paths[i]));
-    if (RunHasEnded()) return {};
+    if (IsOverBudget()) return {};
     Region region(CreateRegion(paths[i]));
     if (region) regions.push_back(std::move(region));
   }

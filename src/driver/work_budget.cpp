@@ -42,7 +42,7 @@ void LeaveBounds() {
 }
 
 void EndOverBudget() {
-  if (work.hasEndedRun) throw faultCode;
+  if (IsOverBudget()) throw faultCode;
 }
 
 }  // namespace hexlume

@@ -59,7 +59,12 @@ void EndRunBy(Bound bound);
 // Leaves the bounds that a conversion has reached to the host of the nine exports.
 void LeaveBounds();
 
-// Throws faultCode if the budget has ended the run.
+// Whether the budget has ended the run. What is large isn't begun any more then.
+inline bool IsOverBudget() {
+  return work.hasEndedRun;
+}
+
+// Throws faultCode if it has.
 void EndOverBudget();
 
 inline void CountSteps(int64_t steps) {

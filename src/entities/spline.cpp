@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "driver/group_reader.h"
-#include "driver/run_watch.h"
+#include "driver/work_budget.h"
 #include "entities/block_rules.h"
 #include "entities/converter_rules.h"
 #include "entities/knot_insertion.h"
@@ -73,7 +73,7 @@ std::vector<POINT> StraightSpans(const SplineGroups& spline) {
     return {};
   }
   CountPoints(3 * count + 1);
-  if (RunHasEnded()) return {};
+  if (IsOverBudget()) return {};
   std::vector<POINT> points;
   for (size_t i = 0; i < count; ++i) {
     const POINT start = ElementAt(spline.fit, i);
@@ -92,7 +92,7 @@ std::vector<POINT> BezierPoints(const SplineGroups& spline) {
   if (spline.controlCount == 0) return StraightSpans(spline);
   // Each knot gives at most two points.
   CountPoints(static_cast<size_t>(std::min(spline.controlCount, maxSplinePoints)) + 2 * spline.knots.size());
-  if (RunHasEnded()) return {};
+  if (IsOverBudget()) return {};
   std::vector<POINT> points;
   if (!InsertKnots(spline.control, spline.knots, spline.controlCount, maxSplinePoints, points)) {
     NoteBound(splinePointsBound);
