@@ -2,6 +2,7 @@
 # also on Windows, and with neither what the other library does at its load nor what it keeps between calls.
 set(HOST_SOURCES
   src/host/arguments.cpp
+  src/host/bound_text.cpp
   src/host/conversion.cpp
   src/host/diagnosis.cpp
   src/host/drawing_reader.cpp

@@ -36,6 +36,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/gdi_object.cpp
   src/platform/portable/host_exception.cpp
   src/platform/portable/japanese_locale.cpp
+  src/platform/portable/last_error.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
   src/platform/portable/objects.cpp

@@ -39,6 +39,7 @@ set(PLATFORM_SOURCES
   src/platform/windows/module_file.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/stack_room.cpp
+  src/platform/windows/last_error.cpp
   src/platform/windows/system_version.cpp
 )
 set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)

@@ -34,6 +34,10 @@
  * in a host built with them, structured handling in any host. On Linux it is a C++ exception of type int; a host in C
  * can't catch it and would end, so it should call vzMetaMake.
  *
+ * Bounds. A conversion that has reached bounds of the library leaves HEXLUME_BOUNDS_REACHED, with a bit for each of them,
+ * as the thread's last error (on Windows GetLastError, elsewhere errno), whatever it returns or throws. Bit n is the
+ * bound n of hexlume_host.h. Otherwise it isn't a number with that bit.
+ *
  * Threads. The library keeps one record for the whole process and no lock: calls must not overlap. They may come from
  * different threads one after the other. Dialogs are modal and run on the calling thread; its active window owns them
  * and is disabled while they are shown. A quit message cancels them and is posted again for the host's own loop.
@@ -69,6 +73,9 @@ enum {
   HEXLUME_CANCELLED = 16,    /**< a dialog was cancelled */
   HEXLUME_NOT_A_DRAWING = 30 /**< no drawing, or a fault ended it */
 };
+
+/** A bit of the last error after a conversion that has reached bounds. */
+enum { HEXLUME_BOUNDS_REACHED = 0x20000000 };
 
 /** Converts the whole sheet, fitted to at most A0. */
 int32_t vzMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);

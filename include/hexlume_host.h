@@ -242,8 +242,38 @@ enum {
                                          ones or "?" */
   HEXLUME_REMARK_NOT_UTF8 = 3,      /**< "not-utf8": count lines of a drawing in UTF-8, the first is line, have other
                                          bytes. These lines were read as code page 932 */
-  HEXLUME_REMARK_EMBEDDED = 4       /**< "embedded": count embedded objects were left out */
+  HEXLUME_REMARK_EMBEDDED = 4,      /**< "embedded": count embedded objects were left out */
+  HEXLUME_REMARK_BOUND = 5          /**< "bound": a bound of the library was reached, first in line line. detail is its short
+                                         name, that of hexlume_bound_name(). There is one remark for each bound */
 };
+
+/** Bounds of the library: what a drawing can have too much of. docs/exactness.md has their sizes. The first four end the
+ * drawing with #HEXLUME_STATUS_FAULT, the others leave something out. */
+enum {
+  HEXLUME_BOUND_WORK = 0,             /**< "work": work of a conversion */
+  HEXLUME_BOUND_METAFILE_SIZE = 1,    /**< "metafile-size": bytes of a metafile */
+  HEXLUME_BOUND_NESTED_BYTES = 2,     /**< "nested-bytes": bytes that blocks within blocks read */
+  HEXLUME_BOUND_NESTING_DEPTH = 3,    /**< "nesting-depth": blocks within blocks */
+  HEXLUME_BOUND_HATCH_CORNERS = 4,    /**< "hatch-corners": corners of a hatch's paths */
+  HEXLUME_BOUND_HATCH_PATHS = 5,      /**< "hatch-paths": paths of a hatch */
+  HEXLUME_BOUND_HATCH_REACH = 6,      /**< "hatch-reach": distance of a hatch's path from the origin */
+  HEXLUME_BOUND_HATCH_RECTANGLES = 7, /**< "hatch-rectangles": rectangles of a hatch's regions */
+  HEXLUME_BOUND_HATCH_DASHES = 8,     /**< "hatch-dashes": dashes of a line of a hatch's pattern */
+  HEXLUME_BOUND_HATCH_STROKES = 9,    /**< "hatch-strokes": lines, dashes and dots of a hatch */
+  HEXLUME_BOUND_DASHES = 10,          /**< "dashes": dashes, dots and gaps along a line */
+  HEXLUME_BOUND_SPLINE_POINTS = 11,   /**< "spline-points": points of a spline */
+  HEXLUME_BOUND_TEXT_ROUNDS = 12      /**< "text-rounds": codes within codes of a text */
+};
+
+/** The short name of a bound, for example "hatch-corners". It never changes and is never translated.
+ * @return NULL for a number that is no bound */
+const char *hexlume_bound_name(int32_t bound);
+
+/** A sentence that says what a drawing that has reached the bound has lost.
+ * @param bound     the bound
+ * @param language  #HEXLUME_ENGLISH or #HEXLUME_JAPANESE. Other numbers give English
+ * @return NULL for a number that is no bound */
+const char *hexlume_bound_message(int32_t bound, int32_t language);
 
 /** Something about a drawing or a call that didn't prevent a result. */
 typedef struct hexlume_remark {

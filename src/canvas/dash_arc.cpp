@@ -67,7 +67,7 @@ void DrawDash(Canvas canvas, const POINT& centre, int32_t radius, const ArcWalk&
 void DrawDashes(Canvas canvas, const POINT& centre, int32_t radius, ArcWalk walk, const double* pattern,
                 int32_t count) {
   POINT position = PointOnArc(centre, walk);
-  for (int32_t i = 0; i < maxWalkElements && !walk.ended && !RunHasEnded(); ++i) {
+  for (int32_t i = 0; !walk.ended && MayStep(i); ++i) {
     const int32_t index = i % count;
     StepOn(walk, pattern[index], index);
     if (IsGapPlace(index)) {

@@ -108,7 +108,7 @@ void DrawPart(Canvas canvas, const EllipseShape& ellipse, const POINT& start, co
 
 void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, const double* pattern,
                 int32_t count) {
-  for (int32_t i = 0; i < maxWalkElements && !walk.ended && !RunHasEnded(); ++i) {
+  for (int32_t i = 0; !walk.ended && MayStep(i); ++i) {
     const int32_t index = i % count;
     StepOn(walk, pattern[index], index);
     if (IsGapPlace(index)) continue;
@@ -117,7 +117,9 @@ void DrawDashes(Canvas canvas, const EllipseShape& ellipse, EllipseWalk walk, co
     if (IsDot(pattern[index])) {
       DrawDot(canvas, position.x, position.y);
     } else {
+      constexpr int64_t bytesOfArc = 28;  // more than those of a straight stroke
       CountStroke();
+      CountWork(0, bytesOfArc);
       DrawPart(canvas, ellipse, position, PointOnEllipse(ellipse, walk.dashEnd));
     }
   }

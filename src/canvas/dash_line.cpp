@@ -60,7 +60,7 @@ static void WalkVertical(Canvas canvas, const LineEnds& line, const double* patt
   const int32_t end = line.end.y;
   int64_t y = line.start.y;
   MoveTo(canvas, x, y);
-  for (int32_t i = 0; i < maxWalkElements && !RunHasEnded(); ++i) {
+  for (int32_t i = 0; MayStep(i); ++i) {
     const double element = pattern[i % count];
     if (IsDot(element)) {
       DotAt(canvas, x, y);
@@ -83,7 +83,7 @@ static void WalkHorizontal(Canvas canvas, const LineEnds& line, const double* pa
   const int32_t direction = line.start.x > end ? -1 : 1;
   int64_t x = line.start.x;
   MoveTo(canvas, x, y);
-  for (int32_t i = 0; i < maxWalkElements && !RunHasEnded(); ++i) {
+  for (int32_t i = 0; MayStep(i); ++i) {
     const double element = pattern[i % count];
     if (IsDot(element)) {
       DotAt(canvas, x, y);
@@ -112,7 +112,7 @@ static void WalkSloped(Canvas canvas, const LineEnds& line, const double* patter
   int64_t x = line.start.x;
   int64_t y = line.start.y;
   MoveTo(canvas, x, y);
-  for (int32_t i = 0; i < maxWalkElements && !RunHasEnded(); ++i) {
+  for (int32_t i = 0; MayStep(i); ++i) {
     const double element = pattern[i % count];
     if (IsDot(element)) DotAt(canvas, x, y);
     if (!IsDash(element) && !IsGap(element)) continue;

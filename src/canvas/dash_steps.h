@@ -13,6 +13,15 @@ namespace hexlume {
 // up the memory.
 constexpr int32_t maxWalkElements = 10000000;
 
+// Whether a walk may draw its element of this index.
+inline bool MayStep(int32_t index) {
+  constexpr int64_t stepsOfElement = 30;
+  constexpr int64_t bytesOfElement = 12;  // in addition to those of a stroke
+  CountWork(stepsOfElement, bytesOfElement);
+  if (index == maxWalkElements) NoteBound(dashesBound);
+  return index < maxWalkElements && !RunHasEnded();
+}
+
 // Doesn't change the current position.
 inline void DrawDot(Canvas canvas, int32_t x, int32_t y) {
   CountStroke();

@@ -39,7 +39,10 @@ struct SelectedPen {
 };
 
 inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF color) {
+  constexpr int64_t stepsOfPen = 60;
+  constexpr int64_t bytesOfPen = 112;  // with its selection and a move
   CountStroke();
+  CountWork(stepsOfPen, bytesOfPen);
   const HPEN pen = CreatePen(style, width, color);
   return {pen, SelectObject(canvas, pen)};
 }

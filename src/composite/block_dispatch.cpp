@@ -5,6 +5,7 @@
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
 #include "driver/run_watch.h"
+#include "driver/work_budget.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -80,9 +81,22 @@ struct BlockLevel {
 // counted: each is read once for each entity that names it.
 void CountNested(int64_t bytes) {
   constexpr int64_t bytesOfAnEntity = 50;  // cost of an entity in addition to its groups
+  constexpr int64_t stepsOfAByte = 3;
+  CountSteps((bytes + bytesOfAnEntity) * stepsOfAByte);
   if (state.blockLevel < 2) return;
   state.nestedBytes += bytes + bytesOfAnEntity;
-  if (state.nestedBytes > nestedByteLimit) throw faultCode;
+  if (state.nestedBytes <= nestedByteLimit) return;
+  NoteBound(nestedBytesBound);
+  throw faultCode;
+}
+
+// Before a block that another entity plays back.
+void RequireStackRoom() {
+  constexpr int64_t stepsOfBlock = 300;
+  CountSteps(stepsOfBlock);
+  if (HasStackRoom()) return;
+  NoteBound(nestingBound);
+  throw faultCode;
 }
 
 // The base point is in the block's header, after its name. If a header has neither group 20 nor group 3, the
@@ -116,7 +130,7 @@ void WalkBlock(const ConverterRow<Run> (&converters)[count], int32_t bodyOffset,
 
 int32_t DrawBlockEntities(BlockRun run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return 1;
-  if (!HasStackRoom()) throw faultCode;
+  RequireStackRoom();
   GuardFaults([&run, bodyOffset] {
     Seek(run.stream, bodyOffset);
     SubtractBasePoint(run);
@@ -127,7 +141,7 @@ int32_t DrawBlockEntities(BlockRun run, int32_t bodyOffset) {
 
 int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return 1;
-  if (!HasStackRoom()) throw faultCode;
+  RequireStackRoom();
   GuardFaults([&run, bodyOffset] {
     Seek(run.stream, bodyOffset);
     WalkBlock(dimInsertConverters, bodyOffset, run);

@@ -25,9 +25,7 @@ struct LineSweep {
 };
 
 void DrawStroke(LineSweep& sweep, int32_t dx, int32_t dy) {
-  if (RunHasEnded()) sweep.strokesLeft = 0;
-  if (sweep.strokesLeft <= 0) return;
-  --sweep.strokesLeft;
+  if (!TakeHatchStroke(sweep.strokesLeft)) return;
   CountStroke();
   MoveToEx(sweep.canvas, sweep.penX, sweep.penY, nullptr);
   LineTo(sweep.canvas, WrapAdd(sweep.penX, dx), WrapAdd(sweep.penY, dy));

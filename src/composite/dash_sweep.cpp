@@ -63,9 +63,7 @@ void SkipForwardToBottom(const DashSweep& sweep, HatchPlace& pen) {
 void PlayRow(DashSweep& sweep, HatchPlace pen) {
   do {
     for (int32_t i = 0; i < sweep.family.dashCount; ++i) {
-      if (RunHasEnded()) sweep.strokesLeft = 0;
-      if (sweep.strokesLeft <= 0) return;
-      --sweep.strokesLeft;
+      if (!TakeHatchStroke(sweep.strokesLeft)) return;
       const double dash = sweep.family.dashes[i];
       if (dash >= 0.0) CountStroke();
       const HatchPlace start = pen;

@@ -10,6 +10,7 @@
 #include "composite/hatch_lines.h"
 #include "driver/group_reader.h"
 #include "driver/run_watch.h"
+#include "driver/work_budget.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -78,7 +79,10 @@ bool ReadCorners(TextStream& stream, double originX, double originY, int32_t cou
     if (state.groupCode == groupOfX) corner.x = ModelToSheet(coordinate + originX, 0.0).x;
     if (state.groupCode != groupOfX + 10) continue;
     corner.y = ModelToSheet(0.0, coordinate + originY).y;
-    if (corners.size() < hatchCornerLimit) corners.push_back(corner);
+    if (corners.size() < hatchCornerLimit)
+      corners.push_back(corner);
+    else
+      NoteBound(hatchCornersBound);
     ++index;
   }
   return true;
@@ -133,6 +137,7 @@ int32_t DrawDimInsertHatch(const BlockRun& run) {
 
   HatchTools tools = SelectTools(run.canvas, ColorAt(state.dimColor));
   SetPolyFillMode(run.canvas, ALTERNATE);
+  CountWork(static_cast<int64_t>(corners.size()), static_cast<int64_t>(corners.size() * sizeof(POINT)));
   Polygon(run.canvas, corners.data(), static_cast<int>(corners.size()));
   RestoreTools(run.canvas, tools);
   return 1;

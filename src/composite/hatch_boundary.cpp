@@ -7,6 +7,7 @@
 
 #include "composite/hatch_arc.h"
 #include "driver/group_reader.h"
+#include "driver/work_budget.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -27,7 +28,9 @@ double Radians(double degrees) {
 // completes the corner.
 
 bool HasRoom(const HatchBoundary& boundary) {
-  return boundary.pointCount < hatchCornerLimit;
+  if (boundary.pointCount < hatchCornerLimit) return true;
+  NoteBound(hatchCornersBound);
+  return false;
 }
 
 POINT& NextCorner(HatchBoundary& boundary) {
@@ -61,6 +64,8 @@ void StoreY(HatchBoundary& boundary, double y) {
 }
 
 void AddCorner(HatchBoundary& boundary, double centreX, double centreY, double radians) {
+  constexpr int64_t stepsOfCorner = 150;
+  CountSteps(stepsOfCorner);
   StoreX(boundary, state.entRadius * std::cos(radians) + centreX);
   StoreY(boundary, state.entRadius * std::sin(radians) + centreY);
 }
@@ -115,7 +120,14 @@ void ToRegionUnits(Canvas canvas, const HatchBoundary& boundary, POINT* points, 
 }
 
 void AddPath(HatchBoundary& boundary, HatchPath path) {
-  if (boundary.paths.size() < hatchPathLimit && FitsARegion(path)) boundary.paths.push_back(std::move(path));
+  boundary.cornerSum += path.corners.size();
+  if (boundary.paths.size() >= hatchPathLimit) {
+    NoteBound(hatchPathsBound);
+  } else if (boundary.cornerSum > hatchCornerSumLimit) {
+    NoteBound(hatchCornersBound);
+  } else if (FitsARegion(path)) {
+    boundary.paths.push_back(std::move(path));
+  }
 }
 
 void AddPolygon(Canvas canvas, HatchBoundary& boundary) {

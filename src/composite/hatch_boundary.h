@@ -17,6 +17,9 @@ namespace hexlume {
 constexpr size_t hatchCornerLimit = 30'000;
 constexpr size_t hatchPathLimit = 1'000;
 
+// The most corners of all paths together. The path that exceeds it and all after it are left out.
+constexpr size_t hatchCornerSumLimit = 3'000'000;
+
 // The groups of a boundary read so far.
 struct HatchBoundary {
   bool solidFill = false;
@@ -34,6 +37,7 @@ struct HatchBoundary {
   size_t pointCount = 0;      // number of corners of the current path
   HatchExtent extent = {};    // extent of all corners
   std::vector<HatchPath> paths;
+  size_t cornerSum = 0;         // of all paths
   std::vector<Region> regions;  // regions of the paths
 };
 

@@ -5,6 +5,8 @@
 #include <cstdint>
 
 #include "canvas/canvas.h"
+#include "driver/run_watch.h"
+#include "driver/work_budget.h"
 
 namespace hexlume {
 
@@ -13,6 +15,17 @@ constexpr int32_t hatchDashLimit = 100;  // the most dashes of a pattern's line;
 // The most lines, dashes, dots and gaps of one hatch. A denser hatch is drawn up to this number, as each
 // stroke takes memory in the metafile.
 constexpr int32_t hatchStrokeLimit = 4'000'000;
+
+// Takes one of the strokes that are left. Returns false if there is none, or if the run has ended.
+inline bool TakeHatchStroke(int32_t& strokesLeft) {
+  constexpr int64_t stepsOfElement = 30;
+  constexpr int64_t bytesOfMove = 16;
+  CountWork(stepsOfElement, bytesOfMove);
+  if (RunHasEnded()) strokesLeft = 0;
+  if (strokesLeft <= 0) return false;
+  if (--strokesLeft == 0) NoteBound(hatchStrokesBound);
+  return true;
+}
 
 // The extent of the boundary in sheet units. top is the largest Y.
 struct HatchExtent {

@@ -5,6 +5,7 @@
 #include "composite/hatch_families.h"
 #include "driver/group_reader.h"
 #include "driver/numbers.h"
+#include "driver/work_budget.h"
 
 namespace hexlume {
 
@@ -17,7 +18,10 @@ double AngleOf(double degrees) {
 
 // dashesRead also counts dashes beyond the limit, so that the family is drawn after its last dash.
 void AddDash(HatchFamily& family, int32_t& dashesRead, double length) {
-  if (dashesRead < hatchDashLimit) family.dashes[family.dashCount++] = length;
+  if (dashesRead < hatchDashLimit)
+    family.dashes[family.dashCount++] = length;
+  else
+    NoteBound(hatchDashesBound);
   ++dashesRead;
   // Never cleared: the period includes the dashes of all families before this one.
   family.period = WrapAdd(family.period, Trunc(std::abs(length)));

@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "driver/work_budget.h"
 #include "platform/path_region.h"
 
 namespace hexlume {
@@ -35,26 +36,14 @@ void AddEdges(std::vector<EdgeEnd>& ends, const HatchPath& path) {
   }
 }
 
-// The sum of the rows of all edges: an upper bound that needs no sorting.
-int64_t RowsOf(const HatchPath& path) {
-  int64_t rows = 0;
-  const std::vector<POINT>& corners = path.corners;
-  for (size_t i = 0; i < corners.size(); ++i) {
-    const POINT& before = corners[i == 0 ? corners.size() - 1 : i - 1];
-    rows += std::abs(int64_t{corners[i].y} - before.y);
-  }
-  return rows;
-}
-
-bool HaveFewRows(const HatchPath* paths, size_t count) {
-  int64_t rows = 0;
-  for (size_t i = 0; i < count; ++i) rows += RowsOf(paths[i]);
-  return rows <= 2 * hatchRectangleLimit;
-}
-
-bool HaveFewRectangles(const HatchPath* paths, size_t count) {
-  if (HaveFewRows(paths, count)) return true;
+// Rectangles of a region of all these paths. Beyond the limit the count isn't complete.
+int64_t RectanglesOf(const HatchPath* paths, size_t count) {
+  constexpr int64_t stepsOfEdgeEnd = 100;
+  size_t edgeCount = 0;
+  for (size_t i = 0; i < count; ++i) edgeCount += paths[i].corners.size();
+  CountSteps(static_cast<int64_t>(2 * edgeCount) * stepsOfEdgeEnd);
   std::vector<EdgeEnd> ends;
+  ends.reserve(2 * edgeCount);
   for (size_t i = 0; i < count; ++i) AddEdges(ends, paths[i]);
   std::sort(ends.begin(), ends.end(), [](const EdgeEnd& a, const EdgeEnd& b) { return a.y < b.y; });
   int64_t rectangles = 0;
@@ -66,19 +55,60 @@ bool HaveFewRectangles(const HatchPath* paths, size_t count) {
     const int64_t rows = int64_t{ends[i + 1].y} - ends[i].y;
     if (rows > 0) rectangles += edges / 2 * (slantedEdges > 0 ? rows : 1);
   }
-  return rectangles <= hatchRectangleLimit;
+  return rectangles;
 }
 
-// How many paths, from the first on, have few enough rectangles.
-size_t CountFitting(const std::vector<HatchPath>& paths) {
-  size_t fitting = 0;
+// The first paths that have few enough rectangles together.
+struct FittingPaths {
+  size_t count = 0;
+  int64_t rectangles = 0;
+};
+
+FittingPaths FindFitting(const std::vector<HatchPath>& paths) {
+  FittingPaths fitting;
   size_t tooMany = paths.size() + 1;
-  while (fitting + 1 < tooMany) {
+  while (fitting.count + 1 < tooMany) {
     // Tries all of them first, as they nearly always fit.
-    const size_t tried = tooMany > paths.size() ? paths.size() : fitting + (tooMany - fitting) / 2;
-    (HaveFewRectangles(paths.data(), tried) ? fitting : tooMany) = tried;
+    const size_t tried =
+        tooMany > paths.size() ? paths.size() : fitting.count + (tooMany - fitting.count) / 2;
+    const int64_t rectangles = RectanglesOf(paths.data(), tried);
+    if (rectangles <= hatchRectangleLimit)
+      fitting = {tried, rectangles};
+    else
+      tooMany = tried;
   }
+  if (fitting.count < paths.size()) NoteBound(hatchRectanglesBound);
   return fitting;
+}
+
+int64_t SideOf(int64_t from, int64_t to) {
+  return std::abs(to - from);
+}
+
+// Steps to find the region of one path. A scan walks along an ellipse, or along all slanted edges and sorts them in each row:
+// each pair of edges can change its order once.
+int64_t StepsOfScan(const HatchPath& path) {
+  constexpr int64_t stepsOfPixel = 5;
+  constexpr int64_t pairsOfStep = 4;
+  const std::vector<POINT>& corners = path.corners;
+  if (path.isEllipse)
+    return (SideOf(corners[0].x, corners[1].x) + SideOf(corners[0].y, corners[1].y)) * stepsOfPixel;
+  int64_t rows = 0;
+  for (size_t i = 0; i < corners.size(); ++i) {
+    const POINT& before = corners[i == 0 ? corners.size() - 1 : i - 1];
+    if (before.x != corners[i].x) rows += SideOf(before.y, corners[i].y);
+  }
+  const auto count = static_cast<int64_t>(corners.size());
+  return rows * stepsOfPixel + count * count / pairsOfStep;
+}
+
+// All regions are combined in rounds, each of which halves their number, and the result is written.
+void CountCombining(const FittingPaths& fitting) {
+  constexpr int64_t stepsOfRectangle = 15;
+  constexpr int64_t bytesOfRectangle = 16;
+  int64_t rounds = 2;
+  for (size_t left = fitting.count; left > 1; left = (left + 1) / 2) ++rounds;
+  CountWork(fitting.rectangles * rounds * stepsOfRectangle, fitting.rectangles * bytesOfRectangle);
 }
 
 HRGN CreateRegion(const HatchPath& path) {
@@ -136,16 +166,23 @@ void CombineCoveredOnce(const Region& result, std::vector<Region>& regions) {
 bool FitsARegion(const HatchPath& path) {
   for (const POINT& corner : path.corners) {
     for (const int64_t side : {corner.x, corner.y}) {
-      if (std::abs(side) > regionReach) return false;
+      if (std::abs(side) <= regionReach) continue;
+      NoteBound(hatchReachBound);
+      return false;
     }
   }
-  return HaveFewRectangles(&path, 1);
+  if (RectanglesOf(&path, 1) <= hatchRectangleLimit) return true;
+  NoteBound(hatchRectanglesBound);
+  return false;
 }
 
 std::vector<Region> MakeRegions(const std::vector<HatchPath>& paths) {
   std::vector<Region> regions;
-  const size_t count = CountFitting(paths);
-  for (size_t i = 0; i < count; ++i) {
+  const FittingPaths fitting = FindFitting(paths);
+  CountCombining(fitting);
+  for (size_t i = 0; i < fitting.count; ++i) {
+    CountSteps(StepsOfScan(paths[i]));
+    if (IsOverBudget()) return {};
     Region region(CreateRegion(paths[i]));
     if (region) regions.push_back(std::move(region));
   }

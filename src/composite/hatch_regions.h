@@ -39,7 +39,8 @@ struct HatchPath {
 bool FitsARegion(const HatchPath& path);
 
 // Creates the regions of paths, each of which fits by itself, in their order. Starting with the path that
-// would exceed the rectangles of a hatch, paths are left out.
+// would exceed the rectangles of a hatch, paths are left out. None is created if that would exceed the budget
+// of the conversion.
 std::vector<Region> MakeRegions(const std::vector<HatchPath>& paths);
 
 // Returns the area that the hatch covers. Clears the regions.

@@ -34,13 +34,11 @@ struct Leader {
 
 // Group 3. An unknown style keeps the arrow, and the scales that the INSERT or LEADER before has set.
 void TakeArrowStyle(const char* name, Leader& leader) {
-  for (const DimStyleEntry& style : state.dimStyles) {
-    if (std::strcmp(style.name, name) != 0) continue;
-    BoundedCopy(leader.arrowBlockName, style.arrowBlock);
-    if (style.arrowBlock[0] == '\0') BoundedCopy(leader.arrowHandle, style.arrowHandle);
-    state.insertScaleX = state.insertScaleY = style.arrowSize * style.dimScale / state.scaleDenominator;
-    return;
-  }
+  const DimStyleEntry* const style = state.dimStyles.FindFirst(name);
+  if (!style) return;
+  BoundedCopy(leader.arrowBlockName, style->arrowBlock);
+  if (style->arrowBlock[0] == '\0') BoundedCopy(leader.arrowHandle, style->arrowHandle);
+  state.insertScaleX = state.insertScaleY = style->arrowSize * style->dimScale / state.scaleDenominator;
 }
 
 // Group 8. Returns false if the user has excluded the layer.
@@ -220,10 +218,7 @@ double ArrowAngle(const Leader& leader) {
 // Returns null if there is no arrow. The handle is compared with that of the block's owner.
 const BlockEntry* FindArrow(const Leader& leader) {
   if (leader.arrowBlockName[0] != '\0') return state.blocks.FindFirst(leader.arrowBlockName);
-  if (leader.arrowHandle[0] == '\0') return nullptr;  // blocks without a handle must not match
-  for (const BlockEntry& block : state.blocks)
-    if (std::strcmp(block.ownerHandle, leader.arrowHandle) == 0) return &block;
-  return nullptr;
+  return state.blocks.FindOwned(leader.arrowHandle);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 // cells. The frame is always horizontal and isn't turned with the sheet.
 #include "composite/tolerance.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -43,10 +42,8 @@ bool StandsBehindV(std::string_view text, size_t index) {
 
 // Group 3: takes the first style with this name. Its text height includes the style's scale.
 void TakeFrameStyle(const char* name, double& dimScale, double& frameHeight) {
-  const auto style =
-      std::find_if(state.dimStyles.begin(), state.dimStyles.end(),
-                   [name](const DimStyleEntry& entry) { return std::string_view(entry.name) == name; });
-  if (style == state.dimStyles.end()) return;
+  const DimStyleEntry* const style = state.dimStyles.FindFirst(name);
+  if (!style) return;
   dimScale = style->dimScale;
   frameHeight = 2.0 * style->textHeight;
 }

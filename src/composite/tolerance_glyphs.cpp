@@ -3,6 +3,7 @@
 #include "canvas/primitive_steps.h"
 #include "driver/numbers.h"
 #include "entities/converter_rules.h"
+#include "text/text_font.h"
 
 namespace hexlume {
 
@@ -150,6 +151,9 @@ void DrawStroke(Canvas canvas, const GlyphStroke& stroke, const POINT& point, do
 }
 
 void DrawStrokes(Canvas canvas, const ToleranceGlyph& glyph, double left, double bottom, double height) {
+  constexpr int64_t stepsOfGlyph = 500;
+  constexpr int64_t bytesOfGlyph = 300;
+  CountWork(stepsOfGlyph, bytesOfGlyph);
   for (const GlyphStroke& stroke : glyph.strokes) {
     DrawStroke(canvas, stroke, ModelToSheet(left + stroke.x * height, bottom + stroke.y * height), height);
   }
@@ -183,6 +187,8 @@ double DrawBlockToleranceGlyphs(Canvas canvas, char symbol, double height) {
 }
 
 HFONT CreateToleranceFont(int32_t height) {
+  CountFont();
+  CountText(1);
   constexpr int weight = 1;
   constexpr DWORD defaultClipping = 0;
   constexpr DWORD proofQuality = 2;

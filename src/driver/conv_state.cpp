@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "driver/work_budget.h"
+
 namespace hexlume {
 
 ConvState state = {};
@@ -24,6 +26,7 @@ constexpr COLORREF colors[] = {
 
 void ResetConvState() {
   FreeTables();
+  BeginWork();
   state.originX = 0.0;
   state.originY = 0.0;
   state.drawScale = 0.0;

@@ -3,6 +3,10 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "driver/named_table.h"
@@ -58,6 +62,24 @@ struct BlockEntry {
 
 constexpr int32_t noBody = -1;  // bodyOffset of a block without a name and of a missing block
 
+// The blocks by name, and the first one of each owner.
+class BlockTable : public NamedTable<BlockEntry> {
+ public:
+  void Add(const BlockEntry& entry) {
+    NamedTable::Add(entry);
+    if (entry.ownerHandle[0] != '\0') firstOfOwner.try_emplace(entry.ownerHandle, size() - 1);
+  }
+
+  // Returns null if no block has this owner. Blocks without a handle aren't found.
+  const BlockEntry* FindOwned(std::string_view handle) const {
+    const auto found = firstOfOwner.find(handle);
+    return found == firstOfOwner.end() ? nullptr : &(*this)[found->second];
+  }
+
+ private:
+  std::map<std::string, size_t, std::less<>> firstOfOwner;
+};
+
 struct ExcludedLayer {
   char name[textSize];
 };
@@ -87,8 +109,8 @@ struct ConvState {
   std::vector<LayerNameEntry> layerNames;
   NamedTable<LayerEntry> layers;   // layerCount entries, or those of the first table if a second one is empty
   std::vector<LtypeEntry> ltypes;  // ltypeCount entries, or none
-  std::vector<DimStyleEntry> dimStyles;
-  NamedTable<BlockEntry> blocks;
+  NamedTable<DimStyleEntry> dimStyles;
+  BlockTable blocks;
   NamedTable<ExcludedLayer> excludedLayers;
   std::vector<int32_t> excludedLtypes;  // dash families 0..4
   int32_t layerCount;                   // size of layerNames, later of layers

@@ -52,5 +52,6 @@ int32_t vzFullSizeMetaMake(const char* path, HENHMETAFILE* out, int32_t showDial
   const int32_t result =
       LetFaultsLeave([&] { return ConvertFullSize(path, out, showDialogs, halfWidthFont); });
   FreeTables();
+  LeaveBounds();
   return result;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "driver/conv_state.h"
+#include "driver/work_budget.h"
 #include "platform/fault_guard.h"
 #include "platform/host_exception.h"
 
@@ -21,6 +22,7 @@ int32_t LetFaultsLeave(Conversion&& convert) {
   } catch (...) {  // out of memory
   }
   FreeTables();
+  LeaveBounds();
   ThrowToHost(code);
 }
 

@@ -5,6 +5,7 @@
 #include "driver/pre_scan.h"
 #include "driver/sections.h"
 #include "driver/sheet.h"
+#include "driver/work_budget.h"
 #include "hexlume.h"
 #include "platform/fault_guard.h"
 
@@ -58,5 +59,6 @@ int32_t vzMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int
     if (metaFile.canvas) *out = EndMetaFile(metaFile);
   }
   FreeTables();
+  LeaveBounds();
   return result;
 }

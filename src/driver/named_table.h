@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "driver/work_budget.h"
+
 namespace hexlume {
 
 // Entries in the order of the drawing. A name may occur more than once; all entries are kept and counted. An
@@ -26,10 +28,12 @@ class NamedTable {
 
   // Return null if no entry has the name, compared byte by byte.
   const Entry* FindFirst(std::string_view name) const {
+    CountLookup();
     const auto found = places.find(name);
     return found == places.end() ? nullptr : &entries[found->second.first];
   }
   const Entry* FindLast(std::string_view name) const {
+    CountLookup();
     const auto found = places.find(name);
     return found == places.end() ? nullptr : &entries[found->second.last];
   }
@@ -41,6 +45,11 @@ class NamedTable {
   auto end() const { return entries.end(); }
 
  private:
+  static void CountLookup() {
+    constexpr int64_t stepsOfLookup = 40;
+    CountSteps(stepsOfLookup);
+  }
+
   struct Places {
     size_t first, last;
   };

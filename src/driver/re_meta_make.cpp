@@ -52,5 +52,6 @@ int32_t vzReMetaMake(const char* path, HENHMETAFILE* out, int32_t halfWidthFont,
   const int32_t result = LetFaultsLeave(
       [&] { return ConvertPartOfSheet(path, out, halfWidthFont, view, wholeTextClip, showDialogs); });
   FreeTables();
+  LeaveBounds();
   return result;
 }

@@ -44,5 +44,6 @@ int32_t vzRotMetaMake(HENHMETAFILE* out) {
   if (!out) return HEXLUME_NOT_A_DRAWING;
   const int32_t result = LetFaultsLeave([&] { return ConvertTurned(out); });
   FreeTables();
+  LeaveBounds();
   return result;
 }

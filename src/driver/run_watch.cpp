@@ -31,15 +31,18 @@ void EndRun() {
   runWatch.groupsLeft = 0;
 }
 
+void EndRunAfterEntity() {
+  EndRun();
+  runWatch.groupsLeft = groupsAfterEnd;
+}
+
 void LookAtRun() {
   if (runWatch.ended) return;
   runWatch.groupsToLook = std::numeric_limits<int32_t>::max();
   if (!runWatch.look) return;
   runWatch.groupsToLook = groupsBetweenLooks;
   runWatch.strokesAtLook = std::min(runWatch.strokes + strokesBetweenLooks, runWatch.strokeLimit);
-  if (runWatch.look()) return;
-  EndRun();
-  runWatch.groupsLeft = groupsAfterEnd;
+  if (!runWatch.look()) EndRunAfterEntity();
 }
 
 bool MayReadOn() {

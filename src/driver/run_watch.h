@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "driver/work_budget.h"
+
 namespace hexlume {
 
 struct RunWatch {
@@ -31,11 +33,17 @@ extern RunWatch runWatch;
 // Ends the run before the next group.
 void EndRun();
 
+// Ends it when the entity at hand has been read.
+void EndRunAfterEntity();
+
 // Asks the host and settles when it is asked next.
 void LookAtRun();
 
 // Each pen, each dash or dot of a line type and each line or dot of a hatch counts as one stroke.
 inline void CountStroke() {
+  constexpr int64_t stepsOfStroke = 60;
+  constexpr int64_t bytesOfStroke = 16;
+  CountWork(stepsOfStroke, bytesOfStroke);
   if (++runWatch.strokes >= runWatch.strokesAtLook) LookAtRun();
 }
 

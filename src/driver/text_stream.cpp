@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "driver/work_budget.h"
+
 namespace hexlume {
 
 namespace {
@@ -59,6 +61,7 @@ bool Fetch(TextStream& stream) {
   const size_t added = textEnd ? static_cast<size_t>(static_cast<const char*>(textEnd) - fetched) : got;
   stream.complete = got < chunkSize || textEnd;
   stream.size += static_cast<int32_t>(added);
+  AllowWork(stream.size);
   return added > 0;
 }
 

@@ -33,6 +33,7 @@ bool EqualsIgnoringCase(const char* a, const char* b) {
 }
 
 void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit) {
+  CountLinetype();
   if (!EqualsIgnoringCase(value, "CONTINUOUS")) style.family = 0;
   for (const KnownLtype& known : knownLtypes) {
     if (!EqualsIgnoringCase(value, known.keyword) || !IsLtypeDefined(known.pattern)) continue;
@@ -44,6 +45,7 @@ void ResolveBlockLinetype(const char* value, LineStyle& style, int32_t& inherit)
 }
 
 void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inherit) {
+  CountLinetype();
   // Any other name keeps the layer's family. The misspelt name is accepted as well.
   if (EqualsIgnoringCase(value, "CONTINUOUS") || EqualsIgnoringCase(value, "CONTINUOS")) style.family = 0;
   for (const KnownLtype& known : knownLtypes) {

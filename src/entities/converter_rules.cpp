@@ -5,6 +5,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "driver/work_budget.h"
+
 namespace hexlume {
 
 const KnownLtype knownLtypes[ltypeCount] = {
@@ -29,7 +31,13 @@ bool IsLtypeDefined(int32_t pattern) {
   return slot < state.ltypes.size() && state.ltypes[slot].defined;
 }
 
+void CountLinetype() {
+  constexpr int64_t stepsOfAllKeywords = 200;
+  CountSteps(stepsOfAllKeywords);
+}
+
 void ResolveLinetype(const char* value, LineStyle& style) {
+  CountLinetype();
   // "CONTINUOUS" keeps the layer's family: the test that would clear it compares with a misspelt name, which
   // this value can't be equal to. Any other name clears the family first, an unknown one too.
   if (std::strcmp(value, "CONTINUOUS") != 0) style.family = 0;

@@ -44,6 +44,9 @@ bool IsLtypeDefined(int32_t pattern);
 // layer already uses. A slot that no record has set gives a solid line.
 Dashes DashesOf(const LineStyle& style);
 
+// Counts the comparison of a line type's name with all keywords.
+void CountLinetype();
+
 // Group 6: takes the line type whose keyword the value contains.
 void ResolveLinetype(const char* value, LineStyle& style);
 

@@ -7,6 +7,7 @@
 #include "composite/tolerance.h"
 #include "driver/group_reader.h"
 #include "driver/run_watch.h"
+#include "driver/work_budget.h"
 #include "entities/arc.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
@@ -78,6 +79,7 @@ void DrawEntities(const EntityRun& run) {
   GuardFaults([&run] {
     SetUpCanvas(run.canvas);
     WalkEntities(run);
+    EndOverBudget();
   });
 }
 

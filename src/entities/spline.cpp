@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "driver/group_reader.h"
+#include "driver/work_budget.h"
 #include "entities/block_rules.h"
 #include "entities/converter_rules.h"
 #include "entities/knot_insertion.h"
@@ -55,11 +56,24 @@ bool ExceedsBound(const SplineGroups& spline) {
   return spline.control.size() > bound || spline.fit.size() > bound || spline.knots.size() > bound;
 }
 
+// Counts points that are computed and written.
+void CountPoints(size_t count) {
+  constexpr int64_t stepsOfPoint = 40;
+  constexpr int64_t bytesOfPoint = 8;
+  const auto points = static_cast<int64_t>(count);
+  CountWork(points * stepsOfPoint, points * bytesOfPoint);
+}
+
 // Without control points: straight spans from fit point to fit point, each a curve whose handles are its own
 // end points. The number of spans is fitCount or, if it is 0, the number of points read.
 std::vector<POINT> StraightSpans(const SplineGroups& spline) {
   const size_t count = spline.fitCount != 0 ? static_cast<size_t>(spline.fitCount) : spline.pointIndex;
-  if (count > (bound - 1) / 3) return {};  // true for a negative count too
+  if (count > (bound - 1) / 3) {  // true for a negative count too
+    if (spline.fitCount >= 0) NoteBound(splinePointsBound);
+    return {};
+  }
+  CountPoints(3 * count + 1);
+  if (IsOverBudget()) return {};
   std::vector<POINT> points;
   for (size_t i = 0; i < count; ++i) {
     const POINT start = ElementAt(spline.fit, i);
@@ -73,10 +87,17 @@ std::vector<POINT> StraightSpans(const SplineGroups& spline) {
 
 // The points of the curves. Empty if a count is invalid or the bound is exceeded.
 std::vector<POINT> BezierPoints(const SplineGroups& spline) {
+  if (ExceedsBound(spline)) NoteBound(splinePointsBound);
   if (ExceedsBound(spline) || spline.controlCount < 0) return {};
   if (spline.controlCount == 0) return StraightSpans(spline);
+  // Each knot gives at most two points.
+  CountPoints(static_cast<size_t>(std::min(spline.controlCount, maxSplinePoints)) + 2 * spline.knots.size());
+  if (IsOverBudget()) return {};
   std::vector<POINT> points;
-  if (!InsertKnots(spline.control, spline.knots, spline.controlCount, maxSplinePoints, points)) return {};
+  if (!InsertKnots(spline.control, spline.knots, spline.controlCount, maxSplinePoints, points)) {
+    NoteBound(splinePointsBound);
+    return {};
+  }
   if (spline.fitCount == 0) return points;
   // Fit points replace the ends of all curves, however many fit points there are.
   for (size_t i = 0; i < points.size(); i += 3) points[i] = ElementAt(spline.fit, i / 3);

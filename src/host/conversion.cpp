@@ -5,6 +5,7 @@
 
 #include "dialogs/answers/dialog_answers.h"
 #include "driver/run_watch.h"
+#include "driver/work_budget.h"
 #include "hexlume.h"
 #include "host/host_run.h"
 #include "host/metafile_cut.h"
@@ -122,6 +123,12 @@ void RemarkUnknownLayers(const HostOptions& options, hexlume_result& result) {
       AddRemark(result, HEXLUME_REMARK_NO_SUCH_LAYER, 0, 0, layer.name);
 }
 
+// The bounds that the conversion has reached.
+void RemarkBounds(const WorkBudget& done, HostRun& run, hexlume_result& result) {
+  for (int32_t bound = 0; bound < boundCount; ++bound)
+    if (done.reached >> bound & 1) AddBoundRemark(result, bound, LineAt(run, done.reachedAt[bound]));
+}
+
 }  // namespace
 
 void ConvertForHost(const HostInput& input, const HostOptions& options, hexlume_result& result) {
@@ -130,7 +137,9 @@ void ConvertForHost(const HostInput& input, const HostOptions& options, hexlume_
   const Outcome outcome = Convert(options, run);
   run.EndPass(HasDrawn(run));
   result.numbers[HEXLUME_NUMBER_STROKES] = runWatch.strokes;
+  const WorkBudget done = work;
   SettleStatus(input, run, outcome, result);
+  RemarkBounds(done, run, result);
   // The layers are known once the sheet is there to draw on.
   if (outcome.metafile || HasDrawn(run)) RemarkUnknownLayers(options, result);
   if (IsUsable(run, outcome)) TakeMetafile(options, outcome.metafile.get(), result);

@@ -5,6 +5,7 @@
 
 #include "hexlume_host.h"
 #include "host/arguments.h"
+#include "host/bound_text.h"
 #include "host/conversion.h"
 #include "host/inspection.h"
 #include "host/result.h"
@@ -74,6 +75,16 @@ int32_t hexlume_version(void) {
 
 const char* hexlume_status_name(int32_t status) {
   return StatusName(status);
+}
+
+const char* hexlume_bound_name(int32_t bound) {
+  return BoundName(bound);
+}
+
+const char* hexlume_bound_message(int32_t bound, int32_t language) {
+  const Sentence* const sentence = BoundSentence(bound);
+  if (!sentence) return nullptr;
+  return language == HEXLUME_JAPANESE ? sentence->japanese.c_str() : sentence->english.c_str();
 }
 
 void hexlume_options_init(hexlume_options* options, uint32_t size) {

@@ -54,5 +54,6 @@ namespace hexlume {
 void SettleMessage(hexlume_result& result);
 
 void AddRemark(hexlume_result& result, int32_t code, int64_t line, int64_t count, const std::string& detail);
+void AddBoundRemark(hexlume_result& result, int32_t bound, int64_t line);
 
 }  // namespace hexlume

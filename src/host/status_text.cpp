@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "hexlume_host.h"
+#include "host/bound_text.h"
 #include "host/result.h"
 
 namespace hexlume {
@@ -64,6 +65,8 @@ const Words remarkWords[] = {
      "UTF-8 でない行が # 行あり、最初の行はここです。コードページ 932 として読みました。"},
     {HEXLUME_REMARK_EMBEDDED, "embedded", "# embedded objects were left out.",
      "# 個の埋め込みオブジェクトを除外しました。"},
+    // The bound's own sentence is used instead.
+    {HEXLUME_REMARK_BOUND, "bound", "", ""},
 };
 
 template <size_t size>
@@ -88,12 +91,7 @@ std::string Filled(const char* words, int64_t count, const std::string& detail) 
 
 Sentence SentenceOf(const Words* row, int64_t line, int64_t count, const std::string& detail) {
   if (!row) return {};
-  Sentence sentence = {Filled(row->english, count, detail), Filled(row->japanese, count, detail)};
-  if (line != 0) {
-    sentence.english.insert(0, "Line " + std::to_string(line) + ": ");
-    sentence.japanese.insert(0, std::to_string(line) + " 行目: ");
-  }
-  return sentence;
+  return WithLine({Filled(row->english, count, detail), Filled(row->japanese, count, detail)}, line);
 }
 
 }  // namespace
@@ -116,15 +114,35 @@ Sentence RemarkSentence(int32_t code, int64_t line, int64_t count, const std::st
   return SentenceOf(Find(remarkWords, code), line, count, detail);
 }
 
+Sentence WithLine(Sentence sentence, int64_t line) {
+  if (line != 0) {
+    sentence.english.insert(0, "Line " + std::to_string(line) + ": ");
+    sentence.japanese.insert(0, std::to_string(line) + " 行目: ");
+  }
+  return sentence;
+}
+
 void SettleMessage(hexlume_result& result) {
   result.message = StatusSentence(result.status, result.line, result.detail);
 }
 
-void AddRemark(hexlume_result& result, int32_t code, int64_t line, int64_t count, const std::string& detail) {
-  const Sentence sentence = RemarkSentence(code, line, count, detail);
+namespace {
+
+void AddRemark(hexlume_result& result, int32_t code, int64_t line, int64_t count, const std::string& detail,
+               const Sentence& sentence) {
   result.remarks.push_back({sizeof(hexlume_remark), code, line, count, RemarkName(code),
                             result.store.Keep(detail), result.store.Keep(sentence.english),
                             result.store.Keep(sentence.japanese)});
+}
+
+}  // namespace
+
+void AddRemark(hexlume_result& result, int32_t code, int64_t line, int64_t count, const std::string& detail) {
+  AddRemark(result, code, line, count, detail, RemarkSentence(code, line, count, detail));
+}
+
+void AddBoundRemark(hexlume_result& result, int32_t bound, int64_t line) {
+  AddRemark(result, HEXLUME_REMARK_BOUND, line, 0, BoundName(bound), WithLine(*BoundSentence(bound), line));
 }
 
 }  // namespace hexlume

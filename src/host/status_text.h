@@ -17,5 +17,6 @@ const char* RemarkName(int32_t code);
 // With the line in front, if it isn't 0, and the detail where the sentence has a place for it.
 Sentence StatusSentence(int32_t status, int64_t line, const std::string& detail);
 Sentence RemarkSentence(int32_t code, int64_t line, int64_t count, const std::string& detail);
+Sentence WithLine(Sentence sentence, int64_t line);
 
 }  // namespace hexlume

@@ -48,7 +48,7 @@ int32_t ReadDimStyleTable(TextStream& stream) {
     }
     DimStyleEntry style;
     more = ReadDimStyleRecord(stream, style);
-    state.dimStyles.push_back(style);
+    state.dimStyles.Add(style);
   }
   return more;
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "canvas/left_objects.h"
+#include "driver/work_budget.h"
 #include "entities/converter_rules.h"
 #include "text/mtext_codes.h"
 #include "text/text_bytes.h"
@@ -200,6 +201,9 @@ void AlignText(Canvas canvas, int32_t attach) {
   constexpr UINT alignments[] = {TA_TOP,    TA_CENTER,    TA_RIGHT,      // 1 to 3
                                  TA_BOTTOM, bottomCenter, bottomRight,   // 4 to 6
                                  TA_BOTTOM, bottomCenter, bottomRight};  // 7 to 9
+  constexpr int64_t stepsOfAlignment = 200;
+  constexpr int64_t bytesOfAlignment = 24;
+  CountWork(stepsOfAlignment, bytesOfAlignment);
   SetTextAlign(canvas, TA_BOTTOM);
   if (attach >= 1 && attach <= 9) SetTextAlign(canvas, alignments[attach - 1]);
 }

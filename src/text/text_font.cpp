@@ -4,6 +4,7 @@
 
 #include "canvas/primitive_steps.h"
 #include "driver/bounded_copy.h"
+#include "driver/work_budget.h"
 #include "entities/converter_rules.h"
 #include "platform/code_page_932.h"
 #include "platform/japanese_locale.h"
@@ -49,7 +50,20 @@ void SettleFont(LOGFONTA& font, const char* face) {
   BoundedCopy(font.lfFaceName, face);
 }
 
+void CountFont() {
+  constexpr int64_t stepsOfFont = 1500;
+  constexpr int64_t bytesOfFont = 400;  // created, selected, restored and deleted
+  CountWork(stepsOfFont, bytesOfFont);
+}
+
+void CountText(int32_t length) {
+  constexpr int64_t stepsOfText = 1000, stepsOfByte = 50;
+  constexpr int64_t bytesOfText = 160, bytesOfByte = 6;  // with its modes
+  CountWork(stepsOfText + length * stepsOfByte, bytesOfText + length * bytesOfByte);
+}
+
 SelectedFont SelectNewFont(Canvas canvas, const LOGFONTA& font) {
+  CountFont();
   const HFONT created = CreateFontIndirectA(&font);
   return {created, SelectObject(canvas, created)};
 }
@@ -86,6 +100,7 @@ void SetTextModes(Canvas canvas, int32_t color) {
 }
 
 void WriteText(Canvas canvas, const POINT& place, const char* text) {
+  CountText(TextLength(text));
   const POINT start = PlacePoint(place.x, place.y, state.centreX, state.centreY, state.rotated);
   TextOutA(canvas, start.x, start.y, text, TextLength(text));
 }
@@ -111,6 +126,7 @@ void DrawFontText(Canvas canvas, int32_t height, int32_t width, int32_t escapeme
   const SelectedFont selected = SelectNewFont(canvas, font);
   SetTextModes(canvas, state.entColor);
   const POINT place = ModelToSheet(x, y);
+  CountText(TextLength(state.entText));
   TextOutA(canvas, place.x, place.y, state.entText, TextLength(state.entText));
   RestoreFont(canvas, selected);
 }

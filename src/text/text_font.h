@@ -35,6 +35,10 @@ bool StartsInView(const ViewRect& view, const POINT& place, int32_t height, int3
 // italic are kept. Throws textTooLongCode for a face that doesn't fit.
 void SettleFont(LOGFONTA& font, const char* face);
 
+// Count a font that is used once, and the output of a text of so many bytes.
+void CountFont();
+void CountText(int32_t length);
+
 // A font of ours, and the one that it has replaced on the canvas.
 struct SelectedFont {
   HFONT font;

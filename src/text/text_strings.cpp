@@ -4,10 +4,13 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
 #include "driver/numbers.h"
+#include "driver/work_budget.h"
+#include "platform/code_page_932.h"
 #include "text/text_bytes.h"
 
 namespace hexlume {
@@ -63,15 +66,54 @@ void ExpandFirstPercentCode(std::string& text) {
 }
 
 // Here the text after a "%%d" is kept, and capital letters aren't codes.
+const char* BlockPercentSign(char letter) {
+  switch (letter) {
+    case 'c': return diameterSign;
+    case 'd': return degreeSign;
+    case 'p': return plusMinusSign;
+    default: return "";
+  }
+}
+
 void ExpandFirstBlockPercentCode(std::string& text) {
   const size_t place = text.find("%%");
-  if (place == none) return;
-  switch (text.c_str()[place + 2]) {
-    case 'c': text.replace(place, percentCodeLength, diameterSign); break;
-    case 'd': text.replace(place, percentCodeLength, degreeSign); break;
-    case 'p': text.replace(place, percentCodeLength, plusMinusSign); break;
-    default: text.erase(place, percentCodeLength);
+  if (place != none) text.replace(place, percentCodeLength, BlockPercentSign(text.c_str()[place + 2]));
+}
+
+// Removes all "%%u" that begin at a character, also those that a removal makes.
+void CutUnderlines(std::string& text) {
+  if (text.find("%%u") == none) return;
+  std::vector<std::string> characters;
+  const auto endsWith = [&characters](size_t back, const char* character) {
+    return characters.size() >= back && characters[characters.size() - back] == character;
+  };
+  for (size_t at = 0; at < text.size();) {
+    const size_t bytes = CharacterBytes(&text[at], text.size() - at);
+    characters.push_back(text.substr(at, bytes));
+    at += bytes;
+    if (endsWith(1, "u") && endsWith(2, "%") && endsWith(3, "%")) characters.resize(characters.size() - 3);
   }
+  text.clear();
+  for (const std::string& character : characters) text += character;
+}
+
+// Expands the "%%" codes up to the first that has a byte of a double-byte character, which would make other
+// characters of the text after it. Returns false if there is such a code.
+bool ExpandWholeCodes(std::string& text) {
+  if (text.find("%%") == none) return true;
+  std::string expanded;
+  const char* const bytes = text.c_str();
+  size_t at = 0;
+  while (at < text.size()) {
+    const size_t length = CharacterBytes(bytes + at, text.size() - at);
+    const bool hasCode = bytes[at + length - 1] == '%' && bytes[at + length] == '%';
+    if (hasCode && (length == 2 || IsLeadByte(static_cast<uint8_t>(bytes[at + 2])))) break;
+    expanded += hasCode ? BlockPercentSign(bytes[at + 2]) : text.substr(at, length);
+    at += hasCode ? std::min(percentCodeLength, text.size() - at) : length;
+  }
+  const bool isWhole = at == text.size();
+  text = expanded.append(text, at);
+  return isWhole;
 }
 
 // Replaces the first pair of braces with a code, as in "{\C1;Red}", by its content. The ";" is searched for
@@ -90,6 +132,12 @@ void OpenFirstBrace(std::string& text) {
     if (close != none) opened += text.substr(close + 1);
   }
   text = opened;
+}
+
+// Counts a round over the text, which searches it several times.
+void CountRound(const std::string& text) {
+  constexpr int64_t stepsOfRound = 300, stepsOfByte = 8;
+  CountSteps(stepsOfRound + static_cast<int64_t>(text.size()) * stepsOfByte);
 }
 
 // One round of StripBraceCodes.
@@ -111,11 +159,13 @@ void StripRounds(char* buffer, size_t size) {
   std::string text = buffer;
   std::string before;
   for (int round = 0; round < mostRounds; ++round) {
+    CountRound(text);
     before = text;
     StripRound(text);
     BoundedCopy(buffer, size, text.c_str());
     if (FindFrom(text, "{\\") == none || text == before) return;
   }
+  NoteBound(textRoundsBound);
 }
 
 void CutParens(std::string& text, int levels) {
@@ -179,6 +229,7 @@ void ExtractFace(const std::string& text, char (&faceName)[textSize]) {
 void ExpandPercentCodes() {
   std::string text = state.entText;
   do {
+    CountRound(text);
     CutAll(text, "%%u");
     CutAll(text, "%%o");
     ExpandFirstPercentCode(text);
@@ -194,17 +245,26 @@ void ExpandPercentCodes() {
 
 void ExpandBlockPercentCodes() {
   std::string text = state.blockText;
-  do {
-    CutAll(text, "%%u");
+  CountRound(text);
+  CutUnderlines(text);
+  while (!ExpandWholeCodes(text)) {
+    CountRound(text);
     ExpandFirstBlockPercentCode(text);
-  } while (text.find("%%") != none);
+    CutUnderlines(text);
+  }
   BoundedCopy(state.blockText, text.c_str());
 }
 
 void ExpandDimInsertPercentCodes() {
-  std::string text = state.dimText;
-  while (text.find("%%") != none) ExpandFirstBlockPercentCode(text);
-  BoundedCopy(state.dimText, text.c_str());
+  const std::string text = state.dimText;
+  CountRound(text);
+  // What is expanded never ends with a "%", so it makes no code with what comes after it.
+  std::string expanded;
+  size_t done = 0;
+  for (size_t place = 0; (place = text.find("%%", done)) != none;
+       done = std::min(place + percentCodeLength, text.size()))
+    expanded.append(text, done, place - done).append(BlockPercentSign(text.c_str()[place + 2]));
+  BoundedCopy(state.dimText, expanded.append(text, done).c_str());
 }
 
 void StripBraceCodes() {
@@ -219,6 +279,7 @@ void StripSpaceAndParens() {
   std::string text = state.entText;
   int levels = 0;  // the number of blanks, at least 1
   do {
+    CountRound(text);
     CutFirstBytes(text, " ");
     ++levels;
   } while (text.find(' ') != none);
@@ -230,6 +291,7 @@ void StripBlockSpaceAndParens() {
   std::string text = state.blockText;
   int levels = 0;
   do {
+    CountRound(text);
     CutFirst(text, "\\A1;");
     CutFirstBytes(text, " ");
     ++levels;

@@ -372,5 +372,30 @@ TEST_F(Archive, what_was_replaced_is_counted) {
   EXPECT_EQ(1, line["embedded"]);
 }
 
+// Both libraries name a bound: the nine exports convert a single drawing, the host library makes a report.
+TEST_F(Archive, a_bound_that_is_reached_is_named) {
+  Write("a.dxf", A3("0 SPLINE\n74 400000\n11 1\n21 1\n" + Line()));
+  const std::string words = "A spline has too many points and was left out.";
+  const Outcome plain = RunReal("a.dxf a.emf");
+  EXPECT_EQ(0, plain.status);
+  EXPECT_EQ("hexlume: a.dxf: warning: bound: " + words + "\n", plain.err);
+  const Outcome reported = RunReal("--report - a.dxf b.emf");
+  EXPECT_TRUE(Contains(reported.err, "warning: bound: Line ")) << reported.err;
+  const Json remark = ReportIn(reported.out).at(0)["remarks"].at(0);
+  EXPECT_EQ("bound", remark["name"]);
+  EXPECT_TRUE(Contains(remark["message"], words));
+  // Also where the drawing ends by it and there is no result.
+  std::string splines;
+  for (int32_t i = 0; i < 60; ++i) splines += "0 SPLINE\n74 330000\n11 5\n21 5\n";
+  Write("b.dxf", A3(splines));
+  for (const std::string report : {"", "--report c.jsonl "}) {
+    const Outcome ended = RunReal("--full-size " + report + "b.dxf c.emf");
+    EXPECT_EQ(11, ended.status);
+    EXPECT_TRUE(Contains(ended.err, "The metafile would be larger than a conversion makes it.")) << ended.err;
+  }
+  Write("c.dxf", A3(Line()));
+  EXPECT_EQ("", RunReal("c.dxf d.emf").err);
+}
+
 }  // namespace
 }  // namespace hexlume::archive_test

@@ -71,7 +71,7 @@ export interface Sentence {
 }
 
 export interface Remark {
-  /** "no-such-layer", "cut-off", "substituted", "not-utf8" or "embedded". */
+  /** "no-such-layer", "cut-off", "substituted", "not-utf8", "embedded" or "bound". */
   name: string;
   /** Line of the file; 0 without one. */
   line: number;

@@ -9,6 +9,7 @@
 
 #include "driver/bounded_copy.h"
 #include "driver/conv_state.h"
+#include "text/text_bytes.h"
 #include "text/text_strings.h"
 
 namespace hexlume::text_strings_scales_test {
@@ -456,6 +457,40 @@ TEST(TextStrings, any_bytes_leave_a_text_in_each_buffer) {
       ExpectTextStaysInside(state.groupValue, routine, random);
     EXPECT_NE(std::memchr(state.entFaceName, '\0', sizeof state.entFaceName), nullptr);
     EXPECT_NE(std::memchr(state.blockFaceName, '\0', sizeof state.blockFaceName), nullptr);
+  }
+}
+
+// The rule in its own words: all "%%u" that begin at a character are cut, then the first "%%" by bytes is replaced or cut with
+// the byte after it, until there is none.
+void CutUnderlinesByRule(std::string& text) {
+  while (const char* const place = FindCharacters(text.c_str(), "%%u"))
+    text.erase(static_cast<size_t>(place - text.c_str()), 3);
+}
+
+std::string ExpandedByRule(std::string text, bool cutsUnderlines) {
+  for (;;) {
+    if (cutsUnderlines) CutUnderlinesByRule(text);
+    const size_t place = text.find("%%");
+    if (place == std::string::npos) return text;
+    const char letter = text.c_str()[place + 2];
+    text.replace(place, 3,
+                 letter == 'c'   ? diameterSign
+                 : letter == 'd' ? degreeSign
+                 : letter == 'p' ? plusMinusSign
+                                 : "");
+  }
+}
+
+TEST(TextStrings, percent_codes_of_any_bytes_are_expanded_by_the_rule) {
+  std::mt19937 random(8);
+  for (int round = 0; round < 20000; ++round) {
+    const std::string text = RandomText(random, sizeof state.blockText - 1);
+    BoundedCopy(state.blockText, text.c_str());
+    ExpandBlockPercentCodes();
+    EXPECT_EQ(ExpandedByRule(text, true), state.blockText) << text;
+    BoundedCopy(state.dimText, text.c_str());
+    ExpandDimInsertPercentCodes();
+    EXPECT_EQ(ExpandedByRule(text, false), state.dimText) << text;
   }
 }
 

@@ -24,6 +24,7 @@ using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMeta
 struct Outcome {
   int32_t code = HEXLUME_OK;     // what it returned
   std::optional<int32_t> fault;  // the number of a fault that left it instead
+  uint32_t bounds = 0;           // that it has reached, as bits
   Metafile metafile;
 };
 
@@ -32,7 +33,9 @@ template <typename Call>
 Outcome Run(Call&& call) {
   Outcome outcome;
   HENHMETAFILE metafile = nullptr;
+  ForgetBounds();
   outcome.fault = CallGuarded([&] { outcome.code = call(&metafile); });
+  outcome.bounds = ReachedBounds();
   outcome.metafile.reset(metafile);
   return outcome;
 }
@@ -110,6 +113,11 @@ bool IsEmpty(const MetafileBytes& bytes) {
   return bytes.size() >= headerSize && EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
 }
 
+void AddBounds(uint32_t bounds, Conversion& conversion) {
+  for (int32_t bound = 0; const char* const words = hexlume_bound_message(bound, HEXLUME_ENGLISH); ++bound)
+    if (bounds >> bound & 1) conversion.remarks.push_back({"bound", words});
+}
+
 // What the host library would say of a drawing that the exports have converted.
 void AddRemarks(const DrawingSource& drawing, DrawingParts& parts, const Options& options,
                 Conversion& conversion) {
@@ -138,6 +146,7 @@ Conversion ConvertByExports(const DrawingSource& drawing, const std::string& pat
   const Outcome outcome = CallExports(path, options);
   Conversion conversion = AfterFailure(drawing, outcome, options);
   if (outcome.metafile) conversion.metafile = BytesOf(outcome.metafile.get());
+  AddBounds(outcome.bounds, conversion);
   if (!conversion.HasFailed()) AddRemarks(drawing, parts, options, conversion);
   return conversion;
 }

@@ -25,7 +25,7 @@ struct Conversion {
   std::string name = "ok";      // of the status
   int exit = 0;                 // of the process
   std::string words;            // what happened; only for a conversion that failed
-  std::vector<Remark> remarks;  // not for one that failed and has no metafile
+  std::vector<Remark> remarks;  // of one that failed and has no metafile only bounds
   MetafileBytes metafile;       // also when a fault ended the drawing, if it had been begun
   int64_t strokes = 0, substituted = 0, embedded = 0;  // from the host library only
 };

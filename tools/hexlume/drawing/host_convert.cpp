@@ -56,8 +56,9 @@ Conversion ConvertByHostLibrary(const DrawingSource& drawing, const Options& opt
   Conversion conversion = Ended(isEmptySheet ? okStatus : row, LineText(result.Line()));
   if (isEmptySheet) conversion.remarks.push_back({StatusOf(row).name, StatusOf(row).words});
   // What can't be read has no layers either.
-  if (!conversion.HasFailed() || hasMetafile)
-    for (const hexlume_remark& remark : result.Remarks()) conversion.remarks.push_back(RemarkOf(remark));
+  const bool hasAll = !conversion.HasFailed() || hasMetafile;
+  for (const hexlume_remark& remark : result.Remarks())
+    if (hasAll || remark.code == HEXLUME_REMARK_BOUND) conversion.remarks.push_back(RemarkOf(remark));
   conversion.metafile.assign(result.Metafile().begin(), result.Metafile().end());
   conversion.strokes = result.Number(HEXLUME_NUMBER_STROKES);
   conversion.substituted = result.Number(HEXLUME_NUMBER_SUBSTITUTED);

@@ -10,6 +10,10 @@ namespace hexlume {
 // aren't destroyed then.
 std::optional<int32_t> RunForFault(void (*run)(void* context), void* context);
 
+// The bounds that the last conversion by the nine exports has reached, as bits. Call ForgetBounds before it.
+void ForgetBounds();
+uint32_t ReachedBounds();
+
 template <typename Function>
 std::optional<int32_t> CallGuarded(Function&& function) {
   return RunForFault([](void* context) { (*static_cast<Function*>(context))(); }, &function);

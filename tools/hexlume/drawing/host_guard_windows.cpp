@@ -1,3 +1,4 @@
+#include <hexlume.h>
 #include <windows.h>
 
 #include "tools/hexlume/drawing/host_guard.h"
@@ -70,6 +71,15 @@ std::optional<int32_t> RunForFault(void (*run)(void* context), void* context) {
   // Removes the handlers of the frames that were skipped from the thread's list.
   thread->ExceptionList = handlers;
   return faultNumber;
+}
+
+void ForgetBounds() {
+  SetLastError(0);
+}
+
+uint32_t ReachedBounds() {
+  const uint32_t error = GetLastError();
+  return error & HEXLUME_BOUNDS_REACHED ? error ^ HEXLUME_BOUNDS_REACHED : 0;
 }
 
 }  // namespace hexlume

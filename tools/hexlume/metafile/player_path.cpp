@@ -67,6 +67,16 @@ void PlayerPath::Close() {
   if (!steps.empty()) steps.push_back(Step::close);
 }
 
+PlayerPath::Way PlayerPath::WayWithin(double height) const {
+  Way way = {0, 0};
+  for (size_t i = 1; i < points.size(); ++i) {
+    const Point &from = points[i - 1], &to = points[i];
+    way.length += std::fabs(to.x - from.x) + std::fabs(to.y - from.y);
+    way.height += std::fabs(std::clamp(to.y, 0.0, height) - std::clamp(from.y, 0.0, height));
+  }
+  return way;
+}
+
 void PlayerPath::Add(Step step, Point point) {
   steps.push_back(step);
   points.push_back(point);

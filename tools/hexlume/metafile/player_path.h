@@ -36,6 +36,12 @@ class PlayerPath {
   void ArcTo(Point centre, double radiusX, double radiusY, double start, double sweep);
   void Close();
 
+  // How long the path is, at least, and the sum of its ways up and down.
+  struct Way {
+    double length, height;
+  };
+  Way WayWithin(double height) const;
+
   // Calls MoveTo, LineTo, CurveTo and Close of the writer.
   template <typename Writer>
   void WriteTo(Writer&& writer) const {

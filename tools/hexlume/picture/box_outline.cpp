@@ -68,12 +68,16 @@ class BandStacker {
 }  // namespace
 
 PlayerPath OutlineOf(const CanvasBoxes& boxes, const PathLimits& limits) {
-  CanvasBoxes sorted = boxes;
+  CanvasBoxes copy;
   const auto isBefore = [](const CanvasBox& a, const CanvasBox& b) {
     return a.top != b.top ? a.top < b.top : a.left < b.left;
   };
-  if (!std::is_sorted(sorted.begin(), sorted.end(), isBefore))
-    std::sort(sorted.begin(), sorted.end(), isBefore);
+  const bool isSorted = std::is_sorted(boxes.begin(), boxes.end(), isBefore);
+  if (!isSorted) {
+    copy = boxes;
+    std::sort(copy.begin(), copy.end(), isBefore);
+  }
+  const CanvasBoxes& sorted = isSorted ? boxes : copy;
   PlayerPath path(limits);
   BandStacker stacker(path);
   const CanvasBox* const end = sorted.data() + sorted.size();

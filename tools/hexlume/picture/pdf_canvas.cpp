@@ -45,6 +45,8 @@ PdfCanvas::PdfCanvas(const MetafileFrame& frame, PdfFile& pdfFile, PdfFonts& pdf
 void PdfCanvas::Pass() {
   constexpr size_t enough = 1 << 16;
   if (text.size() < enough) return;
+  constexpr double stepsOfByte = 35;
+  work.Count(static_cast<double>(text.size()) * stepsOfByte);
   file.WriteToStream(text);
   text.clear();
 }
@@ -123,10 +125,12 @@ void PdfCanvas::Fill(const PlayerPath& path, uint32_t color, bool winding) {
 }
 
 void PdfCanvas::FillBoxes(const CanvasBoxes& boxes, uint32_t color) {
+  PictureWork::RequireOutline(boxes.size());
   Fill(OutlineOf(boxes, Measures().limits), color, true);
 }
 
 void PdfCanvas::Clip(const CanvasBoxes& boxes) {
+  PictureWork::RequireOutline(boxes.size());
   RemoveClip();
   unclipped = graphics;
   isClipped = true;

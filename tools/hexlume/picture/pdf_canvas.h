@@ -8,6 +8,7 @@
 #include "tools/hexlume/metafile/player_canvas.h"
 #include "tools/hexlume/picture/pdf_file.h"
 #include "tools/hexlume/picture/pdf_fonts.h"
+#include "tools/hexlume/picture/picture_work.h"
 
 namespace hexlume {
 
@@ -47,6 +48,7 @@ class PdfCanvas : public PlayerCanvas {
 
   PdfFile& file;
   PdfFonts& fonts;
+  PictureWork work;
   std::string text;  // not passed on yet
   Graphics graphics, unclipped;
 

@@ -26,7 +26,8 @@ void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
 void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
   const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, settings);
-  RasterCanvas canvas(size.width, size.height);
+  constexpr double metresOfAnInch = 0.0254, usualResolution = 96;
+  RasterCanvas canvas(size.width, size.height, size.dotsPerMetre * metresOfAnInch / usualResolution);
   Play(metafile, canvas);
   WritePng(canvas.Finish(), size.dotsPerMetre, sink);
 }

@@ -1,5 +1,6 @@
 #include "tools/hexlume/picture/raster_canvas.h"
 
+#include <algorithm>
 #include <cmath>
 #include <new>
 #include <string>
@@ -9,6 +10,8 @@
 
 namespace hexlume {
 namespace {
+
+constexpr double stepsOfRecord = 50;
 
 constexpr PathLimits pixelLimits = {65536, 0.02};
 
@@ -49,13 +52,14 @@ void Require(cairo_status_t status) {
 
 }  // namespace
 
-RasterCanvas::RasterCanvas(int width, int height)
+RasterCanvas::RasterCanvas(int width, int height, double scale)
     : PlayerCanvas({static_cast<double>(width), static_cast<double>(height), 1, true, pixelLimits}),
       surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
       context(cairo_create(surface.get())),
       image{cairo_image_surface_get_data(surface.get()), width, height,
             cairo_image_surface_get_stride(surface.get())},
-      strokes(image) {
+      strokes(image),
+      work(scale) {
   Require(cairo_surface_status(surface.get()));
   cairo_set_source_rgb(context.get(), 1, 1, 1);
   cairo_paint(context.get());
@@ -76,13 +80,28 @@ cairo_t* RasterCanvas::Cairo() {
 }
 
 void RasterCanvas::DrawDot(Point middle, uint32_t color) {
+  work.Count(stepsOfRecord);
   cairo_surface_flush(surface.get());
   strokes.DrawPixel(static_cast<int>(std::floor(middle.x)), static_cast<int>(std::floor(middle.y)),
                     RgbOf(color));
 }
 
+// A line is drawn row by row: the parts of its rows that it covers.
+void RasterCanvas::CountLine(Point from, Point to, double width) {
+  constexpr double stepsOfLine = 300, stepsOfRow = 25, stepsOfPixel = 2;
+  const double right = image.width, bottom = image.height;
+  const auto side = [](double a, double b, double most) {
+    return std::fabs(std::clamp(a, 0.0, most) - std::clamp(b, 0.0, most));
+  };
+  const double across = side(from.x, to.x, right), down = side(from.y, to.y, bottom);
+  const double rows = std::min(down + width, bottom);
+  work.Count(stepsOfLine + rows * stepsOfRow +
+             std::min((across + down + width) * (1 + width), right * rows) * stepsOfPixel);
+}
+
 void RasterCanvas::DrawLine(Point from, Point to, const StrokeStyle& style) {
   if (style.dashes.empty()) {
+    CountLine(from, to, style.width);
     cairo_surface_flush(surface.get());
     strokes.DrawLine(from, to, style.width, RgbOf(style.color));
   } else {
@@ -94,6 +113,9 @@ void RasterCanvas::DrawLine(Point from, Point to, const StrokeStyle& style) {
 }
 
 void RasterCanvas::Stroke(const PlayerPath& path, const StrokeStyle& style) {
+  constexpr double stepsOfStroke = 3000, stepsOfPixel = 25, stepsOfDashedPixel = 100;
+  const double length = path.WayWithin(image.height).length;
+  work.Count(stepsOfStroke + length * (style.dashes.empty() ? stepsOfPixel : stepsOfDashedPixel));
   cairo_t* const cairo = Cairo();
   SetPath(cairo, path);
   SetColor(cairo, style.color);
@@ -105,6 +127,10 @@ void RasterCanvas::Stroke(const PlayerPath& path, const StrokeStyle& style) {
 }
 
 void RasterCanvas::Fill(const PlayerPath& path, uint32_t color, bool winding) {
+  constexpr double stepsOfFill = 2000, stepsOfRow = 50;
+  const double rows = path.WayWithin(image.height).height;
+  work.Count(stepsOfFill + rows * stepsOfRow +
+             std::min(rows * image.width, 1.0 * image.width * image.height));
   cairo_t* const cairo = Cairo();
   SetPath(cairo, path);
   SetColor(cairo, color);
@@ -112,7 +138,19 @@ void RasterCanvas::Fill(const PlayerPath& path, uint32_t color, bool winding) {
   cairo_fill(cairo);
 }
 
+void RasterCanvas::CountBoxes(const CanvasBoxes& boxes) {
+  constexpr double stepsOfBox = 100, stepsOfRow = 10, stepsOfPixel = 0.5;
+  double pixels = 0;
+  for (const CanvasBox& box : boxes)
+    pixels +=
+        (std::clamp<double>(box.right, 0, image.width) - std::clamp<double>(box.left, 0, image.width)) *
+        (std::clamp<double>(box.bottom, 0, image.height) - std::clamp<double>(box.top, 0, image.height));
+  work.Count(static_cast<double>(boxes.size()) * stepsOfBox + image.height * stepsOfRow +
+             pixels * stepsOfPixel);
+}
+
 void RasterCanvas::FillBoxes(const CanvasBoxes& boxes, uint32_t color) {
+  CountBoxes(boxes);
   cairo_t* const cairo = Cairo();
   SetPath(cairo, boxes);
   SetColor(cairo, color);
@@ -121,6 +159,9 @@ void RasterCanvas::FillBoxes(const CanvasBoxes& boxes, uint32_t color) {
 }
 
 void RasterCanvas::DrawGlyphs(const GlyphRun& run) {
+  constexpr double stepsOfText = 2000, stepsOfGlyph = 500;
+  const double area = std::min(std::fabs(run.width * run.height), 1.0 * image.width * image.height);
+  work.Count(stepsOfText + static_cast<double>(run.glyphs.size()) * (stepsOfGlyph + area));
   cairo_t* const cairo = Cairo();
   std::vector<cairo_glyph_t> glyphs;
   glyphs.reserve(run.glyphs.size());
@@ -135,6 +176,7 @@ void RasterCanvas::DrawGlyphs(const GlyphRun& run) {
 }
 
 void RasterCanvas::Clip(const CanvasBoxes& boxes) {
+  CountBoxes(boxes);
   strokes.Clip(boxes);
   clip = boxes;
   hasClip = isClipStale = true;

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "tools/hexlume/metafile/player_canvas.h"
+#include "tools/hexlume/picture/picture_work.h"
 #include "tools/hexlume/picture/stroke_raster.h"
 
 namespace hexlume {
@@ -13,7 +14,8 @@ namespace hexlume {
 class RasterCanvas : public PlayerCanvas {
  public:
   // Throws std::bad_alloc if there isn't enough memory.
-  RasterCanvas(int width, int height);
+  // scale: how much longer strokes are than at 96 dpi.
+  RasterCanvas(int width, int height, double scale = 1);
 
   void DrawDot(Point middle, uint32_t color) override;
   void DrawLine(Point from, Point to, const StrokeStyle& style) override;
@@ -28,6 +30,8 @@ class RasterCanvas : public PlayerCanvas {
   const RasterImage& Finish();
 
  private:
+  void CountLine(Point from, Point to, double width);
+  void CountBoxes(const CanvasBoxes& boxes);
   struct FreeCairo {
     void operator()(cairo_t* object) const { cairo_destroy(object); }
     void operator()(cairo_surface_t* object) const { cairo_surface_destroy(object); }
@@ -39,6 +43,7 @@ class RasterCanvas : public PlayerCanvas {
   std::unique_ptr<cairo_t, FreeCairo> context;
   RasterImage image;
   StrokeRaster strokes;
+  PictureWork work;
   bool hasClip = false, isClipStale = false;  // stale: cairo doesn't have it yet
   CanvasBoxes clip;
 };

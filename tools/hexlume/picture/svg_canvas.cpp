@@ -175,6 +175,8 @@ SvgCanvas::SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink
 void SvgCanvas::Pass() {
   constexpr size_t enough = 1 << 16;
   if (text.size() < enough) return;
+  constexpr double stepsOfByte = 8;
+  work.Count(static_cast<double>(text.size()) * stepsOfByte);
   sink(reinterpret_cast<const uint8_t*>(text.data()), text.size());
   text.clear();
 }
@@ -263,10 +265,12 @@ void SvgCanvas::Fill(const PlayerPath& path, uint32_t color, bool winding) {
 }
 
 void SvgCanvas::FillBoxes(const CanvasBoxes& boxes, uint32_t color) {
+  PictureWork::RequireOutline(boxes.size());
   Fill(OutlineOf(boxes, Measures().limits), color, true);
 }
 
 void SvgCanvas::Clip(const CanvasBoxes& boxes) {
+  PictureWork::RequireOutline(boxes.size());
   RemoveClip();
   const std::string name = "clip" + std::to_string(++clips);
   text += "<clipPath id=\"" + name + "\">";

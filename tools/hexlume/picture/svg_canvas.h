@@ -9,6 +9,7 @@
 #include "tools/hexlume/metafile/metafile_player.h"
 #include "tools/hexlume/metafile/player_canvas.h"
 #include "tools/hexlume/picture/byte_sink.h"
+#include "tools/hexlume/picture/picture_work.h"
 
 namespace hexlume {
 
@@ -71,6 +72,7 @@ class SvgCanvas : public PlayerCanvas {
 
   const ByteSink& sink;
   bool textsAreKept;
+  PictureWork work;
   std::string text;  // not passed on yet
   SvgPathData data;
 
