@@ -143,6 +143,8 @@ def main():
             if len(set(lines)) > 1:
                 different.append(int(lines[0].split(" ")[0]))
                 print(f"seed {different[-1]} differs", flush=True)
+        if (first + count - options.seed) % 1000 == 0:
+            print(f"{first + count - options.seed} drawings, {len(different)} differ", flush=True)
     for seed in different[:MOST_SHRUNKEN]:
         report(builds, seed)
     print(f"{options.count} drawings from seed {options.seed}, {', '.join(build.name for build in builds)}: "

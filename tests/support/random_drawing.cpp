@@ -779,7 +779,7 @@ std::string OddDrawing(uint32_t seed) {
     if (writer.Chance(75)) WriteTables(writer);
     if (writer.Chance(60)) WriteBlocks(writer);
     if (writer.Chance(10)) WriteHeader(writer);
-    if (writer.Chance(70)) WriteEntities(writer);
+    if (writer.Chance(85)) WriteEntities(writer);
   }
   writer.Group(0, "EOF");
   return writer.Chance(70) ? Disordered(writer, writer.text) : writer.text;
