@@ -28,12 +28,12 @@ windows_packages=(
 )
 engine_packages=(munge openssh-client openssh-server parallel procps slurm-client slurmctld slurmd)
 native_test_packages=(
-  clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libuemf-dev
+  clang-format doxygen googletest groff-base libbenchmark-dev libemf2svg-dev libfast-float-dev libuemf-dev
   libmono-system-core4.0-cil librsvg2-bin mono-mcs mono-runtime poppler-utils python3 qpdf
   "${engine_packages[@]}"
 )
 windows_test_packages=(googletest xvfb)
-fuzz_packages=(clang googletest libclang-rt-14-dev)
+fuzz_packages=(clang googletest libclang-rt-14-dev libfast-float-dev llvm python3)
 package_packages=(clang debootstrap doxygen dpkg-dev file lintian lld llvm python3 unzip zip)
 web_packages=(
   cmake ninja-build dpkg-dev emscripten libfast-float-dev nodejs

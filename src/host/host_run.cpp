@@ -68,6 +68,10 @@ std::unique_ptr<TextSource> OpenForConversion(const char*) {
 SourceOpener fileOpener = nullptr;
 
 int64_t CountLines(TextSource& source, int64_t upTo) {
+  if (const auto whole = source.Whole()) {
+    const std::string_view counted = whole->substr(0, static_cast<size_t>(upTo));
+    return std::count(counted.begin(), counted.end(), '\n');
+  }
   std::vector<char> buffer(256 * 1024);
   int64_t lines = 0;
   while (upTo > 0) {
@@ -196,7 +200,8 @@ int64_t LastLine(HostRun& run) {
   bool isOpen = false;  // the last line has no end
   char piece[groupLineLimit];
   while (ReadLine(stream, piece, sizeof piece)) {
-    isOpen = piece[std::strlen(piece) - 1] != '\n';
+    // Not the piece's last byte: a piece can have a byte 0.
+    isOpen = stream.bytes[stream.position - 1] != '\n';
     if (!isOpen) ++lines;
   }
   return lines + (isOpen ? 1 : 0);

@@ -146,6 +146,13 @@ TEST(HostStatus, a_text_ends_at_a_byte_1a_or_without_a_line_end) {
   EXPECT_EQ(44, ConvertBytes(open + "\n\x1A" + "0\nEOF\n").Remarks().begin()->line);
 }
 
+TEST(HostStatus, a_line_with_a_byte_0_is_a_line) {
+  const std::string ended = A3(Lines(2));
+  const std::string open = ended.substr(0, ended.size() - std::string("0\nEOF\n").size());
+  // After the 44 lines one with the byte in it, one that begins with it, and one more.
+  EXPECT_EQ(47, ConvertBytes(open + std::string("a\0b\n\0\nc\n", 8)).Remarks().begin()->line);
+}
+
 TEST(HostStatus, a_fault_keeps_what_the_whole_sheet_has_drawn) {
   const host::Result result = ConvertBytes(Endless());
   EXPECT_EQ("fault", result.StatusName());

@@ -1,9 +1,12 @@
 #include "support/random_drawing.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <random>
+#include <vector>
 
 namespace hexlume {
 
@@ -50,6 +53,7 @@ class Writer {
 
   std::string text;
   bool tellsSize = false;  // in its header
+  bool isOdd = false;      // see OddDrawing
 
  private:
   std::mt19937 random;
@@ -167,14 +171,23 @@ void WriteTables(Writer& writer) {
   writer.Group(2, "TABLES");
   if (!writer.Chance(20)) WriteLtypes(writer);
   if (!writer.Chance(3)) WriteLayers(writer);
-  if (writer.Chance(3)) WriteLtypes(writer);
+  if (writer.Chance(writer.isOdd ? 20 : 3)) WriteLtypes(writer);
+  if (writer.isOdd && writer.Chance(20)) WriteLayers(writer);
   if (writer.Chance(80)) WriteDimStyles(writer);
+  if (writer.isOdd && writer.Chance(20)) WriteDimStyles(writer);
   writer.Group(0, "ENDSEC");
+}
+
+// Among them types that no table defines.
+const char* OddLtype(Writer& writer) {
+  static const char* const undefined[] = {"NOWHERE",          "",  "DASHED_NOT", "center2x",
+                                          "\x94\x6A\x90\xFC", "*", "BY LAYER"};
+  return writer.Chance(30) ? writer.OneOf(undefined) : writer.OneOf(ltypeNames);
 }
 
 void WriteProperties(Writer& writer) {
   if (writer.Chance(80)) writer.Group(8, writer.OneOf(layerNames));
-  if (writer.Chance(30)) writer.Group(6, writer.OneOf(ltypeNames));
+  if (writer.Chance(30)) writer.Group(6, writer.isOdd ? OddLtype(writer) : writer.OneOf(ltypeNames));
   if (writer.Chance(50)) writer.Group(62, std::to_string(static_cast<int32_t>(writer.Below(270)) - 5));
   if (writer.Chance(20)) writer.Group(39, std::to_string(writer.Below(8000)));
 }
@@ -199,7 +212,20 @@ void WriteArc(Writer& writer) {
     if (!writer.Chance(3)) writer.Group(code, writer.Number(-10.0, 370.0));
 }
 
+// A part of an ellipse that crosses an edge of the sheet, or only just doesn't.
+void WriteEllipseAtEdge(Writer& writer) {
+  static const char* const edges[] = {"0", "420", "297", "0.01", "419.99", "10", "150"};
+  static const char* const axes[] = {"30", "-30", "0", "10.005", "0.01", "90"};
+  static const char* const ratios[] = {"0.5", "1", "0.0001", "1.5", "-0.5", "0"};
+  WritePoint(writer, 10, writer.OneOf(edges), writer.OneOf(edges));
+  WritePoint(writer, 11, writer.OneOf(axes), writer.OneOf(axes));
+  writer.Group(40, writer.OneOf(ratios));
+  writer.Group(41, writer.Number(-1.0, 7.0));
+  writer.Group(42, writer.Number(-1.0, 13.0));
+}
+
 void WriteEllipse(Writer& writer) {
+  if (writer.isOdd && writer.Chance(40)) return WriteEllipseAtEdge(writer);
   WritePoint(writer, 10, writer.Coordinate(), writer.Coordinate());
   const bool upright = writer.Chance(30);
   WritePoint(writer, 11, upright ? "0.0" : writer.Number(-90.0, 90.0),
@@ -215,7 +241,10 @@ void WritePlace(Writer& writer) {
 }
 
 void WriteBulge(Writer& writer) {
+  static const char* const oddBulges[] = {"1",   "-1",   "1E-9", "-1E-7", "0.0005",
+                                          "1E6", "-1E9", "57.3", "-0",    "2.4142135"};
   if (!writer.Chance(40)) return;
+  if (writer.isOdd && writer.Chance(25)) return writer.Group(42, writer.OneOf(oddBulges));
   const std::string bulge = writer.Chance(10) ? "0.0" : writer.Number(-1.5, 1.5);
   writer.Group(42, writer.Chance(5) ? writer.Coordinate() : bulge);
 }
@@ -284,8 +313,12 @@ void WriteSolid(Writer& writer) {
 void WritePlayedBlock(Writer& writer, const char* block) {
   writer.Group(2, block);
   WritePlace(writer);
-  for (const int32_t code : {41, 42})
-    if (writer.Chance(50)) writer.Group(code, writer.Number(-0.5, 3.0));
+  static const char* const oddScales[] = {"-1", "-2.5", "0", "1E-7", "-0.01", "100", "1000"};
+  for (const int32_t code : {41, 42}) {
+    if (!writer.Chance(50)) continue;
+    writer.Group(code,
+                 writer.isOdd && writer.Chance(40) ? writer.OneOf(oddScales) : writer.Number(-0.5, 3.0));
+  }
   if (writer.Chance(50)) writer.Group(50, writer.Number(-10.0, 370.0));
   if (writer.Chance(10)) writer.Group(230, "-1.0");
 }
@@ -340,13 +373,55 @@ const char* const textCharacters[] = {" ",        "(",        ")",        "12.5"
                                       "\x94\x5C", "\x90\x7D", "\x81\x40", "\x81\x69", "\x81\x6A", "\x90"};
 const char kanji[] = "\x81\x9B\x81\x9B\x81\x9B";        // more bytes than a code or two can take along
 const char barredBytes[] = "\n\r\x1A\x53\x57\x54\x66";  // ends of lines and files; S, W, T, and f of a face
+// Those that depend on metrics, for odd drawings.
+const char* const measuredCodes[] = {"\\S1/2;",
+                                     "\\S1^ 2;",
+                                     "\\S+0.1#-0.2;",
+                                     "\\S12^3;x",
+                                     "\\W0.5;",
+                                     "\\W2;",
+                                     "\\T0.5;",
+                                     "\\T2;",
+                                     "\\f@A|b1;",
+                                     "{\\fArial|i1;x}",
+                                     "\\Fgdt;",
+                                     "\\H5;",
+                                     "\\H0.5x;",
+                                     "\\pi2;",
+                                     "\\~",
+                                     "\\O",
+                                     "\\o",
+                                     "\\l",
+                                     "\\K",
+                                     "\\{",
+                                     "\\}",
+                                     "\\\\",
+                                     "%%%",
+                                     "%%065",
+                                     "%%k",
+                                     "%%s",
+                                     "^J",
+                                     "^I",
+                                     "^ ",
+                                     "\\N",
+                                     "\\X",
+                                     "\\U+FF71",
+                                     "\\M+182A0",
+                                     "\\A2;",
+                                     "\\c255;",
+                                     "ABC",
+                                     "Wide Words ",
+                                     "\\S;",
+                                     "\\S/;"};
 constexpr uint32_t textLimit = 230;  // with all that is added, within what the reader takes
 
 std::string RandomText(Writer& writer) {
   std::string text;
   for (uint32_t count = writer.Below(writer.Chance(90) ? 10 : 150); count > 0; --count) {
     const auto byte = static_cast<char>(1 + writer.Below(255));
-    if (writer.Chance(40))
+    if (writer.isOdd && writer.Chance(30))
+      text += writer.OneOf(measuredCodes);
+    else if (writer.Chance(40))
       text += writer.OneOf(textCodes);
     else if (writer.Chance(80))
       text += writer.OneOf(textCharacters);
@@ -361,12 +436,14 @@ std::string RandomText(Writer& writer) {
 std::string TextWithKanji(Writer& writer) {
   static const char* const leadingCodes[] = {"", "\\A1;", "\\A1;\\A0;", "\\C1;", "}}", "\\A"};
   std::string text = RandomText(writer);
+  if (writer.isOdd && writer.Chance(70)) return text;
   if (writer.Chance(60)) return kanji + text + (writer.Chance(5) ? "\\S1^ 2;" : "");
   text.erase(std::remove(text.begin(), text.end(), '{'), text.end());
   return writer.OneOf(leadingCodes) + text + kanji;
 }
 
 std::string MTextOfNoWidth(Writer& writer) {
+  if (writer.isOdd && writer.Chance(70)) return RandomText(writer);
   return (writer.Chance(20) ? "\\W0;\\T0.7;" : "\\W0;") + RandomText(writer);
 }
 
@@ -598,7 +675,87 @@ void WriteEntities(Writer& writer) {
   writer.Group(0, "ENDSEC");
 }
 
+using Lines = std::vector<std::string>;  // those of a group one after the other, with their ends
+
+Lines LinesOf(const std::string& text) {
+  Lines lines;
+  for (size_t start = 0; start < text.size();) {
+    const size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
+    lines.push_back(text.substr(start, end - start));
+    start = end;
+  }
+  return lines;
+}
+
+void SwapGroups(Lines& lines, size_t group, size_t other) {
+  std::swap(lines[2 * group], lines[2 * other]);
+  std::swap(lines[2 * group + 1], lines[2 * other + 1]);
+}
+
+// Changes the groups of a record, from after its group 0 to the next one.
+void DisorderRecord(Writer& writer, Lines& lines, size_t first, size_t end) {
+  const auto some = [&] { return first + writer.Below(static_cast<uint32_t>(end - first)); };
+  const size_t group = some();
+  const auto place = lines.begin() + static_cast<std::ptrdiff_t>(2 * group);
+  switch (writer.Below(4)) {
+    case 0: lines.erase(place, place + 2); break;
+    case 1: {
+      const Lines repeated(place, place + 2);
+      lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(2 * some()), repeated.begin(), repeated.end());
+      break;
+    }
+    case 2: SwapGroups(lines, group, some()); break;
+    default:
+      for (size_t i = first; i + 1 < end; ++i)
+        SwapGroups(lines, i, i + writer.Below(static_cast<uint32_t>(end - i)));
+      break;
+  }
+}
+
+// A drawing cut off within a text, or one with blocks within themselves, would end otherwise in each build. So heads of blocks
+// and their arrowheads keep their order.
+bool KeepsOrder(const std::string& keyword) {
+  return keyword.compare(0, 5, "BLOCK") == 0 || keyword.compare(0, 5, "HATCH") == 0 ||
+         keyword.compare(0, 7, "SECTION") == 0 || keyword.compare(0, 3, "END") == 0;
+}
+
+std::string Disordered(Writer& writer, const std::string& text) {
+  Lines lines = LinesOf(text);
+  for (size_t group = lines.size() / 2; group-- > 0;) {
+    if (std::atoi(lines[2 * group].c_str()) != 0 || KeepsOrder(lines[2 * group + 1]) || !writer.Chance(15))
+      continue;
+    size_t end = group + 1;
+    while (2 * end + 1 < lines.size() && std::atoi(lines[2 * end].c_str()) != 0) ++end;
+    if (end > group + 1) DisorderRecord(writer, lines, group + 1, end);
+  }
+  std::string disordered;
+  for (const std::string& line : lines) disordered += line;
+  return disordered;
+}
+
+const EntityKind otherKinds[] = {
+    {"LEADER", WriteLeader}, {"INSERT", WriteInsert}, {"DIMENSION", WriteDimension},
+    {"HATCH", WriteHatch},   {"ATTRIB", WriteAttrib},
+};
+
 }  // namespace
+
+std::string RandomRecord(uint32_t seed) {
+  Writer writer(seed);
+  writer.tellsSize = true;
+  writer.isOdd = true;
+  if (writer.Chance(55))
+    WriteAnyEntity(writer);
+  else if (writer.Chance(80))
+    WriteEntity(writer, otherKinds[writer.Below(sizeof otherKinds / sizeof otherKinds[0])]);
+  else if (writer.Chance(60))
+    WriteTables(writer);
+  else if (writer.Chance(50))
+    WriteHeader(writer);
+  else
+    WriteBlocks(writer);
+  return writer.text;
+}
 
 std::string RandomDrawing(uint32_t seed) {
   Writer writer(seed);
@@ -612,6 +769,20 @@ std::string RandomDrawing(uint32_t seed) {
   if (writer.Chance(10)) writer.text.resize(somewhere() + 1);
   if (writer.Chance(3)) writer.text[somewhere()] = 0x1A;
   return writer.text;
+}
+
+std::string OddDrawing(uint32_t seed) {
+  Writer writer(seed);
+  writer.isOdd = true;
+  if (writer.Chance(95)) WriteHeader(writer);
+  for (uint32_t sections = 1 + writer.Below(4); sections > 0; --sections) {
+    if (writer.Chance(75)) WriteTables(writer);
+    if (writer.Chance(60)) WriteBlocks(writer);
+    if (writer.Chance(10)) WriteHeader(writer);
+    if (writer.Chance(85)) WriteEntities(writer);
+  }
+  writer.Group(0, "EOF");
+  return writer.Chance(70) ? Disordered(writer, writer.text) : writer.text;
 }
 
 }  // namespace hexlume

@@ -11,4 +11,12 @@ namespace hexlume {
 // mid-group.
 std::string RandomDrawing(uint32_t seed);
 
+// With all that a reader of drawings must bear as well: texts with every code, whose places depend on the metrics of the
+// fonts, groups out of order, lost and repeated, tables and sections twice, partial ellipses at the edges of the sheet, negative
+// scales, patterns that aren't defined, bulges of any size.
+std::string OddDrawing(uint32_t seed);
+
+// One record as in OddDrawing: mostly an entity, seldom a table, a header or some blocks.
+std::string RandomRecord(uint32_t seed);
+
 }  // namespace hexlume
