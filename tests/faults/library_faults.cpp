@@ -185,17 +185,24 @@ class Trial {
     blocks = hexlume_fault_blocks();
     files = OpenFiles();
     for (int64_t call = 1;; call += step) {
-      int64_t reached = 0;
-      Check(call, Run(path, way, row.kind, call, &reached), reached);
-      if (reached < call) break;
+      if (!CheckFailing(call)) break;
       CheckNext(call);
     }
     if (OpenFiles() != files) Complain(0, "open files are left");
   }
 
  private:
-  void Check(int64_t call, const Outcome& outcome, int64_t reached) {
-    if (reached >= call) ++tally.runs;
+  // False if there are fewer calls.
+  bool CheckFailing(int64_t call) {
+    int64_t reached = 0;
+    const Outcome outcome = Run(path, way, row.kind, call, &reached);
+    if (reached < call) return false;
+    ++tally.runs;
+    Check(call, outcome);
+    return true;
+  }
+
+  void Check(int64_t call, const Outcome& outcome) {
     if (outcome == expected) return;
     ++tally.failed;
     if (outcome.status == "ok") return Complain(call, "another picture, and no word of it");
