@@ -38,6 +38,7 @@ set(PLATFORM_SOURCES
   src/platform/windows/japanese_locale.cpp
   src/platform/windows/module_file.cpp
   src/platform/windows/reference_dc.cpp
+  src/platform/windows/run_objects.cpp
   src/platform/windows/stack_room.cpp
   src/platform/windows/last_error.cpp
   src/platform/windows/system_version.cpp

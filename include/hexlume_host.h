@@ -71,7 +71,7 @@ enum {
   HEXLUME_STATUS_LIMIT = 15,       /**< "limit": a limit of the options was reached. There may be a metafile */
   HEXLUME_STATUS_FAULT = 16,       /**< "fault": the drawing can't be drawn to its end, for example because a block
                                         contains itself. There may be a metafile */
-  HEXLUME_STATUS_NO_MEMORY = 17    /**< "no-memory": there is no memory for the result, which may be NULL then */
+  HEXLUME_STATUS_NO_MEMORY = 17    /**< "no-memory": memory ran out, and there is no metafile. The result may be NULL */
 };
 
 /** Languages of the sentences. */

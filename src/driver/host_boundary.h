@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 
 #include "driver/conv_state.h"
 #include "driver/work_budget.h"
@@ -19,7 +20,10 @@ int32_t LetFaultsLeave(Conversion&& convert) {
     return convert();
   } catch (int32_t thrown) {
     code = thrown;
-  } catch (...) {  // out of memory
+  } catch (const std::bad_alloc&) {
+    memoryRanOut = true;
+  } catch (...) {
+    // The code is that of a fault.
   }
   FreeTables();
   LeaveBounds();

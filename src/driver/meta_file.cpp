@@ -2,6 +2,7 @@
 
 #include "canvas/left_objects.h"
 #include "platform/reference_dc.h"
+#include "platform/run_objects.h"
 
 namespace hexlume {
 
@@ -18,6 +19,7 @@ HENHMETAFILE EndMetaFile(MetaFile& metaFile) {
   const HENHMETAFILE handle = CloseEnhMetaFile(metaFile.canvas);
   DeleteLeftObjects();
   DeleteDC(metaFile.reference);
+  DeleteRunObjects();
   metaFile.canvas = nullptr;
   metaFile.reference = nullptr;
   return handle;

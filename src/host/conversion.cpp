@@ -135,6 +135,7 @@ void ConvertForHost(const HostInput& input, const HostOptions& options, hexlume_
   HostRun run(input, options, options.plain.turned ? 4 : 2);
   if (!PrepareRun(input, options, run, result)) return;
   const Outcome outcome = Convert(options, run);
+  CheckMemory();
   run.EndPass(HasDrawn(run));
   result.numbers[HEXLUME_NUMBER_STROKES] = runWatch.strokes;
   const WorkBudget done = work;

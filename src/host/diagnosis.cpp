@@ -90,6 +90,7 @@ int32_t StatusOf(FileTrouble trouble) {
   switch (trouble) {
     case FileTrouble::notFound: return HEXLUME_STATUS_NOT_FOUND;
     case FileTrouble::notAFile: return HEXLUME_STATUS_NOT_A_FILE;
+    case FileTrouble::noMemory: return HEXLUME_STATUS_NO_MEMORY;
     default: return HEXLUME_STATUS_NOT_ALLOWED;
   }
 }

@@ -36,7 +36,7 @@ void RunWork(Work work, const hexlume_input* input, const hexlume_options* optio
   } catch (const BadArgument& wrong) {
     result.status = HEXLUME_STATUS_BAD_ARGUMENT;
     result.detail = wrong.what();
-  } catch (const std::exception&) {  // the heap gave out
+  } catch (const std::exception&) {  // memory ran out
     result.status = HEXLUME_STATUS_NO_MEMORY;
     result.metafile = {};
   }

@@ -112,8 +112,10 @@ int64_t HostRun::Size() {
 std::unique_ptr<TextSource> HostRun::OpenRaw() {
   if (input.bytes) return std::make_unique<MemorySource>(input.bytes, input.byteCount);
   auto source = std::make_unique<FileSource>(*this);
-  trouble = source->Open(input.path.c_str());
-  return trouble == FileTrouble::none ? std::move(source) : nullptr;
+  const FileTrouble found = source->Open(input.path.c_str());
+  // The first one counts: a later opening can succeed.
+  if (trouble == FileTrouble::none) trouble = found;
+  return found == FileTrouble::none ? std::move(source) : nullptr;
 }
 
 std::unique_ptr<TextSource> HostRun::Open(FormatChanges& noted) {

@@ -83,6 +83,7 @@ void InspectForHost(const HostInput& input, const HostOptions& options, hexlume_
   HostRun run(input, options, 2);
   if (!PrepareRun(input, options, run, result)) return;
   const Findings findings = Inspect(options, run, result);
+  CheckMemory();
   run.EndPass(true);
   SettleBoxes(result.inspection.summary);
   SettleStatus(input, run, findings, result);

@@ -1,12 +1,14 @@
 #include "host/preparation.h"
 
 #include <limits>
+#include <new>
 
 #include "dialogs/answers/dialog_answers.h"
 #include "driver/conv_state.h"
 #include "driver/hexlume_app.h"
 #include "driver/run_watch.h"
 #include "host/diagnosis.h"
+#include "platform/fault_guard.h"
 
 namespace hexlume {
 
@@ -30,6 +32,7 @@ DialogAnswers AnswersOf(const HostOptions& options) {
 }  // namespace
 
 bool PrepareRun(const HostInput& input, const HostOptions& options, HostRun& run, hexlume_result& result) {
+  memoryRanOut = false;
   state = {};
   theApp = {};
   dialogAnswers = AnswersOf(options);
@@ -48,6 +51,10 @@ const char* LimitName(RunEnd end) {
     case RunEnd::strokeLimit: return "limit_strokes";
     default: return "limit_bytes";
   }
+}
+
+void CheckMemory() {
+  if (memoryRanOut) throw std::bad_alloc();
 }
 
 void SettleEnd(HostRun& run, hexlume_result& result) {

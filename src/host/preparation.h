@@ -11,6 +11,9 @@ namespace hexlume {
 // False, with the result's status set, if there is nothing to read.
 bool PrepareRun(const HostInput& input, const HostOptions& options, HostRun& run, hexlume_result& result);
 
+// Throws std::bad_alloc if memory ran out in a guarded run: what was drawn until then is of no use.
+void CheckMemory();
+
 // The status, line and limit of a run that the host or a limit has ended.
 void SettleEnd(HostRun& run, hexlume_result& result);
 

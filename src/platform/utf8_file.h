@@ -11,6 +11,7 @@ enum class FileTrouble {
   notFound,
   notAFile,    // a folder, a device, a pipe
   notAllowed,  // it is there, but can't be opened
+  noMemory,
 };
 
 // A file opened for reading, or why it can't be.

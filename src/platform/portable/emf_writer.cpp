@@ -1,7 +1,7 @@
 #include "platform/portable/emf_writer.h"
 
 #include <algorithm>
-#include <new>
+#include <stdexcept>
 
 namespace hexlume {
 
@@ -46,7 +46,7 @@ void EmfWriter::AppendAcross(const void* head, size_t headSize, const void* tail
   const size_t wanted = headSize + tailSize;
   const size_t written = bytes.size + static_cast<size_t>(next - pieceStart);
   const size_t left = mostBytes - written;
-  if (wanted > left) throw std::bad_alloc();
+  if (wanted > left) throw std::length_error("the metafile is full");
   const size_t growth = std::clamp(written / growthDivisor, smallestPiece, largestPiece);
   // No piece may have room beyond the largest metafile, because Append checks only the room of the piece. It
   // is a multiple of 4, so that records are aligned in the next piece too.
@@ -60,6 +60,11 @@ void EmfWriter::AppendAcross(const void* head, size_t headSize, const void* tail
   BeginLastPiece(pieceRoom);
   Put(static_cast<const uint8_t*>(head) + headHere, headSize - headHere);
   Put(static_cast<const uint8_t*>(tail) + tailHere, tailSize - tailHere);
+}
+
+void EmfWriter::EndEarly() {
+  mostBytes = bytes.size + static_cast<size_t>(next - pieceStart);
+  pieceEnd = next;
 }
 
 EmfBytes EmfWriter::Finish(EmfHeaderRecord header) {

@@ -29,8 +29,9 @@ struct EmfBytes {
   void CopyTo(uint8_t* buffer) const;
 };
 
-// Appends records, from the header to EOF. If memory runs out, or the metafile would exceed its largest size
-// (INT32_MAX), Append throws std::bad_alloc and leaves the metafile unchanged. Finish always succeeds.
+// Appends records, from the header to EOF. Append leaves the metafile unchanged if memory runs out, when it throws
+// std::bad_alloc, or if the metafile would exceed its largest size (INT32_MAX), when it throws std::length_error. Finish
+// always succeeds.
 class EmfWriter {
  public:
   explicit EmfWriter(size_t largestMetafile = INT32_MAX);
@@ -60,6 +61,9 @@ class EmfWriter {
     }
     ++recordCount;
   }
+
+  // From now on there is no room: a record is missing that had to be there.
+  void EndEarly();
 
   // Appends EOF, sets the byte and record counts in the header, which must be the first record, and
   // returns the bytes.

@@ -9,6 +9,7 @@
 #include <cfenv>
 #include <cstddef>
 #include <mutex>
+#include <new>
 
 namespace hexlume {
 
@@ -133,6 +134,9 @@ class ThreadSetup {
   try {
     run(context);
     return true;
+  } catch (const std::bad_alloc&) {
+    memoryRanOut = true;
+    return false;
   } catch (...) {
     return false;
   }

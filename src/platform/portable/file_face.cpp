@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <utility>
 
 #include "platform/code_page_932.h"
@@ -33,9 +34,9 @@ class PlainFace : public FontFace {
 
 std::vector<uint8_t> TableOf(FT_Face face, FT_ULong tag) {
   FT_ULong size = 0;
-  if (FT_Load_Sfnt_Table(face, tag, 0, nullptr, &size) != 0) return {};
+  if (!Succeeded(FT_Load_Sfnt_Table(face, tag, 0, nullptr, &size))) return {};
   std::vector<uint8_t> bytes(size);
-  if (FT_Load_Sfnt_Table(face, tag, 0, bytes.data(), &size) != 0) return {};
+  if (!Succeeded(FT_Load_Sfnt_Table(face, tag, 0, bytes.data(), &size))) return {};
   return bytes;
 }
 
@@ -83,7 +84,8 @@ class FileFace : public FontFace {
 
   int32_t UnitsAcross(FT_UInt glyph) const {
     FT_Fixed advance = 0;
-    if (FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance) != 0) return measures.averageWidth;
+    if (!Succeeded(FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance)))
+      return measures.averageWidth;
     return static_cast<int32_t>(std::clamp<FT_Fixed>(advance, 0, INT16_MAX));
   }
 
@@ -94,8 +96,8 @@ class FileFace : public FontFace {
   // Asks the scaler, because it scales the top and the bottom of a glyph separately: the result differs from
   // the scaled advance.
   int64_t AdvanceDown(FT_UInt glyph, int ppem) const {
-    if (FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem)) != 0 ||
-        FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) != 0)
+    if (!Succeeded(FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem))) ||
+        !Succeeded(FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP)))
       return AdvanceAcross(glyph, ppem);
     return std::max<FT_Pos>(face->glyph->metrics.vertAdvance, 0);
   }
@@ -109,6 +111,11 @@ class FileFace : public FontFace {
 constexpr size_t mostFaces = 16;
 
 }  // namespace
+
+bool Succeeded(FT_Error error) {
+  if (FT_ERROR_BASE(error) == FT_Err_Out_Of_Memory) throw std::bad_alloc();
+  return error == 0;
+}
 
 FontLibrary OpenFontLibrary() {
   FT_Library library = nullptr;

@@ -26,6 +26,9 @@ using OpenFace = std::unique_ptr<FT_FaceRec_, FaceCloser>;
 // Null if FreeType can't be started.
 FontLibrary OpenFontLibrary();
 
+// True if a call of FreeType succeeded. Throws std::bad_alloc if it had no memory.
+bool Succeeded(FT_Error error);
+
 // Returns the face of an open font file. Without one, or if it lacks the measures that text needs, the face
 // has characters of an em or half an em.
 std::unique_ptr<FontFace> MakeFileFace(OpenFace opened, bool isVertical);

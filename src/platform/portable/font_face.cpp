@@ -1,8 +1,11 @@
 #include "platform/portable/font_face.h"
 
 #include <fontconfig/fontconfig.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <memory>
+#include <new>
 #include <string>
 
 #include "platform/portable/file_face.h"
@@ -29,45 +32,54 @@ using Pattern = std::unique_ptr<FcPattern, PatternCloser>;
 using FontSet = std::unique_ptr<FcFontSet, FontSetCloser>;
 using ObjectSet = std::unique_ptr<FcObjectSet, ObjectSetCloser>;
 
+// Without memory a lookup would find another font, or none, and the texts would be drawn with its measures. So it fails.
+void Check(bool hasMemory) {
+  if (!hasMemory) throw std::bad_alloc();
+}
+
 void AddFamily(FcPattern* pattern, const char* family) {
-  FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+  Check(FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
 }
 
 void AddLanguage(FcPattern* pattern) {
-  FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja"));
+  Check(FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja")));
 }
 
 Pattern ScalablePattern() {
   Pattern pattern(FcPatternCreate());
-  if (pattern) FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+  Check(pattern && FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue));
   return pattern;
+}
+
+FontSet ListFonts(FcConfig* config, const Pattern& pattern, const ObjectSet& objects) {
+  Check(objects != nullptr);
+  FontSet found(FcFontList(config, pattern.get(), objects.get()));
+  Check(found != nullptr);
+  return found;
 }
 
 bool IsInstalled(FcConfig* config, const std::string& family, bool inJapanese) {
   const Pattern pattern = ScalablePattern();
   const ObjectSet objects(FcObjectSetBuild(FC_FILE, static_cast<const char*>(nullptr)));
-  if (!pattern || !objects) return false;
   AddFamily(pattern.get(), family.c_str());
   if (inJapanese) AddLanguage(pattern.get());
-  const FontSet found(FcFontList(config, pattern.get(), objects.get()));
-  return found && found->nfont > 0;
+  return ListFonts(config, pattern, objects)->nfont > 0;
 }
 
 Pattern PatternOfFamily(const std::string& family) {
   Pattern pattern = ScalablePattern();
-  if (pattern) AddFamily(pattern.get(), family.c_str());
+  AddFamily(pattern.get(), family.c_str());
   return pattern;
 }
 
 // The pattern asks for one of the Gothics, then for any Japanese font, those of fixed pitch first.
 Pattern PatternOfGothic(FcConfig* config) {
   Pattern pattern = ScalablePattern();
-  if (!pattern) return pattern;
   for (const char* family : gothicFamilies) AddFamily(pattern.get(), family);
   AddFamily(pattern.get(), "monospace");
   AddLanguage(pattern.get());
-  FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO);
-  FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
+  Check(FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO));
+  Check(FcConfigSubstitute(config, pattern.get(), FcMatchPattern));
   return pattern;
 }
 
@@ -92,11 +104,10 @@ bool ComesBefore(const std::string& name, const std::string& other) {
 std::string FirstJapaneseFamily(FcConfig* config) {
   const Pattern pattern = ScalablePattern();
   const ObjectSet objects(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, static_cast<const char*>(nullptr)));
-  if (!pattern || !objects) return {};
   AddLanguage(pattern.get());
-  const FontSet found(FcFontList(config, pattern.get(), objects.get()));
+  const FontSet found = ListFonts(config, pattern, objects);
   std::string first;
-  for (int i = 0; found && i < found->nfont; ++i) {
+  for (int i = 0; i < found->nfont; ++i) {
     const std::string name = JapaneseNameOf(found->fonts[i]);
     if (first.empty() || ComesBefore(name, first)) first = name;
   }
@@ -118,38 +129,64 @@ Pattern PatternFor(FcConfig* config, const LOGFONTA& font) {
   return isNamed ? PatternOfFamily(name) : PatternOfGothic(config);
 }
 
+bool HasFonts(FcConfig* config) {
+  for (const FcSetName set : {FcSetSystem, FcSetApplication}) {
+    const FcFontSet* const fonts = FcConfigGetFonts(config, set);
+    if (fonts && fonts->nfont > 0) return true;
+  }
+  return false;
+}
+
+// Whether a file that couldn't be opened is there and has bytes, so that the process has too many files open, for example.
+bool IsReadable(const char* file) {
+  struct stat facts;
+  return stat(file, &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_size > 0 && access(file, R_OK) == 0;
+}
+
+// Null for a file that is gone or damaged: its font counts as none.
+OpenFace OpenFontFile(FT_Library library, const char* file, int index) {
+  FT_Face face = nullptr;
+  const FT_Error error = FT_New_Face(library, file, index & 0xFFFF, &face);
+  OpenFace opened(face);
+  if (Succeeded(error)) return opened;
+  const FT_Error base = FT_ERROR_BASE(error);
+  if (base == FT_Err_Cannot_Open_Resource || base == FT_Err_Cannot_Open_Stream) Check(!IsReadable(file));
+  return nullptr;
+}
+
 OpenFace OpenBestMatch(FcConfig* config, FT_Library library, FcPattern* pattern) {
   FcDefaultSubstitute(pattern);
   FcResult result = FcResultNoMatch;
   const Pattern match(FcFontMatch(config, pattern, &result));
+  Check(match || !HasFonts(config));
   FcChar8* file = nullptr;
   int index = 0;
   if (!match || FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch) return nullptr;
   FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
-  FT_Face face = nullptr;
-  FT_New_Face(library, reinterpret_cast<const char*>(file), index & 0xFFFF, &face);
-  return OpenFace(face);
-}
-
-std::unique_ptr<FontFace> MakeFace(FcConfig* config, FT_Library library, const LOGFONTA& font) {
-  if (!config || !library) return MakeFileFace(nullptr, IsVertical(font));
-  const Pattern pattern = PatternFor(config, font);
-  return MakeFileFace(pattern ? OpenBestMatch(config, library, pattern.get()) : nullptr, IsVertical(font));
+  return OpenFontFile(library, reinterpret_cast<const char*>(file), index);
 }
 
 // A private configuration, so that the host's isn't changed. The library must be closed after the faces,
 // hence the order of the fields.
 struct FaceCache {
-  Config config{FcInitLoadConfigAndFonts()};
-  FontLibrary library = OpenFontLibrary();
+  Config config;
+  FontLibrary library;
   FaceRows rows;
+
+  std::unique_ptr<FontFace> MakeFace(const LOGFONTA& font) {
+    if (!config) config.reset(FcInitLoadConfigAndFonts());
+    if (!library) library = OpenFontLibrary();
+    Check(config && library);
+    const Pattern pattern = PatternFor(config.get(), font);
+    return MakeFileFace(OpenBestMatch(config.get(), library.get(), pattern.get()), IsVertical(font));
+  }
 };
 
 }  // namespace
 
 const FontFace& FaceOf(const LOGFONTA& font) {
   static FaceCache cache;
-  return cache.rows.Find(font, [&font] { return MakeFace(cache.config.get(), cache.library.get(), font); });
+  return cache.rows.Find(font, [&font] { return cache.MakeFace(font); });
 }
 
 }  // namespace hexlume

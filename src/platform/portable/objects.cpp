@@ -1,9 +1,11 @@
 // Pens, brushes and stock objects; selection and deletion of objects of all kinds.
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <new>
 #include <utility>
 
+#include "platform/fault_guard.h"
 #include "platform/portable/device_context.h"
 
 namespace hexlume {
@@ -66,15 +68,18 @@ HGDIOBJ SelectInto(DeviceContext& dc, HGDIOBJ& selected, HGDIOBJ object) {
   return before;
 }
 
-// Deleting never fails: without memory the metafile lacks the record, and the index isn't reused.
+// Deleting never fails. Without room for its record the index isn't reused and the metafile ends before it, so that the next
+// record fails.
 void AppendDelete(DeviceContext& dc, HGDIOBJ object) noexcept {
   const uint32_t index = dc.handles.IndexOf(object);
   if (index == 0) return;
   try {
     dc.writer.Append(EmfObjectRecord{emrDeleteObject, sizeof(EmfObjectRecord), index});
     dc.handles.Free(index);
-  } catch (const std::bad_alloc&) {
+  } catch (const std::exception& trouble) {
+    if (dynamic_cast<const std::bad_alloc*>(&trouble)) memoryRanOut = true;
     dc.handles.Forget(index);
+    dc.writer.EndEarly();
   }
   --object->recordedIn;
 }

@@ -14,6 +14,7 @@ FileTrouble TroubleOf(int error) {
     case ENOTDIR:
     case ENAMETOOLONG:
     case ELOOP: return FileTrouble::notFound;
+    case ENOMEM: return FileTrouble::noMemory;
     default: return FileTrouble::notAllowed;
   }
 }

@@ -47,6 +47,8 @@ __attribute__((noinline)) void RunToReturn(Guard* guard) noexcept {
   try {
     guard->run(guard->context);
     guard->returned = true;
+  } catch (const std::bad_alloc&) {
+    memoryRanOut = true;
   } catch (...) {
     // guard->returned is still false.
   }

@@ -56,7 +56,7 @@ TEST(EmfWriter, a_record_beyond_two_gigabytes_leaves_the_metafile_as_it_was) {
   const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
   writer.Append(head);
   const volatile size_t tooLong = size_t{1} << 31;
-  EXPECT_THROW(writer.Append(&head, sizeof head, &head, tooLong), std::bad_alloc);
+  EXPECT_THROW(writer.Append(&head, sizeof head, &head, tooLong), std::length_error);
   writer.Append(head);
   const std::vector<uint8_t> copy = Copied(writer.Finish(Header()));
   EXPECT_EQ(copy.size(), sizeof(EmfHeaderRecord) + 2 * sizeof head + sizeof(EmfEofRecord));
@@ -69,7 +69,7 @@ TEST(EmfWriter, small_records_end_at_the_largest_metafile) {
   writer.Append(Header());
   const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
   for (int i = 0; i < 8322; ++i) ASSERT_NO_THROW(writer.Append(head)) << i;
-  for (int i = 0; i < 10; ++i) EXPECT_THROW(writer.Append(head), std::bad_alloc);
+  for (int i = 0; i < 10; ++i) EXPECT_THROW(writer.Append(head), std::length_error);
   const std::vector<uint8_t> copy = Copied(writer.Finish(Header()));
   EXPECT_EQ(copy.size(), 108u + 8322 * 12 + 20);
 }
@@ -79,7 +79,7 @@ TEST(EmfWriter, a_metafile_is_filled_to_its_last_byte) {
   writer.Append(Header());
   const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
   for (int i = 0; i < 8322; ++i) ASSERT_NO_THROW(writer.Append(head)) << i;
-  EXPECT_THROW(writer.Append(head), std::bad_alloc);
+  EXPECT_THROW(writer.Append(head), std::length_error);
   EXPECT_EQ(writer.Finish(Header()).size, 108u + 8322 * 12 + 20);
 }
 

@@ -1,0 +1,7 @@
+#include "platform/run_objects.h"
+
+namespace hexlume {
+
+void DeleteRunObjects() {}
+
+}  // namespace hexlume

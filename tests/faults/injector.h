@@ -1,0 +1,40 @@
+// Makes one call of a kind fail. The library hexlume_faults takes the place of the system's functions: it is linked before them,
+// or preloaded. A preloaded one takes its orders from the environment:
+//
+//   HEXLUME_FAULT=KIND:N         the N-th call of that kind fails, in each process for itself
+//   HEXLUME_FAULT=KIND:N:kill    the process kills itself in its place
+//   HEXLUME_FAULT_COUNT=FILE     gets a line for each process: the number of calls of the kind
+#pragma once
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+enum {
+  FAULT_NONE = -1,
+  FAULT_MEMORY,  // malloc and its like
+  FAULT_WRITE,   // write, fwrite, fflush and their like
+  FAULT_READ,
+  FAULT_OPEN,  // of files and folders
+  FAULT_CLOSE,
+  FAULT_RENAME,
+  FAULT_SYNC,     // fsync, ftruncate
+  FAULT_FONT,     // of fontconfig and FreeType
+  FAULT_PROCESS,  // pipes and new processes
+  FAULT_KINDS
+};
+
+// From now on the call with this number fails, from 1; 0 for none. Starts counting anew.
+void hexlume_fault_arm(int32_t kind, int64_t call);
+
+// Lets all calls succeed again. Returns how many of the kind there were.
+int64_t hexlume_fault_disarm(void);
+
+// Blocks of memory that are in use.
+int64_t hexlume_fault_blocks(void);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,382 @@
+#!/usr/bin/env python3
+"""Lets each call of a kind fail once, in turn, in the tools: tool_faults.py [--sample] BUILD [SCENARIO ...]
+
+BUILD is a build folder such as build/linux. Each command is run with its first call of a kind failing, then with its second, and
+so on until none is left. It must end with a status that fits, each output must be the earlier file or the whole new one, no file
+may be left besides, and the next run must give what a run without a failure gives. Then the command is killed at each of its
+writes. --sample takes a few calls of each kind. Last come conditions of a whole run: a full disk, a missing font and the like.
+"""
+import filecmp
+import os
+import pty
+import resource
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+SOURCE = Path(__file__).resolve().parents[2]
+KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "process"]
+# Statuses that may be given besides 0: those of hexlume --help and hexlume-batch --help.
+FITTING = {
+    "memory": {11, 30, 32, 33, 34, 47, 48, 73, 74},
+    "write": {48, 73},
+    "read": {30, 34, 35, 47, 48, 64, 73, 74},
+    "open": {2, 11, 30, 32, 34, 47, 48, 64, 73, 74},
+    "close": {73, 74},
+    "rename": {73, 74},
+    "sync": {73, 74},
+    "font": {11, 30, 47, 73},
+    "process": {48, 69, 73},
+}
+OLD = b"an earlier result"
+
+
+class Scenario:
+    def __init__(self, name, command, outputs, setup=None, volatile=(), failures=None, again=None):
+        self.name = name
+        self.command = command      # a list of commands, run one after the other in the folder; the last one is tested
+        self.outputs = outputs      # files that are whole or as they were
+        self.setup = setup or []
+        self.failures = failures    # a command that lists what has failed, below a heading
+        self.again = again          # a command that is run before the next run
+        self.volatile = volatile    # beginnings of names of files whose contents differ in each run
+
+
+def scenarios(tool, batch):
+    chunk = [batch, "chunk", "plan", "1", "--jobs", "1"]
+    return [
+        Scenario("one drawing", [tool, "TEXT.dxf", "out/TEXT.emf"], ["out/TEXT.emf"]),
+        Scenario("its pictures", [tool, "--fit", "TEXT.dxf", "out/a.emf", "--png", "out/a.png", "--svg", "out/a.svg", "--pdf",
+                                  "out/a.pdf"], ["out/a.emf", "out/a.png", "out/a.svg", "out/a.pdf"]),
+        Scenario("workers", [tool, "-d", "out", "--jobs", "1", "--skip-unchanged", "POINT.dxf", "PART.dxf", "--to", "emf,png"],
+                 ["out/POINT.emf", "out/PART.emf", "out/POINT.png", "out/PART.png"], volatile=("out/.hexlume-state",)),
+        Scenario("a book", [tool, "-d", "out", "--jobs", "1", "--pdf-book", "out/book.pdf", "POINT.dxf", "PART.dxf"],
+                 ["out/POINT.emf", "out/PART.emf", "out/book.pdf"], volatile=("out/.hexlume-state",)),
+        Scenario("plan", [batch, "plan", "in", "--out", "plan", "--jobs", "1"], [], volatile=("plan",)),
+        Scenario("chunk", chunk, ["plan/out/POINT.emf", "plan/out/PART.emf"],
+                 setup=[[batch, "plan", "in", "--out", "plan", "--jobs", "1"]],
+                 failures=[batch, "report", "plan", "--failed"], again=[batch, "retry", "plan", "--failed"],
+                 volatile=("plan/results", "plan/plan.db", "plan/tmp")),
+    ]
+
+
+class Trial:
+    def __init__(self, build, is_sample):
+        self.build = Path(build).resolve()
+        self.injector = self.build / "lib" / "libhexlume_faults.so"
+        self.is_sample = is_sample
+        self.root = Path(tempfile.mkdtemp(prefix="hexlume-faults-"))
+        self.wrong = 0
+        self.runs = 0
+
+    def complain(self, words):
+        self.wrong += 1
+        print(words, flush=True)
+
+    def fresh(self, scenario, with_old=True):
+        """A folder with the drawings, and earlier results in the places of the outputs."""
+        folder = self.root / "work"
+        shutil.rmtree(folder, ignore_errors=True)
+        (folder / "in").mkdir(parents=True)
+        (folder / "out").mkdir()
+        for name in ["TEXT.dxf", "POINT.dxf", "PART.dxf"]:
+            shutil.copy(SOURCE / "examples" / name, folder / name)
+        for name in ["POINT.dxf", "PART.dxf"]:
+            shutil.copy(SOURCE / "examples" / name, folder / "in" / name)
+        for command in scenario.setup:
+            subprocess.run(command, cwd=folder, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+        if with_old:
+            for output in scenario.outputs:
+                (folder / output).parent.mkdir(parents=True, exist_ok=True)
+                (folder / output).write_bytes(OLD)
+        return folder
+
+    def run(self, scenario, folder, fault=None, count=None):
+        variables = dict(os.environ)
+        if fault:
+            variables["LD_PRELOAD"] = str(self.injector)
+            variables["HEXLUME_FAULT"] = fault
+            if count:
+                variables["HEXLUME_FAULT_COUNT"] = str(count)
+        try:
+            done = subprocess.run(scenario.command, cwd=folder, env=variables, stdin=subprocess.DEVNULL, timeout=60,
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        except subprocess.TimeoutExpired:
+            return None, b""
+        self.runs += 1
+        return done.returncode, done.stderr
+
+    def files(self, scenario, folder):
+        """All files with their bytes, but those that differ in each run."""
+        found = {}
+        for path in sorted(folder.rglob("*")):
+            name = str(path.relative_to(folder))
+            if path.is_file() and not name.startswith(scenario.volatile or ("\0",)):
+                found[name] = path.read_bytes()
+        return found
+
+    def calls(self, scenario, kind):
+        """How many calls of the kind the process with most of them makes."""
+        folder = self.fresh(scenario)
+        count = self.root / "count"
+        count.unlink(missing_ok=True)
+        self.run(scenario, folder, kind + ":0", count)
+        return max((int(line) for line in count.read_text().split()), default=0) if count.exists() else 0
+
+    def places(self, most, few):
+        if not self.is_sample or most <= few:
+            return range(1, most + 1)
+        return sorted({1 + i * (most - 1) // (few - 1) for i in range(few)})
+
+    def check_outputs(self, what, scenario, before, expected, folder, left_allowed=()):
+        now = self.files(scenario, folder)
+        for name, contents in now.items():
+            if name in before or name in expected:
+                if contents != before.get(name) and contents != expected.get(name):
+                    self.complain(f"{what}: {name} is neither the earlier file nor the whole new one")
+            elif not name.endswith(left_allowed or "\0"):
+                self.complain(f"{what}: {name} is left")
+        for name in before:
+            if name not in now:
+                self.complain(f"{what}: {name} is gone")
+
+    def check_next(self, what, scenario, folder, expected):
+        if scenario.again:
+            subprocess.run(scenario.again, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+        status, words = self.run(scenario, folder)
+        if b"there is a plan already" in words:
+            return
+        if status != 0:
+            self.complain(f"{what}: the next run gives {status}: {words.decode(errors='replace').strip()}")
+            return
+        now = self.files(scenario, folder)
+        for name in set(now) ^ set(expected):
+            self.complain(f"{what}: after the next run {name} is there or missing")
+        for name in set(now) & set(expected):
+            if now[name] != expected[name]:
+                self.complain(f"{what}: after the next run {name} is another")
+
+    @staticmethod
+    def lists_failures(scenario, folder):
+        if not scenario.failures:
+            return False
+        listed = subprocess.run(scenario.failures, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE).stdout
+        return listed.count(b"\n") > 1
+
+    def try_call(self, scenario, kind, call, expected):
+        what = f"{scenario.name}, {kind} {call}"
+        folder = self.fresh(scenario)
+        before = self.files(scenario, folder)
+        status, words = self.run(scenario, folder, f"{kind}:{call}")
+        if status is None:
+            self.complain(f"{what}: it hangs")
+            return 0
+        if status != 0 and status not in FITTING[kind]:
+            self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()[-300:]}")
+        if status == 0 and self.files(scenario, folder) != expected and not self.lists_failures(scenario, folder):
+            self.complain(f"{what}: another result, and no word of it")
+        if status not in (0, 64) and not words:
+            self.complain(f"{what}: status {status}, and no word of it")
+        # A process that has been ended leaves its file, which the next run removes.
+        self.check_outputs(what, scenario, before, expected, folder, (".tmp",) if status == 48 else ())
+        self.check_next(what, scenario, folder, expected)
+        return status != 0
+
+    def try_kill(self, scenario, call, expected):
+        what = f"{scenario.name}, killed at write {call}"
+        folder = self.fresh(scenario)
+        before = self.files(scenario, folder)
+        self.run(scenario, folder, f"write:{call}:kill")
+        self.check_outputs(what, scenario, before, expected, folder, (".tmp",))
+        if scenario.name not in ("one drawing", "its pictures"):  # a plain conversion doesn't look for what is left
+            self.check_next(what, scenario, folder, expected)
+
+    def run_scenario(self, scenario):
+        folder = self.fresh(scenario)
+        status, words = self.run(scenario, folder)
+        if status != 0:
+            return self.complain(f"{scenario.name}: status {status} without a fault: {words.decode(errors='replace')}")
+        expected = self.files(scenario, folder)
+        for kind in KINDS:
+            most, wrong_before, said, places = self.calls(scenario, kind), self.wrong, 0, 0
+            for call in self.places(most, 4):
+                said += self.try_call(scenario, kind, call, expected)
+                places += 1
+            if most:
+                print(f"| {scenario.name} | {kind} | {places} of {most} | {said} | {self.wrong - wrong_before} |", flush=True)
+        wrong_before = self.wrong
+        places = self.places(self.calls(scenario, "write"), 4)
+        for call in places:
+            self.try_kill(scenario, call, expected)
+        print(f"| {scenario.name} | kill at a write | {len(places)} | | {self.wrong - wrong_before} |", flush=True)
+
+    # Conditions of a whole run.
+
+    def check(self, name, condition, words=""):
+        print(f"| {name} | {'as it should be' if condition else 'WRONG'} |", flush=True)
+        if not condition:
+            self.complain(f"{name}: {words}")
+
+    def plain(self):
+        tool = self.build / "bin" / "hexlume"
+        return Scenario("", [str(tool), "TEXT.dxf", "out/a.emf"], ["out/a.emf"])
+
+    def call(self, scenario, folder, *arguments, before=None, variables=None, **keywords):
+        environment = dict(os.environ, **(variables or {}))
+        done = subprocess.run([scenario.command[0], *arguments], cwd=folder, env=environment, stdin=subprocess.DEVNULL, timeout=60,
+                              stdout=keywords.pop("stdout", subprocess.PIPE), stderr=subprocess.PIPE, preexec_fn=before, **keywords)
+        return done.returncode, done.stderr.decode(errors="replace")
+
+    def run_conditions(self):
+        plain = self.plain()
+        folder = self.fresh(plain)
+        status, _ = self.call(plain, folder, *plain.command[1:])
+        right = (folder / "out/a.emf").read_bytes()
+        self.full_disk(plain, right)
+        self.read_only_folder(plain)
+        self.no_locale(plain, right)
+        self.fonts(plain)
+        self.few_files(plain, right)
+        self.standard_output(plain)
+        self.terminal(plain)
+        self.two_processes(plain, right)
+
+    def full_disk(self, plain, right):
+        folder = self.fresh(plain)
+        limit = lambda: (signal.signal(signal.SIGXFSZ, signal.SIG_IGN), resource.setrlimit(resource.RLIMIT_FSIZE, (512, 512)))
+        status, words = self.call(plain, folder, *plain.command[1:], before=limit)
+        same = (folder / "out/a.emf").read_bytes() == OLD and os.listdir(folder / "out") == ["a.emf"]
+        self.check("a file may not grow", status == 73 and same and "can't be written" in words, f"{status} {words}")
+        disk = self.root / "disk"
+        disk.mkdir(exist_ok=True)
+        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=16k", "tmpfs", str(disk)], stderr=subprocess.DEVNULL).returncode == 0
+        if not mounted:
+            print("| a full disk | not tried, for lack of rights to mount one |")
+            return
+        try:
+            (disk / "a.emf").write_bytes(OLD)
+            status, words = self.call(plain, folder, "--png", str(disk / "a.png"), "TEXT.dxf", str(disk / "a.emf"))
+            same = (disk / "a.emf").read_bytes() in (OLD, right) and not [n for n in os.listdir(disk) if n.endswith(".tmp")]
+            self.check("a full disk", status == 73 and same, f"{status} {words} {os.listdir(disk)}")
+        finally:
+            subprocess.run(["umount", str(disk)], check=True)
+
+    def read_only_folder(self, plain):
+        folder = self.fresh(plain)
+        (folder / "out").chmod(0o555)
+        nobody = lambda: os.setuid(65534)
+        for parent in [self.root, folder]:
+            parent.chmod(0o755)
+        status, words = self.call(plain, folder, *plain.command[1:], before=nobody if os.getuid() == 0 else None)
+        (folder / "out").chmod(0o755)
+        self.check("a folder that may not be written", status == 73 and (folder / "out/a.emf").read_bytes() == OLD, f"{status} {words}")
+
+    def no_locale(self, plain, right):
+        for variables in [{"LC_ALL": "C"}, {"LC_ALL": "xx_XX.no-such"}, {"LC_ALL": "", "LANG": ""}, {"LC_ALL": "de_DE.UTF-8"}]:
+            folder = self.fresh(plain)
+            status, words = self.call(plain, folder, *plain.command[1:], variables=variables)
+            same = (folder / "out/a.emf").read_bytes() == right
+            self.check(f"locale {variables['LC_ALL'] or 'none'}", status == 0 and same and not words, f"{status} {words}")
+
+    def fonts(self, plain):
+        """Without a font texts have cells of an em or half an em: a damaged font counts as none."""
+        results = []
+        for name, damage in [("no font", None), ("a font of no bytes", lambda font: b""), ("a font that is cut off", lambda font: font[:4000]),
+                             ("a font of chance", lambda font: bytes(i * 7919 >> 3 & 255 for i in range(20000)))]:
+            folder = self.fresh(plain)
+            fonts = folder / "fonts"
+            fonts.mkdir()
+            if damage:
+                (fonts / "damaged.ttf").write_bytes(damage(self.a_font()))
+            (folder / "fonts.conf").write_text(f"<fontconfig><dir>{fonts}</dir><cachedir>{folder}/cache</cachedir></fontconfig>")
+            status, words = self.call(plain, folder, *plain.command[1:], variables={"FONTCONFIG_FILE": str(folder / "fonts.conf")})
+            results.append((folder / "out/a.emf").read_bytes())
+            self.check(name, status == 0 and results[-1] == results[0] != OLD, f"{status} {words}")
+
+    @staticmethod
+    def a_font():
+        path = subprocess.run(["fc-match", "-f", "%{file}", "IPAGothic"], stdout=subprocess.PIPE, check=True).stdout
+        return Path(os.fsdecode(path)).read_bytes()
+
+    def few_files(self, plain, right):
+        for count in range(3, 16):
+            folder = self.fresh(plain)
+            limit = lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (count, count))
+            status, words = self.call(plain, folder, *plain.command[1:], before=limit)
+            result = (folder / "out/a.emf").read_bytes()
+            fits = status == 0 and result == right or status != 0 and result == OLD and bool(words) or status == 127
+            if not fits:
+                return self.check("too many open files", False, f"with {count} files: {status} {words} {len(result)} bytes")
+        self.check("too many open files", status == 0, f"still {status} {words}")
+
+    def standard_output(self, plain):
+        for arguments in [["TEXT.dxf", "-"], ["--list", "TEXT.dxf", "out/a.emf"], ["--help"], ["--version"]]:
+            folder = self.fresh(plain)
+            status, words = self.call(plain, folder, *arguments, before=lambda: os.close(1))
+            self.check(f"standard output closed, {arguments[0]} {arguments[-1]}", status == 73, f"{status} {words}")
+            with open("/dev/full", "wb") as full:
+                status, words = self.call(plain, folder, *arguments, stdout=full)
+            self.check(f"standard output full, {arguments[0]} {arguments[-1]}", status == 73, f"{status} {words}")
+
+    def terminal(self, plain):
+        """The terminal goes away while many drawings are converted: the tool ends or goes on, and all results are whole."""
+        folder = self.fresh(plain)
+        for i in range(300):
+            shutil.copy(folder / "TEXT.dxf", folder / "in" / f"{i}.dxf")
+        process, terminal = pty.fork()
+        if process == 0:
+            os.chdir(folder)
+            os.execv(plain.command[0], [plain.command[0], "-d", "out", "--jobs", "2", "--recursive", "in"])
+        os.read(terminal, 1)
+        os.close(terminal)
+        deadline = time.monotonic() + 30
+        while time.monotonic() < deadline and os.waitpid(process, os.WNOHANG) == (0, 0):
+            time.sleep(0.05)
+        ended = time.monotonic() < deadline
+        if not ended:
+            os.kill(process, signal.SIGKILL)
+        time.sleep(0.3)  # the workers end with the tool
+        sizes = {path.stat().st_size for path in (folder / "out").glob("[0-9]*.emf")}
+        self.check("a terminal that goes away", ended and len(sizes) <= 1, f"{ended} {sizes}")
+        status, words = self.call(plain, folder, "-d", "out", "--jobs", "2", "--skip-unchanged", "--quiet", "--recursive", "in")
+        count = len(list((folder / "out").glob("[0-9]*.emf")))
+        left = list((folder / "out").glob(".hexlume-*.tmp"))
+        self.check("the run after it", status == 0 and count == 300 and not left, f"{status} {words} {count} {left}")
+
+    def two_processes(self, plain, right):
+        folder = self.fresh(plain)
+        rounds = 5 if self.is_sample else 200
+        good = True
+        for _ in range(rounds):
+            both = [subprocess.Popen(plain.command, cwd=folder) for _ in range(2)]
+            good = [process.wait() for process in both] == [0, 0] and (folder / "out/a.emf").read_bytes() == right and good
+        self.check(f"two processes on one output, {rounds} times", good and os.listdir(folder / "out") == ["a.emf"], "")
+
+
+def main():
+    arguments = sys.argv[1:]
+    is_sample = "--sample" in arguments
+    names = [word for word in arguments if word != "--sample"]
+    if not names:
+        sys.exit(__doc__)
+    trial = Trial(names[0], is_sample)
+    tool, batch = str(trial.build / "bin" / "hexlume"), str(trial.build / "bin" / "hexlume-batch")
+    try:
+        print("| command | call that fails | tried | said so | wrong |\n|---|---|--:|--:|--:|")
+        for scenario in scenarios(tool, batch):
+            if not names[1:] or scenario.name in names[1:]:
+                trial.run_scenario(scenario)
+        if not names[1:] or "conditions" in names[1:]:
+            print("\n| condition | |\n|---|---|")
+            trial.run_conditions()
+    finally:
+        shutil.rmtree(trial.root, ignore_errors=True)
+    print(f"\n{trial.runs} runs, {trial.wrong} wrong")
+    sys.exit(1 if trial.wrong else 0)
+
+
+main()
