@@ -2,12 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "bench/speed/drawing_file.h"
 
 namespace hexlume::bench {
 
 using Draw = void (*)(DrawingFile& file, int64_t items);
+
+// Writes a whole drawing.
+void WriteDrawing(const std::string& path, Draw draw, int64_t items);
 
 // Strokes, blocks and layers.
 void DrawLines(DrawingFile& file, int64_t lines);  // 92 bytes each

@@ -12,32 +12,54 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int64_t allLines = 1'000'000;
-constexpr int64_t aHundredThousand = 100'000;
+struct Subject {
+  const char* name;
+  Draw draw;
+  int64_t items;
+  const char* words;
+};
 
-std::string LinesDrawing(Runner& runner) {
-  return runner.Drawing("lines", DrawLines, allLines / runner.settings.divisor);
+constexpr Subject lines = {"lines", DrawLines, 1'000'000, "LINEs"};
+constexpr Subject inserts = {"inserts", DrawBlockOfTen, 100'000, "INSERTs of a block of ten LINEs"};
+constexpr Subject flatTens = {"flat", DrawFlatTens, 100'000, "times ten LINEs"};
+constexpr Subject lwPolylines = {"lwpolylines", DrawLwPolylines, 100'000, "LWPOLYLINEs of 24 vertices"};
+constexpr Subject texts = {"texts", DrawTexts, 100'000, "TEXTs"};
+constexpr Subject start = {"small", DrawSmall, 20, "LINEs, a start"};
+
+int64_t ItemsOf(const Subject& subject, const Settings& settings) {
+  return subject.items / settings.divisor;
 }
 
-// "100,000 TEXTs", and the size of their drawing.
-std::string Heading(const Runner& runner, int64_t items, const std::string& words,
-                    const std::string& drawing) {
-  return CountText(items / runner.settings.divisor) + ' ' + words + " (" +
-         BytesText(static_cast<int64_t>(fs::file_size(drawing))) + ')';
+std::string DrawingOf(Runner& runner, const Subject& subject) {
+  return runner.Drawing(subject.name, subject.draw, ItemsOf(subject, runner.settings));
+}
+
+// "100,000 TEXTs (8.4 MB)"
+std::string Heading(Runner& runner, const Subject& subject) {
+  return CountText(ItemsOf(subject, runner.settings)) + ' ' + subject.words + " (" +
+         BytesText(static_cast<int64_t>(fs::file_size(DrawingOf(runner, subject)))) + ')';
 }
 
 // A row with the ratio of two works.
 void Compare(const Runner& runner, const std::string& heading, const Work& work, const std::string& baseName,
              const Work& base, const std::string& goal) {
-  const auto times = runner.Measure({work, base}, runner.settings.runs);
-  PrintRow({heading, TimeText(times[0].seconds), baseName, TimeText(times[1].seconds),
-            RatioText(times[0].seconds / times[1].seconds), goal});
+  const auto results = runner.Measure({work, base}, runner.settings.runs);
+  PrintRow({heading, TimeText(results[0].seconds), baseName, TimeText(results[1].seconds),
+            RatioText(results[0].seconds / results[1].seconds), goal});
+}
+
+void CompareWithBareReader(Runner& runner, const Subject& subject, const std::string& goal) {
+  const std::string drawing = DrawingOf(runner, subject);
+  Compare(runner, Heading(runner, subject), runner.Conversion(drawing), "bare reader, which writes nothing",
+          runner.BareReader(drawing), goal);
 }
 
 void MeasureLines(Runner& runner) {
-  const std::string drawing = LinesDrawing(runner);
-  Compare(runner, Heading(runner, allLines, "LINEs", drawing), runner.Conversion(drawing),
-          "the bare reader, which doesn't write", runner.BareReader(drawing), "0.65");
+  CompareWithBareReader(runner, lines, "0.65");
+}
+
+void MeasureLwPolylines(Runner& runner) {
+  CompareWithBareReader(runner, lwPolylines, "1.5");
 }
 
 bool AreEqual(const std::string& path, const std::string& other) {
@@ -46,77 +68,59 @@ bool AreEqual(const std::string& path, const std::string& other) {
   return std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
 }
 
-// Both drawings must give the same strokes, or the comparison says nothing.
+// The comparison only counts if both drawings give the same metafile.
 void MeasureInserts(Runner& runner) {
-  const int64_t inserts = aHundredThousand / runner.settings.divisor;
-  const std::string blocks = runner.Drawing("inserts", DrawBlockOfTen, inserts);
-  const std::string flat = runner.Drawing("flat", DrawFlatTens, inserts);
-  const Work work = runner.Conversion(blocks), base = runner.Conversion(flat);
-  Compare(runner, Heading(runner, aHundredThousand, "INSERTs of a block of ten LINEs", blocks), work,
-          "the same strokes as LINEs (" + BytesText(static_cast<int64_t>(fs::file_size(flat))) + ')', base,
+  const Work work = runner.Conversion(DrawingOf(runner, inserts));
+  const Work base = runner.Conversion(DrawingOf(runner, flatTens));
+  Compare(runner, Heading(runner, inserts), work, "the same strokes: " + Heading(runner, flatTens), base,
           "0.5");
   if (!AreEqual(work.output, base.output)) PrintRow({"the two metafiles differ", "", "", "", "", ""});
 }
 
-void MeasureLwPolylines(Runner& runner) {
-  const std::string drawing =
-      runner.Drawing("lwpolylines", DrawLwPolylines, aHundredThousand / runner.settings.divisor);
-  Compare(runner, Heading(runner, aHundredThousand, "LWPOLYLINEs of 24 vertices", drawing),
-          runner.Conversion(drawing), "the bare reader", runner.BareReader(drawing), "1.5");
-}
-
 void MeasureTexts(Runner& runner) {
-  const int64_t texts = aHundredThousand / runner.settings.divisor;
-  const std::string drawing = runner.Drawing("texts", DrawTexts, texts);
-  const auto times =
+  const std::string drawing = DrawingOf(runner, texts);
+  const auto results =
       runner.Measure({runner.Conversion(drawing), runner.BareReader(drawing)}, runner.settings.runs);
-  PrintRow({Heading(runner, aHundredThousand, "TEXTs", drawing), TimeText(times[0].seconds),
-            "the bare reader", TimeText(times[1].seconds),
-            TimeText(times[0].seconds / static_cast<double>(texts)) + " a text", "1.5 us"});
+  const auto items = static_cast<double>(ItemsOf(texts, runner.settings));
+  PrintRow({Heading(runner, texts), TimeText(results[0].seconds), "bare reader", TimeText(results[1].seconds),
+            TimeText(results[0].seconds / items) + " a text", "1.5 us"});
 }
 
 void MeasureStart(Runner& runner) {
-  constexpr int64_t lines = 20;  // 2 KB
-  const std::string drawing = runner.Drawing("small", DrawSmall, lines);
-  const auto times =
+  const std::string drawing = DrawingOf(runner, start);
+  const auto results =
       runner.Measure({runner.Conversion(drawing), runner.BareReader(drawing)}, runner.settings.runs * 20);
-  PrintRow({"start, and a drawing of " + BytesText(static_cast<int64_t>(fs::file_size(drawing))),
-            TimeText(times[0].seconds), "the bare reader", TimeText(times[1].seconds),
-            TimeText(times[0].seconds), "2 ms"});
+  PrintRow({Heading(runner, start), TimeText(results[0].seconds), "bare reader", TimeText(results[1].seconds),
+            TimeText(results[0].seconds), "2 ms"});
 }
 
 void MeasureMemory(Runner& runner) {
-  const std::string drawing = LinesDrawing(runner);
-  const Work work = runner.Conversion(drawing);
+  const Work work = runner.Conversion(DrawingOf(runner, lines));
   const int64_t peak = runner.Measure({work}, 1).front().peakBytes;
-  const int64_t beyond = std::max<int64_t>(peak - SizeOfOutput(work), 0);
+  const int64_t metafile = SizeOfOutput(work);
   fs::remove(work.output);
   const int64_t ofItsOwn = PeakOfOwnMemory(work.command);
-  PrintRow({"peak memory, " + Heading(runner, allLines, "LINEs", drawing), BytesText(peak),
-            "the metafile; of its own, not of mapped files, it had " + BytesText(ofItsOwn),
-            BytesText(SizeOfOutput(work)), BytesText(beyond) + " beyond the metafile", "10 MB"});
+  PrintRow({"peak memory, " + Heading(runner, lines),
+            BytesText(peak) + ", of these " + BytesText(ofItsOwn) + " not of mapped files", "the metafile",
+            BytesText(metafile), BytesText(std::max<int64_t>(peak - metafile, 0)) + " beyond it", "10 MB"});
 }
 
 // Windows programs run through Wine.
 void MeasureWindows(Runner& runner, const std::string& preset) {
+  constexpr const char* goal = "1.15";
   const auto onDriveZ = [](const std::string& path) { return "Z:" + path; };
   const std::string programs = runner.settings.root + "/build/" + preset + "/bin/";
   for (const char* program : {"hexlume.exe", "hexlume_gdi_calls.exe"})
-    if (!fs::exists(programs + program)) {
-      PrintRow(
-          {preset, "not measured", "build/" + preset + "/bin/" + program + " is missing", "", "", "1.15"});
-      return;
-    }
-  const std::string drawing = LinesDrawing(runner), calls = drawing + ".calls";
+    if (!fs::exists(programs + program))
+      return PrintRow({preset, "not measured", "scripts/build.sh " + preset + " benches", "", "", goal});
+  const std::string drawing = DrawingOf(runner, lines);
+  const std::string metafile = drawing + ".emf", calls = drawing + ".calls.emf";
   const std::string wine = runner.settings.root + "/scripts/wine.sh";
-  const Work work = {{wine, programs + "hexlume.exe", onDriveZ(drawing), onDriveZ(drawing + ".emf")},
-                     drawing + ".emf"};
-  const std::string lines = std::to_string(allLines / runner.settings.divisor);
-  const Work base = {{wine, programs + "hexlume_gdi_calls.exe", lines, onDriveZ(calls + ".emf")},
-                     calls + ".emf"};
-  Compare(runner, preset + " under Wine, " + Heading(runner, allLines, "LINEs", drawing), work,
-          "the same GDI calls, saved", base, "1.15");
-  Runner::Remove(calls);
+  const Work work = {{wine, programs + "hexlume.exe", onDriveZ(drawing), onDriveZ(metafile)}, metafile};
+  const std::string count = std::to_string(ItemsOf(lines, runner.settings));
+  const Work base = {{wine, programs + "hexlume_gdi_calls.exe", count, onDriveZ(calls)}, calls};
+  Compare(runner, preset + " under Wine, " + Heading(runner, lines), work, "the same GDI calls, and saving",
+          base, goal);
 }
 
 void MeasureX64(Runner& runner) {
@@ -139,6 +143,11 @@ constexpr GoalRow goalRows[] = {
 };
 
 }  // namespace
+
+void WriteDrawings(const Settings& settings) {
+  for (const Subject& subject : {lines, inserts, lwPolylines, texts, start})
+    WriteDrawing(settings.drawings + '/' + subject.name + ".dxf", subject.draw, ItemsOf(subject, settings));
+}
 
 std::vector<std::string> GoalRows() {
   std::vector<std::string> names;

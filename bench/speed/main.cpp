@@ -31,6 +31,7 @@ programs that do the least that must be done. What is compared runs alternately,
   --runs N       runs of each program (5)
   --quick        a tenth of the items
   --cpu          processor time in place of wall-clock time, for a machine that is busy with other work
+  --drawings DIR writes the drawings of the goals' rows into this folder, for other programs, and ends
   --tool PATH    another tool, for example that of an earlier build
   --help         this
 
@@ -43,6 +44,7 @@ enum Option {
   quickOption,
   cpuOption,
   toolOption,
+  drawingsOption,
   bareReaderOption,
   helpOption
 };
@@ -53,6 +55,7 @@ constexpr option optionTable[] = {
     {"quick", no_argument, nullptr, quickOption},
     {"cpu", no_argument, nullptr, cpuOption},
     {"tool", required_argument, nullptr, toolOption},
+    {"drawings", required_argument, nullptr, drawingsOption},
     {"bare-reader", required_argument, nullptr, bareReaderOption},  // for the processes of this program
     {"help", no_argument, nullptr, helpOption},
     {},
@@ -92,6 +95,7 @@ Settings ReadSettings(int argc, char** argv) {
       case quickOption: settings.divisor = 10; break;
       case cpuOption: settings.processorTime = true; break;
       case toolOption: settings.tool = std::filesystem::absolute(optarg); break;
+      case drawingsOption: settings.drawings = optarg; break;
       case bareReaderOption: std::exit(ReadBarely(optarg) < 0 ? 1 : 0);
       case helpOption: EndWithUsage(stdout, 0);
       default: EndWithUsage(stderr, 64);
@@ -141,6 +145,10 @@ int main(int argc, char** argv) {
   try {
     const Settings settings = ReadSettings(argc, argv);
     CheckRows(settings);
+    if (!settings.drawings.empty()) {
+      WriteDrawings(settings);
+      return 0;
+    }
     PrintConditions(settings);
     Runner runner(settings);
     MeasureGoals(runner, Chosen(settings, "goals", GoalRows()));

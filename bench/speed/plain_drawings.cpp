@@ -19,6 +19,13 @@ class Chance {
 
 constexpr int strokesOfTheBlock = 10;
 
+void Tables(DrawingFile& file) {
+  file.BeginSection("TABLES");
+  LayerTable(file);
+  file.Text(0, "ENDTAB");
+  file.EndSection();
+}
+
 // The i-th stroke of the block: from left to right, as the converters sort by different rules.
 void Stroke(DrawingFile& file, int i, double x, double y) {
   file.Line(x + i * 0.5, y, x + i * 0.5 + 4, y + 3 + i * 0.25);
@@ -41,6 +48,12 @@ void DrawGroups(DrawingFile& file, int64_t groups, const char* entity) {
 }
 
 }  // namespace
+
+void WriteDrawing(const std::string& path, Draw draw, int64_t items) {
+  DrawingFile file(path);
+  draw(file, items);
+  file.Close();
+}
 
 void DrawLines(DrawingFile& file, int64_t lines) {
   file.Header(1000, 700);
@@ -70,6 +83,7 @@ void DrawSmall(DrawingFile& file, int64_t lines) {
 
 void DrawBlockOfTen(DrawingFile& file, int64_t inserts) {
   file.Header(sheetWidth, sheetHeight);
+  Tables(file);
   file.BeginSection("BLOCKS");
   file.BeginBlock("TEN");
   for (int i = 0; i < strokesOfTheBlock; ++i) Stroke(file, i, 0, 0);
@@ -81,7 +95,9 @@ void DrawBlockOfTen(DrawingFile& file, int64_t inserts) {
 }
 
 void DrawFlatTens(DrawingFile& file, int64_t tens) {
-  BeginEntities(file);
+  file.Header(sheetWidth, sheetHeight);
+  Tables(file);
+  file.BeginSection("ENTITIES");
   for (int64_t ten = 0; ten < tens; ++ten)
     for (int i = 0; i < strokesOfTheBlock; ++i) Stroke(file, i, ColumnOf(ten), RowOf(ten));
   file.EndSection();

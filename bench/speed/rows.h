@@ -11,6 +11,9 @@ namespace hexlume::bench {
 std::vector<std::string> GoalRows();
 void MeasureGoals(Runner& runner, const std::vector<std::string>& rows);
 
+// Writes the drawings of these rows into the folder of the settings.
+void WriteDrawings(const Settings& settings);
+
 // The rows of growth: the time of an item in a drawing and in one with many times as many.
 std::vector<std::string> GrowthRows();
 void MeasureGrowth(Runner& runner, const std::vector<std::string>& rows);

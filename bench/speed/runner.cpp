@@ -23,9 +23,7 @@ ScratchFolder::~ScratchFolder() {
 std::string Runner::Drawing(const std::string& name, Draw draw, int64_t items) {
   std::string drawing = scratch.path / (name + std::to_string(items) + ".dxf");
   if (fs::exists(drawing)) return drawing;
-  DrawingFile file(drawing);
-  draw(file, items);
-  file.Close();
+  WriteDrawing(drawing, draw, items);
   return drawing;
 }
 

@@ -14,6 +14,7 @@ struct Settings {
   std::string program;         // this one
   std::string root;            // the project's folder
   std::string tool;            // the native one
+  std::string drawings;        // a folder that receives drawings; empty to measure
 };
 
 }  // namespace hexlume::bench

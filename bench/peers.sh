@@ -1,0 +1,125 @@
+#!/usr/bin/env bash
+# Converts the drawings of hexlume_speed with other programs, those that are installed, and prints how long they take
+# beside hexlume: bench/peers.sh [--quick] [--limit SECONDS]
+#
+#   --quick          a tenth of the items
+#   --limit SECONDS  ends a program that takes longer (180)
+#
+# scripts/build.sh linux hexlume_speed builds what it needs. No program gets a screen of the user, or his settings.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+limit=180
+size=()
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --quick) size=(--quick); shift ;;
+    --limit) limit=$2; shift 2 ;;
+    *) sed -n '2,8s/^# \{0,1\}//p' "${BASH_SOURCE[0]}"; [ "$1" = --help ] && exit 0 || exit 64 ;;
+  esac
+done
+
+bin=$PWD/build/linux/bin
+for program in hexlume hexlume_speed; do
+  [ -x "$bin/$program" ] || { echo "There is no $program yet: scripts/build.sh linux hexlume_speed" >&2; exit 1; }
+done
+
+scratch=$(mktemp -d)
+screen=
+trap '[ -z "$screen" ] || kill "$screen"; rm -rf "$scratch"' EXIT
+mkdir -m 700 "$scratch/home" "$scratch/run" "$scratch/out"
+export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/run
+export PATH=/usr/bin:$PATH # so that Inkscape finds the Python that has its packages
+unset DISPLAY WAYLAND_DISPLAY
+
+# Each prints nothing and leaves the result in the folder out.
+run_hexlume() { "${guard[@]}" "$bin/hexlume" "$1" "$scratch/out/result.emf"; }
+run_libreoffice() {
+  "${guard[@]}" soffice --headless "-env:UserInstallation=file://$scratch/libreoffice" --convert-to emf \
+    --outdir "$scratch/out" "$1"
+}
+run_librecad() { QT_QPA_PLATFORM=offscreen "${guard[@]}" librecad dxf2pdf -a -o "$scratch/out/result.pdf" "$1"; }
+run_ezdxf_read() { "${guard[@]}" python3 -c 'import sys, ezdxf; ezdxf.readfile(sys.argv[1])' "$1" && touch "$scratch/out/read"; }
+run_ezdxf_draw() { "${guard[@]}" ezdxf draw -o "$scratch/out/result.svg" "$1"; }
+run_inkscape() { DISPLAY=:$display "${guard[@]}" inkscape --export-filename="$scratch/out/result.emf" "$1"; }
+
+have() { command -v "$1" >/dev/null; }
+has_python_module() { /usr/bin/python3 -c "import $1" 2>/dev/null; }
+
+# Which peers can run, and why the others can't.
+peers=(hexlume)
+absent=()
+if have soffice; then peers+=(libreoffice); else absent+=("LibreOffice: package libreoffice-draw"); fi
+if have librecad; then peers+=(librecad); else absent+=("LibreCAD: package librecad"); fi
+if has_python_module ezdxf; then
+  peers+=(ezdxf_read)
+  if has_python_module matplotlib; then
+    peers+=(ezdxf_draw)
+  else
+    absent+=("ezdxf's pictures: package python3-matplotlib")
+  fi
+else
+  absent+=("ezdxf: package python3-ezdxf, for its pictures python3-matplotlib too")
+fi
+if ! have inkscape; then
+  absent+=("Inkscape: packages inkscape, python3-lxml, python3-numpy, xvfb")
+elif ! has_python_module lxml || ! has_python_module numpy || ! have Xvfb; then
+  absent+=("Inkscape's import of DXF: packages python3-lxml, python3-numpy, xvfb")
+else
+  peers+=(inkscape)
+  # It wants a screen even where it shows nothing.
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$scratch/display" </dev/null >/dev/null 2>&1 &
+  screen=$!
+  for _ in $(seq 100); do
+    [ ! -s "$scratch/display" ] || break
+    sleep 0.1
+  done
+  display=$(cat "$scratch/display")
+fi
+
+declare -A titles=(
+  [hexlume]="hexlume, EMF" [libreoffice]="LibreOffice, EMF" [librecad]="LibreCAD, PDF" [ezdxf_read]="ezdxf, reading alone"
+  [ezdxf_draw]="ezdxf, SVG" [inkscape]="Inkscape, EMF")
+
+# Runs one peer on one drawing. Sets cell to its wall-clock and processor time in seconds.
+time_peer() {
+  local status=0 times
+  rm -rf "$scratch/out"
+  mkdir "$scratch/out"
+  TIMEFORMAT='%R %U %S'
+  times=$({ time "run_$1" "$2" </dev/null >"$scratch/log" 2>&1; } 2>&1) || status=$?
+  if [ "$status" -eq 124 ] || [ "$status" -eq 137 ]; then
+    cell="more than $limit s"
+  elif [ "$status" -ne 0 ]; then
+    cell="failed: $(tail -n 1 "$scratch/log" | cut -c 1-60)"
+  elif [ -z "$(ls -A "$scratch/out")" ]; then
+    cell="no result"
+  else
+    cell=$(awk '{ printf "%.2f s (%.2f s)", $1, $2 + $3 }' <<<"$times")
+  fi
+}
+
+guard=(timeout --kill-after=10 "$limit")
+"$bin/hexlume_speed" "${size[@]}" --drawings "$scratch"
+# The first start of a program makes its settings.
+for peer in "${peers[@]}"; do time_peer "$peer" "$scratch/small.dxf"; done
+
+drawings=(small lines inserts lwpolylines texts)
+echo "$(date -u +%F), $(nproc) processors. Wall-clock time, and in brackets processor time, of a process from its start to its end."
+echo
+line="| |" rule="|---|"
+for drawing in "${drawings[@]}"; do
+  line+=" $drawing ($(du -h --apparent-size "$scratch/$drawing.dxf" | cut -f 1)) |"
+  rule+="---|"
+done
+printf '%s\n%s\n' "$line" "$rule"
+for peer in "${peers[@]}"; do
+  line="| ${titles[$peer]} |"
+  for drawing in "${drawings[@]}"; do
+    time_peer "$peer" "$scratch/$drawing.dxf"
+    line+=" $cell |"
+  done
+  echo "$line"
+done
+[ "${#absent[@]}" -eq 0 ] || printf '\nNot installed:\n'
+for words in "${absent[@]}"; do echo "- $words"; done
