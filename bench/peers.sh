@@ -25,23 +25,30 @@ for program in hexlume hexlume_speed; do
 done
 
 scratch=$(mktemp -d)
-screen=
-trap '[ -z "$screen" ] || kill "$screen"; rm -rf "$scratch"' EXIT
+trap 'rm -rf "$scratch"' EXIT
 mkdir -m 700 "$scratch/home" "$scratch/run" "$scratch/out"
 export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/run
 export PATH=/usr/bin:$PATH # so that Inkscape finds the Python that has its packages
 unset DISPLAY WAYLAND_DISPLAY
 
-# Each prints nothing and leaves the result in the folder out.
+# Each leaves its result in the folder out.
 run_hexlume() { "${guard[@]}" "$bin/hexlume" "$1" "$scratch/out/result.emf"; }
 run_libreoffice() {
   "${guard[@]}" soffice --headless "-env:UserInstallation=file://$scratch/libreoffice" --convert-to emf \
     --outdir "$scratch/out" "$1"
 }
-run_librecad() { QT_QPA_PLATFORM=offscreen "${guard[@]}" librecad dxf2pdf -a -o "$scratch/out/result.pdf" "$1"; }
+# It writes its file beside the drawing.
+run_librecad() {
+  QT_QPA_PLATFORM=offscreen "${guard[@]}" librecad dxf2pdf -a "$1" && mv "${1%.dxf}.pdf" "$scratch/out"
+}
 run_ezdxf_read() { "${guard[@]}" python3 -c 'import sys, ezdxf; ezdxf.readfile(sys.argv[1])' "$1" && touch "$scratch/out/read"; }
 run_ezdxf_draw() { "${guard[@]}" ezdxf draw -o "$scratch/out/result.svg" "$1"; }
-run_inkscape() { DISPLAY=:$display "${guard[@]}" inkscape --export-filename="$scratch/out/result.emf" "$1"; }
+# Its import by itself, as Inkscape would first show a dialog with options.
+run_inkscape() {
+  "${guard[@]}" python3 "$dxf_import" "$1" >"$scratch/out/imported.svg" &&
+    "${guard[@]}" inkscape --export-filename="$scratch/out/result.emf" "$scratch/out/imported.svg"
+}
+dxf_import=/usr/share/inkscape/extensions/dxf_input.py
 
 have() { command -v "$1" >/dev/null; }
 has_python_module() { /usr/bin/python3 -c "import $1" 2>/dev/null; }
@@ -61,20 +68,10 @@ if has_python_module ezdxf; then
 else
   absent+=("ezdxf: package python3-ezdxf, for its pictures python3-matplotlib too")
 fi
-if ! have inkscape; then
-  absent+=("Inkscape: packages inkscape, python3-lxml, python3-numpy, xvfb")
-elif ! has_python_module lxml || ! has_python_module numpy || ! have Xvfb; then
-  absent+=("Inkscape's import of DXF: packages python3-lxml, python3-numpy, xvfb")
-else
+if have inkscape && [ -e "$dxf_import" ] && has_python_module cssselect,lxml,numpy; then
   peers+=(inkscape)
-  # It wants a screen even where it shows nothing.
-  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$scratch/display" </dev/null >/dev/null 2>&1 &
-  screen=$!
-  for _ in $(seq 100); do
-    [ ! -s "$scratch/display" ] || break
-    sleep 0.1
-  done
-  display=$(cat "$scratch/display")
+else
+  absent+=("Inkscape with its import of DXF: packages inkscape, python3-cssselect, python3-lxml, python3-numpy")
 fi
 
 declare -A titles=(
@@ -89,7 +86,7 @@ time_peer() {
   TIMEFORMAT='%R %U %S'
   times=$({ time "run_$1" "$2" </dev/null >"$scratch/log" 2>&1; } 2>&1) || status=$?
   if [ "$status" -eq 124 ] || [ "$status" -eq 137 ]; then
-    cell="more than $limit s"
+    cell="over than $limit s"
   elif [ "$status" -ne 0 ]; then
     cell="failed: $(tail -n 1 "$scratch/log" | cut -c 1-60)"
   elif [ -z "$(ls -A "$scratch/out")" ]; then

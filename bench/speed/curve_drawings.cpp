@@ -14,6 +14,8 @@ void Vertex(DrawingFile& file, int64_t i) {
 
 void LwPolyline(DrawingFile& file, int64_t vertices, int64_t place) {
   file.Entity("LWPOLYLINE");
+  file.Text(100, "AcDbEntity");
+  file.Text(100, "AcDbPolyline");
   file.Whole(90, vertices);
   file.Whole(70, 0);
   for (int64_t i = 0; i < vertices; ++i) Vertex(file, place + i);
@@ -50,8 +52,9 @@ void DashedTable(DrawingFile& file) {
 }  // namespace
 
 void DrawLwPolylines(DrawingFile& file, int64_t polylines) {
-  constexpr int64_t verticesOfEach = 24;
-  BeginEntities(file);
+  constexpr int64_t verticesOfEach = 23;
+  file.Header(sheetWidth, sheetHeight, "AC1015");
+  file.BeginSection("ENTITIES");
   for (int64_t i = 0; i < polylines; ++i) LwPolyline(file, verticesOfEach, i * verticesOfEach);
   file.EndSection();
 }

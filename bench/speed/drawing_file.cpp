@@ -87,8 +87,10 @@ void DrawingFile::EndSection() {
   Text(0, "ENDSEC");
 }
 
-void DrawingFile::Header(double width, double height) {
+void DrawingFile::Header(double width, double height, std::string_view version) {
   BeginSection("HEADER");
+  Text(9, "$ACADVER");
+  Text(1, version);
   for (const char* corners : {"LIM", "EXT"}) {
     const std::string name = '$' + std::string(corners);
     Text(9, name + "MIN");

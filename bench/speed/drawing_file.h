@@ -32,8 +32,8 @@ class DrawingFile {
   void BeginSection(std::string_view name);
   void EndSection();
 
-  // The section of the sheet's limits and extents.
-  void Header(double width, double height);
+  // The section of the version, and of the sheet's limits and extents. The version is for other programs.
+  void Header(double width, double height, std::string_view version = "AC1009");
 
   // Writes the end mark, and throws if anything could not be written.
   void Close();

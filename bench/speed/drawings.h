@@ -27,7 +27,7 @@ void DrawGroupsRead(DrawingFile& file, int64_t groups);
 void DrawGroupsPassedOver(DrawingFile& file, int64_t groups);
 
 // Curves and dashes.
-void DrawLwPolylines(DrawingFile& file, int64_t polylines);  // 24 vertices and 0.75 KB each
+void DrawLwPolylines(DrawingFile& file, int64_t polylines);  // 23 vertices and 0.75 KB each
 void DrawPolylineVertices(DrawingFile& file, int64_t vertices);
 void DrawLwPolylineVertices(DrawingFile& file, int64_t vertices);
 void DrawSplines(DrawingFile& file, int64_t splines);

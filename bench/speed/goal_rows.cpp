@@ -22,7 +22,7 @@ struct Subject {
 constexpr Subject lines = {"lines", DrawLines, 1'000'000, "LINEs"};
 constexpr Subject inserts = {"inserts", DrawBlockOfTen, 100'000, "INSERTs of a block of ten LINEs"};
 constexpr Subject flatTens = {"flat", DrawFlatTens, 100'000, "times ten LINEs"};
-constexpr Subject lwPolylines = {"lwpolylines", DrawLwPolylines, 100'000, "LWPOLYLINEs of 24 vertices"};
+constexpr Subject lwPolylines = {"lwpolylines", DrawLwPolylines, 100'000, "LWPOLYLINEs of 23 vertices"};
 constexpr Subject texts = {"texts", DrawTexts, 100'000, "TEXTs"};
 constexpr Subject start = {"small", DrawSmall, 20, "LINEs, a start"};
 
