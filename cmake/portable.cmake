@@ -27,6 +27,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/host_exception.cpp
   src/platform/portable/japanese_locale.cpp
   src/platform/portable/kept_libraries.cpp
+  src/platform/portable/mapped_file.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
   src/platform/portable/module_file.cpp
