@@ -24,6 +24,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp
   src/platform/portable/gdi_object.cpp
+  src/platform/portable/growing_block.cpp
   src/platform/portable/host_exception.cpp
   src/platform/portable/japanese_locale.cpp
   src/platform/portable/kept_libraries.cpp
