@@ -24,10 +24,12 @@ set(PLATFORM_SOURCES
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp
   src/platform/portable/gdi_object.cpp
+  src/platform/portable/growing_block.cpp
   src/platform/portable/host_exception.cpp
   src/platform/portable/japanese_locale.cpp
   src/platform/portable/kept_libraries.cpp
   src/platform/portable/last_error.cpp
+  src/platform/portable/mapped_file.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
   src/platform/portable/module_file.cpp

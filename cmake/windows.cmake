@@ -36,6 +36,7 @@ set(PLATFORM_SOURCES
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
   src/platform/windows/japanese_locale.cpp
+  src/platform/windows/mapped_file.cpp
   src/platform/windows/module_file.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/run_objects.cpp

@@ -26,11 +26,15 @@ typedef struct tagRECT {
   LONG bottom;
 } RECT;
 
-typedef struct HENHMETAFILE__ *HENHMETAFILE;
+typedef struct HENHMETAFILE__* HENHMETAFILE;
 
 /* Copies the metafile's bytes, which are those of a .emf file, to buffer and returns their number, or 0 if size is too
  * small. If buffer is NULL, only returns the number. */
-UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t *buffer);
+UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t* buffer);
+
+/* Returns the same bytes without a copy, NULL for NULL. They are valid until the metafile is freed. Windows doesn't have this
+ * function. */
+const uint8_t* EnhMetaFileBytes(HENHMETAFILE metafile);
 
 /* Frees a metafile. Returns 0 for NULL. */
 BOOL DeleteEnhMetaFile(HENHMETAFILE metafile);

@@ -12,14 +12,14 @@ namespace hexlume {
 
 namespace {
 
-int32_t ConvertFullSize(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont) {
+int32_t ConvertFullSize(MetaFile& metaFile, const char* path, HENHMETAFILE* out, int32_t showDialogs,
+                        int32_t halfWidthFont) {
   ResetConvState();
   HeaderVars headerVars;
   if (ScanDrawing(path, headerVars) != 1) return HEXLUME_NOT_A_DRAWING;
   const int32_t sheetResult = SetupSheet(headerVars, showDialogs, 0, 1);
   if (sheetResult != 0) return sheetResult;
 
-  MetaFile metaFile;
   if (showDialogs == 1) {
     const DialogResult selection = ShowSelectionSheet();
     if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
@@ -49,8 +49,8 @@ int32_t ConvertFullSize(const char* path, HENHMETAFILE* out, int32_t showDialogs
 int32_t vzFullSizeMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont) {
   using namespace hexlume;
   if (!path || !out) return HEXLUME_NOT_A_DRAWING;
-  const int32_t result =
-      LetFaultsLeave([&] { return ConvertFullSize(path, out, showDialogs, halfWidthFont); });
+  const int32_t result = LetFaultsLeave(
+      [&](MetaFile& metaFile) { return ConvertFullSize(metaFile, path, out, showDialogs, halfWidthFont); });
   FreeTables();
   LeaveBounds();
   return result;

@@ -59,6 +59,7 @@ bool TakeValue(TextStream& stream, int32_t place) {
   std::memcpy(state.groupValue, line, length);
   state.groupValue[length] = '\0';
   Seek(stream, end);
+  CheckForLoss(stream);
   return true;
 }
 
@@ -69,12 +70,18 @@ void DropLineEnd(char* text) {
 }
 
 // Reads a group of any form. If its value is missing, the code line is left in the buffer.
-int32_t ReadAnyGroup(TextStream& stream) {
+int32_t ReadTwoLines(TextStream& stream) {
   if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   state.groupCode = Atoi(state.groupValue);
   if (!ReadLine(stream, state.groupValue, groupLineLimit)) return 0;
   DropLineEnd(state.groupValue);
   return 1;
+}
+
+int32_t ReadAnyGroup(TextStream& stream) {
+  const int32_t more = ReadTwoLines(stream);
+  CheckForLoss(stream);
+  return more;
 }
 
 }  // namespace

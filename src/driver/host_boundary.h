@@ -2,32 +2,41 @@
 #pragma once
 
 #include <cstdint>
-#include <new>
+#include <optional>
 
 #include "driver/conv_state.h"
+#include "driver/meta_file.h"
 #include "driver/work_budget.h"
 #include "platform/fault_guard.h"
 #include "platform/host_exception.h"
 
 namespace hexlume {
 
-// Runs a conversion that doesn't catch faults itself. Whatever it throws is passed to the host after the
-// tables are released.
+// Runs a conversion that doesn't catch faults itself, with its metafile. Whatever ends it is passed to the host after the
+// metafile and the tables are released: a code that it throws as it is, anything else as a fault, for example that the
+// drawing's file has become shorter.
 template <typename Conversion>
 int32_t LetFaultsLeave(Conversion&& convert) {
-  int32_t code = faultCode;
-  try {
-    return convert();
-  } catch (int32_t thrown) {
-    code = thrown;
-  } catch (const std::bad_alloc&) {
-    memoryRanOut = true;
-  } catch (...) {
-    // The code is that of a fault.
+  std::optional<int32_t> thrown;
+  {
+    MetaFile metaFile;  // here, as a processor fault destroys nothing in the guard
+    int32_t result = 0;
+    try {
+      GuardFaults([&] {
+        try {
+          result = convert(metaFile);
+        } catch (int32_t code) {
+          thrown = code;
+        }
+      });
+      if (!thrown) return result;
+    } catch (int32_t) {
+      thrown = faultCode;
+    }
   }
   FreeTables();
   LeaveBounds();
-  ThrowToHost(code);
+  ThrowToHost(*thrown);
 }
 
 }  // namespace hexlume

@@ -11,15 +11,14 @@ namespace hexlume {
 
 namespace {
 
-int32_t ConvertPartOfSheet(const char* path, HENHMETAFILE* out, int32_t halfWidthFont, const RECT& view,
-                           int32_t wholeTextClip, int32_t showDialogs) {
+int32_t ConvertPartOfSheet(MetaFile& metaFile, const char* path, HENHMETAFILE* out, int32_t halfWidthFont,
+                           const RECT& view, int32_t wholeTextClip, int32_t showDialogs) {
   ResetConvState();
   HeaderVars headerVars;
   if (ScanDrawing(path, headerVars) != 1) return HEXLUME_NOT_A_DRAWING;
   const int32_t sheetResult = SetupSheet(headerVars, showDialogs, 0, 0);
   if (sheetResult != 0) return sheetResult;
 
-  MetaFile metaFile;
   if (showDialogs == 1) {
     const DialogResult selection = ShowSelectionSheet();
     if (selection == DialogResult::cancelled) return HEXLUME_CANCELLED;
@@ -49,8 +48,9 @@ int32_t vzReMetaMake(const char* path, HENHMETAFILE* out, int32_t halfWidthFont,
                      int32_t wholeTextClip, int32_t showDialogs) {
   using namespace hexlume;
   if (!path || !out) return HEXLUME_NOT_A_DRAWING;
-  const int32_t result = LetFaultsLeave(
-      [&] { return ConvertPartOfSheet(path, out, halfWidthFont, view, wholeTextClip, showDialogs); });
+  const int32_t result = LetFaultsLeave([&](MetaFile& metaFile) {
+    return ConvertPartOfSheet(metaFile, path, out, halfWidthFont, view, wholeTextClip, showDialogs);
+  });
   FreeTables();
   LeaveBounds();
   return result;

@@ -11,7 +11,7 @@ namespace hexlume {
 
 namespace {
 
-int32_t ConvertTurned(HENHMETAFILE* out) {
+int32_t ConvertTurned(MetaFile& metaFile, HENHMETAFILE* out) {
   ResetConvState();
   state.rotated = 1;
   const char* path;
@@ -28,7 +28,6 @@ int32_t ConvertTurned(HENHMETAFILE* out) {
 
   TextStream stream;
   if (!OpenText(stream, path)) return HEXLUME_NOT_OPENED;
-  MetaFile metaFile;
   BeginMetaFile(metaFile, state.sheetRect);
   DrawSections(stream, metaFile.canvas, headerVars, state.sheetRect, 0, 1, halfWidthFont);
   *out = EndMetaFile(metaFile);
@@ -42,7 +41,7 @@ int32_t ConvertTurned(HENHMETAFILE* out) {
 int32_t vzRotMetaMake(HENHMETAFILE* out) {
   using namespace hexlume;
   if (!out) return HEXLUME_NOT_A_DRAWING;
-  const int32_t result = LetFaultsLeave([&] { return ConvertTurned(out); });
+  const int32_t result = LetFaultsLeave([&](MetaFile& metaFile) { return ConvertTurned(metaFile, out); });
   FreeTables();
   LeaveBounds();
   return result;

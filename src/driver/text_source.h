@@ -20,6 +20,12 @@ class TextSource {
 
   // Whether a read has failed.
   virtual bool HasFailed() const = 0;
+
+  // Of bytes in memory: whether some of them were lost while they were read. They were read as 0.
+  virtual bool IsShortened() const { return false; }
+
+  // Of bytes in memory: says that those before this place were read. They remain valid.
+  virtual void Passed(size_t) {}
 };
 
 // Opens what a conversion's path names; null if it can't be opened.

@@ -30,6 +30,10 @@ bool OpenText(TextStream& stream, const char* path);
 // returns false and leaves line unchanged.
 bool ReadLine(TextStream& stream, char* line, int32_t limit);
 
+// Throws faultCode if the bytes read last may have been lost, because another program has shortened the file. To be called
+// by readers that have found a 0 byte or no line end.
+void CheckForLoss(const TextStream& stream);
+
 constexpr int32_t notFetched = -1;
 
 // Returns the position after the line that ReadLine would read from place with the same limit (at least

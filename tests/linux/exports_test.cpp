@@ -104,7 +104,7 @@ TEST(ExportTable, holds_exactly_the_nine_exports_the_dialogs_answers_and_the_cal
   EXPECT_EQ((Names{"vzMetaMake", "vzReMetaMake", "vzRotMetaMake", "vzFullSizeMetaMake", "vzDXFMetaMake",
                    "vzDXFReMetaMake", "vzDXFRotMetaMake", "vzDXFFullSizeMetaMake", "vzDXFSetFontMode",
                    "vzSetDialogAnswers", "vzHiddenLayerExists", "GetEnhMetaFileBits", "DeleteEnhMetaFile",
-                   "CloseEnhMetaFile"}),
+                   "EnhMetaFileBytes", "CloseEnhMetaFile"}),
             LibraryImage().Exports("HEXLUME_1"));
   EXPECT_EQ(Names{}, LibraryImage().Exports("libhexlume.so.1"));  // those without a node of their own
 }

@@ -54,8 +54,10 @@ TEST_F(BookFileTest, pages_are_in_the_order_of_the_drawings) {
 
 // 70 pages of 1,000,000 bytes are more than 64 MB.
 TEST_F(BookFileTest, it_is_full_while_large_pages_wait_for_an_early_one) {
-  MetafileBytes large = Page();
-  large.resize(1'000'000);
+  const MetafileBytes small = Page();
+  std::vector<uint8_t> bytes(small.begin(), small.end());
+  bytes.resize(1'000'000);
+  const MetafileBytes large(std::move(bytes));
   for (size_t index = 1; index <= 60; ++index) book.Take(index, "", large);
   EXPECT_FALSE(book.IsFull());
   for (size_t index = 61; index <= 70; ++index) book.Take(index, "", large);

@@ -5,28 +5,20 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <vector>
 
 #include "platform/gdi.h"
 #include "platform/portable/emf_records.h"
 #include "platform/portable/gdi_object.h"
+#include "platform/portable/growing_block.h"
 
 namespace hexlume {
 
-// Bytes in pieces that never move. Each new piece is a fraction of the current size, so the memory is little
-// more than the metafile's size, and neither growing nor closing copies bytes.
+// All bytes of a metafile.
 struct EmfBytes {
-  struct Piece {
-    std::unique_ptr<uint8_t[]> bytes;
-    size_t used;
-  };
-  std::vector<Piece> pieces;
-  size_t size = 0;  // sum of the used bytes of the finished pieces
-
-  // Copies all bytes to a buffer of at least that size.
-  void CopyTo(uint8_t* buffer) const;
+  GrowingBlock block;
+  size_t size = 0;
 };
 
 // Appends records, from the header to EOF. Append leaves the metafile unchanged if memory runs out, when it throws
@@ -39,26 +31,19 @@ class EmfWriter {
   // Appends one record: its head, a struct of emf_records.h, and a tail of variable length. The size field in
   // the head must be the sum of both, a multiple of 4.
   void Append(const void* head, size_t headSize, const void* tail, size_t tailSize) {
-    if (headSize + tailSize > Room()) {
-      AppendAcross(head, headSize, tail, tailSize);
-    } else {
-      Put(head, headSize);
-      Put(tail, tailSize);
-    }
+    MakeRoom(headSize + tailSize);
+    Put(head, headSize);
+    Put(tail, tailSize);
     ++recordCount;
   }
 
   // Appends a record without a tail. It is constructed in place, because copying a record just
   // built would stall.
   template <typename Record>
-  void Append(Record record) {
-    if (sizeof(Record) > Room()) {
-      const Record copy = record;
-      AppendAcross(&copy, sizeof copy, nullptr, 0);
-    } else {
-      new (next) Record(record);
-      next += sizeof(Record);
-    }
+  void Append(const Record& record) {
+    MakeRoom(sizeof(Record));
+    new (next) Record(record);
+    next += sizeof(Record);
     ++recordCount;
   }
 
@@ -70,12 +55,11 @@ class EmfWriter {
   EmfBytes Finish(EmfHeaderRecord header);
 
  private:
-  void AppendAcross(const void* head, size_t headSize, const void* tail, size_t tailSize);
-  void AddPiece(size_t pieceRoom);
-  void BeginLastPiece(size_t pieceRoom);
-  void EndPiece(EmfBytes::Piece& piece);
+  void MakeRoom(size_t wanted) {
+    if (wanted > static_cast<size_t>(end - next)) Grow(wanted);
+  }
 
-  size_t Room() const { return static_cast<size_t>(pieceEnd - next); }
+  void Grow(size_t wanted);
 
   void Put(const void* data, size_t count) {
     if (count == 0) return;
@@ -84,10 +68,9 @@ class EmfWriter {
   }
 
   size_t mostBytes;  // without EOF
-  EmfBytes bytes;
-  uint8_t* pieceStart = nullptr;  // start of the last piece
-  uint8_t* next = nullptr;        // after its used bytes
-  uint8_t* pieceEnd = nullptr;    // before the space reserved for EOF
+  GrowingBlock block;
+  uint8_t* next = nullptr;  // after the last record
+  uint8_t* end = nullptr;   // before the space reserved for EOF
   uint32_t recordCount = 0;
 };
 

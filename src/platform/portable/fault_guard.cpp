@@ -1,5 +1,6 @@
 // A guard is a jump target for the signal handlers of processor faults. The handlers are installed while any
-// thread has a guard; a signal outside of a guard is passed to the previous handler.
+// thread has a guard; a signal outside of a guard is passed to the previous handler. An access to a mapped file that was
+// shortened is no fault: it reads zeros, and the reader ends the run with an exception.
 #include "platform/fault_guard.h"
 
 #include <pthread.h>
@@ -10,6 +11,8 @@
 #include <cstddef>
 #include <mutex>
 #include <new>
+
+#include "platform/portable/lost_pages.h"
 
 namespace hexlume {
 
@@ -45,6 +48,7 @@ void PassOn(int signal, siginfo_t* info, void* context, const struct sigaction& 
 
 void OnFault(int signal, siginfo_t* info, void* context) {
   // Codes above 0 come from the kernel. Another process, or raise, sends the same signals without a fault.
+  if (signal == SIGBUS && info->si_code > 0 && LostPages::Replace(info->si_addr)) return;
   if (innermost && info->si_code > 0) siglongjmp(innermost->resume, 1);
   for (size_t i = 0; i < faultSignalCount; ++i)
     if (faultSignals[i] == signal) PassOn(signal, info, context, previous[i]);

@@ -1,4 +1,5 @@
 // Opens, closes and discards metafiles.
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -96,8 +97,12 @@ extern "C" UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t* bu
   const UINT needed = static_cast<UINT>(metafile->bytes.size);
   if (!buffer) return needed;
   if (size < needed) return 0;
-  metafile->bytes.CopyTo(buffer);
+  std::memcpy(buffer, metafile->bytes.block.Start(), needed);
   return needed;
+}
+
+extern "C" const uint8_t* EnhMetaFileBytes(HENHMETAFILE metafile) {
+  return metafile ? metafile->bytes.block.Start() : nullptr;
 }
 
 extern "C" BOOL DeleteEnhMetaFile(HENHMETAFILE metafile) {

@@ -101,7 +101,7 @@ DrawingResult ResultOf(const Message& message) {
   result.report = fields.Text();
   result.standardOutput = fields.Text();
   const std::string page = fields.Text();
-  result.page.assign(page.begin(), page.end());
+  result.page = {page.begin(), page.end()};
   return result;
 }
 

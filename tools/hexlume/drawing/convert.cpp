@@ -2,11 +2,11 @@
 
 #include <hexlume.h>
 
-#include <memory>
 #include <optional>
-#include <type_traits>
+#include <utility>
 
 #include "tools/hexlume/drawing/drawing_look.h"
+#include "tools/hexlume/drawing/exported_metafile.h"
 #include "tools/hexlume/drawing/host_convert.h"
 #include "tools/hexlume/drawing/host_guard.h"
 #include "tools/hexlume/metafile/emf_record.h"
@@ -15,17 +15,12 @@
 namespace hexlume {
 namespace {
 
-struct DeleteMetafile {
-  void operator()(HENHMETAFILE metafile) const { DeleteEnhMetaFile(metafile); }
-};
-using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMetafile>;
-
 // What one of the nine exports has given.
 struct Outcome {
   int32_t code = HEXLUME_OK;     // what it returned
   std::optional<int32_t> fault;  // the number of a fault that left it instead
   uint32_t bounds = 0;           // that it has reached, as bits
-  Metafile metafile;
+  ExportedMetafile metafile;
 };
 
 // Runs a conversion that stores its metafile through the given pointer.
@@ -82,7 +77,7 @@ Conversion AfterUnknownCode(int32_t code) {
 // Why a drawing couldn't be converted. The host library gives the reason, for which it reads the drawing again.
 Conversion Explained(const DrawingSource& drawing, const Options& options) {
   Conversion conversion = ConvertByHostLibrary(drawing, options, HEXLUME_FORMAT_AS_IS);
-  conversion.metafile.clear();
+  conversion.metafile = {};
   conversion.remarks.clear();
   if (conversion.HasFailed()) return conversion;
   conversion = Ended(partStatus);
@@ -99,12 +94,6 @@ Conversion AfterFailure(const DrawingSource& drawing, const Outcome& outcome, co
     case HEXLUME_NOT_A_DRAWING: return outcome.metafile ? Ended(partStatus) : Explained(drawing, options);
     default: return AfterUnknownCode(outcome.code);
   }
-}
-
-MetafileBytes BytesOf(HENHMETAFILE metafile) {
-  MetafileBytes bytes(GetEnhMetaFileBits(metafile, 0, nullptr));
-  bytes.resize(GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), bytes.data()));
-  return bytes;
 }
 
 // The library calls SetMapMode first, so an empty metafile has two records: the header and the end.
@@ -143,9 +132,9 @@ void AddRemarks(const DrawingSource& drawing, DrawingParts& parts, const Options
 
 Conversion ConvertByExports(const DrawingSource& drawing, const std::string& path, DrawingParts& parts,
                             const Options& options) {
-  const Outcome outcome = CallExports(path, options);
+  Outcome outcome = CallExports(path, options);
   Conversion conversion = AfterFailure(drawing, outcome, options);
-  if (outcome.metafile) conversion.metafile = BytesOf(outcome.metafile.get());
+  if (outcome.metafile) conversion.metafile = BytesOf(std::move(outcome.metafile));
   AddBounds(outcome.bounds, conversion);
   if (!conversion.HasFailed()) AddRemarks(drawing, parts, options, conversion);
   return conversion;
@@ -172,8 +161,8 @@ bool IsBesideSheet(const DrawingSource& drawing, const Options& options, int32_t
   if (ink != SheetInk::none) return ink == SheetInk::beside;
   Options fitted = options;
   fitted.fit = true;
-  const host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(fitted, format));
-  return InkOf({result.Metafile().begin(), result.Metafile().end()}) == SheetInk::within;
+  return InkOf(BytesOf(CallHost(hexlume_convert, drawing, HostOptionsOf(fitted, format)))) ==
+         SheetInk::within;
 }
 
 Conversion Choose(const DrawingSource& drawing, DrawingParts& parts, int32_t format, const Options& options,

@@ -1,5 +1,9 @@
 #include "tools/hexlume/drawing/host_convert.h"
 
+#include <memory>
+#include <string_view>
+#include <utility>
+
 #include "tools/hexlume/drawing/status.h"
 
 namespace hexlume {
@@ -48,8 +52,14 @@ host::Result CallHost(host::Call::Function function, const DrawingSource& drawin
   return host::Call::Run(function, input, options);
 }
 
+MetafileBytes BytesOf(host::Result result) {
+  const auto owner = std::make_shared<host::Result>(std::move(result));
+  const std::string_view bytes = owner->Metafile();
+  return {reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), owner};
+}
+
 Conversion ConvertByHostLibrary(const DrawingSource& drawing, const Options& options, int32_t format) {
-  const host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(options, format));
+  host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(options, format));
   const bool hasMetafile = !result.Metafile().empty();
   const bool isEmptySheet = result.Status() == HEXLUME_STATUS_NO_ENTITIES && hasMetafile;
   const StatusRow row = RowOfHostStatus(result.Status(), hasMetafile);
@@ -59,10 +69,10 @@ Conversion ConvertByHostLibrary(const DrawingSource& drawing, const Options& opt
   const bool hasAll = !conversion.HasFailed() || hasMetafile;
   for (const hexlume_remark& remark : result.Remarks())
     if (hasAll || remark.code == HEXLUME_REMARK_BOUND) conversion.remarks.push_back(RemarkOf(remark));
-  conversion.metafile.assign(result.Metafile().begin(), result.Metafile().end());
   conversion.strokes = result.Number(HEXLUME_NUMBER_STROKES);
   conversion.substituted = result.Number(HEXLUME_NUMBER_SUBSTITUTED);
   conversion.embedded = result.Number(HEXLUME_NUMBER_EMBEDDED);
+  if (hasMetafile) conversion.metafile = BytesOf(std::move(result));
   return conversion;
 }
 

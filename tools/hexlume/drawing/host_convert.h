@@ -16,6 +16,9 @@ host::Options HostOptionsOf(const Options& options, int32_t format);
 host::Result CallHost(host::Call::Function function, const DrawingSource& drawing,
                       const host::Options& options);
 
+// The bytes of the metafile, with the result as their owner.
+MetafileBytes BytesOf(host::Result result);
+
 Conversion ConvertByHostLibrary(const DrawingSource& drawing, const Options& options, int32_t format);
 
 }  // namespace hexlume

@@ -15,9 +15,7 @@
 namespace hexlume {
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-
-void WriteListing(const Bytes& bytes, const std::string& heading) {
+void WriteListing(const MetafileBytes& bytes, const std::string& heading) {
   constexpr const char* standardOutput = "standard output";
   if (!heading.empty()) std::cout << "# " << heading << '\n';
   const bool sound = ListMetafile(bytes.data(), bytes.size(), std::cout);

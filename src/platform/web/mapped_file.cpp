@@ -1,0 +1,14 @@
+// A web page has no files: its drawings are bytes in memory.
+#include "platform/mapped_file.h"
+
+namespace hexlume {
+
+std::unique_ptr<MappedFile> MappedFile::Open(const char*, size_t) {
+  return nullptr;
+}
+
+MappedFile::~MappedFile() = default;
+
+void MappedFile::Passed(size_t) {}
+
+}  // namespace hexlume
