@@ -85,14 +85,19 @@ void CountNested(int64_t bytes) {
   if (state.nestedBytes > nestedByteLimit) throw faultCode;
 }
 
+void GoToBlock(TextStream& stream, int32_t bodyOffset) {
+  Seek(stream, bodyOffset);
+  stream.nextKept = stream.keptGroups.BeginBlock(stream);
+}
+
 // The base point is in the block's header, after its name. If a header has neither group 20 nor group 3, the
 // search continues into the block's entities, which are lost then.
 void SubtractBasePoint(BlockRun& run) {
   while (ReadGroup(run.stream)) {
     switch (state.groupCode) {
       case 3: return;
-      case 10: run.blockOriginX -= Hundredths(state.groupValue) * state.insertScaleX; break;
-      case 20: run.blockOriginY -= Hundredths(state.groupValue) * state.insertScaleY; return;
+      case 10: run.blockOriginX -= GroupNumber() * 100.0 * state.insertScaleX; break;
+      case 20: run.blockOriginY -= GroupNumber() * 100.0 * state.insertScaleY; return;
     }
   }
 }
@@ -118,7 +123,7 @@ int32_t DrawBlockEntities(BlockRun run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return 1;
   if (!HasStackRoom()) throw faultCode;
   GuardFaults([&run, bodyOffset] {
-    Seek(run.stream, bodyOffset);
+    GoToBlock(run.stream, bodyOffset);
     SubtractBasePoint(run);
     WalkBlock(blockConverters, bodyOffset, run);
   });
@@ -129,7 +134,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return 1;
   if (!HasStackRoom()) throw faultCode;
   GuardFaults([&run, bodyOffset] {
-    Seek(run.stream, bodyOffset);
+    GoToBlock(run.stream, bodyOffset);
     WalkBlock(dimInsertConverters, bodyOffset, run);
   });
   return 1;
@@ -139,7 +144,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
 // section handles failures.
 void DrawDimBlock(const EntityRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return;
-  Seek(run.stream, bodyOffset);
+  GoToBlock(run.stream, bodyOffset);
   WalkBlock(dimConverters, bodyOffset, run);
 }
 
