@@ -99,14 +99,19 @@ void RequireStackRoom() {
   throw faultCode;
 }
 
+void GoToBlock(TextStream& stream, int32_t bodyOffset) {
+  Seek(stream, bodyOffset);
+  stream.nextKept = stream.keptGroups.BeginBlock(stream);
+}
+
 // The base point is in the block's header, after its name. If a header has neither group 20 nor group 3, the
 // search continues into the block's entities, which are lost then.
 void SubtractBasePoint(BlockRun& run) {
   while (ReadGroup(run.stream)) {
     switch (state.groupCode) {
       case 3: return;
-      case 10: run.blockOriginX -= Hundredths(state.groupValue) * state.insertScaleX; break;
-      case 20: run.blockOriginY -= Hundredths(state.groupValue) * state.insertScaleY; return;
+      case 10: run.blockOriginX -= GroupNumber() * 100.0 * state.insertScaleX; break;
+      case 20: run.blockOriginY -= GroupNumber() * 100.0 * state.insertScaleY; return;
     }
   }
 }
@@ -132,7 +137,7 @@ int32_t DrawBlockEntities(BlockRun run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return 1;
   RequireStackRoom();
   GuardFaults([&run, bodyOffset] {
-    Seek(run.stream, bodyOffset);
+    GoToBlock(run.stream, bodyOffset);
     SubtractBasePoint(run);
     WalkBlock(blockConverters, bodyOffset, run);
   });
@@ -143,7 +148,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return 1;
   RequireStackRoom();
   GuardFaults([&run, bodyOffset] {
-    Seek(run.stream, bodyOffset);
+    GoToBlock(run.stream, bodyOffset);
     WalkBlock(dimInsertConverters, bodyOffset, run);
   });
   return 1;
@@ -153,7 +158,7 @@ int32_t DrawDimInsertEntities(const BlockRun& run, int32_t bodyOffset) {
 // section handles failures.
 void DrawDimBlock(const EntityRun& run, int32_t bodyOffset) {
   if (bodyOffset == noBody) return;
-  Seek(run.stream, bodyOffset);
+  GoToBlock(run.stream, bodyOffset);
   WalkBlock(dimConverters, bodyOffset, run);
 }
 

@@ -11,11 +11,13 @@ namespace hexlume {
 
 struct Bookmark {
   int32_t place;
+  const KeptGroup* kept;
   char value[textSize];  // value of the current group
 };
 
 inline void SetBookmark(Bookmark& bookmark, const TextStream& stream) {
   bookmark.place = Tell(stream);
+  bookmark.kept = stream.nextKept;
   BoundedCopy(bookmark.value, state.groupValue);
 }
 
@@ -23,7 +25,9 @@ inline void SetBookmark(Bookmark& bookmark, const TextStream& stream) {
 // cuts off the block, it is another code, and the entity at the bookmark is skipped.
 inline void ReturnTo(const Bookmark& bookmark, TextStream& stream) {
   Seek(stream, bookmark.place);
+  stream.nextKept = bookmark.kept;
   BoundedCopy(state.groupValue, bookmark.value);
+  state.groupNumberIsKnown = 0;
 }
 
 }  // namespace hexlume

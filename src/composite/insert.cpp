@@ -108,8 +108,8 @@ int32_t DrawBlockInsert(const BlockRun& run) {
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
       // Scaled, but not turned by the enclosing block.
-      case 10: x = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: y = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: x = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: y = BlockY(GroupNumber(), run.blockOriginY); break;
       case 41:
         if (Atof(value) != 0.0) state.insertScaleX *= Atof(value);
         break;

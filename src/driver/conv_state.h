@@ -88,6 +88,8 @@ struct ConvState {
   // The last group read.
   int32_t groupCode;
   char groupValue[textSize];
+  double groupNumber;  // the value as a number, if groupNumberIsKnown: see GroupNumber
+  uint8_t groupNumberIsKnown;
 
   // Sheet geometry, set by SetupSheet.
   int32_t sheetWidth;   // whole millimetres while the size dialog is shown, then hundredths of a millimetre

@@ -84,10 +84,38 @@ int32_t ReadAnyGroup(TextStream& stream) {
   return more;
 }
 
+// Not inlined, so that ReadGroup needs no frame of its own.
+[[gnu::noinline]] int32_t TakeKeptGroup(TextStream& stream) {
+  const KeptGroup& group = *stream.nextKept++;
+  state.groupCode = group.code;
+  state.groupNumber = group.number;
+  state.groupNumberIsKnown = 1;
+  if (group.length < shortKeptValue)
+    std::memcpy(state.groupValue, group.value, shortKeptValue);
+  else
+    std::memcpy(state.groupValue, group.value, static_cast<size_t>(group.length) + 1);
+  Seek(stream, group.end);
+  return 1;
+}
+
+// Skips groups with a code other than 0, but not the last one that is kept: after it the text may end.
+void PassKeptGroups(TextStream& stream) {
+  const KeptGroup* group = stream.nextKept;
+  if (group->place != Tell(stream)) return;
+  while (group->code != 0 && group[1].place != noKeptGroup.place) ++group;
+  stream.nextKept = group;
+  Seek(stream, group->place);
+}
+
 }  // namespace
 
 int32_t ReadGroup(TextStream& stream) {
   if (!MayReadGroup(Tell(stream))) return 0;
+  return stream.nextKept->place == Tell(stream) ? TakeKeptGroup(stream) : ReadTextGroup(stream);
+}
+
+int32_t ReadTextGroup(TextStream& stream) {
+  state.groupNumberIsKnown = 0;
   PlainCode plain;
   if (!FindPlainCode(stream, plain)) return ReadAnyGroup(stream);
   if (!TakeShortValue(stream, plain.value) && !TakeValue(stream, plain.value)) return ReadAnyGroup(stream);
@@ -98,6 +126,7 @@ int32_t ReadGroup(TextStream& stream) {
 int32_t PassToEntity(TextStream& stream) {
   int32_t more = 0;
   do {
+    PassKeptGroups(stream);
     // The last group isn't skipped, because at the end of the file its value must be in the buffer.
     PlainCode plain;
     while (FindPlainCode(stream, plain) && plain.code != 0) {

@@ -13,6 +13,7 @@
 
 #include <cstdint>
 
+#include "driver/conv_state.h"
 #include "driver/text_stream.h"
 
 namespace hexlume {
@@ -24,6 +25,15 @@ constexpr int32_t groupLineLimit = 256;
 // Reads the next group into state.groupCode and state.groupValue. Returns 1, or 0 at the end of the file and
 // once the run has ended. If the file ends within a group, groupCode is that of the incomplete group.
 int32_t ReadGroup(TextStream& stream);
+
+// The value of the group read last as a number: Atof(state.groupValue). Converters of blocks use it, as the numbers of kept
+// groups aren't converted again.
+inline double GroupNumber() {
+  return state.groupNumberIsKnown ? state.groupNumber : Atof(state.groupValue);
+}
+
+// The slow form of ReadGroup: reads the group from the text, kept or not, and doesn't ask the host.
+int32_t ReadTextGroup(TextStream& stream);
 
 // Reads up to the next group with code 0. Equivalent to repeated calls of ReadGroup, but faster, because
 // skipped groups aren't copied. Returns 1, or 0 at the end of the file.

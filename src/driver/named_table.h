@@ -24,13 +24,20 @@ class NamedTable {
   }
 
   // Keeps the entries, but no name is found any more.
-  void ForgetNames() { places.clear(); }
+  void ForgetNames() {
+    places.clear();
+    lastFound = nothing;
+  }
 
   // Return null if no entry has the name, compared byte by byte.
   const Entry* FindFirst(std::string_view name) const {
     CountLookup();
+    // Entities of one layer often follow each other.
+    if (lastFound < entries.size() && name == entries[lastFound].name) return &entries[lastFound];
     const auto found = places.find(name);
-    return found == places.end() ? nullptr : &entries[found->second.first];
+    if (found == places.end()) return nullptr;
+    lastFound = found->second.first;
+    return &entries[lastFound];
   }
   const Entry* FindLast(std::string_view name) const {
     CountLookup();
@@ -45,6 +52,8 @@ class NamedTable {
   auto end() const { return entries.end(); }
 
  private:
+  static constexpr size_t nothing = static_cast<size_t>(-1);
+
   static void CountLookup() {
     constexpr int64_t stepsOfLookup = 40;
     CountSteps(stepsOfLookup);
@@ -56,6 +65,7 @@ class NamedTable {
 
   std::vector<Entry> entries;
   std::map<std::string, Places, std::less<>> places;
+  mutable size_t lastFound = nothing;  // by FindFirst
 };
 
 }  // namespace hexlume

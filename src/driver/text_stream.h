@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "driver/kept_groups.h"
 #include "driver/text_source.h"
 
 namespace hexlume {
@@ -19,6 +20,9 @@ struct TextStream {
   int32_t size = 0;             // their number
   bool complete = false;        // the whole text has been fetched
   int32_t position = 0;         // index of the next byte to be read
+
+  KeptGroups keptGroups;
+  const KeptGroup* nextKept = &noKeptGroup;  // read next, if it is at the position
 };
 
 // Opens a file at its start. Returns false if it can't be read. Positions are int32, so the text ends

@@ -135,11 +135,11 @@ int32_t DrawBlockArc(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 40: state.blockRadius = Hundredths(value) * state.insertScaleX; break;
-      case 50: start = ReadBlockAngle(Atof(value)); break;
-      case 51: end = ReadBlockAngle(Atof(value)); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
+      case 40: state.blockRadius = GroupNumber() * 100.0 * state.insertScaleX; break;
+      case 50: start = ReadBlockAngle(GroupNumber()); break;
+      case 51: end = ReadBlockAngle(GroupNumber()); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
@@ -180,11 +180,11 @@ int32_t DrawDimInsertArc(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.dimX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 40: state.dimRadius = Hundredths(value); break;  // not scaled, unlike the centre
-      case 50: start = ReadAngle(Atof(value)); break;       // not turned, unlike the centre
-      case 51: end = ReadAngle(Atof(value)); break;
+      case 50: start = ReadAngle(GroupNumber()); break;     // not turned, unlike the centre
+      case 51: end = ReadAngle(GroupNumber()); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }

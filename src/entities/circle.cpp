@@ -71,10 +71,10 @@ int32_t DrawBlockCircle(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
-      case 40: state.blockRadius = Hundredths(value) * state.insertScaleX; break;
+      case 40: state.blockRadius = GroupNumber() * 100.0 * state.insertScaleX; break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
@@ -108,8 +108,8 @@ int32_t DrawDimInsertCircle(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.dimX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       // Scaled by Y, while a circle in a block is scaled by X.
       case 40: state.dimRadius = Hundredths(value) * state.insertScaleY; break;

@@ -55,10 +55,10 @@ int32_t DrawBlockLine(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 11: state.blockX[1] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 21: state.blockY[1] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 11: state.blockX[1] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
+      case 21: state.blockY[1] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
@@ -120,10 +120,10 @@ int32_t DrawDimInsertLine(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 11: state.dimX[1] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.dimY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 21: state.dimY[1] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.dimX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 11: state.dimX[1] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
+      case 21: state.dimY[1] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }

@@ -168,25 +168,24 @@ int32_t DrawBlockLwPolyline(const BlockRun& run) {
       case 70: flags = Atoi(value); break;
     }
   }
-  if (more && state.groupCode == 10) state.blockX[0] = BlockX(Atof(state.groupValue), run.blockOriginX);
+  if (more && state.groupCode == 10) state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX);
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
   style = WithoutWidth(style);
 
   while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(run.stream);
   if (more && state.groupCode == 20) {
-    state.blockY[0] = BlockY(Atof(state.groupValue), run.blockOriginY);
+    state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY);
     TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
     more = ReadGroup(run.stream);
   }
   LwPolylineWalk walk;
   StartWalk(run.canvas, walk, state.blockX[0], state.blockY[0]);
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
-    const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
       case 20:
-        state.blockY[0] = BlockY(Atof(value), run.blockOriginY);
+        state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY);
         TurnAboutOrigin(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
         if (walk.bulge == 0.0)
           DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.blockX[0], state.blockY[0]), style,
@@ -194,7 +193,7 @@ int32_t DrawBlockLwPolyline(const BlockRun& run) {
         else
           DrawArcToVertex(run.canvas, run.view, blockArcs, walk, style);
         break;
-      case 42: StartArc(walk, Atof(value), state.blockX[0], state.blockY[0]); break;
+      case 42: StartArc(walk, GroupNumber(), state.blockX[0], state.blockY[0]); break;
     }
   }
   if ((flags & closedFlag) == 0) return more;
@@ -223,13 +222,13 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(style, state.dimColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 10: state.dimX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
       case 70: flags = Atoi(value); break;
     }
   }
   if (more && state.groupCode == 20) {
-    state.dimY[0] = BlockY(Atof(state.groupValue), run.blockOriginY);
+    state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY);
     more = ReadGroup(run.stream);
   }
   if (LinetypeFilter(style.family)) return more;
@@ -240,18 +239,17 @@ int32_t DrawDimInsertLwPolyline(const BlockRun& run) {
   LwPolylineWalk walk;
   StartWalk(run.canvas, walk, state.dimX[0], state.dimY[0]);
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
-    const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.dimX[0] = BlockX(Atof(value), run.blockOriginX); break;
+      case 10: state.dimX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
       case 20:
-        state.dimY[0] = BlockY(Atof(value), run.blockOriginY);
+        state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY);
         if (walk.bulge == 0.0)
           DrawDimInsertSegment(run.canvas, run.view, walk, ModelToSheet(state.dimX[0], state.dimY[0]), style,
                                state.dimColor);
         else
           DrawArcToVertex(run.canvas, run.view, dimArcs, walk, style);
         break;
-      case 42: StartArc(walk, Atof(value), state.dimX[0], state.dimY[0]); break;
+      case 42: StartArc(walk, GroupNumber(), state.dimX[0], state.dimY[0]); break;
     }
   }
   if ((flags & closedFlag) == 0) return more;

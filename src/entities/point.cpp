@@ -91,8 +91,8 @@ int32_t DrawBlockPoint(const BlockRun& run) {
       case 8:
         if (!ResolveInheritedLayer(unusedStyle, state.blockColor, run.insertColor, inherit)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }

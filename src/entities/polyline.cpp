@@ -84,11 +84,10 @@ int32_t ReadVertex(TextStream& stream, double& bulge) {
 int32_t ReadBlockVertex(TextStream& stream, double& bulge, double blockOriginX, double blockOriginY) {
   int32_t more = ReadGroup(stream);
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
-    const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.blockX[0] = BlockX(Atof(value), blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), blockOriginY); break;
-      case 42: bulge = Atof(value); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), blockOriginY); break;
+      case 42: bulge = GroupNumber(); break;
     }
   }
   TurnAboutOrigin(state.blockX[0], state.blockY[0], blockOriginX, blockOriginY);

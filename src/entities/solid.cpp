@@ -72,11 +72,11 @@ int32_t DrawBlockSolid(const BlockRun& run) {
       case 10:
       case 11:
       case 12:
-      case 13: state.blockX[state.groupCode - 10] = BlockX(Atof(value), run.blockOriginX); break;
+      case 13: state.blockX[state.groupCode - 10] = BlockX(GroupNumber(), run.blockOriginX); break;
       case 20:
       case 21:
       case 22:
-      case 23: state.blockY[state.groupCode - 20] = BlockY(Atof(value), run.blockOriginY); break;
+      case 23: state.blockY[state.groupCode - 20] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }

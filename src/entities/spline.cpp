@@ -155,14 +155,14 @@ int32_t DrawBlockSpline(const BlockRun& run) {
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
       // Scaled and moved, but not turned.
-      case 10: SetX(spline.control, spline.pointIndex, BlockX(Atof(value), run.blockOriginX)); break;
+      case 10: SetX(spline.control, spline.pointIndex, BlockX(GroupNumber(), run.blockOriginX)); break;
       case 11:
         StartFit(spline);
-        SetX(spline.fit, spline.pointIndex, BlockX(Atof(value), run.blockOriginX));
+        SetX(spline.fit, spline.pointIndex, BlockX(GroupNumber(), run.blockOriginX));
         break;
-      case 20: SetY(spline.control, spline.pointIndex++, BlockY(Atof(value), run.blockOriginY)); break;
-      case 21: SetY(spline.fit, spline.pointIndex++, BlockY(Atof(value), run.blockOriginY)); break;
-      case 40: AddKnot(spline, Atof(value)); break;
+      case 20: SetY(spline.control, spline.pointIndex++, BlockY(GroupNumber(), run.blockOriginY)); break;
+      case 21: SetY(spline.fit, spline.pointIndex++, BlockY(GroupNumber(), run.blockOriginY)); break;
+      case 40: AddKnot(spline, GroupNumber()); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
       case 73: spline.controlCount = Atoi(value); break;
       case 74: spline.fitCount = Atoi(value); break;

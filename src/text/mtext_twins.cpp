@@ -42,11 +42,11 @@ int32_t DrawBlockMText(const BlockRun& run) {
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 11: mtext.dirX = Atof(value); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 21: mtext.dirY = Atof(value); break;
-      case 40: SetBlockCell(mtext, Atof(value), run.halfWidthFont); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 11: mtext.dirX = GroupNumber(); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
+      case 21: mtext.dirY = GroupNumber(); break;
+      case 40: SetBlockCell(mtext, GroupNumber(), run.halfWidthFont); break;
       case 62: state.blockColor = ResolveColor(Atoi(value)); break;
       case 71: mtext.attach = Atoi(value); break;
       case 72: mtext.flow = Atoi(value); break;

@@ -184,17 +184,17 @@ int32_t DrawBlockText(const BlockRun& run) {
       case 8:
         if (!ResolveInsertLayer(unusedStyle, state.blockColor)) return more;
         break;
-      case 10: state.blockX[0] = BlockX(Atof(value), run.blockOriginX); break;
-      case 11: state.blockX[1] = BlockX(Atof(value), run.blockOriginX); break;
-      case 20: state.blockY[0] = BlockY(Atof(value), run.blockOriginY); break;
-      case 21: state.blockY[1] = BlockY(Atof(value), run.blockOriginY); break;
+      case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 11: state.blockX[1] = BlockX(GroupNumber(), run.blockOriginX); break;
+      case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
+      case 21: state.blockY[1] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 40:
-        SetCell(font, Trunc(Hundredths(value) / state.drawScale * state.insertScaleY), run.halfWidthFont);
+        SetCell(font, Trunc(GroupNumber() * 100.0 / state.drawScale * state.insertScaleY), run.halfWidthFont);
         break;
       case 41:
-        if (run.halfWidthFont == 0) font.lfWidth = Trunc(Atof(value) * font.lfHeight * 0.5);
+        if (run.halfWidthFont == 0) font.lfWidth = Trunc(GroupNumber() * font.lfHeight * 0.5);
         break;
-      case 50: font.lfEscapement = Trunc(Atof(value) * 10.0); break;
+      case 50: font.lfEscapement = Trunc(GroupNumber() * 10.0); break;
       case 62: state.blockColor = ResolveColor(Atoi(value)); break;
       case 72: justify = Atoi(value); break;
     }

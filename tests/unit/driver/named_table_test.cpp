@@ -76,6 +76,17 @@ TEST(NamedTableTest, of_several_entries_with_a_name_the_first_and_the_last_are_f
   EXPECT_EQ(3, table.Last("B"));
 }
 
+TEST(NamedTableTest, a_name_found_before_does_not_hide_others) {
+  const NumberedTable table({"A", "B", "AB", "A"});
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(0, table.First("A"));
+    EXPECT_EQ(0, table.First("A"));
+    EXPECT_EQ(2, table.First("AB"));
+    EXPECT_EQ(1, table.First("B"));
+    EXPECT_EQ(-1, table.First(""));
+  }
+}
+
 TEST(NamedTableTest, names_are_compared_byte_by_byte) {
   const NumberedTable table({"Abc", "\x95\xc7", " A"});
   EXPECT_EQ(0, table.First("Abc"));
@@ -131,6 +142,7 @@ TEST(NamedTableTest, a_large_table_finds_all_of_its_names) {
 
 TEST(NamedTableTest, forgotten_names_are_not_found_and_the_entries_stay) {
   NumberedTable table({"A", "B"});
+  EXPECT_EQ(0, table.First("A"));
   table.table.ForgetNames();
   EXPECT_EQ(-1, table.First("A"));
   EXPECT_EQ(-1, table.Last("B"));
