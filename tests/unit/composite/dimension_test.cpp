@@ -228,7 +228,7 @@ TEST_F(DimensionTest, its_text_style_type_and_measure_are_ignored) {
 TEST_F(DimensionTest, its_style_and_dimscale_are_not_asked) {
   headerVars.dimScaleSet = 1;
   headerVars.dimScale = 7.0;
-  state.dimStyles.push_back({"STANDARD", "_DOT", "", 7.0, 7.0, 7.0});
+  state.dimStyles.Add({"STANDARD", "_DOT", "", 7.0, 7.0, 7.0});
   EXPECT_EQ(SlantedStroke(), Draw("3 STANDARD\n2 *D1\n"));
 }
 

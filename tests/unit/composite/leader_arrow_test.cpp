@@ -56,7 +56,7 @@ class LeaderArrowTest : public BlockStreamTest {
     BoundedCopy(style.arrowHandle, arrowHandle);
     style.arrowSize = arrowSize;
     style.dimScale = dimScale;
-    state.dimStyles.push_back(style);
+    state.dimStyles.Add(style);
   }
 
   // The listing of one leader with these groups.

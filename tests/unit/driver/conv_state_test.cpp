@@ -42,7 +42,7 @@ TEST_F(Record, a_reset_empties_the_tables) {
   state.layers.Add({});
   state.ltypes.resize(13);
   state.excludedLayers.Add({});
-  state.dimStyles.emplace_back();
+  state.dimStyles.Add({});
   state.blocks.Add({});
   state.blockLevel = 1;
   state.nestedBytes = 1;

@@ -125,8 +125,8 @@ TEST_F(DimStyleTableTest, ten_thousand_styles_are_kept) {
   for (int i = 0; i < 10000; ++i) records += "0 DIMSTYLE\n2 S" + std::to_string(i) + "\n";
   Read(records);
   ASSERT_EQ(10000u, state.dimStyles.size());
-  EXPECT_STREQ("S0", state.dimStyles.front().name);
-  EXPECT_STREQ("S9999", state.dimStyles.back().name);
+  EXPECT_STREQ("S0", state.dimStyles[0].name);
+  EXPECT_STREQ("S9999", state.dimStyles[9999].name);
 }
 
 // The first group of a record.
