@@ -1,9 +1,12 @@
 // Conversions as hosts ask for them, from memory, in all ways.
 #include <cstring>
 #include <memory>
+#include <ostream>
 
 #include "fuzz/drawing_input.h"
+#include "fuzz/nowhere.h"
 #include "fuzz/target.h"
+#include "tools/hexlume/metafile/metafile_listing.h"
 
 using namespace hexlume;
 
@@ -30,7 +33,17 @@ Result Convert(const DrawingInput& input) {
   hexlume_result* result = nullptr;
   const int32_t status = hexlume_convert(&input.drawing, &options, &result);
   CheckResult(input, status, result);
+  Check(status != HEXLUME_STATUS_OK || hexlume_result_metafile(result), "success without a metafile");
   return Result(result);
+}
+
+// The tool's reader understands every record.
+void CheckListing(const hexlume_result* result) {
+  const auto size = static_cast<size_t>(hexlume_result_metafile_size(result));
+  Nowhere nowhere;
+  std::ostream out(&nowhere);
+  Check(size == 0 || ListMetafile(hexlume_result_metafile(result), size, out),
+        "the tool can't list the metafile");
 }
 
 // Nothing that a call leaves changes the next one.
@@ -52,5 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
   if (!TakeDrawing(bytes, size, input)) return 0;
   const Result result = Convert(input);
   if (input.convertsTwice) CheckSame(result.get(), Convert(input).get());
+  if (input.lists) CheckListing(result.get());
   return 0;
 }

@@ -133,6 +133,7 @@ bool TakeDrawing(const uint8_t* bytes, size_t size, DrawingInput& input) {
   const bool cancels = bytes[cancelByte] >= 0xF0;
   input.callsToCancel = cancels ? bytes[cancelByte] & 7 : -1;
   // Not with progress, which depends on the clock, as the time limit does.
+  input.lists = bytes[cancelByte] % 16 == 2;
   input.convertsTwice = !cancels && bytes[cancelByte] % 16 == 1;
   return true;
 }

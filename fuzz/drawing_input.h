@@ -15,7 +15,7 @@ constexpr size_t headSize = 12;
 struct DrawingInput {
   hexlume_input drawing;
   hexlume_options options;
-  bool convertsTwice;
+  bool convertsTwice, lists;
   int32_t callsToCancel;  // of progress; below 0: never
 };
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <ostream>
 #include <stdexcept>
-#include <streambuf>
 
+#include "fuzz/nowhere.h"
 #include "fuzz/target.h"
 #include "tools/hexlume/metafile/metafile_listing.h"
 #include "tools/hexlume/metafile/metafile_player.h"
@@ -17,12 +17,6 @@
 using namespace hexlume;
 
 namespace {
-
-// Takes text and keeps none of it.
-class Nowhere : public std::streambuf {
-  int overflow(int byte) override { return byte; }
-  std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
-};
 
 void Drop(const uint8_t*, size_t) {}
 

@@ -69,10 +69,16 @@ bool HasDrawn(const HostRun& run) {
   return run.pass > 0 && run.pass % 2 == 0;
 }
 
+// Whether a limit or the host has ended the run while it measured the drawing.
+bool IsMeasuredInPart(const HostRun& run) {
+  return run.end != RunEnd::none && run.endPass % 2 == 1;
+}
+
 // Whether a sheet is to be turned after it was converted. One of which everything is left out wasn't drawn
-// and is the same when it is turned.
+// and is the same when it is turned. One that was measured in part would be turned with another scale.
 bool CanBeTurned(const HostRun& run, const Outcome& outcome) {
-  return outcome.code == HEXLUME_OK && !outcome.faulted && HasDrawn(run) && run.end != RunEnd::cancelled;
+  return outcome.code == HEXLUME_OK && !outcome.faulted && HasDrawn(run) && !IsMeasuredInPart(run) &&
+         run.end != RunEnd::cancelled;
 }
 
 Outcome Convert(const HostOptions& options, HostRun& run) {
@@ -100,8 +106,7 @@ void SettleStatus(const HostInput& input, HostRun& run, const Outcome& outcome, 
 
 // What was drawn on a sheet that was measured in part isn't given to the host.
 bool IsUsable(const HostRun& run, const Outcome& outcome) {
-  const bool measuredInPart = run.end != RunEnd::none && run.endPass % 2 == 1;
-  return outcome.metafile && outcome.isAsked && !measuredInPart;
+  return outcome.metafile && outcome.isAsked && !IsMeasuredInPart(run);
 }
 
 void TakeMetafile(const HostOptions& options, HENHMETAFILE metafile, hexlume_result& result) {

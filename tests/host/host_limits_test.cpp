@@ -1,6 +1,7 @@
 // Limits, cancelling and progress.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstring>
 #include <stdexcept>
 #include <vector>
@@ -154,6 +155,21 @@ TEST(HostLimits, time_leaves_a_turned_drawing_its_share) {
   EXPECT_EQ("limit", result.StatusName());
   EXPECT_LT(10000u, result.Metafile().size());
   EXPECT_LE(600, result.Number(HEXLUME_NUMBER_MILLISECONDS));
+}
+
+// The upright sheet gives the turned one its scale and what is left out, so it must have been measured.
+TEST(HostLimits, time_that_ends_the_first_measuring_ends_the_call) {
+  Options options;
+  options.limit_milliseconds = 400;
+  options.turned = 1;
+  options.OnProgress([](int32_t pass, int32_t, int64_t done, int64_t) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+    while (pass == 1 && done == 0 && std::chrono::steady_clock::now() < end) continue;
+    return true;
+  });
+  const host::Result result = ConvertBytes(A3(Lines(3)), options);
+  EXPECT_EQ("limit", result.StatusName());
+  EXPECT_TRUE(result.Metafile().empty());
 }
 
 TEST(HostLimits, time_ends_an_inspection) {
