@@ -20,6 +20,8 @@ struct DeleteMetafile {
 };
 using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMetafile>;
 
+constexpr int32_t drawingFault = 11;
+
 // What one of the nine exports has given.
 struct Outcome {
   int32_t code = HEXLUME_OK;     // what it returned
@@ -87,7 +89,18 @@ Conversion Explained(const DrawingSource& drawing, const Options& options) {
   return conversion;
 }
 
+// The exports don't say that memory ran out. A drawing that the host library can draw has no fault of its own.
+bool RanOutOfMemory(const DrawingSource& drawing, const Outcome& outcome, const Options& options) {
+  if (outcome.code == HEXLUME_OK && !outcome.fault) return !outcome.metafile;
+  const bool isFault = outcome.fault ? *outcome.fault == drawingFault : outcome.metafile != nullptr;
+  if (!isFault || options.dialogs != 0) return false;
+  const int32_t status =
+      CallHost(hexlume_convert, drawing, HostOptionsOf(options, HEXLUME_FORMAT_AS_IS)).Status();
+  return status == HEXLUME_STATUS_OK || status == HEXLUME_STATUS_NO_MEMORY;
+}
+
 Conversion AfterFailure(const DrawingSource& drawing, const Outcome& outcome, const Options& options) {
+  if (RanOutOfMemory(drawing, outcome, options)) return Ended(noMemoryStatus);
   if (outcome.fault) return AfterFault(*outcome.fault);
   switch (outcome.code) {
     case HEXLUME_OK: return {};
@@ -137,7 +150,9 @@ Conversion ConvertByExports(const DrawingSource& drawing, const std::string& pat
                             const Options& options) {
   const Outcome outcome = CallExports(path, options);
   Conversion conversion = AfterFailure(drawing, outcome, options);
-  if (outcome.metafile) conversion.metafile = BytesOf(outcome.metafile.get());
+  // What was drawn before memory ran out is of no use.
+  if (outcome.metafile && conversion.exit != StatusOf(noMemoryStatus).exit)
+    conversion.metafile = BytesOf(outcome.metafile.get());
   if (!conversion.HasFailed()) AddRemarks(drawing, parts, options, conversion);
   return conversion;
 }
