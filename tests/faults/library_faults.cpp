@@ -25,9 +25,7 @@ struct Outcome {
   std::string status;  // "ok", or what the call says otherwise
   std::string metafile;
 
-  bool operator==(const Outcome& other) const {
-    return status == other.status && metafile == other.metafile;
-  }
+  bool operator==(const Outcome& other) const { return status == other.status && metafile == other.metafile; }
 };
 
 std::string BitsOf(HENHMETAFILE metafile) {
@@ -140,7 +138,8 @@ const char* const wayNames[exportWays + hostWays] = {
     "vzDXFMetaMake", "vzDXFReMetaMake", "vzDXFFullSizeMetaMake", "vzDXFRotMetaMake", "host, whole",
     "host, turned",  "host, part",      "host, full size",       "host, inspection"};
 
-Outcome Run(const char* path, int way, int32_t kind = FAULT_NONE, int64_t call = 0, int64_t* reached = nullptr) {
+Outcome Run(const char* path, int way, int32_t kind = FAULT_NONE, int64_t call = 0,
+            int64_t* reached = nullptr) {
   int64_t ignored;
   if (!reached) reached = &ignored;
   return way < exportWays ? RunExport(path, way, kind, call, reached)
@@ -224,7 +223,8 @@ class Trial {
 
   void Complain(int64_t call, const std::string& words) {
     ++tally.wrong;
-    std::printf("%s, %s, %s %lld: %s\n", path, wayNames[way], row.name, static_cast<long long>(call), words.c_str());
+    std::printf("%s, %s, %s %lld: %s\n", path, wayNames[way], row.name, static_cast<long long>(call),
+                words.c_str());
   }
 
   const char* path;

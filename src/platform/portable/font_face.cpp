@@ -137,7 +137,8 @@ OpenFace OpenFontFile(FT_Library library, const char* file, int index) {
   OpenFace opened(face);
   if (Succeeded(error)) return opened;
   const FT_Error base = FT_ERROR_BASE(error);
-  if (base == FT_Err_Cannot_Open_Resource || base == FT_Err_Cannot_Open_Stream) CheckFontMemory(!IsReadable(file));
+  if (base == FT_Err_Cannot_Open_Resource || base == FT_Err_Cannot_Open_Stream)
+    CheckFontMemory(!IsReadable(file));
   return nullptr;
 }
 

@@ -1,6 +1,7 @@
 #include <hexlume.h>
 
 #include <algorithm>
+#include <ios>
 #include <new>
 
 #include "tools/hexlume/archive/batch.h"

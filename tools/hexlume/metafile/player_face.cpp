@@ -215,7 +215,8 @@ void PlayerFace::Measure() {
 
 FaceGlyph PlayerFace::Glyph(uint32_t codePoint) const {
   const auto found = glyphs.find(codePoint);
-  return found != glyphs.end() ? found->second : glyphs.emplace(codePoint, FindGlyph(codePoint)).first->second;
+  return found != glyphs.end() ? found->second
+                               : glyphs.emplace(codePoint, FindGlyph(codePoint)).first->second;
 }
 
 FaceGlyph PlayerFace::FindGlyph(uint32_t codePoint) const {
