@@ -72,37 +72,37 @@ enum {
 };
 
 /** Converts the whole sheet, fitted to at most A0. */
-int32_t vzMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont);
+int32_t vzMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);
 
 /** Converts a part of the sheet: view, in sheet hundredths, is what is drawn and the frame of the metafile. A view
  * outside the sheet gives an empty metafile with that frame. wholeTextClip other than 0 drops every text that
  * extends beyond the view's top (an MTEXT also its bottom, by its alignment). Only 1 also drops those that extend
  * beyond its right edge (an MTEXT also its left one), by the average width of their characters. vzRotMetaMake
  * ignores this conversion. */
-int32_t vzReMetaMake(const char* path, HENHMETAFILE* out, int32_t halfWidthFont, RECT view,
-                     int32_t wholeTextClip, int32_t showDialogs);
+int32_t vzReMetaMake(const char *path, HENHMETAFILE *out, int32_t halfWidthFont, RECT view, int32_t wholeTextClip,
+                     int32_t showDialogs);
 
 /** Repeats the last conversion of vzMetaMake or vzFullSizeMetaMake (or their twins), rotated by 180 degrees, with the
  * same layers and line types left out. The file is read again. Returns HEXLUME_NOT_A_DRAWING if there was none. */
-int32_t vzRotMetaMake(HENHMETAFILE* out);
+int32_t vzRotMetaMake(HENHMETAFILE *out);
 
 /** Converts the whole sheet with the model at full size, ignoring the drawing's own scale. */
-int32_t vzFullSizeMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont);
+int32_t vzFullSizeMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont);
 
 /** @name The same four with a monochrome switch
  * Other than 0, everything is drawn in black. The switch is kept: a conversion without the argument uses the value of
  * the last of these four calls, even if that call failed. */
 /**@{*/
 /** vzMetaMake() with the switch. */
-int32_t vzDXFMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont,
+int32_t vzDXFMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont,
                       int32_t monochrome);
 /** vzReMetaMake() with the switch. */
-int32_t vzDXFReMetaMake(const char* path, HENHMETAFILE* out, int32_t halfWidthFont, RECT view,
-                        int32_t wholeTextClip, int32_t showDialogs, int32_t monochrome);
+int32_t vzDXFReMetaMake(const char *path, HENHMETAFILE *out, int32_t halfWidthFont, RECT view, int32_t wholeTextClip,
+                        int32_t showDialogs, int32_t monochrome);
 /** vzRotMetaMake() with the switch. */
-int32_t vzDXFRotMetaMake(HENHMETAFILE* out, int32_t monochrome);
+int32_t vzDXFRotMetaMake(HENHMETAFILE *out, int32_t monochrome);
 /** vzFullSizeMetaMake() with the switch. */
-int32_t vzDXFFullSizeMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont,
+int32_t vzDXFFullSizeMetaMake(const char *path, HENHMETAFILE *out, int32_t showDialogs, int32_t halfWidthFont,
                               int32_t monochrome);
 /**@}*/
 
