@@ -113,6 +113,7 @@ test_builds() {
   local preset drawings
   check "formatting" scripts/check_format.sh
   for preset in "${native_builds[@]}" "${windows_builds[@]}"; do test_build "$preset"; done
+  for preset in linux "${windows_builds[@]}"; do check "$preset is hardened" scripts/check_hardening.sh "$preset"; done
   for preset in "${windows_builds[@]}"; do
     check "$preset needs nothing but Windows" scripts/check_imports.sh "$preset"
   done

@@ -1,6 +1,4 @@
 # The Debian packages, which cpack makes of the components of the installation.
-target_link_options(hexlume_options INTERFACE -Wl,-z,relro,-z,now)
-
 set(HEXLUME_MAINTAINER "The Hexlume developers <maintainers@hexlume.example>")
 set(HEXLUME_CHANGELOG ${CMAKE_BINARY_DIR}/changelog.gz)
 execute_process(
@@ -39,6 +37,20 @@ function(hexlume_debian_package component name)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} RENAME copyright COMPONENT ${component})
   install(FILES ${HEXLUME_CHANGELOG} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component})
 endfunction()
+# The list of what is linked, beside the licence of each package with programs or libraries.
+function(hexlume_debian_sbom component name)
+  set(SBOM ${CMAKE_BINARY_DIR}/sbom/${name}.cdx.json)
+  list(TRANSFORM ARGN REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE FILES)
+  add_custom_command(OUTPUT ${SBOM}
+    COMMAND ${CMAKE_SOURCE_DIR}/scripts/make_sbom.py debian ${SBOM} ${name} ${FILES}
+    DEPENDS ${CMAKE_SOURCE_DIR}/scripts/make_sbom.py ${ARGN} VERBATIM)
+  add_custom_target(hexlume_sbom_${component} ALL DEPENDS ${SBOM})
+  install(FILES ${SBOM} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} RENAME sbom.cdx.json COMPONENT ${component})
+endfunction()
+hexlume_debian_sbom(tool hexlume hexlume_tool)
+hexlume_debian_sbom(batch hexlume-batch hexlume_batch)
+hexlume_debian_sbom(library libhexlume1 hexlume hexlume_host)
+
 hexlume_debian_package(tool hexlume)
 hexlume_debian_package(batch hexlume-batch)
 hexlume_debian_package(library libhexlume1)

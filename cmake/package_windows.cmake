@@ -28,3 +28,11 @@ install(FILES /usr/share/doc/mingw-w64-common/copyright
   DESTINATION licences RENAME mingw-w64.txt COMPONENT licence)
 install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright
   DESTINATION licences RENAME gcc.txt COMPONENT licence)
+
+# The list of what is linked.
+set(HEXLUME_SBOM ${CMAKE_BINARY_DIR}/sbom.cdx.json)
+add_custom_command(OUTPUT ${HEXLUME_SBOM}
+  COMMAND ${CMAKE_SOURCE_DIR}/scripts/make_sbom.py windows ${HEXLUME_SBOM} hexlume ${MINGW_PREFIX}
+  DEPENDS ${CMAKE_SOURCE_DIR}/scripts/make_sbom.py VERBATIM)
+add_custom_target(hexlume_sbom ALL DEPENDS ${HEXLUME_SBOM})
+install(FILES ${HEXLUME_SBOM} DESTINATION . COMPONENT licence)

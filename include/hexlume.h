@@ -18,7 +18,8 @@
  *                  half-width cells.
  *
  * Return codes and what *out holds then:
- *   HEXLUME_OK            a metafile. It has no drawing on it if the user left everything out.
+ *   HEXLUME_OK            a metafile. It has no drawing on it if the user left everything out. *out is NULL if the system
+ *                         had no memory to start one.
  *   HEXLUME_NOT_OPENED    the drawing was measured, but could not be opened again to be drawn; *out is unchanged.
  *   HEXLUME_CANCELLED     the user cancelled a dialog; *out is unchanged.
  *   HEXLUME_NOT_A_DRAWING the file can't be read, ends within its layers, or has neither a size nor anything to

@@ -20,6 +20,7 @@ run() {
 
 debian_packages() {
   scripts/build.sh package-linux
+  scripts/check_hardening.sh package-linux
   rm -f dist/*.deb
   run cpack --config build/package-linux/CPackConfig.cmake -B "$scratch/debian"
   for package in "$scratch"/debian/*.deb; do
@@ -40,6 +41,7 @@ windows_zip() {
   local preset=$1 name=hexlume-$version-$1
   scripts/build.sh "package-$preset"
   scripts/check_imports.sh "package-$preset"
+  scripts/check_hardening.sh "package-$preset"
   rm -f "dist/$name.zip"
   run cmake --install "build/package-$preset" --prefix "$scratch/$name"
   find "$scratch/$name" -type d -exec chmod 755 {} + -o -type f -exec chmod 644 {} +

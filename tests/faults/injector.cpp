@@ -76,10 +76,12 @@ struct Orders {
     if (!order) return;
     const size_t nameLength = strcspn(order, ":");
     for (int32_t kind = 0; kind < FAULT_KINDS; ++kind)
-      if (strlen(kindNames[kind]) == nameLength && strncmp(order, kindNames[kind], nameLength) == 0) armed = kind;
+      if (strlen(kindNames[kind]) == nameLength && strncmp(order, kindNames[kind], nameLength) == 0)
+        armed = kind;
     const char* const number = order + nameLength;
     kills = strstr(number, ":kill") != nullptr;
-    if (armed != FAULT_NONE) hexlume_fault_arm(armed, strtoll(*number == ':' ? number + 1 : number, nullptr, 10));
+    if (armed != FAULT_NONE)
+      hexlume_fault_arm(armed, strtoll(*number == ':' ? number + 1 : number, nullptr, 10));
   }
   ~Orders() {
     if (!countFile || armed == FAULT_NONE) return;
@@ -149,7 +151,11 @@ void free(void* memory) noexcept {
 }
 
 // Files. REAL calls the function whose place this one takes.
-#define REAL(name) (*[] { static auto* const real = Real(&name, #name); return real; }())
+#define REAL(name)                                \
+  (*[] {                                          \
+    static auto* const real = Real(&name, #name); \
+    return real;                                  \
+  }())
 
 ssize_t write(int file, const void* bytes, size_t size) {
   return Fails(FAULT_WRITE) ? Failed<ssize_t>(ENOSPC, -1) : REAL(write)(file, bytes, size);
@@ -269,11 +275,13 @@ int pipe2(int ends[2], int flags) noexcept {
 }
 int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions_t* files,
                 const posix_spawnattr_t* attributes, char* const arguments[], char* const variables[]) {
-  return Fails(FAULT_PROCESS) ? EAGAIN : REAL(posix_spawn)(process, path, files, attributes, arguments, variables);
+  return Fails(FAULT_PROCESS) ? EAGAIN
+                              : REAL(posix_spawn)(process, path, files, attributes, arguments, variables);
 }
 int posix_spawnp(pid_t* process, const char* path, const posix_spawn_file_actions_t* files,
                  const posix_spawnattr_t* attributes, char* const arguments[], char* const variables[]) {
-  return Fails(FAULT_PROCESS) ? EAGAIN : REAL(posix_spawnp)(process, path, files, attributes, arguments, variables);
+  return Fails(FAULT_PROCESS) ? EAGAIN
+                              : REAL(posix_spawnp)(process, path, files, attributes, arguments, variables);
 }
 
 // Fonts

@@ -59,6 +59,15 @@ TEST_F(WholeFiles, a_full_device_leaves_nothing) {
   EXPECT_EQ(1u, FilesIn(".") - 2);  // beside the streams that the test keeps
 }
 
+TEST_F(WholeFiles, a_full_standard_output_is_said_of_the_help_too) {
+  for (const char* const option : {"--help", "--version"}) {
+    const std::string tool = ProgramFolder().string() + "/hexlume";
+    const int status = std::system(("'" + tool + "' " + option + " >/dev/full 2>said.txt").c_str());
+    EXPECT_EQ(73, WEXITSTATUS(status));
+    EXPECT_TRUE(Contains(Contents("said.txt"), "standard output: can't be written: "));
+  }
+}
+
 TEST_F(WholeFiles, a_link_stays_and_its_file_is_replaced) {
   Write("plan.dxf", A3(Lines(1)));
   fs::create_directory("there");

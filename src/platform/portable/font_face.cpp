@@ -5,10 +5,10 @@
 #include <unistd.h>
 
 #include <memory>
-#include <new>
 #include <string>
 
 #include "platform/portable/file_face.h"
+#include "platform/portable/font_memory.h"
 #include "platform/portable/gothic_families.h"
 
 namespace hexlume {
@@ -32,29 +32,24 @@ using Pattern = std::unique_ptr<FcPattern, PatternCloser>;
 using FontSet = std::unique_ptr<FcFontSet, FontSetCloser>;
 using ObjectSet = std::unique_ptr<FcObjectSet, ObjectSetCloser>;
 
-// Without memory a lookup would find another font, or none, and the texts would be drawn with its measures. So it fails.
-void Check(bool hasMemory) {
-  if (!hasMemory) throw std::bad_alloc();
-}
-
 void AddFamily(FcPattern* pattern, const char* family) {
-  Check(FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
+  CheckFontMemory(FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
 }
 
 void AddLanguage(FcPattern* pattern) {
-  Check(FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja")));
+  CheckFontMemory(FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja")));
 }
 
 Pattern ScalablePattern() {
   Pattern pattern(FcPatternCreate());
-  Check(pattern && FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue));
+  CheckFontMemory(pattern && FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue));
   return pattern;
 }
 
 FontSet ListFonts(FcConfig* config, const Pattern& pattern, const ObjectSet& objects) {
-  Check(objects != nullptr);
+  CheckFontMemory(objects != nullptr);
   FontSet found(FcFontList(config, pattern.get(), objects.get()));
-  Check(found != nullptr);
+  CheckFontMemory(found != nullptr);
   return found;
 }
 
@@ -78,8 +73,8 @@ Pattern PatternOfGothic(FcConfig* config) {
   for (const char* family : gothicFamilies) AddFamily(pattern.get(), family);
   AddFamily(pattern.get(), "monospace");
   AddLanguage(pattern.get());
-  Check(FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO));
-  Check(FcConfigSubstitute(config, pattern.get(), FcMatchPattern));
+  CheckFontMemory(FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO));
+  CheckFontMemory(FcConfigSubstitute(config, pattern.get(), FcMatchPattern));
   return pattern;
 }
 
@@ -129,14 +124,6 @@ Pattern PatternFor(FcConfig* config, const LOGFONTA& font) {
   return isNamed ? PatternOfFamily(name) : PatternOfGothic(config);
 }
 
-bool HasFonts(FcConfig* config) {
-  for (const FcSetName set : {FcSetSystem, FcSetApplication}) {
-    const FcFontSet* const fonts = FcConfigGetFonts(config, set);
-    if (fonts && fonts->nfont > 0) return true;
-  }
-  return false;
-}
-
 // Whether a file that couldn't be opened is there and has bytes, so that the process has too many files open, for example.
 bool IsReadable(const char* file) {
   struct stat facts;
@@ -150,7 +137,8 @@ OpenFace OpenFontFile(FT_Library library, const char* file, int index) {
   OpenFace opened(face);
   if (Succeeded(error)) return opened;
   const FT_Error base = FT_ERROR_BASE(error);
-  if (base == FT_Err_Cannot_Open_Resource || base == FT_Err_Cannot_Open_Stream) Check(!IsReadable(file));
+  if (base == FT_Err_Cannot_Open_Resource || base == FT_Err_Cannot_Open_Stream)
+    CheckFontMemory(!IsReadable(file));
   return nullptr;
 }
 
@@ -158,12 +146,18 @@ OpenFace OpenBestMatch(FcConfig* config, FT_Library library, FcPattern* pattern)
   FcDefaultSubstitute(pattern);
   FcResult result = FcResultNoMatch;
   const Pattern match(FcFontMatch(config, pattern, &result));
-  Check(match || !HasFonts(config));
+  CheckFontMemory(match || !HasFonts(config));
   FcChar8* file = nullptr;
   int index = 0;
   if (!match || FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch) return nullptr;
   FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
   return OpenFontFile(library, reinterpret_cast<const char*>(file), index);
+}
+
+Config LoadConfig() {
+  Config config(FcInitLoadConfigAndFonts());
+  CheckFontMemory(config && IsWholeConfig(config.get()));
+  return config;
 }
 
 // A private configuration, so that the host's isn't changed. The library must be closed after the faces,
@@ -174,9 +168,9 @@ struct FaceCache {
   FaceRows rows;
 
   std::unique_ptr<FontFace> MakeFace(const LOGFONTA& font) {
-    if (!config) config.reset(FcInitLoadConfigAndFonts());
+    if (!config) config = LoadConfig();
     if (!library) library = OpenFontLibrary();
-    Check(config && library);
+    CheckFontMemory(library != nullptr);
     const Pattern pattern = PatternFor(config.get(), font);
     return MakeFileFace(OpenBestMatch(config.get(), library.get(), pattern.get()), IsVertical(font));
   }

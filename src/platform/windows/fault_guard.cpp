@@ -8,6 +8,8 @@
 #include <windows.h>
 #include <xmmintrin.h>
 
+#include <new>
+
 namespace hexlume {
 
 namespace {

@@ -73,6 +73,17 @@ TEST(EmfWriter, a_metafile_is_filled_to_its_last_byte) {
   EXPECT_EQ(writer.Finish(Header()).size, 108u + 8322 * 12 + 20);
 }
 
+// A header of 108 bytes, a record of 12 and EOF of 20.
+TEST(EmfWriter, a_metafile_that_ends_early_takes_no_more_records) {
+  EmfWriter writer;
+  writer.Append(Header());
+  const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
+  writer.Append(head);
+  writer.EndEarly();
+  EXPECT_THROW(writer.Append(head), std::length_error);
+  EXPECT_EQ(writer.Finish(Header()).size, 108u + 12 + 20);
+}
+
 TEST(EmfHandleTable, the_lowest_free_index_is_the_next) {
   GdiObject objects[3];
   EmfHandleTable table;

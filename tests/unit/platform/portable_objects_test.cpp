@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
+
+#include "platform/run_objects.h"
 
 namespace hexlume::portable_objects_test {
 namespace {
@@ -37,6 +40,15 @@ TEST(PortableObjects, a_pen_is_recorded_when_it_is_selected) {
 
 TEST(PortableObjects, a_null_pen_is_the_stock_object) {
   EXPECT_EQ(CreatePen(PS_NULL, 5, 0x123456), GetStockObject(NULL_PEN));
+}
+
+TEST(PortableObjects, objects_that_a_run_has_left_are_deleted) {
+  const HPEN pen = CreatePen(PS_SOLID, 1, 0x111111);
+  const HFONT font = CreateFontIndirectA(std::make_unique<LOGFONTA>().get());
+  DeleteRunObjects();
+  EXPECT_EQ(DeleteObject(pen), 0);
+  EXPECT_EQ(DeleteObject(font), 0);
+  EXPECT_NE(GetStockObject(BLACK_PEN), nullptr);
 }
 
 TEST(PortableObjects, a_selected_object_is_deleted_when_another_takes_its_place) {

@@ -1,4 +1,3 @@
-#include <iostream>
 #include <new>
 
 #include "tools/batch/base/error.h"
@@ -39,11 +38,11 @@ int Run(const std::vector<std::string>& arguments) {
   if (arguments.empty()) throw UsageError("a command is needed");
   const std::string& first = arguments[0];
   if (first == "--help" || first == "-h" || first == "help") {
-    std::cout << BatchHelp();
+    WriteToStandardOutput(BatchHelp());
     return 0;
   }
   if (first == "--version") {
-    std::cout << "hexlume-batch " HEXLUME_VERSION "\n";
+    WriteToStandardOutput("hexlume-batch " HEXLUME_VERSION "\n");
     return 0;
   }
   CatchInterrupts();
@@ -83,7 +82,11 @@ int RunBatchTool(const std::vector<std::string>& arguments) {
 }  // namespace hexlume::batch
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  if (!arguments.empty() && arguments[0] == hexlume::workerArgument) return hexlume::RunWorker();
-  return hexlume::batch::RunBatchTool(arguments);
+  try {
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    if (!arguments.empty() && arguments[0] == hexlume::workerArgument) return hexlume::RunWorker();
+    return hexlume::batch::RunBatchTool(arguments);
+  } catch (const std::bad_alloc&) {
+    return hexlume::StatusOf(hexlume::noMemoryStatus).exit;
+  }
 }

@@ -1,6 +1,7 @@
 #include "tools/hexlume/archive/worker.h"
 
 #include <cstdlib>
+#include <new>
 
 #include "tools/hexlume/system/worker_process.h"
 
@@ -105,7 +106,9 @@ DrawingResult ResultOf(const Message& message) {
   return result;
 }
 
-int RunWorker() {
+namespace {
+
+int ConvertUntilEnd() {
   UsePlainLineEnds();
   std::FILE* const input = PlainStandardInput();
   const std::optional<Message> arguments = ReadMessage(input);
@@ -122,6 +125,16 @@ int RunWorker() {
     if (!Send(MessageOf(result))) return 1;
   }
   return 0;
+}
+
+}  // namespace
+
+int RunWorker() {
+  try {
+    return ConvertUntilEnd();
+  } catch (const std::bad_alloc&) {
+    return StatusOf(noMemoryStatus).exit;
+  }
 }
 
 }  // namespace hexlume

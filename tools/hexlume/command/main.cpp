@@ -1,7 +1,7 @@
 #include <hexlume.h>
 
 #include <algorithm>
-#include <iostream>
+#include <ios>
 #include <new>
 
 #include "tools/hexlume/archive/batch.h"
@@ -29,11 +29,11 @@ void CheckTerminal(const JobPlan& plan, const Options& options) {
 int Run(const std::vector<std::string>& arguments) {
   const Options options = ParseOptions(arguments);
   if (options.showHelp) {
-    std::cout << HelpText();
+    WriteToStandardOutput(HelpText());
     return 0;
   }
   if (options.showVersion) {
-    std::cout << "hexlume " HEXLUME_VERSION "\n";
+    WriteToStandardOutput("hexlume " HEXLUME_VERSION "\n");
     return 0;
   }
   const JobPlan plan(options);

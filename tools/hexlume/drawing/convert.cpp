@@ -15,6 +15,8 @@
 namespace hexlume {
 namespace {
 
+constexpr int32_t drawingFault = 11;
+
 // What one of the nine exports has given.
 struct Outcome {
   int32_t code = HEXLUME_OK;     // what it returned
@@ -85,7 +87,18 @@ Conversion Explained(const DrawingSource& drawing, const Options& options) {
   return conversion;
 }
 
+// The exports don't say that memory ran out. A drawing that the host library can draw has no fault of its own.
+bool RanOutOfMemory(const DrawingSource& drawing, const Outcome& outcome, const Options& options) {
+  if (outcome.code == HEXLUME_OK && !outcome.fault) return !outcome.metafile;
+  const bool isFault = outcome.fault ? *outcome.fault == drawingFault : outcome.metafile != nullptr;
+  if (!isFault || options.dialogs != 0) return false;
+  const int32_t status =
+      CallHost(hexlume_convert, drawing, HostOptionsOf(options, HEXLUME_FORMAT_AS_IS)).Status();
+  return status == HEXLUME_STATUS_OK || status == HEXLUME_STATUS_NO_MEMORY;
+}
+
 Conversion AfterFailure(const DrawingSource& drawing, const Outcome& outcome, const Options& options) {
+  if (RanOutOfMemory(drawing, outcome, options)) return Ended(noMemoryStatus);
   if (outcome.fault) return AfterFault(*outcome.fault);
   switch (outcome.code) {
     case HEXLUME_OK: return {};
@@ -134,7 +147,9 @@ Conversion ConvertByExports(const DrawingSource& drawing, const std::string& pat
                             const Options& options) {
   Outcome outcome = CallExports(path, options);
   Conversion conversion = AfterFailure(drawing, outcome, options);
-  if (outcome.metafile) conversion.metafile = BytesOf(std::move(outcome.metafile));
+  // What was drawn before memory ran out is of no use.
+  if (outcome.metafile && conversion.exit != StatusOf(noMemoryStatus).exit)
+    conversion.metafile = BytesOf(std::move(outcome.metafile));
   AddBounds(outcome.bounds, conversion);
   if (!conversion.HasFailed()) AddRemarks(drawing, parts, options, conversion);
   return conversion;

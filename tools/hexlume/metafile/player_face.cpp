@@ -11,6 +11,7 @@
 #include <map>
 #include <tuple>
 
+#include "platform/portable/font_memory.h"
 #include "platform/portable/gothic_families.h"
 
 namespace hexlume {
@@ -28,40 +29,60 @@ struct FreePattern {
 using Pattern = std::unique_ptr<FcPattern, FreePattern>;
 
 void AddFamily(FcPattern* pattern, const char* family) {
-  FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+  CheckFontMemory(FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
 }
 
 void AddJapanese(FcPattern* pattern) {
-  FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja"));
+  CheckFontMemory(FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja")));
+}
+
+Pattern EmptyPattern() {
+  Pattern pattern(FcPatternCreate());
+  CheckFontMemory(pattern != nullptr);
+  return pattern;
+}
+
+// Cairo's status of an object of a font. False for a font that can't be used.
+bool IsUsable(cairo_status_t status) {
+  CheckFontMemory(status != CAIRO_STATUS_NO_MEMORY);
+  return status == CAIRO_STATUS_SUCCESS;
+}
+
+bool LoadGlyph(FT_Face face, unsigned long index) {
+  const FT_Error error = FT_Load_Glyph(face, static_cast<FT_UInt>(index), FT_LOAD_NO_SCALE);
+  CheckFontMemory(FT_ERROR_BASE(error) != FT_Err_Out_Of_Memory);
+  return error == 0;
 }
 
 // Whether the font's face is installed, with Japanese characters if it needs them.
 bool IsInstalled(const PlayerFont& font) {
   if (font.face.empty()) return false;
-  const Pattern pattern(FcPatternCreate());
+  const Pattern pattern = EmptyPattern();
   const std::unique_ptr<FcObjectSet, FreeObjectSet> file(
       FcObjectSetBuild(FC_FILE, static_cast<const char*>(nullptr)));
-  if (!pattern || !file) return false;
+  CheckFontMemory(file != nullptr);
   AddFamily(pattern.get(), font.face.c_str());
   if (font.japanese) AddJapanese(pattern.get());
   const std::unique_ptr<FcFontSet, FreeFontSet> found(FcFontList(nullptr, pattern.get(), file.get()));
-  return found && found->nfont > 0;
+  CheckFontMemory(found != nullptr);
+  return found->nfont > 0;
 }
 
 // Selects a face in the same way as the library, so that texts have the width that it measured.
 Pattern PatternOf(const PlayerFont& font) {
-  Pattern pattern(FcPatternCreate());
-  if (!pattern) return pattern;
+  Pattern pattern = EmptyPattern();
   if (IsInstalled(font)) {
     AddFamily(pattern.get(), font.face.c_str());
   } else {
     for (const char* family : gothicFamilies) AddFamily(pattern.get(), family);
     AddJapanese(pattern.get());
-    FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO);
+    CheckFontMemory(FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO));
   }
-  FcPatternAddDouble(pattern.get(), FC_WEIGHT, FcWeightFromOpenTypeDouble(std::clamp(font.weight, 1, 1000)));
-  FcPatternAddInteger(pattern.get(), FC_SLANT, font.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
-  FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+  const double weight = FcWeightFromOpenTypeDouble(std::clamp(font.weight, 1, 1000));
+  const int slant = font.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN;
+  CheckFontMemory(FcPatternAddDouble(pattern.get(), FC_WEIGHT, weight) &&
+                  FcPatternAddInteger(pattern.get(), FC_SLANT, slant) &&
+                  FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue));
   FcDefaultSubstitute(pattern.get());
   return pattern;
 }
@@ -77,7 +98,9 @@ class LockedFace {
   LockedFace(const LockedFace&) = delete;
   LockedFace& operator=(const LockedFace&) = delete;
 
-  FT_Face Get() const { return face && face->units_per_EM > 0 ? face : nullptr; }
+  FT_Face Get() const {
+    return IsUsable(cairo_scaled_font_status(font)) && face && face->units_per_EM > 0 ? face : nullptr;
+  }
 
  private:
   cairo_scaled_font_t* font;
@@ -148,7 +171,8 @@ class OutlineWriter {
 PlayerFace::PlayerFace(const PlayerFont& font) {
   const Pattern wanted = PatternOf(font);
   FcResult result = FcResultNoMatch;
-  const Pattern found(wanted ? FcFontMatch(nullptr, wanted.get(), &result) : nullptr);
+  const Pattern found(FcFontMatch(nullptr, wanted.get(), &result));
+  CheckFontMemory(found || !HasFonts(nullptr));
   if (!found) return;
   FcChar8* name = nullptr;
   if (FcPatternGetString(found.get(), FC_FAMILY, 0, &name) == FcResultMatch)
@@ -159,7 +183,7 @@ PlayerFace::PlayerFace(const PlayerFont& font) {
   cairo_matrix_t identity;
   cairo_matrix_init_identity(&identity);
   unit.reset(cairo_scaled_font_create(face.get(), &identity, &identity, options.get()));
-  if (cairo_scaled_font_status(unit.get()) != CAIRO_STATUS_SUCCESS) {
+  if (!IsUsable(cairo_scaled_font_status(unit.get()))) {
     face.reset();
     return;
   }
@@ -190,9 +214,9 @@ void PlayerFace::Measure() {
 }
 
 FaceGlyph PlayerFace::Glyph(uint32_t codePoint) const {
-  const auto [place, isNew] = glyphs.try_emplace(codePoint, FaceGlyph{0, 0});
-  if (isNew) place->second = FindGlyph(codePoint);
-  return place->second;
+  const auto found = glyphs.find(codePoint);
+  return found != glyphs.end() ? found->second
+                               : glyphs.emplace(codePoint, FindGlyph(codePoint)).first->second;
 }
 
 FaceGlyph PlayerFace::FindGlyph(uint32_t codePoint) const {
@@ -201,7 +225,7 @@ FaceGlyph PlayerFace::FindGlyph(uint32_t codePoint) const {
   if (!ft) return {0, 0};
   const FT_UInt index = FT_Get_Char_Index(ft, codePoint);
   FT_Fixed advance = 0;
-  if (FT_Load_Glyph(ft, index, FT_LOAD_NO_SCALE) == 0) advance = ft->glyph->advance.x;
+  if (LoadGlyph(ft, index)) advance = ft->glyph->advance.x;
   return {index, static_cast<double>(advance) / ft->units_per_EM};
 }
 
@@ -209,7 +233,7 @@ PlayerPath PlayerFace::Outline(unsigned long index) const {
   PlayerPath path({100'000, 1});
   const LockedFace locked(unit.get());
   const FT_Face ft = locked.Get();
-  if (!ft || FT_Load_Glyph(ft, static_cast<FT_UInt>(index), FT_LOAD_NO_SCALE) != 0) return path;
+  if (!ft || !LoadGlyph(ft, index)) return path;
   if (ft->glyph->format == FT_GLYPH_FORMAT_OUTLINE)
     OutlineWriter(path, ft->units_per_EM).Append(ft->glyph->outline);
   return path;

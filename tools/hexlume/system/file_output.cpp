@@ -21,6 +21,10 @@ void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) 
   file.Commit();
 }
 
+void WriteToStandardOutput(const std::string& text) {
+  WriteToStandardOutput(text.data(), text.size());
+}
+
 void WriteToStandardOutput(const void* bytes, size_t size) {
   if (collected) {
     collected->append(static_cast<const char*>(bytes), size);

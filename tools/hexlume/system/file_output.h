@@ -43,6 +43,7 @@ void WriteWholeFile(const std::string& path, const std::vector<uint8_t>& bytes);
 void RemoveLeftovers(const std::string& folder);
 
 void WriteToStandardOutput(const void* bytes, size_t size);
+void WriteToStandardOutput(const std::string& text);
 
 // From now on standard output is collected in a text, which the process that started this one writes. nullptr ends it.
 void CollectStandardOutput(std::string* text);

@@ -1,0 +1,20 @@
+# What makes a fault of memory harder to use, checked in the results by scripts/check_hardening.sh. Not with sanitizers, which
+# look at the same places.
+if(WIN32)
+  add_link_options(-Wl,--dynamicbase -Wl,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_link_options(-Wl,--high-entropy-va)
+  endif()
+elseif(NOT EMSCRIPTEN)
+  include(CheckPIESupported)
+  check_pie_supported(LANGUAGES CXX)
+  add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
+  if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize=")
+    target_compile_options(hexlume_options INTERFACE -fstack-protector-strong)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+      target_compile_options(hexlume_options INTERFACE -fcf-protection)
+    endif()
+    # Needs optimised code, which the tests don't have.
+    target_compile_definitions(hexlume_options INTERFACE $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+  endif()
+endif()

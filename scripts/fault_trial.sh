@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Lets each call of the system fail once, in turn, in all that the native build converts with: scripts/fault_trial.sh
+#
+# Allocations, reads, writes, opens, closes, renames, lookups of fonts and starts of processes: in the library with the drawings of
+# the examples and of the tests, in one process, then in the tools. An hour or more; ctest runs a sample. The tables say how often
+# it was tried and what went wrong.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+scripts/build.sh linux hexlume_tool hexlume_batch hexlume_library_faults
+mapfile -t drawings < <(find examples tests/drawings -name '*.dxf' -size -16k | LC_ALL=C sort)
+status=0
+nice -n 19 build/linux/bin/hexlume_library_faults "${drawings[@]}" || status=1
+nice -n 19 tests/faults/tool_faults.py build/linux || status=1
+exit "$status"
