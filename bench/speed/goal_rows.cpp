@@ -120,7 +120,7 @@ void MeasureWindows(Runner& runner, const std::string& preset) {
   const std::string count = std::to_string(ItemsOf(lines, runner.settings));
   const Work base = {{wine, programs + "hexlume_gdi_calls.exe", count, onDriveZ(calls)}, calls};
   Compare(runner, preset + " under Wine, " + Heading(runner, lines), work, "the same GDI calls, and saving",
-          base, goal);
+          base, goal, &Measured::wallSeconds);
 }
 
 void MeasureX64(Runner& runner) {
