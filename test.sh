@@ -123,6 +123,8 @@ test_builds() {
     check "our GDI records what Windows' does" compare_gdi
     check "all builds draw the same" scripts/compare_builds.sh "${drawings[@]}"
   fi
+  check "the benchmarks build" scripts/build.sh linux benches
+  check "the benchmark runs" build/linux/bin/hexlume_speed --quick --runs 1 --rows lines,inserts,texts,memory,blocks
   for preset in linux "${windows_builds[@]}"; do check "the sample hosts, $preset" scripts/test_hosts.sh "$preset"; done
   check "the engines of archives" scripts/test_engines.sh
   check "the reference pages" scripts/reference.sh

@@ -3,7 +3,7 @@
 # beside hexlume: bench/peers.sh [--quick] [--limit SECONDS]
 #
 #   --quick          a tenth of the items
-#   --limit SECONDS  ends a program that takes longer (180)
+#   --limit SECONDS  ends a program that takes more processor time, or four times as long (180)
 #
 # scripts/build.sh linux hexlume_speed builds what it needs. No program gets a screen of the user, or his settings.
 set -euo pipefail
@@ -84,10 +84,13 @@ time_peer() {
   rm -rf "$scratch/out"
   mkdir "$scratch/out"
   TIMEFORMAT='%R %U %S'
-  times=$({ time "run_$1" "$2" </dev/null >"$scratch/log" 2>&1; } 2>&1) || status=$?
-  if [ "$status" -eq 124 ] || [ "$status" -eq 137 ]; then
-    cell="over than $limit s"
-  elif [ "$status" -ne 0 ]; then
+  times=$(ulimit -t "$limit"; { time "run_$1" "$2" </dev/null >"$scratch/log" 2>&1; } 2>&1) || status=$?
+  case "$status" in 124 | 137 | 152) # timeout's own, SIGKILL, SIGXCPU
+    cell="more than $limit s"
+    return
+    ;;
+  esac
+  if [ "$status" -ne 0 ]; then
     cell="failed: $(tail -n 1 "$scratch/log" | cut -c 1-60)"
   elif [ -z "$(ls -A "$scratch/out")" ]; then
     cell="no result"
@@ -96,7 +99,7 @@ time_peer() {
   fi
 }
 
-guard=(timeout --kill-after=10 "$limit")
+guard=(timeout --kill-after=10 "$((4 * limit))")
 "$bin/hexlume_speed" "${size[@]}" --drawings "$scratch"
 # The first start of a program makes its settings.
 for peer in "${peers[@]}"; do time_peer "$peer" "$scratch/small.dxf"; done

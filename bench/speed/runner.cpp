@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 
 namespace hexlume::bench {
@@ -42,14 +43,16 @@ Work Runner::BareReader(const std::string& drawing) const {
 }
 
 std::vector<Measured> Runner::Measure(const std::vector<Work>& works, int runs) const {
-  std::vector<Measured> results(works.size());
+  constexpr auto none = std::numeric_limits<double>::max();
+  std::vector<Measured> results(works.size(), {none, none, std::numeric_limits<int64_t>::max()});
   for (int run = 0; run < runs; ++run)
     for (size_t i = 0; i < works.size(); ++i) {
       if (!works[i].output.empty()) fs::remove(works[i].output);
       const Usage usage = RunProcess(works[i].command);
       const double seconds = settings.processorTime ? usage.processorSeconds : usage.wallSeconds;
-      results[i].seconds = run == 0 ? seconds : std::min(results[i].seconds, seconds);
-      results[i].peakBytes = run == 0 ? usage.peakBytes : std::min(results[i].peakBytes, usage.peakBytes);
+      results[i].seconds = std::min(results[i].seconds, seconds);
+      results[i].wallSeconds = std::min(results[i].wallSeconds, usage.wallSeconds);
+      results[i].peakBytes = std::min(results[i].peakBytes, usage.peakBytes);
     }
   return results;
 }

@@ -30,8 +30,9 @@ struct Work {
 };
 
 struct Measured {
-  double seconds = 0;     // of the fastest run
-  int64_t peakBytes = 0;  // of the run that needed least memory
+  double seconds = 0;      // of the fastest run, of the clock of the settings
+  double wallSeconds = 0;  // of the fastest run
+  int64_t peakBytes = 0;   // of the run that needed least memory
 };
 
 class Runner {
