@@ -20,6 +20,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/emf_writer.cpp
   src/platform/portable/fault_guard.cpp
   src/platform/portable/file_face.cpp
+  src/platform/portable/file_size.cpp
   src/platform/portable/font_face.cpp
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp

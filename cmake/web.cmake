@@ -31,6 +31,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/device_context.cpp
   src/platform/portable/emf_writer.cpp
   src/platform/portable/file_face.cpp
+  src/platform/portable/file_size.cpp
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp
   src/platform/portable/gdi_object.cpp

@@ -33,6 +33,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/double_text.cpp
   src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
+  src/platform/windows/file_size.cpp
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
   src/platform/windows/japanese_locale.cpp

@@ -18,6 +18,9 @@ class TextSource {
   // All bytes, if they are in memory as long as the source exists. Then Read isn't needed.
   virtual std::optional<std::string_view> Whole() const { return std::nullopt; }
 
+  // The number of bytes that Read will store in all; 0 if that isn't known. It may be wrong.
+  virtual size_t ExpectedSize() const { return 0; }
+
   // Whether a read has failed.
   virtual bool HasFailed() const = 0;
 

@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <utility>
 
 #include "driver/work_budget.h"
 #include "platform/fault_guard.h"
+#include "platform/file_size.h"
 #include "platform/mapped_file.h"
 
 namespace hexlume {
@@ -29,6 +31,9 @@ class FileSource : public TextSource {
 
   bool IsOpen() const { return file != nullptr; }
   size_t Read(char* buffer, size_t size) override { return std::fread(buffer, 1, size, file); }
+  size_t ExpectedSize() const override {
+    return static_cast<size_t>(std::clamp<int64_t>(SizeOfFile(file), 0, largestSize));
+  }
   bool HasFailed() const override { return std::ferror(file) != 0; }
 
  private:
@@ -58,6 +63,15 @@ std::unique_ptr<TextSource> OpenFile(const char* path) {
   return source->IsOpen() ? std::move(source) : nullptr;
 }
 
+// Takes the memory for all bytes that are expected, as to move those of a large file takes as long as to read them.
+void ReserveMemory(TextStream& stream) {
+  try {
+    stream.kept.reserve(std::min(stream.source->ExpectedSize() + chunkSize, largestSize));
+  } catch (const std::bad_alloc&) {
+    // Then it is taken as needed, which is less if the text has an end mark.
+  }
+}
+
 // Adds at most so many bytes to those of the stream, without a look at the end mark. Returns their number.
 size_t FetchBytes(TextStream& stream, size_t wanted) {
   const auto oldSize = static_cast<size_t>(stream.size);
@@ -66,6 +80,7 @@ size_t FetchBytes(TextStream& stream, size_t wanted) {
     stream.bytes = whole->data();
     return std::min(wanted, whole->size() - oldSize);
   }
+  if (stream.kept.empty()) ReserveMemory(stream);
   stream.kept.resize(oldSize + wanted);
   const size_t got = stream.source->Read(stream.kept.data() + oldSize, wanted);
   stream.bytes = stream.kept.data();
@@ -122,7 +137,7 @@ bool ReadLine(TextStream& stream, char* line, int32_t limit) {
 }
 
 void CheckForLoss(const TextStream& stream) {
-  if (stream.source->IsShortened()) throw faultCode;
+  if (stream.source && stream.source->IsShortened()) throw faultCode;
 }
 
 int32_t EndOfLine(const TextStream& stream, int32_t place, int32_t limit) {

@@ -14,12 +14,12 @@ namespace hexlume {
 // again by position. So the bytes are kept in memory, fetched as far as needed, and a position is an
 // index into them.
 struct TextStream {
-  std::unique_ptr<TextSource> source;
-  std::vector<char> kept;       // what was read, if the source itself isn't in memory
-  const char* bytes = nullptr;  // fetched so far, without the end mark
-  int32_t size = 0;             // their number
-  bool complete = false;        // the whole text has been fetched
-  int32_t position = 0;         // index of the next byte to be read
+  std::unique_ptr<TextSource> source;  // null if all of the text is in kept
+  std::vector<char> kept;              // what was read, if the source itself isn't in memory
+  const char* bytes = nullptr;         // fetched so far, without the end mark
+  int32_t size = 0;                    // their number
+  bool complete = false;               // the whole text has been fetched
+  int32_t position = 0;                // index of the next byte to be read
 
   KeptGroups keptGroups;
   const KeptGroup* nextKept = &noKeptGroup;  // read next, if it is at the position

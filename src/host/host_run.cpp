@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 #include "driver/group_reader.h"
@@ -47,7 +48,12 @@ class FileSource : public TextSource {
   FileTrouble Open(const char* path) {
     const OpenedFile opened = OpenUtf8File(path);
     file = opened.file;
+    size = opened.size;
     return opened.trouble;
+  }
+  size_t ExpectedSize() const override {
+    constexpr int64_t most = std::numeric_limits<int32_t>::max();
+    return static_cast<size_t>(std::clamp<int64_t>(size, 0, most));
   }
   size_t Read(char* buffer, size_t size) override {
     const size_t got = std::fread(buffer, 1, size, file);
@@ -58,6 +64,7 @@ class FileSource : public TextSource {
 
  private:
   std::FILE* file = nullptr;
+  int64_t size = 0;
   HostRun& run;
 };
 

@@ -1,0 +1,12 @@
+// The size of an open file.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+namespace hexlume {
+
+// In bytes. A pipe has none: 0 or less, or what it has at the moment.
+int64_t SizeOfFile(std::FILE* file);
+
+}  // namespace hexlume
