@@ -93,7 +93,7 @@ TEST(HostBounds, a_metafile_ends_before_it_fills_the_memory) {
 }
 
 TEST(HostBounds, blocks_nested_twofold_end_with_what_was_drawn) {
-  // Each of the 2 ^ 25 texts is removed in 85 rounds.
+  // 2 ^ 25 texts.
   const std::string text = "0 MTEXT\n40 1\n1 " + Repeated("{\\a", 80) + "\n";
   std::string blocks = "0 BLOCK\n2 B0\n10 0\n20 0\n" + text + "0 ENDBLK\n";
   for (int32_t level = 1; level <= 25; ++level) {

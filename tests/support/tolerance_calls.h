@@ -196,7 +196,7 @@ inline void AddDimStyle(const char* name, double dimScale, double textHeight) {
   BoundedCopy(style.name, name);
   style.dimScale = dimScale;
   style.textHeight = textHeight;
-  state.dimStyles.push_back(style);
+  state.dimStyles.Add(style);
 }
 
 }  // namespace hexlume
