@@ -164,12 +164,13 @@ TEST(HostLimits, time_that_ends_the_first_measuring_ends_the_call) {
   options.limit_milliseconds = 4000;
   options.turned = 1;
   options.fit = 1;
+  const std::string drawing = A3(Lines(100000));
   const auto pastHalf = std::chrono::steady_clock::now() + std::chrono::milliseconds(2200);
   options.OnProgress([pastHalf](int32_t pass, int32_t, int64_t done, int64_t) {
     while (pass == 1 && done > 0 && std::chrono::steady_clock::now() < pastHalf) continue;
     return true;
   });
-  const host::Result result = ConvertBytes(A3(Lines(100000)), options);
+  const host::Result result = ConvertBytes(drawing, options);
   EXPECT_EQ("limit", result.StatusName());
   EXPECT_TRUE(result.Metafile().empty());
 }
