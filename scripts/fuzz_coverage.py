@@ -20,7 +20,7 @@ def read(path):
     for row in open(path, encoding="utf-8"):
         kind, _, rest = row.strip().partition(":")
         if kind == "SF":
-            name = pathlib.Path(rest)
+            name = pathlib.Path(rest).resolve()
             inside = ROOT in name.parents
             file = str(name.relative_to(ROOT)) if inside else None
             if file and not file.startswith(("src/", "tools/")):

@@ -157,17 +157,20 @@ TEST(HostLimits, time_leaves_a_turned_drawing_its_share) {
   EXPECT_LE(600, result.Number(HEXLUME_NUMBER_MILLISECONDS));
 }
 
-// The upright sheet gives the turned one its scale and what is left out, so it must have been measured.
+// The upright sheet gives the turned one its scale and what is left out, so it must have been measured whole. Here the
+// first half of the time ends while it is.
 TEST(HostLimits, time_that_ends_the_first_measuring_ends_the_call) {
   Options options;
-  options.limit_milliseconds = 400;
+  options.limit_milliseconds = 4000;
   options.turned = 1;
-  options.OnProgress([](int32_t pass, int32_t, int64_t done, int64_t) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
-    while (pass == 1 && done == 0 && std::chrono::steady_clock::now() < end) continue;
+  options.fit = 1;
+  const std::string drawing = A3(Lines(100000));
+  const auto pastHalf = std::chrono::steady_clock::now() + std::chrono::milliseconds(2200);
+  options.OnProgress([pastHalf](int32_t pass, int32_t, int64_t done, int64_t) {
+    while (pass == 1 && done > 0 && std::chrono::steady_clock::now() < pastHalf) continue;
     return true;
   });
-  const host::Result result = ConvertBytes(A3(Lines(3)), options);
+  const host::Result result = ConvertBytes(drawing, options);
   EXPECT_EQ("limit", result.StatusName());
   EXPECT_TRUE(result.Metafile().empty());
 }

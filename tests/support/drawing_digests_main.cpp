@@ -15,6 +15,7 @@
 #include <iostream>
 #include <iterator>
 #include <sstream>
+#include <streambuf>
 #include <string>
 
 #include "hexlume_host.h"
@@ -85,17 +86,33 @@ void Convert(const std::string& drawing, SetOptions set, Answer& answer) {
   hexlume_convert(&input, &options, &answer.result);
 }
 
-std::string Listing(const Answer& answer) {
-  std::ostringstream out;
+void List(const Answer& answer, std::ostream& out) {
   const uint8_t* const metafile = hexlume_result_metafile(answer.result);
   if (metafile) ListMetafile(metafile, static_cast<size_t>(hexlume_result_metafile_size(answer.result)), out);
-  return out.str();
 }
 
-uint64_t Hash(const std::string& text) {
+// Hashes text as it comes: the listing of ten million records is too large for a program of 32 bits.
+class HashBuffer : public std::streambuf {
+ public:
   uint64_t hash = 14695981039346656037u;
-  for (const char byte : text) hash = (hash ^ static_cast<uint8_t>(byte)) * 1099511628211u;
-  return hash;
+
+ private:
+  int overflow(int byte) override {
+    if (byte != EOF) Add(static_cast<char>(byte));
+    return 0;
+  }
+  std::streamsize xsputn(const char* text, std::streamsize count) override {
+    for (std::streamsize i = 0; i < count; ++i) Add(text[i]);
+    return count;
+  }
+  void Add(char byte) { hash = (hash ^ static_cast<uint8_t>(byte)) * 1099511628211u; }
+};
+
+uint64_t HashOfListing(const Answer& answer) {
+  HashBuffer buffer;
+  std::ostream out(&buffer);
+  List(answer, out);
+  return buffer.hash;
 }
 
 // How deep blocks within themselves are drawn differs by build. Of a drawing that ends so, the status alone is compared.
@@ -108,7 +125,7 @@ void PrintDigest(const std::string& name, const std::string& drawing) {
     std::printf(" %s", hexlume_status_name(status));
     if (status == HEXLUME_STATUS_FAULT) continue;
     std::printf(":%" PRId64 ":%" PRId64 ":%016" PRIx64, hexlume_result_line(answer.result),
-                hexlume_result_number(answer.result, HEXLUME_NUMBER_STROKES), Hash(Listing(answer)));
+                hexlume_result_number(answer.result, HEXLUME_NUMBER_STROKES), HashOfListing(answer));
   }
   std::printf("\n");
 }
@@ -128,7 +145,9 @@ void PrintOddDrawings(uint32_t first, uint32_t count) {
 void PrintListing(size_t way, const std::string& path) {
   Answer answer;
   Convert(ReadFile(path), ways[way % std::size(ways)], answer);
-  std::printf("%s\n%send\n", hexlume_result_message(answer.result, HEXLUME_ENGLISH), Listing(answer).c_str());
+  std::cout << hexlume_result_message(answer.result, HEXLUME_ENGLISH) << '\n';
+  List(answer, std::cout);
+  std::cout << "end\n" << std::flush;
 }
 
 void AnswerRequest(const std::string& line) {
