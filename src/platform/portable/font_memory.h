@@ -21,11 +21,13 @@ inline bool HasFonts(FcConfig* config) {
   return false;
 }
 
-// False for the configuration that fontconfig takes if it can't read the system's: it has no files.
+// False for the configuration that fontconfig takes if it can't read the system's: that file isn't among its own.
 inline bool IsWholeConfig(FcConfig* config) {
   FcChar8* const wanted = FcConfigFilename(nullptr);
   FcStrList* const files = FcConfigGetConfigFiles(config);
-  const bool isWhole = files && (!wanted || FcStrListNext(files));
+  bool isWhole = files && !wanted;
+  while (const FcChar8* const file = files && !isWhole ? FcStrListNext(files) : nullptr)
+    isWhole = FcStrCmp(file, wanted) == 0;
   if (files) FcStrListDone(files);
   FcStrFree(wanted);
   return isWhole;

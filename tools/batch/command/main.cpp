@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <new>
 
 #include "tools/batch/base/error.h"
@@ -87,6 +88,7 @@ int main(int argc, char** argv) {
     if (!arguments.empty() && arguments[0] == hexlume::workerArgument) return hexlume::RunWorker();
     return hexlume::batch::RunBatchTool(arguments);
   } catch (const std::bad_alloc&) {
+    std::fputs("hexlume-batch: there isn't enough memory\n", stderr);
     return hexlume::StatusOf(hexlume::noMemoryStatus).exit;
   }
 }

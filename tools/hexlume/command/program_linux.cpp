@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <new>
 
 #include "tools/hexlume/drawing/status.h"
@@ -7,6 +8,7 @@ int main(int argc, char** argv) {
   try {
     return hexlume::RunTool(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   } catch (const std::bad_alloc&) {
+    std::fputs("hexlume: there isn't enough memory\n", stderr);
     return hexlume::StatusOf(hexlume::noMemoryStatus).exit;
   }
 }
