@@ -21,7 +21,7 @@ constexpr GrowthRow growthRows[] = {
     {"blocks", "blocks, each inserted once", DrawBlocks, 10'000, 10},
     {"layers", "layers, with a LINE each", DrawLayers, 10'000, 10},
     {"dashes", "dashes of a LINE", DrawDashes, 100'000, 10},
-    {"hatch-rows", "rows of a hatch", DrawHatchRows, 10'000, 10},
+    {"hatch-rows", "rows of a hatch", DrawHatchRows, 100'000, 10},
     {"many-inserts", "INSERTs of a block", DrawInserts, 100'000, 10},
     {"groups-read", "groups of a LINE in a block, read by INSERTs", DrawGroupsRead, 4'000'000, 10},
     {"groups-passed", "groups in a block of what isn't drawn", DrawGroupsPassedOver, 4'000'000, 10},

@@ -149,6 +149,8 @@ int main(int argc, char** argv) {
       WriteDrawings(settings);
       return 0;
     }
+    // An interrupt also ends the program that is measured, which ends this one in order, without its scratch folder.
+    for (const int interrupt : {SIGINT, SIGTERM}) std::signal(interrupt, [](int) {});
     PrintConditions(settings);
     Runner runner(settings);
     MeasureGoals(runner, Chosen(settings, "goals", GoalRows()));
