@@ -157,7 +157,7 @@ TEST(MappedFile, a_drawing_shortened_meanwhile_ends_the_conversion_and_not_the_p
   const std::string bytes = LongDrawing();
   ASSERT_GT(bytes.size(), size_t{1} << 20);
   int32_t faults = 0;
-  for (int round = 0; round < 60; ++round) {
+  for (int round = 0; round < 40; ++round) {
     const Conversion& conversion = conversions[round % std::size(conversions)];
     const TemporaryFile file(bytes);
     HENHMETAFILE metafile = nullptr;
@@ -166,7 +166,7 @@ TEST(MappedFile, a_drawing_shortened_meanwhile_ends_the_conversion_and_not_the_p
     DeleteEnhMetaFile(metafile);
     metafile = nullptr;
     std::thread other([&file, round] {
-      std::this_thread::sleep_for(std::chrono::microseconds(200 * round));
+      std::this_thread::sleep_for(std::chrono::microseconds(300 * round));
       EXPECT_EQ(0, truncate(file.Path(), 100));
     });
     int32_t code = 0;

@@ -45,7 +45,7 @@ TEST(PortableMetafile, a_frame_made_from_far_bounds_wraps) {
   EXPECT_EQ(FrameOf(words), Ints({-2077116, 2114583, -2077116, 2114583}));
 }
 
-TEST(PortableMetafile, records_keep_their_bytes_across_pieces_of_memory) {
+TEST(PortableMetafile, records_keep_their_bytes_while_the_memory_grows) {
   constexpr int count = 50000;
   const Words words = RecordedWords([](HDC dc) {
     for (int i = 0; i < count; ++i) MoveToEx(dc, i, -i, nullptr);
@@ -69,7 +69,17 @@ TEST(PortableMetafile, the_bits_need_a_buffer_for_all_of_them) {
   DeleteEnhMetaFile(metafile);
 }
 
+TEST(PortableMetafile, the_bytes_in_place_are_the_bits) {
+  const HENHMETAFILE metafile = CloseEnhMetaFile(CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr));
+  std::vector<uint8_t> bits(GetEnhMetaFileBits(metafile, 0, nullptr));
+  GetEnhMetaFileBits(metafile, 128, bits.data());
+  const uint8_t* const bytes = EnhMetaFileBytes(metafile);
+  EXPECT_EQ(bits, std::vector<uint8_t>(bytes, bytes + bits.size()));
+  DeleteEnhMetaFile(metafile);
+}
+
 TEST(PortableMetafile, no_handle_is_no_metafile) {
+  EXPECT_EQ(EnhMetaFileBytes(nullptr), nullptr);
   EXPECT_EQ(GetEnhMetaFileBits(nullptr, 0, nullptr), 0u);
   EXPECT_EQ(DeleteEnhMetaFile(nullptr), 0);
   EXPECT_EQ(CloseEnhMetaFile(nullptr), nullptr);
