@@ -37,6 +37,7 @@ set(PLATFORM_SOURCES
   src/platform/windows/host_exception.cpp
   src/platform/windows/japanese_locale.cpp
   src/platform/windows/module_file.cpp
+  src/platform/windows/pen_stroke.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/stack_room.cpp
   src/platform/windows/system_version.cpp
