@@ -41,6 +41,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
   src/platform/portable/objects.cpp
+  src/platform/portable/pen_stroke.cpp
   src/platform/portable/reference_dc.cpp
   src/platform/portable/region_data.cpp
   src/platform/portable/region_records.cpp

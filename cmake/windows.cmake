@@ -39,6 +39,7 @@ set(PLATFORM_SOURCES
   src/platform/windows/japanese_locale.cpp
   src/platform/windows/mapped_file.cpp
   src/platform/windows/module_file.cpp
+  src/platform/windows/pen_stroke.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/run_objects.cpp
   src/platform/windows/stack_room.cpp

@@ -5,16 +5,15 @@
 #include "canvas/canvas.h"
 #include "canvas/primitive_steps.h"
 #include "driver/numbers.h"
+#include "platform/pen_stroke.h"
 
 namespace hexlume {
 
 void PenLine(Canvas canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t centreX, int32_t centreY,
              int32_t penWidth, COLORREF color, int32_t mirror) {
   const LineEnds line = PlaceLine(x1, y1, x2, y2, centreX, centreY, mirror);
-  const SelectedPen pen = SelectNewPen(canvas, PS_SOLID, penWidth, color);
-  MoveToEx(canvas, line.start.x, line.start.y, nullptr);
-  LineTo(canvas, line.end.x, line.end.y);
-  RestorePen(canvas, pen);
+  CountStroke();
+  StrokeLine(canvas, penWidth, color, line.start, line.end);
 }
 
 void PenPixel(Canvas canvas, int32_t x, int32_t y, int32_t centreX, int32_t centreY, COLORREF color,

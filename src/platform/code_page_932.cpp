@@ -115,6 +115,11 @@ std::u16string Utf16Text(const char* text, size_t length) {
   std::u16string characters;
   characters.reserve(length);
   while (length != 0) {
+    if (static_cast<uint8_t>(*text) < 0x80) {
+      characters.push_back(static_cast<char16_t>(*text++));
+      --length;
+      continue;
+    }
     const size_t bytes = CharacterBytes(text, length);
     characters.push_back(Utf16Character(text, bytes));
     text += bytes;

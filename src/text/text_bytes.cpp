@@ -33,7 +33,10 @@ size_t CharacterCount(const char* text) {
 
 char* FindCharacters(char* text, const char* sought) {
   const size_t soughtLength = std::strlen(sought);
-  for (size_t length = std::strlen(text); length >= soughtLength;) {
+  size_t length = std::strlen(text);
+  // Most texts have no byte of a code at all.
+  if (soughtLength > 0 && !std::memchr(text, *sought, length)) return nullptr;
+  while (length >= soughtLength) {
     if (std::memcmp(text, sought, soughtLength) == 0) return text;
     const size_t bytes = CharacterBytes(text, length);
     text += bytes;

@@ -19,6 +19,12 @@ namespace {
 
 constexpr size_t none = std::string::npos;
 
+// Whether a text has one of these bytes, also as the second of a character. Most texts have no codes, and are then left as they
+// are without another look.
+bool HasAny(const char* text, const char* bytes) {
+  return std::strpbrk(text, bytes) != nullptr;
+}
+
 // Returns the first place of the code from start on that begins at a character, or none.
 size_t FindFrom(const std::string& text, const char* sought, size_t start = 0) {
   const char* place = FindCharacters(text.c_str() + start, sought);
@@ -156,6 +162,7 @@ constexpr int mostRounds = 10000;
 
 // Strips until no brace with a code is left. A round can lengthen the text, up to the buffer's size.
 void StripRounds(char* buffer, size_t size) {
+  if (buffer[0] != '}' && !HasAny(buffer, "\\")) return;
   std::string text = buffer;
   std::string before;
   for (int round = 0; round < mostRounds; ++round) {
@@ -227,6 +234,7 @@ void ExtractFace(const std::string& text, char (&faceName)[textSize]) {
 }  // namespace
 
 void ExpandPercentCodes() {
+  if (!HasAny(state.entText, "%\\")) return;
   std::string text = state.entText;
   do {
     CountRound(text);
@@ -244,6 +252,7 @@ void ExpandPercentCodes() {
 }
 
 void ExpandBlockPercentCodes() {
+  if (!HasAny(state.blockText, "%")) return;
   std::string text = state.blockText;
   CountRound(text);
   CutUnderlines(text);
@@ -276,6 +285,7 @@ void StripBlockBraceCodes() {
 }
 
 void StripSpaceAndParens() {
+  if (!HasAny(state.entText, " ()")) return;
   std::string text = state.entText;
   int levels = 0;  // the number of blanks, at least 1
   do {
@@ -288,6 +298,7 @@ void StripSpaceAndParens() {
 }
 
 void StripBlockSpaceAndParens() {
+  if (!HasAny(state.blockText, " ()\\")) return;
   std::string text = state.blockText;
   int levels = 0;
   do {

@@ -282,6 +282,9 @@ TEST_F(CommandLineErrors, of_two_troubles_the_later_one_counts) {
 
 TEST_F(CommandLineErrors, options_that_do_not_exist_or_lack_their_value) {
   ExpectWrongUsage("--colour plan.dxf", "there is no option --colour\n");
+  ExpectWrongUsage("--a.b plan.dxf", "there is no option --a.b");
+  ExpectWrongUsage("-plan.dxf", "there is no option -p");
+  ExpectWrongUsage("-hx/y", "there is no option -x");
   ExpectWrongUsage("--pngg a.png plan.dxf", "there is no option --pngg; did you mean --png?");
   ExpectWrongUsage("--full plan.dxf", "there is no option --full; did you mean --full-size?");
   ExpectWrongUsage("--mnoo plan.dxf", "did you mean --mono?");

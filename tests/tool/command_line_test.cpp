@@ -158,6 +158,22 @@ TEST_F(CommandLine, several_drawings_go_into_a_folder) {
   EXPECT_TRUE(Exists("out/four.emf"));
 }
 
+TEST_F(CommandLine, a_folder_may_be_written_in_the_word_of_its_option) {
+  std::filesystem::create_directories("out/deep");
+  ExpectSuccess(RunScripted("-dout one.dxf"));
+  EXPECT_TRUE(Exists("out/one.emf"));
+  ExpectSuccess(RunScripted("-dout/deep two.dxf"));
+  EXPECT_TRUE(Exists("out/deep/two.emf"));
+}
+
+TEST_F(CommandLine, what_an_option_takes_is_not_parted) {
+  std::filesystem::create_directory("-dout");
+  ExpectSuccess(RunScripted("--png -dout/a.png plan.dxf"));
+  EXPECT_TRUE(Exists("-dout/a.png"));
+  ExpectSuccess(RunScripted("-- -d.dxf"));
+  EXPECT_TRUE(Exists("-d.emf"));
+}
+
 TEST_F(CommandLine, several_listings_are_headed_by_their_drawings) {
   const Outcome outcome = RunScripted("--list -d . two.dxf one.dxf");
   ExpectSuccess(outcome);

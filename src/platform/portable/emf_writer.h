@@ -50,6 +50,13 @@ class EmfWriter {
   // From now on there is no room: a record is missing that had to be there.
   void EndEarly();
 
+  // Appends a struct of several records without tails, all or none.
+  template <typename Records>
+  void AppendSeveral(const Records& records, uint32_t count) {
+    Append(records);
+    recordCount += count - 1;
+  }
+
   // Appends EOF, sets the byte and record counts in the header, which must be the first record, and
   // returns the bytes.
   EmfBytes Finish(EmfHeaderRecord header);
@@ -89,6 +96,9 @@ class EmfHandleTable {
     object->metafileIndex = index;
     handleCount = std::max(handleCount, index + 1);
   }
+
+  // The same as Take and Free, for the index that NextIndex has returned.
+  void UseBriefly(uint32_t index) noexcept { handleCount = std::max(handleCount, index + 1); }
 
   void Free(uint32_t index) noexcept {
     objects[index] = nullptr;

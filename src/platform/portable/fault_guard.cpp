@@ -6,6 +6,7 @@
 #include <pthread.h>
 #include <setjmp.h>
 #include <signal.h>
+#include <ucontext.h>
 
 #include <cfenv>
 #include <cstddef>
@@ -49,7 +50,11 @@ void PassOn(int signal, siginfo_t* info, void* context, const struct sigaction& 
 void OnFault(int signal, siginfo_t* info, void* context) {
   // Codes above 0 come from the kernel. Another process, or raise, sends the same signals without a fault.
   if (signal == SIGBUS && info->si_code > 0 && LostPages::Replace(info->si_addr)) return;
-  if (innermost && info->si_code > 0) siglongjmp(innermost->resume, 1);
+  if (innermost && info->si_code > 0) {
+    // A guard doesn't store the mask, because that takes a system call for each block that is drawn.
+    pthread_sigmask(SIG_SETMASK, &static_cast<const ucontext_t*>(context)->uc_sigmask, nullptr);
+    siglongjmp(innermost->resume, 1);
+  }
   for (size_t i = 0; i < faultSignalCount; ++i)
     if (faultSignals[i] == signal) PassOn(signal, info, context, previous[i]);
 }
@@ -133,7 +138,7 @@ class ThreadSetup {
 // Returns false if a fault or an exception ended the run. A separate function, because the jump back makes
 // local variables indeterminate.
 [[gnu::noinline]] bool RunToReturn(void (*run)(void* context), void* context, Guard& guard) {
-  if (sigsetjmp(guard.resume, 1) != 0) return false;
+  if (sigsetjmp(guard.resume, 0) != 0) return false;
   innermost = &guard;
   try {
     run(context);

@@ -5,9 +5,11 @@
 #include FT_TRUETYPE_TAGS_H
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <new>
+#include <string_view>
 #include <utility>
 
 #include "platform/code_page_932.h"
@@ -40,6 +42,25 @@ std::vector<uint8_t> TableOf(FT_Face face, FT_ULong tag) {
   return bytes;
 }
 
+constexpr int32_t unknownUnits = -1;
+
+// The advances of characters that were asked for before. At most 256 KB for a face.
+class KeptUnits {
+ public:
+  int32_t& operator[](char16_t character) {
+    std::unique_ptr<Page>& page = pages[character >> 8];
+    if (!page) {
+      page = std::make_unique<Page>();
+      page->fill(unknownUnits);
+    }
+    return (*page)[character & 0xFF];
+  }
+
+ private:
+  using Page = std::array<int32_t, 256>;
+  std::array<std::unique_ptr<Page>, 256> pages;
+};
+
 class FileFace : public FontFace {
  public:
   FileFace(OpenFace opened, bool isForVerticalText) : face(std::move(opened)), isVertical(isForVerticalText) {
@@ -63,8 +84,8 @@ class FileFace : public FontFace {
 
   // In vertical text, a character that has a vertical glyph or is upright advances downward.
   int64_t Advance(char16_t character, int ppem) const override {
+    if (!isVertical) return SixtyFourths(UnitsOf(character), ppem, measures.unitsPerEm);
     const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
-    if (!isVertical) return AdvanceAcross(glyph, ppem);
     const FT_UInt verticalGlyph = verticalGlyphs.Of(glyph);
     const bool isUpright = verticalGlyph != glyph || StandsUpright(character);
     return isUpright && FT_HAS_VERTICAL(face.get()) ? AdvanceDown(verticalGlyph, ppem)
@@ -80,7 +101,11 @@ class FileFace : public FontFace {
     return narrow == UnitsOf('W') && narrow == UnitsOf(0xFF71);
   }
 
-  int32_t UnitsOf(char16_t character) const { return UnitsAcross(FT_Get_Char_Index(face.get(), character)); }
+  int32_t UnitsOf(char16_t character) const {
+    int32_t& units = keptUnits[character];
+    if (units == unknownUnits) units = UnitsAcross(FT_Get_Char_Index(face.get(), character));
+    return units;
+  }
 
   int32_t UnitsAcross(FT_UInt glyph) const {
     FT_Fixed advance = 0;
@@ -104,6 +129,7 @@ class FileFace : public FontFace {
 
   OpenFace face;
   bool isVertical;
+  mutable KeptUnits keptUnits;
   VerticalGlyphs verticalGlyphs;
 };
 
@@ -158,12 +184,12 @@ std::string Utf8Name(const LOGFONTA& font) {
 
 const FontFace& FaceRows::Find(const LOGFONTA& font, const std::function<std::unique_ptr<FontFace>()>& make) {
   const char* const end = std::find(font.lfFaceName, font.lfFaceName + LF_FACESIZE, '\0');
-  std::string name(font.lfFaceName, end);
+  const std::string_view name(font.lfFaceName, static_cast<size_t>(end - font.lfFaceName));
   for (const Row& row : rows) {
     if (row.charSet == font.lfCharSet && row.name == name) return *row.face;
   }
   if (rows.size() == mostFaces) rows.erase(rows.begin());
-  rows.push_back({std::move(name), font.lfCharSet, make()});
+  rows.push_back({std::string(name), font.lfCharSet, make()});
   return *rows.back().face;
 }
 

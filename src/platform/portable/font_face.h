@@ -19,7 +19,13 @@ struct FaceMeasures {
 
 class FontFace {
  public:
+  FontFace() : number(++count) {}
   virtual ~FontFace() = default;
+  FontFace(const FontFace&) = delete;
+  FontFace& operator=(const FontFace&) = delete;
+
+  // No other face of the process has it, even at the same address later.
+  uint64_t Number() const { return number; }
 
   const FaceMeasures& Measures() const { return measures; }
 
@@ -28,6 +34,10 @@ class FontFace {
 
  protected:
   FaceMeasures measures = {};
+
+ private:
+  inline static uint64_t count = 0;
+  uint64_t number;
 };
 
 // Returns the face for a font: the installed face of its name (which must have Japanese characters if the

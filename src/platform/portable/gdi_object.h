@@ -18,6 +18,11 @@ struct PenData {
   COLORREF color;
 };
 
+// The width that a pen has in records.
+inline int PenWidth(int width) {
+  return width < 0 && width != INT32_MIN ? -width : width;
+}
+
 struct BrushData {
   UINT style;
   COLORREF color;

@@ -100,8 +100,7 @@ HPEN CreatePen(int style, int width, COLORREF color) {
   constexpr int insideFrame = 6;
   if (style == PS_NULL) return GetStockObject(NULL_PEN);
   const bool isKnown = (style >= PS_SOLID && style <= PS_DASHDOTDOT) || style == insideFrame;
-  const int magnitude = width < 0 && width != INT32_MIN ? -width : width;
-  return NewObject(PenData{isKnown ? style : PS_SOLID, magnitude, color});
+  return NewObject(PenData{isKnown ? style : PS_SOLID, PenWidth(width), color});
 }
 
 HBRUSH CreateSolidBrush(COLORREF color) {

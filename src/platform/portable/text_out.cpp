@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -102,11 +103,51 @@ RECT TextBounds(const DeviceContext& dc, int64_t x, int64_t y, const TextSize& s
   return {Wrapped(left), Wrapped(top), Wrapped(right), Wrapped(bottom)};
 }
 
+// The logical widths of characters in the font used last: most texts of a drawing are in one font and have few characters.
+class KeptWidths {
+ public:
+  // To be called before Of, with a context's font.
+  void SetFont(const DeviceContext& dc, const FontMeasure& font) {
+    const Font wanted = {font.face->Number(), font.ppem, font.averageWidth, dc.mapMode};
+    if (wanted == kept) return;
+    kept = wanted;
+    rows.fill({-1, 0});
+  }
+
+  LONG Of(const DeviceContext& dc, const FontMeasure& font, char16_t character) {
+    Row& row = rows[character % rows.size()];
+    if (row.character != character) row = {character, LogicalWidth(dc, CharacterPixels(font, character))};
+    return row.width;
+  }
+
+ private:
+  // All that a width depends on. The natural width is that of the face at its ppem.
+  struct Font {
+    uint64_t face;
+    int ppem;
+    int averageWidth;
+    int mapMode;
+
+    bool operator==(const Font& other) const {
+      return face == other.face && ppem == other.ppem && averageWidth == other.averageWidth &&
+             mapMode == other.mapMode;
+    }
+  };
+  struct Row {
+    int32_t character;  // -1: none
+    LONG width;
+  };
+
+  Font kept = {};
+  std::array<Row, 256> rows = {};
+} keptWidths;
+
 std::vector<int32_t> Advances(const DeviceContext& dc, const FontMeasure& font, const std::u16string& text) {
   std::vector<int32_t> advances;
   advances.reserve(text.size());
+  keptWidths.SetFont(dc, font);
   for (const char16_t character : text) {
-    const int64_t width = LogicalWidth(dc, CharacterPixels(font, character));
+    const int64_t width = keptWidths.Of(dc, font, character);
     advances.push_back(Limited(width + dc.textCharacterExtra));
   }
   return advances;

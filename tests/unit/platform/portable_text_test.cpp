@@ -99,6 +99,24 @@ TEST_F(PortableText, character_extra_goes_to_each_advance) {
   EXPECT_EQ(Numbers(records[1], 80, 2), (Row{plain[0] + 50, plain[1] + 50}));
 }
 
+// Widths are kept in 256 rows, where A and the second character, U+3041, have the same place.
+TEST_F(PortableText, an_advance_is_that_of_its_font_and_character_whatever_was_drawn_before) {
+  for (const LONG height : {1000, 500, 1000}) {
+    SelectFont(height);
+    TextOutA(dc, 0, 0,
+             "A\x82\x9F"
+             "A",
+             4);
+  }
+  std::vector<Row> rows;
+  for (const Bytes& record : Records(textType)) rows.push_back(Numbers(record, 84, 3));
+  ASSERT_EQ(rows.size(), 3u);
+  EXPECT_EQ(rows[0][0], rows[0][2]);
+  EXPECT_LT(rows[0][0], rows[0][1]);
+  EXPECT_LT(rows[1][0], rows[0][0]);
+  EXPECT_EQ(rows[0], rows[2]);
+}
+
 TEST_F(PortableText, the_bounds_of_a_text_follow_its_alignment) {
   SetTextAlign(dc, TA_BOTTOM);
   TextOutA(dc, 100, -500, "AB", 2);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <locale>
 
 // It would part the values of an option that may be repeated, and the names of drawings, at every comma.
 #define CXXOPTS_VECTOR_DELIMITER '\0'
@@ -199,14 +200,77 @@ std::vector<std::string> AllNames() {
   return names;
 }
 
+const OptionRow* FindOption(const std::string& name) {
+  for (const OptionRow& option : OptionTable())
+    for (const std::string& known : NamesOf(option))
+      if (known == name) return &option;
+  return nullptr;
+}
+
+bool NeedsArgument(const OptionRow* option) {
+  return option && option->argument && !option->implied;
+}
+
+// The length of short options in one word up to the first that needs an argument; 0 if none does.
+size_t EndOfShortOptions(const std::string& word) {
+  if (word.size() < 2 || word[0] != '-' || word[1] == '-') return 0;
+  for (size_t i = 1; i < word.size(); ++i) {
+    const OptionRow* const option = FindOption(word.substr(i, 1));
+    if (!option) return 0;
+    if (NeedsArgument(option)) return i + 1;
+  }
+  return 0;
+}
+
+bool ArgumentFollows(const std::string& word) {
+  return EndOfShortOptions(word) != 0 ||
+         (word.compare(0, 2, "--") == 0 && NeedsArgument(FindOption(word.substr(2))));
+}
+
+// Parts a short option from its argument in the same word, as in -dplans/out: without regular expressions, the reader of the
+// command line takes only letters and digits there.
+std::vector<std::string> PartShortOptions(const std::vector<std::string>& arguments) {
+  std::vector<std::string> words;
+  for (auto word = arguments.begin(); word != arguments.end(); ++word) {
+    if (*word == "--") {
+      words.insert(words.end(), word, arguments.end());
+      break;
+    }
+    const size_t end = EndOfShortOptions(*word);
+    if (end != 0 && end < word->size()) {
+      words.push_back(word->substr(0, end));
+      words.push_back(word->substr(end));
+    } else {
+      words.push_back(*word);
+      if (ArgumentFollows(*word) && word + 1 != arguments.end()) words.push_back(*++word);
+    }
+  }
+  return words;
+}
+
+// The first option that there isn't in a word that the reader of the command line doesn't understand.
+std::string UnknownOption(const std::string& word) {
+  if (word.compare(0, 2, "--") == 0) return word.substr(0, word.find('='));
+  size_t place = 1;
+  while (place + 1 < word.size() && FindOption(word.substr(place, 1))) ++place;
+  const bool isLetter = std::isalnum(word[place], std::locale::classic());
+  return isLetter ? '-' + word.substr(place, 1) : word;
+}
+
+[[noreturn]] void RefuseOption(const std::string& name) {
+  throw UsageError("there is no option " + name + Suggestion(name, AllNames()));
+}
+
 cxxopts::ParseResult Parse(const std::vector<std::string>& arguments) {
+  const std::vector<std::string> parted = PartShortOptions(arguments);
   std::vector<const char*> words = {"hexlume"};
-  for (const std::string& argument : arguments) words.push_back(argument.c_str());
+  for (const std::string& word : parted) words.push_back(word.c_str());
   try {
     return Declare().parse(static_cast<int>(words.size()), words.data());
   } catch (const cxxopts::exceptions::no_such_option& trouble) {
-    const std::string name = WithHyphens(QuotedName(trouble.what()));
-    throw UsageError("there is no option " + name + Suggestion(name, AllNames()));
+    RefuseOption(WithHyphens(QuotedName(trouble.what())));
+  } catch (const cxxopts::exceptions::invalid_option_syntax& trouble) {
+    RefuseOption(UnknownOption(QuotedName(trouble.what())));
   } catch (const cxxopts::exceptions::exception& trouble) {
     throw UsageError(trouble.what());
   }
