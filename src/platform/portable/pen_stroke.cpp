@@ -1,7 +1,7 @@
 // The records of a stroke are appended at once, without a pen object. A test compares them with those of the single calls.
 #include "platform/pen_stroke.h"
 
-#include <new>
+#include <exception>
 
 #include "platform/portable/device_context.h"
 
@@ -32,7 +32,7 @@ void StrokeByCalls(HDC dc, int width, COLORREF color, const POINT& start, const 
   DeleteObject(pen);
 }
 
-// Returns false and appends nothing if memory runs out, or if the selected pen may need records of its own.
+// Returns false and appends nothing if memory or the metafile has no room, or if the selected pen may need records of its own.
 bool StrokeAtOnce(DeviceContext& dc, int width, COLORREF color, const POINT& start, const POINT& end) {
   if (dc.pen->stockNumber == notAStockObject) return false;
   try {
@@ -48,7 +48,7 @@ bool StrokeAtOnce(DeviceContext& dc, int width, COLORREF color, const POINT& sta
             {emrDeleteObject, sizeof(EmfObjectRecord), pen}},
         strokeRecordCount);
     dc.handles.UseBriefly(pen);
-  } catch (const std::bad_alloc&) {
+  } catch (const std::exception&) {
     return false;
   }
   AddLogicalBounds(dc, {start.x, start.y, end.x, end.y});
