@@ -23,7 +23,7 @@ KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "
 # Statuses that may be given besides 0: those of hexlume --help and hexlume-batch --help.
 FITTING = {
     "memory": {11, 30, 32, 33, 34, 47, 48, 73, 74},
-    "write": {48, 73},
+    "write": {48, 73, 74},
     "read": {30, 34, 35, 47, 48, 64, 73, 74},
     "open": {2, 11, 30, 32, 34, 47, 48, 64, 73, 74},
     "close": {73, 74},

@@ -23,7 +23,7 @@ inline bool HasFonts(FcConfig* config) {
 
 // False for the configuration that fontconfig takes if it can't read the system's: that file isn't among its own.
 inline bool IsWholeConfig(FcConfig* config) {
-  FcChar8* const wanted = FcConfigFilename(nullptr);
+  FcChar8* const wanted = FcConfigGetFilename(config, nullptr);
   FcStrList* const files = FcConfigGetConfigFiles(config);
   bool isWhole = files && !wanted;
   while (const FcChar8* const file = files && !isWhole ? FcStrListNext(files) : nullptr)
