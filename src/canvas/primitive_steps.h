@@ -38,11 +38,16 @@ struct SelectedPen {
   HGDIOBJ previous;
 };
 
-inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF color) {
+// Counts a pen and its first stroke.
+inline void CountPen() {
   constexpr int64_t stepsOfPen = 60;
   constexpr int64_t bytesOfPen = 112;  // with its selection and a move
   CountStroke();
   CountWork(stepsOfPen, bytesOfPen);
+}
+
+inline SelectedPen SelectNewPen(Canvas canvas, int32_t style, int32_t width, COLORREF color) {
+  CountPen();
   const HPEN pen = CreatePen(style, width, color);
   return {pen, SelectObject(canvas, pen)};
 }

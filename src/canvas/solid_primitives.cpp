@@ -12,7 +12,7 @@ namespace hexlume {
 void PenLine(Canvas canvas, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t centreX, int32_t centreY,
              int32_t penWidth, COLORREF color, int32_t mirror) {
   const LineEnds line = PlaceLine(x1, y1, x2, y2, centreX, centreY, mirror);
-  CountStroke();
+  CountPen();
   StrokeLine(canvas, penWidth, color, line.start, line.end);
 }
 

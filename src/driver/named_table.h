@@ -31,9 +31,9 @@ class NamedTable {
 
   // Return null if no entry has the name, compared byte by byte.
   const Entry* FindFirst(std::string_view name) const {
-    CountLookup();
     // Entities of one layer often follow each other.
     if (lastFound < entries.size() && name == entries[lastFound].name) return &entries[lastFound];
+    CountLookup();
     const auto found = places.find(name);
     if (found == places.end()) return nullptr;
     lastFound = found->second.first;
