@@ -81,8 +81,7 @@ struct BlockLevel {
 // counted: each is read once for each entity that names it.
 void CountNested(int64_t bytes) {
   constexpr int64_t bytesOfAnEntity = 50;  // cost of an entity in addition to its groups
-  constexpr int64_t stepsOfAByte = 2;
-  CountSteps((bytes + bytesOfAnEntity) * stepsOfAByte);
+  CountSteps(bytes + bytesOfAnEntity);
   if (state.blockLevel < 2) return;
   state.nestedBytes += bytes + bytesOfAnEntity;
   if (state.nestedBytes <= nestedByteLimit) return;
