@@ -216,14 +216,22 @@ class Trial {
     Complain(call, "the status is " + outcome.status);
   }
 
-  // Values of the entity before stay in the record of the exports, so their second conversion counts.
   void CheckNext(int64_t call) {
+    RunNext(call);
+    if (hexlume_fault_blocks() == blocks) return;
+    // A font that is used for the first time stays in memory. What the same failure leaves again is lost.
+    blocks = hexlume_fault_blocks();
+    Run(path, way, row.kind, call);
+    RunNext(call);
+    if (hexlume_fault_blocks() > blocks)
+      Complain(call, std::to_string(hexlume_fault_blocks() - blocks) + " blocks of memory are left");
+    blocks = hexlume_fault_blocks();
+  }
+
+  // Values of the entity before stay in the record of the exports, so their second conversion counts.
+  void RunNext(int64_t call) {
     if (way < exportWays) Run(path, way);
     if (!(Run(path, way) == expected)) Complain(call, "the next conversion gives something else");
-    if (hexlume_fault_blocks() > blocks) {
-      Complain(call, std::to_string(hexlume_fault_blocks() - blocks) + " blocks of memory are left");
-      blocks = hexlume_fault_blocks();
-    }
   }
 
   void Complain(int64_t call, const std::string& words) {
