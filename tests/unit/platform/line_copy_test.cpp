@@ -43,12 +43,12 @@ TEST(LineCopy, an_end_at_any_place_is_found) {
 // Bytes that differ from an end by one, by the highest bit or by a carry.
 TEST(LineCopy, random_bytes_are_copied_alike) {
   std::mt19937 random(8);
-  const char near[] = {'\n', '\0', '\x01', '\x09', '\x0B', '\x80', '\x8A', '\xFF', 'A', '\r'};
+  const char closeBytes[] = {'\n', '\0', '\x01', '\x09', '\x0B', '\x80', '\x8A', '\xFF', 'A', '\r'};
   for (int round = 0; round < 20'000; ++round) {
     std::string line(shortLineSize, '\0');
     for (char& byte : line) {
-      byte = near[2 + random() % 8];
-      if (random() % 16 == 0) byte = random() % 2 ? near[random() % 10] : static_cast<char>(random());
+      byte = closeBytes[2 + random() % 8];
+      if (random() % 16 == 0) byte = random() % 2 ? closeBytes[random() % 10] : static_cast<char>(random());
     }
     ExpectBothRight(line);
   }
