@@ -68,7 +68,11 @@ class LinuxWorker : public WorkerProcess {
     while (done < bytes.size()) {
       const ssize_t written = write(output, bytes.data() + done, bytes.size() - done);
       if (written < 0 && errno == EINTR) continue;
-      if (written <= 0) return;
+      if (written <= 0) {
+        // It would wait for the rest for ever. So its drawing fails as after any other end.
+        kill(process, SIGKILL);
+        return;
+      }
       done += static_cast<size_t>(written);
     }
   }
