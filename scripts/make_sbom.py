@@ -93,9 +93,13 @@ def windows_components(triplet):
 def viewer_components(libraries):
     rows = [component("emscripten", "static"), component("libfast-float-dev", "headers"),
             component("fonts-ipafont-gothic", "data")]
-    for name in ["freetype2", "pixman-1"]:
-        text = (Path(libraries) / "lib/pkgconfig" / f"{name}.pc").read_text()
-        version = re.search(r"^Version: *(\S+)", text, re.M).group(1)
+    # The words before the numbers of a version in the libraries' headers.
+    headers = {"freetype": ("freetype2/freetype/freetype.h", ["FREETYPE_MAJOR", "FREETYPE_MINOR", "FREETYPE_PATCH"]),
+               "pixman": ("pixman-1/pixman-version.h",
+                          ["PIXMAN_VERSION_MAJOR", "PIXMAN_VERSION_MINOR", "PIXMAN_VERSION_MICRO"])}
+    for name, (header, words) in headers.items():
+        text = (Path(libraries) / "include" / header).read_text()
+        version = ".".join(re.search(rf"#define\s+{word}\s+(\d+)", text).group(1) for word in words)
         rows.append({"type": "library", "bom-ref": f"{name}@{version}", "name": name, "version": version,
                      "purl": f"pkg:generic/{name}@{version}", "properties": [{"name": "hexlume:linkage", "value": "static"}]})
     packages = json.loads((ROOT / "web/package-lock.json").read_text())["packages"]
