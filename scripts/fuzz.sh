@@ -69,7 +69,7 @@ fuzz() {
   mkdir -p "$folder/corpus/$target" "$folder/findings" "fuzz/corpus/$target"
   # Without -entropic=0 a third of the time is spent on which input is changed next.
   exec "$folder/bin/hexlume_${target}_fuzz" "$folder/corpus/$target" "fuzz/corpus/$target" "$folder/seeds/$seeds" \
-    -dict=fuzz/dxf.dict -artifact_prefix="$folder/findings/$target-" -max_total_time="$seconds" -max_len=2500 -entropic=0 \
+    -dict=fuzz/dxf.dict -artifact_prefix="$folder/findings/$target-" -max_total_time="$seconds" -max_len=900 -entropic=0 \
     -timeout=10 -rss_limit_mb=3000 "$@"
 }
 
