@@ -69,19 +69,23 @@ fuzz() {
   mkdir -p "$folder/corpus/$target" "$folder/findings" "fuzz/corpus/$target"
   # Without -entropic=0 a third of the time is spent on which input is changed next.
   exec "$folder/bin/hexlume_${target}_fuzz" "$folder/corpus/$target" "fuzz/corpus/$target" "$folder/seeds/$seeds" \
-    -dict=fuzz/dxf.dict -artifact_prefix="$folder/findings/$target-" -max_total_time="$seconds" -max_len=2500 -entropic=0 \
+    -dict=fuzz/dxf.dict -artifact_prefix="$folder/findings/$target-" -max_total_time="$seconds" -max_len=900 -entropic=0 \
     -timeout=10 -rss_limit_mb=3000 "$@"
 }
 
 # The smallest inputs come first in a merge, and what they reach is kept with them.
 merge() {
-  local target
+  local target seeds
+  scripts/build.sh linux hexlume_random_drawings hexlume_tool
   scripts/build.sh linux-fuzz
+  make_seeds metafile
   for target in "${targets[@]}"; do
+    seeds=drawings
+    [ "$target" != metafile ] || seeds=metafiles
     mkdir -p "$folder/corpus/$target" "$folder/merged/$target"
     rm -f "$folder/merged/$target"/*
     "$folder/bin/hexlume_${target}_fuzz" -merge=1 -use_counters=0 "$folder/merged/$target" "fuzz/corpus/$target" \
-      "$folder/corpus/$target" 2>&1 | tail -n 1
+      "$folder/corpus/$target" "$folder/seeds/$seeds" 2>&1 | tail -n 1
     rm -rf "fuzz/corpus/$target"
     cp -r "$folder/merged/$target" "fuzz/corpus/$target"
   done
@@ -90,6 +94,7 @@ merge() {
 
 coverage() {
   local target objects=() build=build/linux-coverage
+  command -v llvm-cov >/dev/null || { echo "llvm-cov is missing: scripts/setup.sh fuzz" >&2; exit 1; }
   scripts/build.sh linux-coverage
   rm -f "$build"/*.profraw
   for target in "${targets[@]}"; do
