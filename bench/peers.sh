@@ -114,12 +114,12 @@ for drawing in "${drawings[@]}"; do
 done
 printf '%s\n%s\n' "$line" "$rule"
 for peer in "${peers[@]}"; do
-  line="| ${titles[$peer]} |"
+  printf '| %s |' "${titles[$peer]}"
   for drawing in "${drawings[@]}"; do
     time_peer "$peer" "$scratch/$drawing.dxf"
-    line+=" $cell |"
+    printf ' %s |' "$cell"
   done
-  echo "$line"
+  echo
 done
 [ "${#absent[@]}" -eq 0 ] || printf '\nNot installed:\n'
 for words in "${absent[@]}"; do echo "- $words"; done
