@@ -26,6 +26,7 @@ set(PLATFORM_SOURCES
   src/platform/ellipse_scan.cpp
   src/platform/path_region.cpp
   src/platform/polygon_scan.cpp
+  src/platform/unmapped_file.cpp
   src/platform/portable/arc_bounds.cpp
   src/platform/portable/box_region.cpp
   src/platform/portable/device_context.cpp
@@ -55,7 +56,6 @@ set(PLATFORM_SOURCES
   src/platform/web/fault_guard.cpp
   src/platform/web/font_face.cpp
   src/platform/web/growing_block.cpp
-  src/platform/web/mapped_file.cpp
   src/platform/web/module_file.cpp
   src/platform/web/progress.cpp
   src/platform/web/stack_room.cpp

@@ -30,6 +30,7 @@ set(PLATFORM_SOURCES
   src/platform/ellipse_scan.cpp
   src/platform/path_region.cpp
   src/platform/polygon_scan.cpp
+  src/platform/unmapped_file.cpp
   src/platform/portable/double_text.cpp
   src/platform/windows/box_region.cpp
   src/platform/windows/fault_guard.cpp
@@ -37,13 +38,12 @@ set(PLATFORM_SOURCES
   src/platform/windows/full_width.cpp
   src/platform/windows/host_exception.cpp
   src/platform/windows/japanese_locale.cpp
-  src/platform/windows/mapped_file.cpp
+  src/platform/windows/last_error.cpp
   src/platform/windows/module_file.cpp
   src/platform/windows/pen_stroke.cpp
   src/platform/windows/reference_dc.cpp
   src/platform/windows/run_objects.cpp
   src/platform/windows/stack_room.cpp
-  src/platform/windows/last_error.cpp
   src/platform/windows/system_version.cpp
 )
 set(PLATFORM_LIBRARIES gdi32 comctl32 comdlg32)

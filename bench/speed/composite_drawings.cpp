@@ -7,16 +7,6 @@ namespace hexlume::bench {
 
 namespace {
 
-void Tables(DrawingFile& file) {
-  file.BeginSection("TABLES");
-  LayerTable(file);
-  file.Text(0, "LAYER");
-  file.Text(2, "DIM");
-  file.Whole(62, 3);
-  file.Text(0, "ENDTAB");
-  file.EndSection();
-}
-
 std::string DimensionName(int64_t i) {
   return "*D" + std::to_string(i);
 }
@@ -133,7 +123,7 @@ void Circle(DrawingFile& file, int64_t points, double x, double y) {
 
 void DrawDimensions(DrawingFile& file, int64_t dimensions) {
   file.Header(sheetWidth, sheetHeight);
-  Tables(file);
+  TablesOfLayer(file, "DIM");
   file.BeginSection("BLOCKS");
   ArrowBlock(file);
   for (int64_t i = 0; i < dimensions; ++i) DimensionBlock(file, i);

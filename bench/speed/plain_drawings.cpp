@@ -57,13 +57,7 @@ void WriteDrawing(const std::string& path, Draw draw, int64_t items) {
 
 void DrawLines(DrawingFile& file, int64_t lines) {
   file.Header(1000, 700);
-  file.BeginSection("TABLES");
-  LayerTable(file);
-  file.Text(0, "LAYER");
-  file.Text(2, "L1");
-  file.Whole(62, 3);
-  file.Text(0, "ENDTAB");
-  file.EndSection();
+  TablesOfLayer(file, "L1");
   file.BeginSection("ENTITIES");
   Chance chance;
   const auto x = [&chance] { return chance.Between(100, 999); };
@@ -124,9 +118,7 @@ void DrawLayers(DrawingFile& file, int64_t layers) {
   file.BeginSection("TABLES");
   LayerTable(file);
   for (int64_t i = 0; i < layers; ++i) {
-    file.Text(0, "LAYER");
-    file.Text(2, name(i));
-    file.Whole(62, 3);
+    Layer(file, name(i), 3);
     file.Text(6, "CONTINUOUS");
   }
   file.Text(0, "ENDTAB");

@@ -18,13 +18,26 @@ inline double RowOf(int64_t i) {
   return static_cast<double>(i / 780 % 480);
 }
 
-// Layer 0.
+inline void Layer(DrawingFile& file, const std::string& name, int64_t color) {
+  file.Text(0, "LAYER");
+  file.Text(2, name);
+  file.Whole(62, color);
+}
+
+// Begins it, with layer 0.
 inline void LayerTable(DrawingFile& file) {
   file.Text(0, "TABLE");
   file.Text(2, "LAYER");
-  file.Text(0, "LAYER");
-  file.Text(2, "0");
-  file.Whole(62, 7);
+  Layer(file, "0", 7);
+}
+
+// The section TABLES with layer 0 and one more.
+inline void TablesOfLayer(DrawingFile& file, const std::string& name) {
+  file.BeginSection("TABLES");
+  LayerTable(file);
+  Layer(file, name, 3);
+  file.Text(0, "ENDTAB");
+  file.EndSection();
 }
 
 inline void BeginEntities(DrawingFile& file, double height = sheetHeight) {

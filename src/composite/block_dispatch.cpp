@@ -109,8 +109,8 @@ void SubtractBasePoint(BlockRun& run) {
   while (ReadGroup(run.stream)) {
     switch (state.groupCode) {
       case 3: return;
-      case 10: run.blockOriginX -= GroupNumber() * 100.0 * state.insertScaleX; break;
-      case 20: run.blockOriginY -= GroupNumber() * 100.0 * state.insertScaleY; return;
+      case 10: run.blockOriginX -= GroupHundredths() * state.insertScaleX; break;
+      case 20: run.blockOriginY -= GroupHundredths() * state.insertScaleY; return;
     }
   }
 }

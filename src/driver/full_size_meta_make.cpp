@@ -49,9 +49,6 @@ int32_t ConvertFullSize(MetaFile& metaFile, const char* path, HENHMETAFILE* out,
 int32_t vzFullSizeMetaMake(const char* path, HENHMETAFILE* out, int32_t showDialogs, int32_t halfWidthFont) {
   using namespace hexlume;
   if (!path || !out) return HEXLUME_NOT_A_DRAWING;
-  const int32_t result = LetFaultsLeave(
+  return LetFaultsLeave(
       [&](MetaFile& metaFile) { return ConvertFullSize(metaFile, path, out, showDialogs, halfWidthFont); });
-  FreeTables();
-  LeaveBounds();
-  return result;
 }

@@ -32,6 +32,11 @@ inline double GroupNumber() {
   return state.groupNumberIsKnown ? state.groupNumber : Atof(state.groupValue);
 }
 
+// The same as Hundredths(state.groupValue).
+inline double GroupHundredths() {
+  return GroupNumber() * 100.0;
+}
+
 // The slow form of ReadGroup: reads the group from the text, kept or not, and doesn't ask the host.
 int32_t ReadTextGroup(TextStream& stream);
 

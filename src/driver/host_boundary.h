@@ -12,15 +12,15 @@
 
 namespace hexlume {
 
-// Runs a conversion that doesn't catch faults itself, with its metafile. Whatever ends it is passed to the host after the
-// metafile and the tables are released: a code that it throws as it is, anything else as a fault, for example that the
-// drawing's file has become shorter.
+// Runs a conversion that doesn't catch faults itself, with its metafile, and releases metafile and tables. Whatever ends it is
+// passed to the host then: a code that it throws as it is, anything else as a fault, for example that the drawing's file has
+// become shorter.
 template <typename Conversion>
 int32_t LetFaultsLeave(Conversion&& convert) {
   std::optional<int32_t> thrown;
+  int32_t result = 0;
   {
     MetaFile metaFile;  // here, as a processor fault destroys nothing in the guard
-    int32_t result = 0;
     try {
       GuardFaults([&] {
         try {
@@ -29,14 +29,14 @@ int32_t LetFaultsLeave(Conversion&& convert) {
           thrown = code;
         }
       });
-      if (!thrown) return result;
     } catch (int32_t) {
       thrown = faultCode;
     }
   }
   FreeTables();
   LeaveBounds();
-  ThrowToHost(*thrown);
+  if (thrown) ThrowToHost(*thrown);
+  return result;
 }
 
 }  // namespace hexlume

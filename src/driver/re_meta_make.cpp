@@ -48,10 +48,7 @@ int32_t vzReMetaMake(const char* path, HENHMETAFILE* out, int32_t halfWidthFont,
                      int32_t wholeTextClip, int32_t showDialogs) {
   using namespace hexlume;
   if (!path || !out) return HEXLUME_NOT_A_DRAWING;
-  const int32_t result = LetFaultsLeave([&](MetaFile& metaFile) {
+  return LetFaultsLeave([&](MetaFile& metaFile) {
     return ConvertPartOfSheet(metaFile, path, out, halfWidthFont, view, wholeTextClip, showDialogs);
   });
-  FreeTables();
-  LeaveBounds();
-  return result;
 }

@@ -41,8 +41,5 @@ int32_t ConvertTurned(MetaFile& metaFile, HENHMETAFILE* out) {
 int32_t vzRotMetaMake(HENHMETAFILE* out) {
   using namespace hexlume;
   if (!out) return HEXLUME_NOT_A_DRAWING;
-  const int32_t result = LetFaultsLeave([&](MetaFile& metaFile) { return ConvertTurned(metaFile, out); });
-  FreeTables();
-  LeaveBounds();
-  return result;
+  return LetFaultsLeave([&](MetaFile& metaFile) { return ConvertTurned(metaFile, out); });
 }

@@ -137,7 +137,7 @@ int32_t DrawBlockArc(const BlockRun& run) {
         break;
       case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
       case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
-      case 40: state.blockRadius = GroupNumber() * 100.0 * state.insertScaleX; break;
+      case 40: state.blockRadius = GroupHundredths() * state.insertScaleX; break;
       case 50: start = ReadBlockAngle(GroupNumber()); break;
       case 51: end = ReadBlockAngle(GroupNumber()); break;
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;

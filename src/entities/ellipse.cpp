@@ -275,9 +275,9 @@ int32_t DrawBlockEllipse(const BlockRun& run) {
         if (!ResolveInheritedLayer(style, state.blockColor, run.insertColor, inherit)) return more;
         break;
       case 10: state.blockX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
-      case 11: state.blockX[1] = GroupNumber() * 100.0 * state.insertScaleX; break;
+      case 11: state.blockX[1] = GroupHundredths() * state.insertScaleX; break;
       case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
-      case 21: state.blockY[1] = GroupNumber() * 100.0 * state.insertScaleY; break;
+      case 21: state.blockY[1] = GroupHundredths() * state.insertScaleY; break;
       case 40: state.blockRadius = GroupNumber(); break;
       case 41: startAngle = GroupNumber(); break;
       case 42: endAngle = GroupNumber(); break;

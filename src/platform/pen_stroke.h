@@ -5,7 +5,17 @@
 
 namespace hexlume {
 
-// Draws a line with a solid pen of its own: CreatePen, SelectObject, MoveToEx, LineTo, SelectObject and DeleteObject.
+// Draws a line with a solid pen of its own.
+inline void StrokeByCalls(HDC dc, int width, COLORREF color, const POINT& start, const POINT& end) {
+  const HPEN pen = CreatePen(PS_SOLID, width, color);
+  const HGDIOBJ previous = SelectObject(dc, pen);
+  MoveToEx(dc, start.x, start.y, nullptr);
+  LineTo(dc, end.x, end.y);
+  SelectObject(dc, previous);
+  DeleteObject(pen);
+}
+
+// The same, where the system can do it faster.
 void StrokeLine(HDC dc, int width, COLORREF color, const POINT& start, const POINT& end);
 
 }  // namespace hexlume

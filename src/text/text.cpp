@@ -189,7 +189,7 @@ int32_t DrawBlockText(const BlockRun& run) {
       case 20: state.blockY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 21: state.blockY[1] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 40:
-        SetCell(font, Trunc(GroupNumber() * 100.0 / state.drawScale * state.insertScaleY), run.halfWidthFont);
+        SetCell(font, Trunc(GroupHundredths() / state.drawScale * state.insertScaleY), run.halfWidthFont);
         break;
       case 41:
         if (run.halfWidthFont == 0) font.lfWidth = Trunc(GroupNumber() * font.lfHeight * 0.5);

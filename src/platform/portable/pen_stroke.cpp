@@ -22,16 +22,6 @@ constexpr uint32_t strokeRecordCount = 6;
 static_assert(sizeof(EmfStrokeRecords) ==
               sizeof(EmfCreatePenRecord) + 3 * sizeof(EmfObjectRecord) + 2 * sizeof(EmfPointRecord));
 
-// The slow form.
-void StrokeByCalls(HDC dc, int width, COLORREF color, const POINT& start, const POINT& end) {
-  const HPEN pen = CreatePen(PS_SOLID, width, color);
-  const HGDIOBJ previous = SelectObject(dc, pen);
-  MoveToEx(dc, start.x, start.y, nullptr);
-  LineTo(dc, end.x, end.y);
-  SelectObject(dc, previous);
-  DeleteObject(pen);
-}
-
 // Returns false and appends nothing if memory or the metafile has no room, or if the selected pen may need records of its own.
 bool StrokeAtOnce(DeviceContext& dc, int width, COLORREF color, const POINT& start, const POINT& end) {
   if (dc.pen->stockNumber == notAStockObject) return false;

@@ -14,15 +14,6 @@ namespace {
 
 using Strokes = std::function<void(HDC dc, int width, COLORREF color, POINT start, POINT end)>;
 
-void StrokeByCalls(HDC dc, int width, COLORREF color, POINT start, POINT end) {
-  const HPEN pen = CreatePen(PS_SOLID, width, color);
-  const HGDIOBJ previous = SelectObject(dc, pen);
-  MoveToEx(dc, start.x, start.y, nullptr);
-  LineTo(dc, end.x, end.y);
-  SelectObject(dc, previous);
-  DeleteObject(pen);
-}
-
 // Strokes where the pen before is a stock object, one of our own, and one that was deleted while it was selected.
 void DrawWith(const Strokes& stroke, HDC dc) {
   stroke(dc, 0, 0xFF, {10, 20}, {30, 40});

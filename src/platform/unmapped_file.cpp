@@ -1,4 +1,5 @@
-// A web page has no files: its drawings are bytes in memory.
+// Where no file is mapped. On Windows a mapped one couldn't be shortened or replaced by another program meanwhile; a web page has
+// no files, its drawings are bytes in memory.
 #include "platform/mapped_file.h"
 
 namespace hexlume {
