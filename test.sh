@@ -67,11 +67,12 @@ count_results() {
 }
 
 check() {
-  local name=$1
+  local name=$1 start=$SECONDS
   shift
   echo "== $name"
   if "$@"; then
     passed=$((passed + 1))
+    echo "$name: $((SECONDS - start)) s"
   else
     echo "$name failed" >&2
     failed=$((failed + 1))
@@ -79,12 +80,13 @@ check() {
 }
 
 test_build() {
-  local preset=$1 report status=0 failed_before=$failed
+  local preset=$1 report status=0 failed_before=$failed start=$SECONDS
   if ! scripts/build.sh "$preset"; then
     echo "$preset doesn't build" >&2
     failed=$((failed + 1))
     return
   fi
+  echo "$preset is built: $((SECONDS - start)) s"
   report=$(mktemp)
   # The report has the end of a long output, with the closing lines.
   ctest --preset "$preset" --parallel "$(nproc)" --output-junit "$report" --test-output-truncation head </dev/null || status=$?
@@ -173,5 +175,6 @@ fi
 [ "$with_web" = no ] || test_web
 
 echo
+echo "All of it: $((SECONDS / 60)) min"
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
