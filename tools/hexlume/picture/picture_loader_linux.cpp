@@ -2,6 +2,9 @@
 #include <dlfcn.h>
 
 #include <cstring>
+#include <filesystem>
+#include <string>
+#include <system_error>
 
 #include "tools/hexlume/picture/picture_module.h"
 #include "tools/hexlume/picture/picture_writers.h"
@@ -10,11 +13,15 @@ namespace hexlume {
 namespace {
 
 // The build has the folders of an installation.
-constexpr const char* moduleFile = "$ORIGIN/../" HEXLUME_MODULE_FOLDER "/libhexlume_pictures.so";
+std::string ModuleFile() {
+  std::error_code error;
+  const std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
+  return (tool.parent_path().parent_path() / HEXLUME_MODULE_FOLDER / "libhexlume_pictures.so").string();
+}
 
 const PictureModule& Load() {
   const std::string start = "the module for pictures can't be loaded: ";
-  void* const library = dlopen(moduleFile, RTLD_NOW | RTLD_LOCAL);
+  void* const library = dlopen(ModuleFile().c_str(), RTLD_NOW | RTLD_LOCAL);
   const void* const module = library ? dlsym(library, "hexlumePictureModule") : nullptr;
   if (!module) throw PictureError(start + dlerror());
   const auto& loaded = *static_cast<const PictureModule*>(module);
