@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 constexpr const char* oneLine =
     "0\nSECTION\n2\nHEADER\n9\n$LIMMIN\n10\n0\n20\n0\n9\n$LIMMAX\n10\n420\n20\n297\n0\nENDSEC\n"
     "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n50\n20\n50\n11\n100\n21\n80\n0\nENDSEC\n0\nEOF\n";
-constexpr const char* moduleFile = "lib/hexlume/libhexlume_pictures.so";
+constexpr const char* moduleFile = HEXLUME_LIBRARY_FOLDER "/hexlume/libhexlume_pictures.so";
 constexpr const char* whatFailed = ": can't be written: the module for pictures can't be loaded: ";
 
 fs::path BuiltFolder() {
@@ -24,11 +24,12 @@ class PictureModule : public ToolRun {
   void SetUp() override {
     ToolRun::SetUp();
     fs::create_directories("bin");
-    fs::create_directories("lib/hexlume");
+    const fs::path libraries = HEXLUME_LIBRARY_FOLDER;
+    fs::create_directories(libraries / "hexlume");
     fs::create_directories("out");
     fs::copy_file(ProgramFolder() / "hexlume", "bin/hexlume");
     for (const char* library : {"libhexlume.so.1", "libhexlume_host.so.1"})
-      fs::create_symlink(BuiltFolder() / "lib" / library, fs::path("lib") / library);
+      fs::create_symlink(BuiltFolder() / libraries / library, libraries / library);
     Write("plan.dxf", oneLine);
   }
 
