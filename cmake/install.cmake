@@ -10,6 +10,9 @@ install(TARGETS hexlume hexlume_host EXPORT HexlumeTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 install(TARGETS hexlume_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
+if(TARGET hexlume_pictures)
+  install(TARGETS hexlume_pictures LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/hexlume COMPONENT tool)
+endif()
 
 set(HEXLUME_HEADERS include/hexlume.h include/hexlume_system.h include/hexlume_host.h include/hexlume_host.hpp)
 if(NOT WIN32)

@@ -63,8 +63,9 @@ check_windows_file() {
 
 case "${1:-}" in
   linux | package-linux)
-    for file in "build/$1"/bin/hexlume "build/$1"/bin/hexlume-batch "build/$1"/lib/libhexlume.so.1 \
-      "build/$1"/lib/libhexlume_host.so.1; do
+    libraries=build/$1/$(sed -n 's/^CMAKE_INSTALL_LIBDIR:[A-Z]*=//p' "build/$1/CMakeCache.txt")
+    for file in "build/$1"/bin/hexlume "build/$1"/bin/hexlume-batch "$libraries"/libhexlume.so.1 "$libraries"/libhexlume_host.so.1 \
+      "$libraries"/hexlume/libhexlume_pictures.so; do
       check_linux_file "$file"
     done
     ;;

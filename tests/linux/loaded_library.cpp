@@ -44,7 +44,7 @@ struct LoadedLibrary::Module {
 
 std::filesystem::path LibraryFile() {
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-  return program.parent_path().parent_path() / "lib" / "libhexlume.so";
+  return program.parent_path().parent_path() / HEXLUME_LIBRARY_FOLDER / "libhexlume.so";
 }
 
 LoadedLibrary::LoadedLibrary(const std::string& besideName) : module(std::make_unique<Module>()) {

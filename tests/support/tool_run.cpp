@@ -13,13 +13,6 @@ namespace {
 
 std::filesystem::path programFolder;
 
-Outcome RunTool(const std::filesystem::path& programs, const std::string& arguments) {
-  const int status = RunCommand((programs / "hexlume").string(), arguments + " >out.txt 2>err.txt");
-  Outcome outcome{status, Contents("out.txt"), Contents("err.txt")};
-  outcome.err.erase(std::remove(outcome.err.begin(), outcome.err.end(), '\r'), outcome.err.end());
-  return outcome;
-}
-
 uint32_t BigEndian(const std::string& bytes, size_t offset) {
   uint32_t number = 0;
   for (size_t i = 0; i < 4; ++i) number = number << 8 | static_cast<uint8_t>(bytes[offset + i]);
@@ -43,12 +36,19 @@ void ToolRun::TearDown() {
   std::filesystem::remove_all(folder, error);
 }
 
+Outcome ToolRun::RunToolIn(const std::filesystem::path& programs, const std::string& arguments) {
+  const int status = RunCommand((programs / "hexlume").string(), arguments + " >out.txt 2>err.txt");
+  Outcome outcome{status, Contents("out.txt"), Contents("err.txt")};
+  outcome.err.erase(std::remove(outcome.err.begin(), outcome.err.end(), '\r'), outcome.err.end());
+  return outcome;
+}
+
 Outcome ToolRun::RunReal(const std::string& arguments) {
-  return RunTool(programFolder, arguments);
+  return RunToolIn(programFolder, arguments);
 }
 
 Outcome ToolRun::RunScripted(const std::string& arguments) {
-  return RunTool(programFolder / "scripted", arguments);
+  return RunToolIn(programFolder.parent_path() / "scripted" / "bin", arguments);
 }
 
 std::string ToolRun::CallOf(const std::string& options) {

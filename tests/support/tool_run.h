@@ -1,5 +1,5 @@
 // The command-line tool started by the shell. Beside the test program is the tool with the real library;
-// in the folder "scripted" it has a library that does what the drawing's name says, and writes into the
+// in the folder "scripted" of the build it has a library that does what the drawing's name says, and writes into the
 // metafile what it was called with: see scripted_library.cpp.
 #pragma once
 
@@ -27,6 +27,7 @@ class ToolRun : public testing::Test {
   void SetUp() override;
   void TearDown() override;
 
+  static Outcome RunToolIn(const std::filesystem::path& programs, const std::string& arguments);
   static Outcome RunReal(const std::string& arguments);
   static Outcome RunScripted(const std::string& arguments);
 

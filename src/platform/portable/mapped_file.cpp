@@ -18,7 +18,7 @@ namespace {
 std::atomic<MappedFile*> newestFile = nullptr;
 
 // Fewer pages aren't worth a system call.
-constexpr size_t leastPassed = 4 << 20;
+constexpr size_t leastPassed = 1 << 20;
 
 void* MapBytes(const char* path, size_t size) {
   const int file = open(path, O_RDONLY | O_CLOEXEC);

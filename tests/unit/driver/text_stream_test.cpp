@@ -250,6 +250,14 @@ TEST(TextStreamBorder, nothing_behind_an_end_mark_is_read_in_a_later_chunk) {
   EXPECT_EQ(1u, Lines(bytes).size());
 }
 
+TEST(TextStream, a_small_file_takes_little_memory) {
+  TemporaryFile file("A\nB\n");
+  TextStream stream;
+  ASSERT_TRUE(OpenText(stream, file.Path()));
+  EXPECT_TRUE(stream.complete);
+  EXPECT_LT(stream.kept.capacity(), 1000u);
+}
+
 // TELL AND SEEK
 
 void ExpectSameLinesAfterSeeks(const std::string& bytes) {

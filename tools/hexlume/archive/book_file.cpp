@@ -5,12 +5,23 @@
 #include "tools/hexlume/picture/picture.h"
 
 namespace hexlume {
+namespace {
+
+std::unique_ptr<PictureBook> MakeBook(const std::string& path, const ByteSink& sink) {
+  try {
+    return MakePictureBook(sink);
+  } catch (const PictureError& error) {
+    throw OutputError(path, error.what());
+  }
+}
+
+}  // namespace
 
 BookFile::BookFile(const std::string& file, const TakeFailure& takeFailure)
     : path(file),
       failure(takeFailure),
       output(file),
-      book(MakePictureBook([this](const uint8_t* bytes, size_t size) { output.Write(bytes, size); })) {}
+      book(MakeBook(file, [this](const uint8_t* bytes, size_t size) { output.Write(bytes, size); })) {}
 
 void BookFile::Take(size_t index, const std::string& title, MetafileBytes metafile) {
   earlySize += pageSize + metafile.size();

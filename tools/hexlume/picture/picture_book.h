@@ -31,6 +31,7 @@ bool HasPictureBooks();
 // Throws PictureError if the metafile can be no page.
 void CheckPage(const MetafileBytes& metafile);
 
+// Throws PictureError if the system's part for pictures is missing.
 std::unique_ptr<PictureBook> MakePictureBook(const ByteSink& sink);
 
 }  // namespace hexlume

@@ -1,7 +1,7 @@
 #include "tools/hexlume/metafile/metafile_player.h"
 #include "tools/hexlume/picture/pdf_book.h"
-#include "tools/hexlume/picture/picture.h"
 #include "tools/hexlume/picture/picture_book.h"
+#include "tools/hexlume/picture/picture_writers.h"
 #include "tools/hexlume/picture/png_file.h"
 #include "tools/hexlume/picture/raster_canvas.h"
 #include "tools/hexlume/picture/svg_canvas.h"
@@ -22,6 +22,8 @@ void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
   if (!PlayMetafile(metafile.data(), metafile.size(), canvas))
     throw PictureError("the metafile is malformed");
 }
+
+}  // namespace
 
 void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
@@ -44,21 +46,6 @@ void WritePdfPicture(const MetafileBytes& metafile, const PictureSettings&, cons
   PdfBook book(sink);
   book.AddPage(metafile, "");
   book.Finish();
-}
-
-}  // namespace
-
-const std::vector<PictureKind>& PictureKinds() {
-  static const std::vector<PictureKind> kinds = {
-      {"png", "Write a picture of the metafile", true, false, WritePngPicture},
-      {"svg", "Write the same as an SVG file, in strokes", false, true, WriteSvgPicture},
-      {"pdf", "Write the same as a PDF file of one page", false, false, WritePdfPicture},
-  };
-  return kinds;
-}
-
-bool HasPictureBooks() {
-  return true;
 }
 
 void CheckPage(const MetafileBytes& metafile) {
