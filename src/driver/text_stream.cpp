@@ -66,7 +66,7 @@ std::unique_ptr<TextSource> OpenFile(const char* path) {
 // Takes the memory for all bytes that are expected, as to move those of a large file takes as long as to read them.
 void ReserveMemory(TextStream& stream) {
   try {
-    stream.kept.reserve(std::min(stream.source->ExpectedSize() + chunkSize, largestSize));
+    stream.kept.reserve(std::min(stream.source->ExpectedSize() + 1, largestSize));
   } catch (const std::bad_alloc&) {
     // Then it is taken as needed, which is less if the text has an end mark.
   }
@@ -91,11 +91,12 @@ size_t FetchBytes(TextStream& stream, size_t wanted) {
 bool Fetch(TextStream& stream) {
   if (stream.complete) return false;
   const auto oldSize = static_cast<size_t>(stream.size);
-  const size_t got = FetchBytes(stream, std::min(chunkSize, largestSize - oldSize));
+  const size_t wanted = std::min(NextRead(*stream.source, oldSize, chunkSize), largestSize - oldSize);
+  const size_t got = FetchBytes(stream, wanted);
   const char* const fetched = stream.bytes + oldSize;
   const void* const textEnd = got > 0 ? std::memchr(fetched, endOfText, got) : nullptr;
   const size_t added = textEnd ? static_cast<size_t>(static_cast<const char*>(textEnd) - fetched) : got;
-  stream.complete = got < chunkSize || textEnd;
+  stream.complete = got < wanted || wanted == 0 || textEnd;
   stream.size += static_cast<int32_t>(added);
   AllowWork(stream.size);
   return added > 0;
