@@ -67,6 +67,8 @@ fuzz() {
   make_seeds "$target"
   [ "$target" != metafile ] || seeds=metafiles
   mkdir -p "$folder/corpus/$target" "$folder/findings" "fuzz/corpus/$target"
+  # Freed memory is kept as long as a run lasts, not for the thousand runs after it: new pages cost a fifth of the time.
+  export ASAN_OPTIONS=quarantine_size_mb=2:thread_local_quarantine_size_kb=16:malloc_context_size=6${ASAN_OPTIONS:+:$ASAN_OPTIONS}
   # Without -entropic=0 a third of the time is spent on which input is changed next.
   exec "$folder/bin/hexlume_${target}_fuzz" "$folder/corpus/$target" "fuzz/corpus/$target" "$folder/seeds/$seeds" \
     -dict=fuzz/dxf.dict -artifact_prefix="$folder/findings/$target-" -max_total_time="$seconds" -max_len=900 -entropic=0 \

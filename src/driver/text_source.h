@@ -1,6 +1,7 @@
 // Where the bytes of a drawing come from.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -30,6 +31,13 @@ class TextSource {
   // Of bytes in memory: says that those before this place were read. They remain valid.
   virtual void Passed(size_t) {}
 };
+
+// How much to read next after so many bytes: a chunk, or what is expected and a byte more, which shows the end.
+// Memory for a whole chunk would have to be cleared for each small drawing.
+inline size_t NextRead(const TextSource& source, size_t taken, size_t chunk) {
+  const size_t expected = source.ExpectedSize();
+  return taken < expected ? std::min(chunk, expected - taken + 1) : chunk;
+}
 
 // Opens what a conversion's path names; null if it can't be opened.
 using SourceOpener = std::unique_ptr<TextSource> (*)(const char* path);

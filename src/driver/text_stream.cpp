@@ -87,25 +87,16 @@ size_t FetchBytes(TextStream& stream, size_t wanted) {
   return got;
 }
 
-// Returns the size of the next chunk: the rest of what is expected, and one byte that isn't there at the end. To clear the
-// memory of a whole chunk takes longer than to read a small file.
-size_t NextChunk(const TextStream& stream) {
-  const auto size = static_cast<size_t>(stream.size);
-  const size_t expected = stream.source->ExpectedSize();
-  const size_t chunk = expected > size ? std::min(expected - size + 1, chunkSize) : chunkSize;
-  return std::min(chunk, largestSize - size);
-}
-
 // Reads the next chunk of the file. Returns false if there is no more text.
 bool Fetch(TextStream& stream) {
   if (stream.complete) return false;
   const auto oldSize = static_cast<size_t>(stream.size);
-  const size_t wanted = NextChunk(stream);
+  const size_t wanted = std::min(NextRead(*stream.source, oldSize, chunkSize), largestSize - oldSize);
   const size_t got = FetchBytes(stream, wanted);
   const char* const fetched = stream.bytes + oldSize;
   const void* const textEnd = got > 0 ? std::memchr(fetched, endOfText, got) : nullptr;
   const size_t added = textEnd ? static_cast<size_t>(static_cast<const char*>(textEnd) - fetched) : got;
-  stream.complete = got < wanted || textEnd || oldSize + got == largestSize;
+  stream.complete = got < wanted || wanted == 0 || textEnd;
   stream.size += static_cast<int32_t>(added);
   AllowWork(stream.size);
   return added > 0;

@@ -28,6 +28,7 @@ class MemorySource : public TextSource {
     left -= part;
     return part;
   }
+  size_t ExpectedSize() const override { return whole.size(); }
   bool HasFailed() const override { return false; }
 
  private:

@@ -103,13 +103,20 @@ bool RecentFormat::HasFailed() const {
   return inner->HasFailed();
 }
 
+// Of what it reads: what it gives is seldom longer.
+size_t RecentFormat::ExpectedSize() const {
+  return inner->ExpectedSize();
+}
+
 bool RecentFormat::FetchRaw() {
   if (rawEnded) return false;
   const size_t before = raw.size();
-  raw.resize(before + rawChunk);
-  const size_t got = inner->Read(raw.data() + before, rawChunk);
+  const size_t wanted = NextRead(*inner, rawTaken, rawChunk);
+  raw.resize(before + wanted);
+  const size_t got = inner->Read(raw.data() + before, wanted);
   raw.resize(before + got);
-  rawEnded = got < rawChunk;
+  rawTaken += got;
+  rawEnded = got < wanted;
   return got > 0;
 }
 

@@ -37,6 +37,7 @@ class RecentFormat : public TextSource {
   RecentFormat(std::unique_ptr<TextSource> inner, FormatChanges& changes);
 
   size_t Read(char* buffer, size_t size) override;
+  size_t ExpectedSize() const override;
   bool HasFailed() const override;
 
  private:
@@ -52,6 +53,7 @@ class RecentFormat : public TextSource {
   bool isRecent = false;
   bool rawEnded = false;
   std::string raw;          // fetched, not converted yet
+  size_t rawTaken = 0;      // bytes fetched in all
   size_t rawScanned = 0;    // of raw: holds no line end
   std::string text;         // converted
   size_t textTaken = 0;     // of text, by Read

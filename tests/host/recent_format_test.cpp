@@ -13,17 +13,19 @@ namespace {
 
 class BytesSource : public TextSource {
  public:
-  explicit BytesSource(std::string text) : bytes(std::move(text)) {}
+  BytesSource(std::string text, size_t expectedSize) : bytes(std::move(text)), expected(expectedSize) {}
   size_t Read(char* buffer, size_t size) override {
     const size_t part = std::min(size, bytes.size() - taken);
     std::memcpy(buffer, bytes.data() + taken, part);
     taken += part;
     return part;
   }
+  size_t ExpectedSize() const override { return expected; }
   bool HasFailed() const override { return false; }
 
  private:
   std::string bytes;
+  size_t expected;
   size_t taken = 0;
 };
 
@@ -37,7 +39,7 @@ class RecentFormatTest : public testing::Test {
   // Read in parts of this size.
   std::string Given(const std::string& bytes, size_t part = 100000) {
     changes = {};
-    RecentFormat format(std::make_unique<BytesSource>(bytes), changes);
+    RecentFormat format(std::make_unique<BytesSource>(bytes, expected), changes);
     std::string given;
     std::string buffer(part, '\0');
     for (;;) {
@@ -48,6 +50,7 @@ class RecentFormatTest : public testing::Test {
   }
 
   FormatChanges changes;
+  size_t expected = 0;  // the size that the bytes say they have
 };
 
 TEST_F(RecentFormatTest, an_older_drawing_passes_unchanged) {
@@ -158,6 +161,13 @@ TEST_F(RecentFormatTest, long_drawings_are_the_same_in_any_parts) {
   EXPECT_EQ(to, Given(from));
   EXPECT_EQ(to, Given(from, 4099));
   EXPECT_EQ(40000, changes.embedded);
+}
+
+TEST_F(RecentFormatTest, all_is_converted_whatever_size_was_expected) {
+  const std::string from = recent + "1\n" + utf8 + "\n0\nEOF\n";
+  // The version is in the first read in each case.
+  for (expected = recent.size(); expected < from.size() + 3; ++expected)
+    EXPECT_EQ(recent + "1\n" + codePage932 + "\n0\nEOF\n", Given(from)) << expected;
 }
 
 // Group by group and line by line, as the rule is told. Lines of at most 254 bytes.

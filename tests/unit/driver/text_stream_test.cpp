@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "driver/text_source.h"
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
@@ -256,6 +259,50 @@ TEST(TextStream, a_small_file_takes_little_memory) {
   ASSERT_TRUE(OpenText(stream, file.Path()));
   EXPECT_TRUE(stream.complete);
   EXPECT_LT(stream.kept.capacity(), 1000u);
+}
+
+// EXPECTED SIZES
+
+// Bytes in memory that say another number of them.
+class MisjudgedSource : public TextSource {
+ public:
+  MisjudgedSource(std::string text, size_t expectedSize) : bytes(std::move(text)), expected(expectedSize) {}
+
+  size_t Read(char* buffer, size_t size) override {
+    const size_t part = bytes.copy(buffer, size, taken);
+    taken += part;
+    return part;
+  }
+  size_t ExpectedSize() const override { return expected; }
+  bool HasFailed() const override { return false; }
+
+ private:
+  std::string bytes;
+  size_t expected;
+  size_t taken = 0;
+};
+
+const std::string* misjudgedBytes = nullptr;
+size_t misjudgedSize = 0;
+
+std::unique_ptr<TextSource> OpenMisjudged(const char*) {
+  return std::make_unique<MisjudgedSource>(*misjudgedBytes, misjudgedSize);
+}
+
+TEST(TextStreamExpectedSize, all_lines_are_read_whatever_size_was_expected) {
+  const SourceOpener files = openSource;
+  openSource = OpenMisjudged;
+  for (const size_t size : {size_t{128}, chunkSize, chunkSize + 640}) {
+    const std::string bytes = LinesAcrossBorder(0).substr(0, size);
+    misjudgedBytes = &bytes;
+    // 64 is a line's end; a read of just what was expected ends there as well.
+    for (const size_t expected :
+         {size_t{0}, size_t{1}, size_t{63}, size_t{64}, size - 1, size, size + 1, 4 * chunkSize}) {
+      misjudgedSize = expected;
+      EXPECT_EQ(ExpectedLines(bytes), Lines(bytes)) << size << " " << expected;
+    }
+  }
+  openSource = files;
 }
 
 // TELL AND SEEK
