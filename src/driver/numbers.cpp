@@ -56,11 +56,6 @@ bool IsTooLarge(const char* number) {
 
 }  // namespace
 
-int32_t Trunc(double value) {
-  if (!(value > -2147483649.0 && value < 2147483648.0)) return std::numeric_limits<int32_t>::min();
-  return static_cast<int32_t>(value);
-}
-
 int32_t Atoi(const char* text) {
   text = SkipSpace(text);
   const bool negative = *text == '-';
