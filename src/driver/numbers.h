@@ -37,6 +37,8 @@ int32_t Atoi(const char* text);
 double Atof(const char* text);
 
 // The value of a group in model units, times 100: the unit of all coordinates and lengths of the model.
-double Hundredths(const char* value);
+inline double Hundredths(const char* value) {
+  return Atof(value) * 100.0;
+}
 
 }  // namespace hexlume
