@@ -33,8 +33,7 @@ class NamedTable {
   // Return null if no entry has the name, compared byte by byte.
   const Entry* FindFirst(const char* name) const {
     // Entities of one layer often follow each other.
-    if (lastFound != nothing && std::strcmp(name, entries[lastFound].name) == 0)
-      return &entries[lastFound];
+    if (lastFound != nothing && std::strcmp(name, entries[lastFound].name) == 0) return &entries[lastFound];
     CountLookup();
     if (places.empty()) return nullptr;
     const auto found = places.find(std::string_view(name));
