@@ -14,7 +14,11 @@ char ToLower(char c) {
 bool ReplaceLayerZero() {
   static_assert(sizeof state.groupValue == sizeof state.insertLayer);
   if (std::strcmp(state.groupValue, "0") != 0) return false;
-  std::memcpy(state.groupValue, state.insertLayer, sizeof state.groupValue);
+  // Byte by byte, as most names are shorter than what a call takes.
+  const char* from = state.insertLayer;
+  char* to = state.groupValue;
+  while ((*to++ = *from++) != '\0') {
+  }
   return true;
 }
 
