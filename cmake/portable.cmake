@@ -49,8 +49,9 @@ set(PLATFORM_SOURCES
 )
 set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
 
-# Only the exports are visible outside the library.
+# Only the exports are visible outside the library, so functions are inlined as in a program.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+target_compile_options(hexlume_options INTERFACE -fno-semantic-interposition)
 set(EXPORTS_SOURCES src/driver/hexlume.map)
 set(LIBRARY_PROPERTIES OUTPUT_NAME hexlume VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
   LINK_DEPENDS ${CMAKE_SOURCE_DIR}/src/driver/hexlume.map)

@@ -54,12 +54,4 @@ void FreeTables() {
   state.blocks = {};
 }
 
-COLORREF ColorAt(int32_t index) {
-  // A block entity whose layer isn't in the table has index -1. It is drawn in the colour 7 (nearly black),
-  // the value of the field colorCount.
-  if (index == -1) return static_cast<COLORREF>(state.colorCount);
-  if (index < 0 || index > 7) return state.colorTable[0];
-  return state.colorTable[index];
-}
-
 }  // namespace hexlume

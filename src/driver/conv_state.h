@@ -186,6 +186,12 @@ void ResetConvState();
 void FreeTables();
 
 // Returns the colour of an index. Index -1 gives colorCount; any other index outside the table gives black.
-COLORREF ColorAt(int32_t index);
+// A block entity whose layer isn't in the table has this index. It is drawn in the colour 7 (nearly black), the value of the
+// field colorCount.
+inline COLORREF ColorAt(int32_t index) {
+  if (index == -1) return static_cast<COLORREF>(state.colorCount);
+  if (index < 0 || index > 7) return state.colorTable[0];
+  return state.colorTable[index];
+}
 
 }  // namespace hexlume

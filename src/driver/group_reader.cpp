@@ -102,7 +102,7 @@ int32_t ReadAnyGroup(TextStream& stream) {
 void PassKeptGroups(TextStream& stream) {
   const KeptGroup* group = stream.nextKept;
   if (group->place != Tell(stream)) return;
-  while (group->code != 0 && group[1].place != noKeptGroup.place) ++group;
+  while (group->inEntity > 0) group += group->inEntity;
   stream.nextKept = group;
   Seek(stream, group->place);
 }
@@ -137,10 +137,6 @@ int32_t PassToEntity(TextStream& stream) {
     more = ReadGroup(stream);
   } while (more && state.groupCode != 0);
   return more;
-}
-
-bool AtGroup(int32_t code, const char* value) {
-  return state.groupCode == code && std::strcmp(state.groupValue, value) == 0;
 }
 
 }  // namespace hexlume

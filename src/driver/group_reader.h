@@ -12,6 +12,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "driver/conv_state.h"
 #include "driver/text_stream.h"
@@ -45,6 +46,8 @@ int32_t ReadTextGroup(TextStream& stream);
 int32_t PassToEntity(TextStream& stream);
 
 // Returns whether the current group has this code and exactly this value.
-bool AtGroup(int32_t code, const char* value);
+inline bool AtGroup(int32_t code, const char* value) {
+  return state.groupCode == code && std::strcmp(state.groupValue, value) == 0;
+}
 
 }  // namespace hexlume

@@ -1,6 +1,7 @@
 #include "driver/kept_groups.h"
 
 #include <cstring>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -10,7 +11,7 @@
 
 namespace hexlume {
 
-const KeptGroup noKeptGroup = {0.0, "", -1, -1, 0, 0};
+const KeptGroup noKeptGroup = {0.0, "", -1, -1, 0, 0, 0};
 
 namespace {
 
@@ -35,6 +36,16 @@ class ReaderPlace {
   int32_t code;
   char value[textSize];
 };
+
+void CountInEntities(std::vector<KeptGroup>& groups) {
+  uint16_t count = 0;
+  for (size_t i = groups.size(); i-- > 0;) {
+    const bool isLast = i + 1 == groups.size();
+    const bool isFull = count == std::numeric_limits<uint16_t>::max();
+    count = isLast || groups[i].code == 0 ? 0 : static_cast<uint16_t>(count + !isFull);
+    groups[i].inEntity = count;
+  }
+}
 
 }  // namespace
 
@@ -63,10 +74,11 @@ void KeptGroups::Read(Block& block, TextStream& stream) {
     if (size > room) break;
     room -= size;
     groups.push_back({Atof(state.groupValue), nullptr, place, Tell(stream), state.groupCode,
-                      static_cast<int32_t>(length)});
+                      static_cast<uint16_t>(length), 0});
     text.insert(text.end(), state.groupValue, state.groupValue + length + 1);
     place = Tell(stream);
   }
+  CountInEntities(groups);
   groups.push_back(noKeptGroup);
   groups.shrink_to_fit();
   text.resize(text.size() + shortKeptValue);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <string>
@@ -30,11 +31,12 @@ class NamedTable {
   }
 
   // Return null if no entry has the name, compared byte by byte.
-  const Entry* FindFirst(std::string_view name) const {
+  const Entry* FindFirst(const char* name) const {
     // Entities of one layer often follow each other.
-    if (lastFound < entries.size() && name == entries[lastFound].name) return &entries[lastFound];
+    if (lastFound != nothing && std::strcmp(name, entries[lastFound].name) == 0) return &entries[lastFound];
     CountLookup();
-    const auto found = places.find(name);
+    if (places.empty()) return nullptr;
+    const auto found = places.find(std::string_view(name));
     if (found == places.end()) return nullptr;
     lastFound = found->second.first;
     return &entries[lastFound];

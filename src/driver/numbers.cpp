@@ -54,12 +54,23 @@ bool IsTooLarge(const char* number) {
   return power + (negative ? -exponent : exponent) > 0;
 }
 
-}  // namespace
-
-int32_t Trunc(double value) {
-  if (!(value > -2147483649.0 && value < 2147483648.0)) return std::numeric_limits<int32_t>::min();
-  return static_cast<int32_t>(value);
+// A function of its own, so that Atof needs little of the stack.
+[[gnu::noinline]] double ParseLongNumber(const char* text) {
+  double value = 0.0;
+  auto result = ParseDouble(text, text + std::strlen(text), value);
+  std::string rewritten;
+  if (IsExponent(result.ptr)) {  // ParseDouble accepts e, but not d
+    rewritten = text;
+    rewritten[static_cast<size_t>(result.ptr - text)] = 'e';
+    text = rewritten.c_str();
+    result = ParseDouble(text, text + rewritten.size(), value);
+  }
+  if (result.ec == std::errc::result_out_of_range)
+    value = IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
+  return value;
 }
+
+}  // namespace
 
 int32_t Atoi(const char* text) {
   text = SkipSpace(text);
@@ -79,22 +90,8 @@ double Atof(const char* text) {
   if (!IsDigit(text[0]) && !(text[0] == '.' && IsDigit(text[1]))) return 0.0;
 
   double value = 0.0;
-  if (ParseShortNumber(text, value)) return negative ? -value : value;
-  auto result = ParseDouble(text, text + std::strlen(text), value);
-  std::string rewritten;
-  if (IsExponent(result.ptr)) {  // ParseDouble accepts e, but not d
-    rewritten = text;
-    rewritten[static_cast<size_t>(result.ptr - text)] = 'e';
-    text = rewritten.c_str();
-    result = ParseDouble(text, text + rewritten.size(), value);
-  }
-  if (result.ec == std::errc::result_out_of_range)
-    value = IsTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
+  if (!ParseShortNumber(text, value)) value = ParseLongNumber(text);
   return negative ? -value : value;
-}
-
-double Hundredths(const char* value) {
-  return Atof(value) * 100.0;
 }
 
 }  // namespace hexlume

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 namespace hexlume {
 
 // Truncates a double to an int32. NaN and values out of range give INT32_MIN.
-int32_t Trunc(double value);
+inline int32_t Trunc(double value) {
+  if (!(value > -2147483649.0 && value < 2147483648.0)) return std::numeric_limits<int32_t>::min();
+  return static_cast<int32_t>(value);
+}
 
 // Sheet arithmetic wraps around, so that extreme coordinates have defined results.
 constexpr int32_t WrapAdd(int32_t a, int32_t b) {
@@ -33,6 +37,8 @@ int32_t Atoi(const char* text);
 double Atof(const char* text);
 
 // The value of a group in model units, times 100: the unit of all coordinates and lengths of the model.
-double Hundredths(const char* value);
+inline double Hundredths(const char* value) {
+  return Atof(value) * 100.0;
+}
 
 }  // namespace hexlume

@@ -10,6 +10,7 @@
 #include "driver/work_budget.h"
 #include "platform/fault_guard.h"
 #include "platform/file_size.h"
+#include "platform/find_byte.h"
 #include "platform/mapped_file.h"
 
 namespace hexlume {
@@ -94,8 +95,8 @@ bool Fetch(TextStream& stream) {
   const size_t wanted = std::min(NextRead(*stream.source, oldSize, chunkSize), largestSize - oldSize);
   const size_t got = FetchBytes(stream, wanted);
   const char* const fetched = stream.bytes + oldSize;
-  const void* const textEnd = got > 0 ? std::memchr(fetched, endOfText, got) : nullptr;
-  const size_t added = textEnd ? static_cast<size_t>(static_cast<const char*>(textEnd) - fetched) : got;
+  const char* const textEnd = got > 0 ? FindByte(fetched, got, endOfText) : nullptr;
+  const size_t added = textEnd ? static_cast<size_t>(textEnd - fetched) : got;
   stream.complete = got < wanted || wanted == 0 || textEnd;
   stream.size += static_cast<int32_t>(added);
   AllowWork(stream.size);

@@ -3,10 +3,10 @@
 
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 #include "driver/kept_groups.h"
 #include "driver/text_source.h"
+#include "driver/uncleared_bytes.h"
 
 namespace hexlume {
 
@@ -15,7 +15,7 @@ namespace hexlume {
 // index into them.
 struct TextStream {
   std::unique_ptr<TextSource> source;  // null if all of the text is in kept
-  std::vector<char> kept;              // what was read, if the source itself isn't in memory
+  UnclearedBytes kept;                 // what was read, if the source itself isn't in memory
   const char* bytes = nullptr;         // fetched so far, without the end mark
   int32_t size = 0;                    // their number
   bool complete = false;               // the whole text has been fetched

@@ -2,14 +2,24 @@
 
 #include <cstring>
 
-#include "driver/bounded_copy.h"
-
 namespace hexlume {
 
 namespace {
 
 char ToLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// Applied to the current group. Returns whether it names layer "0", which is replaced by that of the INSERT.
+bool ReplaceLayerZero() {
+  static_assert(sizeof state.groupValue == sizeof state.insertLayer);
+  if (std::strcmp(state.groupValue, "0") != 0) return false;
+  // Byte by byte, as most names are shorter than what a call takes.
+  const char* from = state.insertLayer;
+  char* to = state.groupValue;
+  while ((*to++ = *from++) != '\0') {
+  }
+  return true;
 }
 
 // The colour for a group 62 of the drawing. 0 (by block) keeps color if the entity inherits,
@@ -58,13 +68,12 @@ void ResolveDimInsertLinetype(const char* value, LineStyle& style, int32_t& inhe
 }
 
 bool ResolveInsertLayer(LineStyle& style, int32_t& color) {
-  if (std::strcmp(state.groupValue, "0") == 0) BoundedCopy(state.groupValue, state.insertLayer);
+  ReplaceLayerZero();
   return ResolveLayer(state.groupValue, style, color);
 }
 
 bool ResolveInheritedLayer(LineStyle& style, int32_t& color, int32_t insertColor, int32_t& inherit) {
-  if (std::strcmp(state.groupValue, "0") == 0) {
-    BoundedCopy(state.groupValue, state.insertLayer);
+  if (ReplaceLayerZero()) {
     color = -1;
     inherit = 1;
   }

@@ -49,23 +49,6 @@ void ResolveLinetype(const char* value, LineStyle& style) {
   }
 }
 
-bool IsLayerExcluded(const char* name) {
-  return state.excludedLayers.FindFirst(name) != nullptr;
-}
-
-const LayerEntry* FindLayer(const char* name) {
-  return state.layers.FindFirst(name);
-}
-
-bool ResolveLayer(const char* name, LineStyle& style, int32_t& color) {
-  if (IsLayerExcluded(name)) return false;
-  if (const LayerEntry* layer = FindLayer(name)) {
-    style = {layer->family, layer->pattern, layer->width};
-    color = layer->color;
-  }
-  return true;
-}
-
 int32_t ResolveWidth(const char* value) {
   return Atoi(value) / 100;
 }
@@ -108,30 +91,7 @@ Dashes DashesOf(const LineStyle& style) {
   return {elements, ElementsOfFamily(style.family)};
 }
 
-bool LinetypeFilter(int32_t family) {
-  const auto& excluded = state.excludedLtypes;
-  return std::find(excluded.begin(), excluded.end(), family) != excluded.end();
-}
-
-void MonochromeRule(int32_t& color) {
-  if (state.monochrome != 0) color = 0;
-}
-
-POINT ModelToSheet(double x, double y) {
-  return {Trunc((x - state.originX) / state.drawScale + state.shiftX),
-          Trunc((y - state.originY) / state.drawScale - state.sheetHeightF + state.shiftY)};
-}
-
-double BlockX(double value, double blockOriginX) {
-  return value * 100.0 * state.insertScaleX + blockOriginX;
-}
-
-double BlockY(double value, double blockOriginY) {
-  return value * 100.0 * state.insertScaleY + blockOriginY;
-}
-
-void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY) {
-  if (state.insertAngle == 0.0) return;
+void TurnByAngle(double& x, double& y, double blockOriginX, double blockOriginY) {
   // The pivot is the block's origin and not the insertion point, so a turned block with a base point other
   // than (0, 0) is displaced.
   const double cosine = std::cos(state.insertAngle);
@@ -140,11 +100,6 @@ void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOrig
   const double dy = y - blockOriginY;
   x = dx * cosine + blockOriginX - dy * sine;
   y = dx * sine + blockOriginY + dy * cosine;
-}
-
-POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY) {
-  TurnAboutOrigin(x, y, blockOriginX, blockOriginY);
-  return ModelToSheet(x, y);
 }
 
 namespace {

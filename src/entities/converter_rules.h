@@ -3,6 +3,7 @@
 // the twin says so.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "canvas/canvas.h"
@@ -51,14 +52,25 @@ void CountLinetype();
 void ResolveLinetype(const char* value, LineStyle& style);
 
 // Whether the user has excluded this layer.
-bool IsLayerExcluded(const char* name);
+inline bool IsLayerExcluded(const char* name) {
+  return state.excludedLayers.FindFirst(name) != nullptr;
+}
 
 // The first layer with this name in the table, or null.
-const LayerEntry* FindLayer(const char* name);
+inline const LayerEntry* FindLayer(const char* name) {
+  return state.layers.FindFirst(name);
+}
 
 // Group 8: takes the layer's style and colour. Returns false if the user has excluded the layer: the
 // converter then returns.
-bool ResolveLayer(const char* name, LineStyle& style, int32_t& color);
+inline bool ResolveLayer(const char* name, LineStyle& style, int32_t& color) {
+  if (IsLayerExcluded(name)) return false;
+  if (const LayerEntry* layer = FindLayer(name)) {
+    style = {layer->family, layer->pattern, layer->width};
+    color = layer->color;
+  }
+  return true;
+}
 
 // Group 39: the thickness divided by 100 is used as the pen width, so a thickness below 100 gives 0.
 int32_t ResolveWidth(const char* value);
@@ -68,25 +80,43 @@ int32_t ResolveWidth(const char* value);
 int32_t ResolveColor(int32_t number);
 
 // Whether the user has excluded the line types of this dash family.
-bool LinetypeFilter(int32_t family);
+inline bool LinetypeFilter(int32_t family) {
+  const auto& excluded = state.excludedLtypes;
+  return std::find(excluded.begin(), excluded.end(), family) != excluded.end();
+}
 
 // Makes the colour black in monochrome.
-void MonochromeRule(int32_t& color);
+inline void MonochromeRule(int32_t& color) {
+  if (state.monochrome != 0) color = 0;
+}
 
 // Converts a point in model units times 100 to the sheet. Y is 0 at the sheet's top edge and
 // negative below it.
-POINT ModelToSheet(double x, double y);
+inline POINT ModelToSheet(double x, double y) {
+  return {Trunc((x - state.originX) / state.drawScale + state.shiftX),
+          Trunc((y - state.originY) / state.drawScale - state.sheetHeightF + state.shiftY)};
+}
 
 // Converts a coordinate read in a block to model units times 100, with the insert's current scales.
-double BlockX(double value, double blockOriginX);
-double BlockY(double value, double blockOriginY);
+inline double BlockX(double value, double blockOriginX) {
+  return value * 100.0 * state.insertScaleX + blockOriginX;
+}
+inline double BlockY(double value, double blockOriginY) {
+  return value * 100.0 * state.insertScaleY + blockOriginY;
+}
 
 // Turns a point about the block's origin by the insert's angle. The point is a result of BlockX and BlockY.
-void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY);
+void TurnByAngle(double& x, double& y, double blockOriginX, double blockOriginY);
+inline void TurnAboutOrigin(double& x, double& y, double blockOriginX, double blockOriginY) {
+  if (state.insertAngle != 0.0) TurnByAngle(x, y, blockOriginX, blockOriginY);
+}
 
 // Turns a point by the insert's angle and converts it to the sheet. The point is a result of
 // BlockX and BlockY.
-POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY);
+inline POINT BlockTransform(double x, double y, double blockOriginX, double blockOriginY) {
+  TurnAboutOrigin(x, y, blockOriginX, blockOriginY);
+  return ModelToSheet(x, y);
+}
 
 // Whether a point is in the view or on its edges.
 bool LiesInView(const ViewRect& view, const POINT& point);

@@ -23,7 +23,8 @@ template <typename Run, size_t count>
 const ConverterRow<Run>* FindConverter(const ConverterRow<Run> (&rows)[count]) {
   if (state.groupCode != 0) return nullptr;
   const auto found = std::find_if(std::begin(rows), std::end(rows), [](const ConverterRow<Run>& row) {
-    return std::strcmp(state.groupValue, row.keyword) == 0;
+    // Most rows differ in the first letter.
+    return *state.groupValue == *row.keyword && std::strcmp(state.groupValue, row.keyword) == 0;
   });
   return found == std::end(rows) ? nullptr : found;
 }

@@ -9,6 +9,7 @@
 #include "driver/group_reader.h"
 #include "entities/block_rules.h"
 #include "entities/converter_rules.h"
+#include "entities/kept_line.h"
 #include "entities/styled_strokes.h"
 
 namespace hexlume {
@@ -48,7 +49,7 @@ int32_t DrawBlockLine(const BlockRun& run) {
   int32_t inherit = 0;
   state.blockColor = 0;
   int32_t more = ReadGroup(run.stream);
-  for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
+  for (; more && state.groupCode != 0; more = ReadLineGroup(run)) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 6: ResolveBlockLinetype(value, style, inherit); break;

@@ -21,6 +21,7 @@ namespace {
 
 struct Guard {
   Guard* outer;
+  const std::fenv_t* control;  // restored after a fault: that of the outermost guard, as no run changes it
   sigjmp_buf resume;
 };
 
@@ -151,11 +152,10 @@ class ThreadSetup {
   }
 }
 
-void RunInnermost(void (*run)(void* context), void* context) {
-  std::fenv_t control;
-  std::fegetenv(&control);
+void RunInnermost(void (*run)(void* context), void* context, const std::fenv_t& control) {
   Guard guard;
   guard.outer = innermost;
+  guard.control = &control;
   const bool returned = RunToReturn(run, context, guard);
   innermost = guard.outer;
   if (returned) return;
@@ -165,14 +165,17 @@ void RunInnermost(void (*run)(void* context), void* context) {
 
 [[gnu::noinline]] void RunOutermost(void (*run)(void* context), void* context) {
   const ThreadSetup setup;
-  RunInnermost(run, context);
+  // Takes as long as two strokes, too long for each block.
+  std::fenv_t control;
+  std::fegetenv(&control);
+  RunInnermost(run, context, control);
 }
 
 }  // namespace
 
 void RunGuarded(void (*run)(void* context), void* context) {
   if (innermost) {
-    RunInnermost(run, context);
+    RunInnermost(run, context, *innermost->control);
   } else {
     RunOutermost(run, context);
   }

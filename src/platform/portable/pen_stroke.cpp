@@ -23,7 +23,7 @@ static_assert(sizeof(EmfStrokeRecords) ==
               sizeof(EmfCreatePenRecord) + 3 * sizeof(EmfObjectRecord) + 2 * sizeof(EmfPointRecord));
 
 // Returns false and appends nothing if memory or the metafile has no room, or if the selected pen may need records of its own.
-bool StrokeAtOnce(DeviceContext& dc, int width, COLORREF color, const POINT& start, const POINT& end) {
+bool StrokeAtOnce(DeviceContext& dc, int width, COLORREF color, POINT start, POINT end) {
   if (dc.pen->stockNumber == notAStockObject) return false;
   try {
     const uint32_t pen = dc.handles.NextIndex();
@@ -48,7 +48,7 @@ bool StrokeAtOnce(DeviceContext& dc, int width, COLORREF color, const POINT& sta
 
 }  // namespace
 
-void StrokeLine(HDC dc, int width, COLORREF color, const POINT& start, const POINT& end) {
+void StrokeLine(HDC dc, int width, COLORREF color, POINT start, POINT end) {
   if (!IsOpen(dc) || !StrokeAtOnce(*dc, width, color, start, end))
     StrokeByCalls(dc, width, color, start, end);
 }

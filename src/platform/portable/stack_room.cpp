@@ -31,7 +31,7 @@ Stack StackOfThread() {
 
 bool HasStackRoom() {
   // Determined once per thread, because for the main thread it reads a file of the system.
-  thread_local const Stack stack = StackOfThread();
+  [[gnu::tls_model("initial-exec")]] thread_local const Stack stack = StackOfThread();
   const auto here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
   // On a stack that a host has made itself, the end isn't known.
   if (here < stack.low || here - stack.low >= stack.size) return true;

@@ -2,7 +2,7 @@
 
 namespace hexlume {
 
-void StrokeLine(HDC dc, int width, COLORREF color, const POINT& start, const POINT& end) {
+void StrokeLine(HDC dc, int width, COLORREF color, POINT start, POINT end) {
   StrokeByCalls(dc, width, color, start, end);
 }
 

@@ -33,7 +33,7 @@ class NumberedTable {
   }
 
   // The number of the entry found, -1 if there is none.
-  int32_t First(std::string_view name) const { return NumberOf(table.FindFirst(name)); }
+  int32_t First(const std::string& name) const { return NumberOf(table.FindFirst(name.c_str())); }
   int32_t Last(std::string_view name) const { return NumberOf(table.FindLast(name)); }
 
   NamedTable<Entry> table;

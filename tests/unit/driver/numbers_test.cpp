@@ -187,6 +187,19 @@ TEST(Atof, numbers_of_any_number_of_digits_are_rounded_alike) {
   }
 }
 
+// 2^53 = 9007199254740992 and the numbers about it, at which the short path ends, with the point at any place.
+TEST(Atof, the_largest_exact_numbers_are_rounded_alike_with_any_number_of_decimals) {
+  for (int64_t number = (int64_t{1} << 53) - 20; number < (int64_t{1} << 53) + 20; ++number)
+    for (size_t point = 0; point <= 16; ++point) {
+      std::string text = std::to_string(number);
+      text.insert(point, ".");
+      double expected = 0.0;
+      std::from_chars(text.data(), text.data() + text.size(), expected);
+      ASSERT_EQ(expected, Atof(text.c_str())) << text;
+      ASSERT_EQ(-expected, Atof(("-" + text).c_str())) << text;
+    }
+}
+
 // 2^53 + 1 is in the middle between 2^53 and 2^53 + 2, 1 + 2^-53 between 1 and 1 + 2^-52.
 TEST(Atof, a_tie_goes_to_the_even_neighbour_and_any_digit_behind_breaks_it) {
   EXPECT_EQ(9007199254740992.0, Atof("9007199254740993"));

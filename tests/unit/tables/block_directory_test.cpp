@@ -135,7 +135,7 @@ TEST_F(BlockDirectoryTest, ten_thousand_blocks_are_all_found) {
   Read(blocks);
   ASSERT_EQ(10000u, state.blocks.size());
   for (int i = 0; i < 10000; ++i) {
-    const BlockEntry* block = state.blocks.FindFirst("B" + std::to_string(i));
+    const BlockEntry* block = state.blocks.FindFirst(("B" + std::to_string(i)).c_str());
     ASSERT_TRUE(block) << i;
     ASSERT_EQ("70 " + std::to_string(i), BodyOf(*block));
   }
