@@ -21,8 +21,8 @@ struct KeptGroup {
   int32_t end;        // position after it
   int32_t code;
   uint16_t length;  // of the value
-  uint16_t
-      inEntity;  // groups from this one on that are neither the next with code 0 nor the last one kept, if not more than fit
+  // Groups from this one on that are neither the next with code 0 nor the last one kept; fewer if there are too many to count.
+  uint16_t inEntity;
 };
 
 // Values with their terminating 0 up to this size are copied with one fixed size.
