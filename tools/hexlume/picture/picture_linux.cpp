@@ -2,6 +2,7 @@
 #include "tools/hexlume/picture/pdf_book.h"
 #include "tools/hexlume/picture/picture.h"
 #include "tools/hexlume/picture/picture_book.h"
+#include "tools/hexlume/picture/picture_work.h"
 #include "tools/hexlume/picture/png_file.h"
 #include "tools/hexlume/picture/raster_canvas.h"
 #include "tools/hexlume/picture/svg_canvas.h"
@@ -26,8 +27,7 @@ void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
 void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
   const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, settings);
-  constexpr double metresOfAnInch = 0.0254, usualResolution = 96;
-  RasterCanvas canvas(size.width, size.height, size.dotsPerMetre * metresOfAnInch / usualResolution);
+  RasterCanvas canvas(size.width, size.height, DotScale(size.dotsPerMetre));
   Play(metafile, canvas);
   WritePng(canvas.Finish(), size.dotsPerMetre, sink);
 }
