@@ -1,5 +1,6 @@
 // A frame of 10 by 10 mm that is 20,000 pixels wide and high: an area as large as it takes 0.3 steps for each of its
-// 400,000,000 pixels, 120,000,000. With what else it takes, 41 are within the 5,000,000,000 steps of a picture and 42 aren't.
+// 400,000,000 pixels, 120,000,000. With what else it takes, 41 are within the 4,000,000,000 steps of a picture and the 1,000 for
+// each byte of its drawing, and 42 aren't.
 #include "tools/hexlume/picture/picture_cost.h"
 
 #include <gtest/gtest.h>
@@ -18,10 +19,13 @@ Words Times(int32_t count, const Words& records) {
   return all;
 }
 
-bool IsWithin(const Words& records, PixelSize size = usual) {
+// By a drawing of a megabyte.
+bool IsWithin(const Words& records, PixelSize size = usual, int64_t drawingBytes = 1'000'000) {
   const Words metafile = SmallMetafile(records);
+  MetafileBytes bytes{BytesOf(metafile), BytesOf(metafile) + 4 * metafile.size()};
+  bytes.SetDrawingBytes(drawingBytes);
   try {
-    RequireWork({BytesOf(metafile), BytesOf(metafile) + 4 * metafile.size()}, size);
+    RequireWork(bytes, size);
     return true;
   } catch (const PictureError&) {
     return false;
@@ -48,6 +52,14 @@ TEST(PictureCost, more_dots_per_inch_allow_more) {
   EXPECT_TRUE(IsWithin(Times(82, polygon), {20000, 20000, 7560}));
   EXPECT_FALSE(IsWithin(Times(84, polygon), {20000, 20000, 7560}));
   EXPECT_FALSE(IsWithin(Times(42, polygon), {20000, 20000, 1890}));
+}
+
+// Half a megabyte allows 4,500,000,000 steps: 37 areas of 120,125,000.
+TEST(PictureCost, larger_drawings_allow_more) {
+  const Words polygon = PointsRecord(3, {0, 0, 1000, 0, 1000, -1000, 0, -1000});
+  EXPECT_TRUE(IsWithin(Times(37, polygon), usual, 500'000));
+  EXPECT_FALSE(IsWithin(Times(38, polygon), usual, 500'000));
+  EXPECT_TRUE(IsWithin(Times(42, polygon), usual, 1'100'000));
 }
 
 // A line as wide as it is long covers the same area; with its 615,000 steps for the stroke still 41 are within.

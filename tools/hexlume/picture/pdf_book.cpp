@@ -44,7 +44,7 @@ void PdfBook::AddPage(const MetafileBytes& metafile, const std::string& title) {
   RequirePage(frame);
   const int contents = file.NewObject();
   file.BeginStream(contents);
-  PdfCanvas canvas(frame, file, fonts);
+  PdfCanvas canvas(frame, file, fonts, PictureWork(metafile.DrawingBytes()));
   const std::optional<PictureError> failure = Play(metafile, canvas);
   canvas.Finish();
   file.EndStream();

@@ -21,11 +21,11 @@ constexpr double stepsOfFilledPixel = 0.3;
 
 class PictureCost {
  public:
-  PictureCost(const MetafileMeasures& measures, PixelSize size)
+  PictureCost(const MetafileMeasures& measures, PixelSize size, PictureWork pictureWork)
       : width(size.width),
         height(size.height),
         mapping(measures, {width, height, 1, true, {1, 1}}),
-        work(DotScale(size.dotsPerMetre)) {}
+        work(pictureWork) {}
 
   void Read(const EmfRecord& record) {
     work.Count(stepsOfRecord);
@@ -178,7 +178,8 @@ void ReadRecord(const EmfRecord& record, PictureCost& cost) {
 void RequireWork(const MetafileBytes& metafile, PixelSize size) {
   try {
     const EmfRecord header(metafile.data(), metafile.size());
-    PictureCost cost(MeasuresOf(header), size);
+    PictureCost cost(MeasuresOf(header), size,
+                     PictureWork(metafile.DrawingBytes(), DotScale(size.dotsPerMetre)));
     for (size_t offset = header.Size(); offset < metafile.size();) {
       const EmfRecord record(metafile.data() + offset, metafile.size() - offset);
       ReadRecord(record, cost);

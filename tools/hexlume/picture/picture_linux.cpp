@@ -27,7 +27,8 @@ void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
 void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
   const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, settings);
-  RasterCanvas canvas(size.width, size.height, DotScale(size.dotsPerMetre));
+  RasterCanvas canvas(size.width, size.height,
+                      PictureWork(metafile.DrawingBytes(), DotScale(size.dotsPerMetre)));
   Play(metafile, canvas);
   WritePng(canvas.Finish(), size.dotsPerMetre, sink);
 }
@@ -35,7 +36,7 @@ void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& setti
 void WriteSvgPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
   RequirePage(frame);
-  SvgCanvas canvas(frame, settings.keepsTexts, sink);
+  SvgCanvas canvas(frame, settings.keepsTexts, sink, PictureWork(metafile.DrawingBytes()));
   Play(metafile, canvas);
   canvas.Finish();
 }

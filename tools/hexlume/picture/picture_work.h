@@ -18,7 +18,8 @@ inline double DotScale(int32_t dotsPerMetre) {
 class PictureWork {
  public:
   // A step takes about a nanosecond.
-  explicit PictureWork(double scale = 1) : left(static_cast<int64_t>(mostSteps * scale)) {}
+  explicit PictureWork(int64_t drawingBytes = 0, double scale = 1)
+      : left(static_cast<int64_t>((leastSteps + stepsOfDrawingByte * static_cast<double>(drawingBytes)) * scale)) {}
 
   // Throws once: a book still ends its page.
   void Count(double steps) {
@@ -35,7 +36,7 @@ class PictureWork {
           "a filled area has more rectangles than a picture of strokes may have (picture-boxes)");
   }
 
-  static constexpr double mostSteps = 5e9;
+  static constexpr double leastSteps = 4e9, stepsOfDrawingByte = 1000;
   static constexpr size_t mostBoxes = 2'000'000;
 
  private:

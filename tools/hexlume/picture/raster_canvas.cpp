@@ -52,14 +52,14 @@ void Require(cairo_status_t status) {
 
 }  // namespace
 
-RasterCanvas::RasterCanvas(int width, int height, double scale)
+RasterCanvas::RasterCanvas(int width, int height, PictureWork pictureWork)
     : PlayerCanvas({static_cast<double>(width), static_cast<double>(height), 1, true, pixelLimits}),
       surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
       context(cairo_create(surface.get())),
       image{cairo_image_surface_get_data(surface.get()), width, height,
             cairo_image_surface_get_stride(surface.get())},
       strokes(image),
-      work(scale) {
+      work(pictureWork) {
   Require(cairo_surface_status(surface.get()));
   cairo_set_source_rgb(context.get(), 1, 1, 1);
   cairo_paint(context.get());
@@ -88,7 +88,7 @@ void RasterCanvas::DrawDot(Point middle, uint32_t color) {
 
 // A line is drawn row by row: the parts of its rows that it covers.
 void RasterCanvas::CountLine(Point from, Point to, double width) {
-  constexpr double stepsOfLine = 300, stepsOfRow = 25, stepsOfPixel = 2;
+  constexpr double stepsOfLine = 300, stepsOfRow = 45, stepsOfPixel = 2;
   const double right = image.width, bottom = image.height;
   const auto side = [](double a, double b, double most) {
     return std::fabs(std::clamp(a, 0.0, most) - std::clamp(b, 0.0, most));
@@ -113,7 +113,7 @@ void RasterCanvas::DrawLine(Point from, Point to, const StrokeStyle& style) {
 }
 
 void RasterCanvas::Stroke(const PlayerPath& path, const StrokeStyle& style) {
-  constexpr double stepsOfStroke = 3000, stepsOfPixel = 25, stepsOfDashedPixel = 100;
+  constexpr double stepsOfStroke = 7000, stepsOfPixel = 80, stepsOfDashedPixel = 200;
   const double length = path.WayWithin(image.height).length;
   work.Count(stepsOfStroke + length * (style.dashes.empty() ? stepsOfPixel : stepsOfDashedPixel));
   cairo_t* const cairo = Cairo();
