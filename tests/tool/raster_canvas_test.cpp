@@ -25,11 +25,11 @@ bool IsWithin(int32_t count, const Words& records) {
   }
 }
 
-// A circle takes 7,000 steps and 80 for each pixel of its way across and down, 8 times its radius of 100: 71,000. 14 of them
-// take 994,000.
+// A circle takes 7,000 steps and 80 for each pixel of its way across and down, 8 times its radius of 100: 71,000. Its
+// control points make the way up to 5% longer: 13 circles take at most 966,000, 15 at least 1,065,000.
 TEST(RasterCanvas, the_work_of_curves) {
   const Words circle = MoveToRecord(600, -500) + AngleArcRecord(500, -500, 100, 0, 360);
-  EXPECT_TRUE(IsWithin(14, circle));
+  EXPECT_TRUE(IsWithin(13, circle));
   EXPECT_FALSE(IsWithin(15, circle));
 }
 
