@@ -3,7 +3,7 @@
 
 A PATH is a drawing or a folder of drawings; scripts/worst_drawings.py makes the worst ones that are known. Each is
 converted in all the ways below, or in those of --ways. Seconds are those of a processor, not of the clock, so other work
-doesn't matter. With --results FILE each result is kept in this file, and what it has isn't measured again.
+hardly matters; it can be run with nice. With --results FILE each result is kept in this file, and what it has isn't measured again.
 
 A TOOL whose name ends in .exe is run through Wine, and has the ways that Windows has."""
 import argparse
@@ -57,7 +57,6 @@ def limit_child(has_memory_limit):
     resource.setrlimit(resource.RLIMIT_CPU, (STOP_SECONDS, STOP_SECONDS + 1))
     if has_memory_limit:
         resource.setrlimit(resource.RLIMIT_AS, (STOP_BYTES, STOP_BYTES))
-    os.nice(19 - os.nice(0))
 
 
 def is_windows(tool):
