@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstddef>
 #include <vector>
 
 namespace hexlume {
@@ -41,6 +42,8 @@ class PlayerPath {
     double length, height;
   };
   Way WayWithin(double height) const;
+
+  size_t StepCount() const { return steps.size(); }
 
   // Calls MoveTo, LineTo, CurveTo and Close of the writer.
   template <typename Writer>
