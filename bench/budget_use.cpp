@@ -29,8 +29,7 @@ Use UseOf(const char* drawing, decltype(vzDXFMetaMake)* make) {
   }
   DeleteEnhMetaFile(metafile);
   const double steps = static_cast<double>(work.steps) / static_cast<double>(work.mostSteps);
-  const double bytes =
-      static_cast<double>(work.metafileBytes) / static_cast<double>(work.mostMetafileBytes);
+  const double bytes = static_cast<double>(work.metafileBytes) / static_cast<double>(work.mostMetafileBytes);
   return {work.steps, work.metafileBytes, 100 * std::max(steps, bytes), work.reached};
 }
 

@@ -2,8 +2,8 @@
 // but not inside, as what draws them has its limits: cairo stores coordinates in 24 bits and wraps larger ones.
 #pragma once
 
-#include <cstdint>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace hexlume {

@@ -16,7 +16,7 @@ namespace {
 // Steps of Wine's GDI, which is slower than that of Windows. 32-bit programs pay most for each call.
 constexpr double stepsOfRecord = 500;
 constexpr double stepsOfClipBox = 10, stepsOfNewClipBox = 1500;
-constexpr double stepsOfBox = 100;
+constexpr double stepsOfBox = 600;
 constexpr double stepsOfFilledPixel = 0.3;
 
 class PictureCost {
@@ -128,8 +128,8 @@ class PictureCost {
     Point least{width, height}, most{0, 0}, before{0, 0};
     for (size_t i = 0; i < count; ++i) {
       const size_t at = first + size * i;
-      const Point point = Place(
-          narrow ? Point{1.0 * record.Short(at), 1.0 * record.Short(at + 2)} : PointAt(record, at));
+      const Point point =
+          Place(narrow ? Point{1.0 * record.Short(at), 1.0 * record.Short(at + 2)} : PointAt(record, at));
       if (i > 0) CountStroke(std::max(Within(before.x, point.x, width), Within(before.y, point.y, height)));
       least = {std::min(least.x, point.x), std::min(least.y, point.y)};
       most = {std::max(most.x, point.x), std::max(most.y, point.y)};

@@ -19,7 +19,8 @@ class PictureWork {
  public:
   // A step takes about a nanosecond.
   explicit PictureWork(int64_t drawingBytes = 0, double scale = 1)
-      : left(static_cast<int64_t>((leastSteps + stepsOfDrawingByte * static_cast<double>(drawingBytes)) * scale)) {}
+      : left(static_cast<int64_t>((leastSteps + stepsOfDrawingByte * static_cast<double>(drawingBytes)) *
+                                  scale)) {}
 
   // Throws once: a book still ends its page.
   void Count(double steps) {
