@@ -145,7 +145,7 @@ class Candidate:
 
 
 def measure(tool, candidate, dice):
-    way = dice.choice(["emf", "all", "full", "host", "png", "svg", "pdf"])
+    way = dice.choice(["emf", "full", "fit", "list", "png", "svg", "pdf", "png-full", "svg-full"])
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "a.dxf")
         text = candidate.text().encode("latin-1")[:w.MEGABYTE]

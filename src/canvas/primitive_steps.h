@@ -40,7 +40,7 @@ struct SelectedPen {
 
 // Counts a pen and its first stroke.
 inline void CountPen() {
-  constexpr int64_t stepsOfPen = 60;
+  constexpr int64_t stepsOfPen = 1800;
   constexpr int64_t bytesOfPen = 112;  // with its selection and a move
   CountStroke();
   CountWork(stepsOfPen, bytesOfPen);

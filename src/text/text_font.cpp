@@ -51,13 +51,13 @@ void SettleFont(LOGFONTA& font, const char* face) {
 }
 
 void CountFont() {
-  constexpr int64_t stepsOfFont = 1500;
+  constexpr int64_t stepsOfFont = 4000;
   constexpr int64_t bytesOfFont = 400;  // created, selected, restored and deleted
   CountWork(stepsOfFont, bytesOfFont);
 }
 
 void CountText(int32_t length) {
-  constexpr int64_t stepsOfText = 1000, stepsOfByte = 50;
+  constexpr int64_t stepsOfText = 1500, stepsOfByte = 600;
   constexpr int64_t bytesOfText = 160, bytesOfByte = 6;  // with its modes
   CountWork(stepsOfText + length * stepsOfByte, bytesOfText + length * bytesOfByte);
 }

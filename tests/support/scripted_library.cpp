@@ -8,6 +8,7 @@
 
 #include "platform/gdi.h"
 #include "platform/host_exception.h"
+#include "platform/last_error.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ bool Named(const char* part) {
 
 int32_t Perform(HENHMETAFILE* out, const RECT& frame, int32_t exportNumber,
                 std::initializer_list<int32_t> arguments) {
+  if (Named("bounded")) hexlume::SetThreadError(HEXLUME_BOUNDS_REACHED | 1);
   if (Named("fault11")) hexlume::ThrowToHost(11);
   if (Named("fault-1")) hexlume::ThrowToHost(-1);
   if (Named("returns2")) return HEXLUME_NOT_OPENED;

@@ -73,6 +73,16 @@ TEST_F(CommandLineErrors, a_fault_that_leaves_the_library) {
       Contains(tooLong.err, "hexlume: fault-1.dxf: fault: fault -1 left the library: a text is too long"));
 }
 
+// The host library, which would draw all of this one, isn't asked whether memory ran out.
+TEST_F(CommandLineErrors, a_drawing_that_a_bound_ended_is_converted_once) {
+  Write("bounded-begun.dxf", header + entities);
+  const Outcome begun = RunScripted("bounded-begun.dxf");
+  EXPECT_EQ(30, begun.status);
+  EXPECT_TRUE(Contains(begun.err, "bounded-begun.dxf: warning: bound: ")) << begun.err;
+  Write("bounded-fault11.dxf", header + entities);
+  EXPECT_EQ(11, RunScripted("bounded-fault11.dxf").status);
+}
+
 // The nine exports take 259 bytes.
 TEST_F(CommandLineErrors, a_long_path_is_converted_as_a_short_one) {
   Write("a.dxf", header + entities);

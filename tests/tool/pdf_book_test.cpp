@@ -10,6 +10,7 @@ namespace hexlume::pdf_book_test {
 namespace {
 
 constexpr uint32_t gdiRed = 0x0000FF;
+constexpr uint32_t blackBrush = 0x80000004;
 const Words transparent = Record(18, {1});
 
 void AddPage(PdfBook& book, const Words& records, const std::string& title = "") {
@@ -175,6 +176,22 @@ TEST(PdfBook, a_metafile_that_cannot_be_a_page_is_told_and_the_book_goes_on) {
   EXPECT_EQ(2u, book.PageCount());
   book.Finish();
   ExpectTable(pdf);
+}
+
+// The page ends where the bound was reached, and the next one begins.
+TEST(PdfBook, a_page_beyond_a_bound_ends_there_and_the_book_goes_on) {
+  std::vector<int32_t> edges;
+  for (int32_t i = 0; i < 2'000'001; ++i) edges.insert(edges.end(), {0, -10, 10, 0});
+  std::string pdf;
+  PdfBook book(AppendTo(pdf));
+  EXPECT_THROW(AddPage(book, LineRecords(0, 0, 10, -20) + FillRegionRecord(blackBrush, edges)), PictureError);
+  AddPage(book, LineRecords(0, 0, 10, -20));
+  EXPECT_EQ(2u, book.PageCount());
+  book.Finish();
+  ExpectTable(pdf);
+  const std::vector<std::string> streams = StreamsOf(pdf);
+  ASSERT_EQ(2u, streams.size());
+  EXPECT_EQ(streams[1], streams[0]);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
+#include "text/text_font.h"
 #include "text/text_strings.h"
 
 namespace hexlume::work_budget_test {
@@ -141,15 +142,21 @@ TEST_F(WorkBudgetTest, an_arc_of_a_boundary_counts_its_corners) {
 
 TEST_F(WorkBudgetTest, a_line_counts_its_pen_and_its_stroke) {
   ListEntity("10 1\n20 1\n11 9\n21 1\n", [](const EntityRun& run) { DrawLine(run); });
-  EXPECT_EQ(60 + 60, work.steps);
+  EXPECT_EQ(60 + 1800, work.steps);
   EXPECT_EQ(16 + 112, work.metafileBytes);
+}
+
+TEST_F(WorkBudgetTest, a_text_counts_its_bytes) {
+  CountText(10);
+  EXPECT_EQ(1500 + 10 * 600, work.steps);
+  EXPECT_EQ(160 + 10 * 6, work.metafileBytes);
 }
 
 TEST_F(WorkBudgetTest, points_of_a_spline_are_counted_before_they_are_made) {
   const auto draw = [](const EntityRun& run) { DrawSpline(run); };
   ListEntity("74 1000\n11 5\n21 5\n", draw);
   // 1000 spans of 3 points and the last one, with a pen.
-  EXPECT_EQ(3001 * 40 + 60 + 60, work.steps);
+  EXPECT_EQ(3001 * 40 + 60 + 1800, work.steps);
   EXPECT_EQ(3001 * 8 + 16 + 112, work.metafileBytes);
   work.mostMetafileBytes = 3001 * 8 - 1;
   EXPECT_EQ("", ListEntity("74 1000\n11 5\n21 5\n", draw));

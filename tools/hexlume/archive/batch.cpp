@@ -136,6 +136,7 @@ class Batch {
     if (!result.standardOutput.empty())
       WriteToStandardOutput(result.standardOutput.data(), result.standardOutput.size());
     if (options.report) report.Add(result.report);
+    result.page.SetDrawingBytes(result.drawing.size);
     if (book) book->Take(index, plan.PlaceOf(index), std::move(result.page));
     if (state && !result.HasFailed()) state->Add(plan.PlaceOf(index), plan.JobOf(index), result);
   }

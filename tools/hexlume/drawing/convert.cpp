@@ -2,6 +2,7 @@
 
 #include <hexlume.h>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -87,11 +88,18 @@ Conversion Explained(const DrawingSource& drawing, const Options& options) {
   return conversion;
 }
 
+// Whether a bound has ended the drawing, which is a fault too.
+bool EndedByBound(const Outcome& outcome) {
+  constexpr uint32_t ending = 1 << HEXLUME_BOUND_WORK | 1 << HEXLUME_BOUND_METAFILE_SIZE |
+                              1 << HEXLUME_BOUND_NESTED_BYTES | 1 << HEXLUME_BOUND_NESTING_DEPTH;
+  return (outcome.bounds & ending) != 0;
+}
+
 // The exports don't say that memory ran out. A drawing that the host library can draw has no fault of its own.
 bool RanOutOfMemory(const DrawingSource& drawing, const Outcome& outcome, const Options& options) {
   if (outcome.code == HEXLUME_OK && !outcome.fault) return !outcome.metafile;
   const bool isFault = outcome.fault ? *outcome.fault == drawingFault : outcome.metafile != nullptr;
-  if (!isFault || options.dialogs != 0) return false;
+  if (!isFault || EndedByBound(outcome) || options.dialogs != 0) return false;
   const int32_t status =
       CallHost(hexlume_convert, drawing, HostOptionsOf(options, HEXLUME_FORMAT_AS_IS)).Status();
   return status == HEXLUME_STATUS_OK || status == HEXLUME_STATUS_NO_MEMORY;
@@ -167,12 +175,18 @@ SheetInk InkOf(const MetafileBytes& metafile) {
   return FindInk(metafile.data(), metafile.size());
 }
 
+bool HasReachedBound(const Conversion& conversion) {
+  return std::any_of(conversion.remarks.begin(), conversion.remarks.end(),
+                     [](const Remark& remark) { return remark.name == "bound"; });
+}
+
 // Whether the picture is blank, but not that of a sheet made from what is drawn: the library leaves out lines beside
-// the sheet.
+// the sheet. A drawing that a bound has ended isn't converted twice.
 bool IsBesideSheet(const DrawingSource& drawing, const Options& options, int32_t format,
-                   const MetafileBytes& metafile) {
+                   const Conversion& conversion) {
   if (options.view || options.fit || options.dialogs != 0) return false;
-  const SheetInk ink = InkOf(metafile);
+  if (conversion.HasFailed() && HasReachedBound(conversion)) return false;
+  const SheetInk ink = InkOf(conversion.metafile);
   if (ink != SheetInk::none) return ink == SheetInk::beside;
   Options fitted = options;
   fitted.fit = true;
@@ -212,7 +226,7 @@ Conversion Convert(const DrawingSource& drawing, const Options& options, Convert
   if (encoding == Encoding::notUtf8 && hasResult)
     conversion.remarks.push_back(
         {"not-utf8", "a drawing of this version should be UTF-8, but isn't: it was read as code page 932"});
-  if (hasResult && IsBesideSheet(drawing, options, format, conversion.metafile))
+  if (hasResult && IsBesideSheet(drawing, options, format, conversion))
     conversion.remarks.push_back({"beside-sheet", "nothing of the drawing is on its sheet; try --fit"});
   return conversion;
 }

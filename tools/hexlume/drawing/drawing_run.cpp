@@ -29,6 +29,10 @@ void TakeOutputFailure(const std::string& words, DrawingResult& result) {
   result.failures.push_back(words);
 }
 
+int64_t SizeOf(const DrawingSource& source, const FileStamp& stamp) {
+  return source.bytes ? static_cast<int64_t>(source.bytes->size()) : stamp.size;
+}
+
 DrawingSource SourceOf(const Job& job, const Options& options, const FileStamp& stamp) {
   if (job.bytes) return {job.drawing, job.bytes};
   DrawingSource source = OpenDrawing(job.drawing);
@@ -59,6 +63,7 @@ DrawingResult RunDrawing(const Job& job, const Options& options, Converter conve
     conversion = Convert(source, options, converter);
     TakeStatus(conversion, job, result);
     if (!conversion.metafile.empty()) {
+      conversion.metafile.SetDrawingBytes(SizeOf(source, result.drawing));
       result.outputs = WriteOutputs(conversion.metafile, job, options, hasHeading);
       if (job.hasPage) CheckPage(conversion.metafile);
       hasPage = job.hasPage;

@@ -30,10 +30,15 @@ class MetafileBytes {
   const uint8_t* begin() const { return first; }
   const uint8_t* end() const { return first + count; }
 
+  // The size of its drawing, 0 if it isn't known. Pictures of larger drawings may take more work.
+  int64_t DrawingBytes() const { return drawingBytes; }
+  void SetDrawingBytes(int64_t size) { drawingBytes = size; }
+
  private:
   std::shared_ptr<const void> owner;
   const uint8_t* first = nullptr;
   size_t count = 0;
+  int64_t drawingBytes = 0;
 };
 
 }  // namespace hexlume

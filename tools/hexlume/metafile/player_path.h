@@ -2,6 +2,7 @@
 // but not inside, as what draws them has its limits: cairo stores coordinates in 24 bits and wraps larger ones.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -41,6 +42,8 @@ class PlayerPath {
     double length, height;
   };
   Way WayWithin(double height) const;
+
+  size_t StepCount() const { return steps.size(); }
 
   // Calls MoveTo, LineTo, CurveTo and Close of the writer.
   template <typename Writer>

@@ -1,5 +1,6 @@
 #include "tools/hexlume/picture/pdf_book.h"
 
+#include <optional>
 #include <utility>
 
 #include "tools/hexlume/metafile/metafile_player.h"
@@ -21,6 +22,16 @@ std::string TitleOf(const std::string& utf8) {
   return text + '>';
 }
 
+// A page is ended also after a failure.
+std::optional<PictureError> Play(const MetafileBytes& metafile, PdfCanvas& canvas) {
+  try {
+    if (PlayMetafile(metafile.data(), metafile.size(), canvas)) return std::nullopt;
+  } catch (const PictureError& error) {
+    return error;
+  }
+  return PictureError("the metafile is malformed");
+}
+
 }  // namespace
 
 PdfBook::PdfBook(ByteSink sink)
@@ -33,8 +44,8 @@ void PdfBook::AddPage(const MetafileBytes& metafile, const std::string& title) {
   RequirePage(frame);
   const int contents = file.NewObject();
   file.BeginStream(contents);
-  PdfCanvas canvas(frame, file, fonts);
-  const bool isSound = PlayMetafile(metafile.data(), metafile.size(), canvas);
+  PdfCanvas canvas(frame, file, fonts, PictureWork(metafile.DrawingBytes()));
+  const std::optional<PictureError> failure = Play(metafile, canvas);
   canvas.Finish();
   file.EndStream();
   pages.push_back({file.NewObject(), title});
@@ -44,7 +55,7 @@ void PdfBook::AddPage(const MetafileBytes& metafile, const std::string& title) {
   AppendNumber(page, canvas.Measures().height * pointsInAHundredth);
   file.WriteObject(pages.back().object, page + "]/Resources<</Font " + PdfReference(resources) +
                                             ">>/Contents " + PdfReference(contents) + ">>");
-  if (!isSound) throw PictureError("the metafile is malformed");
+  if (failure) throw *failure;
 }
 
 // Returns the object of the bookmarks, or 0 if there are none.

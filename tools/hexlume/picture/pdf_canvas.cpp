@@ -31,8 +31,9 @@ void AppendNumbers(std::string& text, std::initializer_list<double> numbers) {
 
 }  // namespace
 
-PdfCanvas::PdfCanvas(const MetafileFrame& frame, PdfFile& pdfFile, PdfFonts& pdfFonts)
-    : PlayerCanvas(VectorMeasures(frame)), file(pdfFile), fonts(pdfFonts) {
+PdfCanvas::PdfCanvas(const MetafileFrame& frame, PdfFile& pdfFile, PdfFonts& pdfFonts,
+                     PictureWork pictureWork)
+    : PlayerCanvas(VectorMeasures(frame)), file(pdfFile), fonts(pdfFonts), work(pictureWork) {
   const CanvasMeasures& measures = Measures();
   // The factor needs more decimals than lengths do.
   text += "0.028346457 0 0 -0.028346457 0 ";

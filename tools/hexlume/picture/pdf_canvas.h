@@ -18,7 +18,7 @@ constexpr double pointsInAHundredth = 72 / 2540.0;
 class PdfCanvas : public PlayerCanvas {
  public:
   // Writes into the file's current stream.
-  PdfCanvas(const MetafileFrame& frame, PdfFile& pdfFile, PdfFonts& pdfFonts);
+  PdfCanvas(const MetafileFrame& frame, PdfFile& pdfFile, PdfFonts& pdfFonts, PictureWork pictureWork);
 
   void DrawDot(Point middle, uint32_t color) override;
   void DrawLine(Point from, Point to, const StrokeStyle& style) override;

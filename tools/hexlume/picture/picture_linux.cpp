@@ -1,6 +1,7 @@
 #include "tools/hexlume/metafile/metafile_player.h"
 #include "tools/hexlume/picture/pdf_book.h"
 #include "tools/hexlume/picture/picture_book.h"
+#include "tools/hexlume/picture/picture_work.h"
 #include "tools/hexlume/picture/picture_writers.h"
 #include "tools/hexlume/picture/png_file.h"
 #include "tools/hexlume/picture/raster_canvas.h"
@@ -28,8 +29,8 @@ void Play(const MetafileBytes& metafile, PlayerCanvas& canvas) {
 void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
   const PixelSize size = PictureSize(frame.left, frame.top, frame.right, frame.bottom, settings);
-  constexpr double metresOfAnInch = 0.0254, usualResolution = 96;
-  RasterCanvas canvas(size.width, size.height, size.dotsPerMetre * metresOfAnInch / usualResolution);
+  RasterCanvas canvas(size.width, size.height,
+                      PictureWork(metafile.DrawingBytes(), DotScale(size.dotsPerMetre)));
   Play(metafile, canvas);
   WritePng(canvas.Finish(), size.dotsPerMetre, sink);
 }
@@ -37,7 +38,7 @@ void WritePngPicture(const MetafileBytes& metafile, const PictureSettings& setti
 void WriteSvgPicture(const MetafileBytes& metafile, const PictureSettings& settings, const ByteSink& sink) {
   const MetafileFrame frame = FrameOf(metafile);
   RequirePage(frame);
-  SvgCanvas canvas(frame, settings.keepsTexts, sink);
+  SvgCanvas canvas(frame, settings.keepsTexts, sink, PictureWork(metafile.DrawingBytes()));
   Play(metafile, canvas);
   canvas.Finish();
 }

@@ -10,6 +10,7 @@
 
 #include "tools/hexlume/picture/picture.h"
 #include "tools/hexlume/picture/picture_book.h"
+#include "tools/hexlume/picture/picture_cost.h"
 
 namespace hexlume {
 namespace {
@@ -155,7 +156,9 @@ struct ComLibrary {
 void WritePngPicture(const MetafileBytes& bytes, const PictureSettings& settings, const ByteSink& sink) {
   const Metafile metafile(SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data()));
   if (!metafile) throw std::bad_alloc();
-  const Canvas canvas(SizeOf(metafile.get(), settings));
+  const PixelSize size = SizeOf(metafile.get(), settings);
+  RequireWork(bytes, size);
+  const Canvas canvas(size);
   Play(metafile.get(), canvas);
   const ComLibrary com;
   const std::vector<uint8_t> file = Encode(canvas);

@@ -2,20 +2,32 @@
 // isn't made.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "tools/hexlume/picture/picture.h"
 
 namespace hexlume {
 
+// How much longer strokes are than at 96 dots per inch. Fewer dots take no less.
+inline double DotScale(int32_t dotsPerMetre) {
+  constexpr double metresOfAnInch = 0.0254, usualResolution = 96;
+  return std::max(1.0, dotsPerMetre * metresOfAnInch / usualResolution);
+}
+
 class PictureWork {
  public:
-  // A step takes about a nanosecond. scale: how much longer strokes are than at 96 dpi.
-  explicit PictureWork(double scale = 1) : left(static_cast<int64_t>(mostSteps * (scale > 1 ? scale : 1))) {}
+  // A step takes about a nanosecond.
+  explicit PictureWork(int64_t drawingBytes = 0, double scale = 1)
+      : left(static_cast<int64_t>((leastSteps + stepsOfDrawingByte * static_cast<double>(drawingBytes)) *
+                                  scale)) {}
 
+  // Throws once: a book still ends its page.
   void Count(double steps) {
     left -= static_cast<int64_t>(steps);
-    if (left < 0) throw PictureError("the picture takes more work than its bound (picture-work)");
+    if (left >= 0) return;
+    left = INT64_MAX;
+    throw PictureError("the picture takes more work than its bound (picture-work)");
   }
 
   // The regions of files of strokes are outlined in memory.
@@ -25,7 +37,7 @@ class PictureWork {
           "a filled area has more rectangles than a picture of strokes may have (picture-boxes)");
   }
 
-  static constexpr double mostSteps = 5e9;
+  static constexpr double leastSteps = 4e9, stepsOfDrawingByte = 1000;
   static constexpr size_t mostBoxes = 2'000'000;
 
  private:

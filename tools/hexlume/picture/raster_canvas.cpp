@@ -38,6 +38,35 @@ void SetPath(cairo_t* context, const PlayerPath& path) {
   path.WriteTo(CairoPathWriter{context});
 }
 
+// Strokes a long path in pieces: cairo looks for all places where it crosses itself, so a path takes time with the square of
+// its length. The ends of pieces are round, as are the joints.
+struct PieceStroker {
+  static constexpr size_t mostSteps = 100;
+
+  cairo_t* context;
+  size_t steps = 0;
+  Point start = {0, 0};
+
+  void MoveTo(Point to) {
+    cairo_move_to(context, to.x, to.y);
+    start = to;
+  }
+  void LineTo(Point to) {
+    cairo_line_to(context, to.x, to.y);
+    CountStep(to);
+  }
+  void CurveTo(Point a, Point b, Point to) {
+    cairo_curve_to(context, a.x, a.y, b.x, b.y, to.x, to.y);
+    CountStep(to);
+  }
+  void Close() { LineTo(start); }
+  void CountStep(Point to) {
+    if (++steps % mostSteps != 0) return;
+    cairo_stroke(context);
+    cairo_move_to(context, to.x, to.y);
+  }
+};
+
 void SetPath(cairo_t* context, const CanvasBoxes& boxes) {
   cairo_new_path(context);
   for (const CanvasBox& box : boxes)
@@ -52,14 +81,14 @@ void Require(cairo_status_t status) {
 
 }  // namespace
 
-RasterCanvas::RasterCanvas(int width, int height, double scale)
+RasterCanvas::RasterCanvas(int width, int height, PictureWork pictureWork)
     : PlayerCanvas({static_cast<double>(width), static_cast<double>(height), 1, true, pixelLimits}),
       surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
       context(cairo_create(surface.get())),
       image{cairo_image_surface_get_data(surface.get()), width, height,
             cairo_image_surface_get_stride(surface.get())},
       strokes(image),
-      work(scale) {
+      work(pictureWork) {
   Require(cairo_surface_status(surface.get()));
   cairo_set_source_rgb(context.get(), 1, 1, 1);
   cairo_paint(context.get());
@@ -88,7 +117,7 @@ void RasterCanvas::DrawDot(Point middle, uint32_t color) {
 
 // A line is drawn row by row: the parts of its rows that it covers.
 void RasterCanvas::CountLine(Point from, Point to, double width) {
-  constexpr double stepsOfLine = 300, stepsOfRow = 25, stepsOfPixel = 2;
+  constexpr double stepsOfLine = 300, stepsOfRow = 45, stepsOfPixel = 2;
   const double right = image.width, bottom = image.height;
   const auto side = [](double a, double b, double most) {
     return std::fabs(std::clamp(a, 0.0, most) - std::clamp(b, 0.0, most));
@@ -113,16 +142,22 @@ void RasterCanvas::DrawLine(Point from, Point to, const StrokeStyle& style) {
 }
 
 void RasterCanvas::Stroke(const PlayerPath& path, const StrokeStyle& style) {
-  constexpr double stepsOfStroke = 3000, stepsOfPixel = 25, stepsOfDashedPixel = 100;
+  constexpr double stepsOfStroke = 7000, stepsOfPixel = 80, stepsOfDashedPixel = 200;
   const double length = path.WayWithin(image.height).length;
   work.Count(stepsOfStroke + length * (style.dashes.empty() ? stepsOfPixel : stepsOfDashedPixel));
   cairo_t* const cairo = Cairo();
-  SetPath(cairo, path);
   SetColor(cairo, style.color);
   cairo_set_line_width(cairo, style.width);
   cairo_set_line_join(cairo, CAIRO_LINE_JOIN_ROUND);
   cairo_set_dash(cairo, style.dashes.data(), static_cast<int>(style.dashes.size()), 0);
   cairo_set_line_cap(cairo, style.dashes.empty() ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
+  constexpr size_t longest = 500;  // that is stroked at once
+  if (path.StepCount() <= longest || !style.dashes.empty()) {
+    SetPath(cairo, path);
+  } else {
+    cairo_new_path(cairo);
+    path.WriteTo(PieceStroker{cairo});
+  }
   cairo_stroke(cairo);
 }
 

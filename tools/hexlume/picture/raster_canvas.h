@@ -14,8 +14,7 @@ namespace hexlume {
 class RasterCanvas : public PlayerCanvas {
  public:
   // Throws std::bad_alloc if there isn't enough memory.
-  // scale: how much longer strokes are than at 96 dpi.
-  RasterCanvas(int width, int height, double scale = 1);
+  RasterCanvas(int width, int height, PictureWork pictureWork = PictureWork());
 
   void DrawDot(Point middle, uint32_t color) override;
   void DrawLine(Point from, Point to, const StrokeStyle& style) override;

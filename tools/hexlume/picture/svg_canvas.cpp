@@ -154,8 +154,13 @@ void SvgPathData::Close() {
 
 // The canvas.
 
-SvgCanvas::SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink& byteSink)
-    : PlayerCanvas(VectorMeasures(frame)), sink(byteSink), textsAreKept(keepsTexts), data(text) {
+SvgCanvas::SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink& byteSink,
+                     PictureWork pictureWork)
+    : PlayerCanvas(VectorMeasures(frame)),
+      sink(byteSink),
+      textsAreKept(keepsTexts),
+      work(pictureWork),
+      data(text) {
   const CanvasMeasures& measures = Measures();
   text =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\""

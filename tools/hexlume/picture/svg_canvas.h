@@ -46,7 +46,8 @@ class SvgPathData {
 class SvgCanvas : public PlayerCanvas {
  public:
   // With keepsTexts texts are elements of the file, otherwise outlines.
-  SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink& byteSink);
+  SvgCanvas(const MetafileFrame& frame, bool keepsTexts, const ByteSink& byteSink,
+            PictureWork pictureWork = PictureWork());
 
   void DrawDot(Point middle, uint32_t color) override;
   void DrawLine(Point from, Point to, const StrokeStyle& style) override;
