@@ -2,9 +2,11 @@
 """Lets each call of a kind fail once, in turn, in the tools: tool_faults.py [--sample] BUILD [SCENARIO ...]
 
 BUILD is a build folder such as build/linux. Each command is run with its first call of a kind failing, then with its second, and
-so on until none is left. It must end with a status that fits, each output must be the earlier file or the whole new one, no file
-may be left besides, and the next run must give what a run without a failure gives. Then the command is killed at each of its
-writes. --sample takes a few calls of each kind. Last come conditions of a whole run: a full disk, a missing font and the like.
+so on. It must end with a status that fits, each output must be the earlier file or the whole new one, no file may be left
+besides, and the next run must give what a run without a failure gives. Of the calls of our own code all fail in turn, of those of
+other libraries the first and the last one of each place (four callers) and each 20th. A signal may end a process only within
+such a library. Then the command is killed at each of its writes. --sample takes a few calls of each kind. Last come conditions
+of a whole run: a full disk, a missing font and the like.
 """
 import filecmp
 import os
@@ -22,17 +24,21 @@ SOURCE = Path(__file__).resolve().parents[2]
 KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "process"]
 # Statuses that may be given besides 0: those of hexlume --help and hexlume-batch --help.
 FITTING = {
-    "memory": {11, 30, 32, 33, 34, 47, 48, 73, 74},
-    "write": {48, 73, 74},
+    "memory": {11, 30, 32, 33, 34, 45, 47, 48, 73, 74},
+    "write": {48, 73},
     "read": {30, 34, 35, 47, 48, 64, 73, 74},
     "open": {2, 11, 30, 32, 34, 47, 48, 64, 73, 74},
-    "close": {73, 74},
-    "rename": {73, 74},
-    "sync": {73, 74},
+    "close": {73},
+    "rename": {73},
+    "sync": {73},
     "font": {11, 30, 47, 73},
     "process": {48, 69, 73},
 }
 OLD = b"an earlier result"
+
+
+def is_ours(owner):
+    return owner == "program" or "hexlume" in owner
 
 
 class Scenario:
@@ -52,15 +58,16 @@ def scenarios(tool, batch):
     chunk = [batch, "chunk", "plan", "1", "--jobs", "1"]
     return [
         Scenario("one drawing", [tool, "TEXT.dxf", "out/TEXT.emf"], ["out/TEXT.emf"]),
+        Scenario("fitted", [tool, "--fit", "TEXT.dxf", "out/TEXT.emf"], ["out/TEXT.emf"]),
         Scenario("its pictures", [tool, "--fit", "TEXT.dxf", "out/a.emf", "--png", "out/a.png", "--svg", "out/a.svg", "--pdf",
                                   "out/a.pdf"], ["out/a.emf", "out/a.png", "out/a.svg", "out/a.pdf"]),
-        Scenario("workers", [tool, "-d", "out", "--jobs", "1", "--skip-unchanged", "POINT.dxf", "PART.dxf", "--to", "emf,png"],
-                 ["out/POINT.emf", "out/PART.emf", "out/POINT.png", "out/PART.png"], volatile=("out/.hexlume-state",)),
-        Scenario("a book", [tool, "-d", "out", "--jobs", "1", "--pdf-book", "out/book.pdf", "POINT.dxf", "PART.dxf"],
+        Scenario("workers", [tool, "-d", "out", "--jobs", "1", "--time-limit", "10", "--skip-unchanged", "POINT.dxf", "TEXT.dxf", "--to", "emf,png"],
+                 ["out/POINT.emf", "out/TEXT.emf", "out/POINT.png", "out/TEXT.png"], volatile=("out/.hexlume-state",)),
+        Scenario("a book", [tool, "-d", "out", "--jobs", "1", "--time-limit", "10", "--pdf-book", "out/book.pdf", "POINT.dxf", "PART.dxf"],
                  ["out/POINT.emf", "out/PART.emf", "out/book.pdf"], volatile=("out/.hexlume-state",), incomplete=("out/book.pdf",)),
-        Scenario("plan", [batch, "plan", "in", "--out", "plan", "--jobs", "1"], [], volatile=("plan",)),
+        Scenario("plan", [batch, "plan", "in", "--out", "plan", "--jobs", "2", "--time-limit", "10"], [], volatile=("plan",)),
         Scenario("chunk", chunk, ["plan/out/POINT.emf", "plan/out/PART.emf"],
-                 setup=[[batch, "plan", "in", "--out", "plan", "--jobs", "1"]],
+                 setup=[[batch, "plan", "in", "--out", "plan", "--jobs", "1", "--time-limit", "10"]],
                  failures=[batch, "report", "plan", "--failed"], again=[batch, "retry", "plan", "--failed"],
                  volatile=("plan/results", "plan/plan.db", "plan/tmp")),
     ]
@@ -74,6 +81,19 @@ class Trial:
         self.root = Path(tempfile.mkdtemp(prefix="hexlume-faults-"))
         self.wrong = 0
         self.runs = 0
+        self.ended = 0
+        self.proven = {}  # states of the folder from which a run is known to give what it should
+
+        os.environ["FONTCONFIG_FILE"] = self.own_fonts()
+
+    def own_fonts(self):
+        """The system's fonts with a cache of our own: a failing call may write one, or keep one locked."""
+        folder = self.root / "fonts"
+        folder.mkdir()
+        config = folder / "fonts.conf"
+        config.write_text(f"<fontconfig><cachedir>{folder}/cache</cachedir><include>/etc/fonts/fonts.conf</include></fontconfig>")
+        subprocess.run(["fc-cache"], env=dict(os.environ, FONTCONFIG_FILE=str(config)), check=True)
+        return str(config)
 
     def complain(self, words):
         self.wrong += 1
@@ -97,20 +117,25 @@ class Trial:
                 (folder / output).write_bytes(OLD)
         return folder
 
-    def run(self, scenario, folder, fault=None, count=None):
+    def run(self, scenario, folder, fault=None, calls=None):
         variables = dict(os.environ)
         if fault:
             variables["LD_PRELOAD"] = str(self.injector)
             variables["HEXLUME_FAULT"] = fault
-            if count:
-                variables["HEXLUME_FAULT_COUNT"] = str(count)
-        try:
-            done = subprocess.run(scenario.command, cwd=folder, env=variables, stdin=subprocess.DEVNULL, timeout=60,
-                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        except subprocess.TimeoutExpired:
-            return None, b""
+            if calls:
+                variables["HEXLUME_FAULT_CALLS"] = str(calls)
         self.runs += 1
-        return done.returncode, done.stderr
+        process = subprocess.Popen(scenario.command, cwd=folder, env=variables, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        # A process that waits for ever says where.
+        for signal_sent in [signal.SIGABRT, signal.SIGKILL]:
+            try:
+                words = process.communicate(timeout=20)[1]
+                return process.returncode, words
+            except subprocess.TimeoutExpired:
+                process.send_signal(signal_sent)
+        process.communicate()
+        return None, b""
 
     def files(self, scenario, folder):
         """All files with their bytes, but those that differ in each run."""
@@ -122,15 +147,39 @@ class Trial:
         return found
 
     def calls(self, scenario, kind):
-        """How many calls of the kind the process with most of them makes."""
+        """For each process of the command the calls of the kind: (place, owner)."""
         folder = self.fresh(scenario)
-        count = self.root / "count"
-        count.unlink(missing_ok=True)
-        self.run(scenario, folder, kind + ":0", count)
-        return max((int(line) for line in count.read_text().split()), default=0) if count.exists() else 0
+        records = self.root / "calls"
+        shutil.rmtree(records, ignore_errors=True)
+        records.mkdir()
+        self.run(scenario, folder, kind + ":0", records)
+        processes = []
+        for path in records.iterdir():
+            calls = []
+            with open(path, "rb") as file:
+                while (record := file.read(32))[:8].strip(b"\0"):
+                    calls.append((record[:8], record[8:].rstrip(b"\0").decode()))
+            processes.append(calls)
+        return processes
 
-    def places(self, most, few):
-        if not self.is_sample or most <= few:
+    def chosen(self, processes):
+        """The numbers of the calls that fail."""
+        if self.is_sample:
+            return self.places(max(map(len, processes), default=0), 3)
+        numbers = set()
+        for calls in processes:
+            first, last = {}, {}
+            for number, (place, owner) in enumerate(calls, 1):
+                first.setdefault(place, number)
+                last[place] = number
+                if is_ours(owner) or number % 20 == 0:
+                    numbers.add(number)
+            numbers.update(first.values(), last.values())
+        return sorted(numbers)
+
+    @staticmethod
+    def places(most, few):
+        if most <= few:
             return range(1, most + 1)
         return sorted({1 + i * (most - 1) // (few - 1) for i in range(few)})
 
@@ -149,6 +198,16 @@ class Trial:
                 self.complain(f"{what}: {name} is gone")
 
     def check_next(self, what, scenario, folder, expected):
+        if not scenario.volatile:
+            state = frozenset(self.files(scenario, folder).items())
+            if state in self.proven.setdefault(scenario.name, set()):
+                return
+        wrong_before = self.wrong
+        self.run_next(what, scenario, folder, expected)
+        if not scenario.volatile and self.wrong == wrong_before:
+            self.proven[scenario.name].add(state)
+
+    def run_next(self, what, scenario, folder, expected):
         if scenario.again:
             subprocess.run(scenario.again, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
         status, words = self.run(scenario, folder)
@@ -179,7 +238,11 @@ class Trial:
         if status is None:
             self.complain(f"{what}: it hangs")
             return 0
-        if status != 0 and status not in FITTING[kind]:
+        ended = [line.split()[-1].decode() for line in words.splitlines() if line.startswith(b"faults: ended in")]
+        self.ended += bool(ended)
+        if ended and is_ours(ended[0]):
+            self.complain(f"{what}: ended in {ended[0]}")
+        elif status != 0 and status not in FITTING[kind] and not (ended and status < 0):
             self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()[-300:]}")
         # Fontconfig goes on without a part of its configuration, and says so itself.
         is_said = b"Fontconfig" in words or self.lists_failures(scenario, folder)
@@ -191,9 +254,20 @@ class Trial:
         # A process that has been ended leaves its file, which the next run removes.
         # With 30 what was drawn before the fault is kept: a library below has no look at what it is given.
         if not other and status != 30:
-            self.check_outputs(what, scenario, before, expected, folder, (".tmp",) if status == 48 else ())
+            self.check_outputs(what, scenario, before, expected, folder, (".tmp",) if ended else ())
         self.check_next(what, scenario, folder, expected)
         return status != 0
+
+    def try_crash(self, scenario, call, expected):
+        """Fontconfig faults in a call. The conversion ends for lack of memory, and doesn't wait for a lock that is left."""
+        what = f"{scenario.name}, crash in font {call}"
+        folder = self.fresh(scenario)
+        before = self.files(scenario, folder)
+        status, words = self.run(scenario, folder, f"font:{call}:crash")
+        if status not in (0, 47):
+            self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()}")
+        if self.files(scenario, folder) != (expected if status == 0 else before):
+            self.complain(f"{what}: the earlier output isn't what it was")
 
     def try_kill(self, scenario, call, expected):
         what = f"{scenario.name}, killed at write {call}"
@@ -201,7 +275,7 @@ class Trial:
         before = self.files(scenario, folder)
         self.run(scenario, folder, f"write:{call}:kill")
         self.check_outputs(what, scenario, before, expected, folder, (".tmp",))
-        if scenario.name not in ("one drawing", "its pictures"):  # a plain conversion doesn't look for what is left
+        if scenario.name not in ("one drawing", "fitted", "its pictures"):  # a plain conversion doesn't look for what is left
             self.check_next(what, scenario, folder, expected)
 
     def run_scenario(self, scenario):
@@ -211,17 +285,33 @@ class Trial:
             return self.complain(f"{scenario.name}: status {status} without a fault: {words.decode(errors='replace')}")
         expected = self.files(scenario, folder)
         for kind in KINDS:
-            most, wrong_before, said, places = self.calls(scenario, kind), self.wrong, 0, 0
-            for call in self.places(most, 3):
-                said += self.try_call(scenario, kind, call, expected)
-                places += 1
-            if most:
-                print(f"| {scenario.name} | {kind} | {places} of {most} | {said} | {self.wrong - wrong_before} |", flush=True)
+            processes = self.calls(scenario, kind)
+            self.try_calls(scenario, kind, processes, expected)
+            if kind == "font" and scenario.name in ("one drawing", "fitted"):
+                self.crash_at(scenario, self.places(min(map(len, processes)), 5 if self.is_sample else 1 << 30), expected)
+            if kind == "write":
+                self.kill_at(scenario, self.places(max(map(len, processes)), 3 if self.is_sample else 1 << 30), expected)
+
+    def try_calls(self, scenario, kind, processes, expected):
+        wrong_before, said, self.ended, chosen = self.wrong, 0, 0, self.chosen(processes)
+        for call in chosen:
+            said += self.try_call(scenario, kind, call, expected)
+        if chosen:
+            made, ours = sum(map(len, processes)), sum(is_ours(owner) for calls in processes for _, owner in calls)
+            print(f"| {scenario.name} | {kind} | {made} | {ours} | {len(chosen)} | {said} | {self.ended} | {self.wrong - wrong_before} |",
+                  flush=True)
+
+    def crash_at(self, scenario, calls, expected):
         wrong_before = self.wrong
-        places = self.places(self.calls(scenario, "write"), 3)
-        for call in places:
+        for call in calls:
+            self.try_crash(scenario, call, expected)
+        print(f"| {scenario.name} | crash in a lookup | | | {len(calls)} | | | {self.wrong - wrong_before} |", flush=True)
+
+    def kill_at(self, scenario, calls, expected):
+        wrong_before = self.wrong
+        for call in calls:
             self.try_kill(scenario, call, expected)
-        print(f"| {scenario.name} | kill at a write | {len(places)} | | {self.wrong - wrong_before} |", flush=True)
+        print(f"| {scenario.name} | killed at a write | | | {len(calls)} | | | {self.wrong - wrong_before} |", flush=True)
 
     # Conditions of a whole run.
 
@@ -375,7 +465,8 @@ def main():
     trial = Trial(names[0], is_sample)
     tool, batch = str(trial.build / "bin" / "hexlume"), str(trial.build / "bin" / "hexlume-batch")
     try:
-        print("| command | call that fails | tried | said so | wrong |\n|---|---|--:|--:|--:|")
+        print("| command | call that fails | made | by our code | failed in turn | said so | ended by a signal | wrong |")
+        print("|---|---|--:|--:|--:|--:|--:|--:|")
         for scenario in scenarios(tool, batch):
             if not names[1:] or scenario.name in names[1:]:
                 trial.run_scenario(scenario)
