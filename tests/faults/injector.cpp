@@ -127,13 +127,14 @@ void MapRecords(const char* folder) {
   close(file);
 }
 
-// Says which library a signal ends the process in. It ends when the instruction, or abort(), goes on.
-void SayWhere(int) {
+// Says which library a signal ends the process in.
+void SayWhere(int signal) {
   Walk walk;
   _Unwind_Backtrace(TakeCaller, &walk);
   char line[64];
   const int length = snprintf(line, sizeof line, "faults: ended in %s\n", walk.call.owner);
   if (write(STDERR_FILENO, line, static_cast<size_t>(length)) != length) return;
+  raise(signal);  // when this function returns
 }
 
 void WatchSignals() {
@@ -270,6 +271,13 @@ size_t fread(void* bytes, size_t size, size_t count, FILE* file) {
   REAL(close)(kept);
   REAL(close)(writeOnly);
   return got;
+}
+
+dirent* readdir(DIR* folder) {
+  return Fails(FAULT_READ) ? Failed<dirent*>(EIO, nullptr) : REAL(readdir)(folder);
+}
+dirent64* readdir64(DIR* folder) {
+  return Fails(FAULT_READ) ? Failed<dirent64*>(EIO, nullptr) : REAL(readdir64)(folder);
 }
 
 static mode_t ModeOf(int flags, va_list arguments) {

@@ -65,7 +65,10 @@ PlanSummary MakePlan(const PlanOrder& order) {
     throw FolderError(order.folder + ": there is a plan already; use another folder for another plan");
   // The drawings have the places that hexlume -d gives them.
   const JobPlan jobs(OptionsOf(order));
-  if (jobs.Count() == 0) throw UsageError("there are no drawings to convert");
+  if (jobs.Count() == 0) {
+    if (jobs.UnreadableFolders().empty()) throw UsageError("there are no drawings to convert");
+    return {0, 0, jobs.UnreadableFolders()};
+  }
   MakeFoldersOf(order.folder);
   PlanWriter writer(order.folder, order.settings, order.chunkSize);
   for (size_t start = 0; start < jobs.Count(); start += atOnce) {

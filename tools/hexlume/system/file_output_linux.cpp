@@ -88,11 +88,11 @@ struct WholeFile::Target {
   void OpenBeside(const struct stat* earlier) {
     if (earlier && access(path.c_str(), W_OK) != 0) Fail(path);
     final = earlier ? BehindLinks(path) : path;
-    const std::string name = final.substr(0, FileNameStart(final)) + TemporaryName();
+    std::string name = final.substr(0, FileNameStart(final)) + TemporaryName();
     constexpr mode_t allowed = 0666;
     descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, allowed);
     if (descriptor < 0) return;
-    temporary = name;
+    temporary = std::move(name);  // can't fail, so that the file is removed in any case
     // Where the system refuses that, the file is still the user's own.
     if (earlier) fchmod(descriptor, earlier->st_mode & 07777);
   }
