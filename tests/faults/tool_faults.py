@@ -127,16 +127,30 @@ class Trial:
                 variables["HEXLUME_FAULT_CALLS"] = str(calls)
         self.runs += 1
         process = subprocess.Popen(scenario.command, cwd=folder, env=variables, stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=before)
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=before, start_new_session=True)
         # A process that waits for ever says where.
         for signal_sent in [signal.SIGABRT, signal.SIGKILL]:
             try:
-                words = process.communicate(timeout=20)[1]
+                words = self.words_of(process)
                 return process.returncode, words
             except subprocess.TimeoutExpired:
                 process.send_signal(signal_sent)
         process.communicate()
         return None, b""
+
+    @staticmethod
+    def words_of(process):
+        """What it says until its end, however busy the machine is: 20 seconds in which it and its workers have nothing to do, or
+        ten minutes, are too long."""
+        for _ in range(30):
+            try:
+                return process.communicate(timeout=20)[1]
+            except subprocess.TimeoutExpired as expired:
+                listed = subprocess.run(["ps", "-o", "state=", "-g", str(process.pid)], stdout=subprocess.PIPE).stdout
+                if not set(listed.decode().split()) & {"R", "D"}:
+                    raise
+                last = expired
+        raise last
 
     def files(self, scenario, folder):
         """All files with their bytes, but those that differ in each run."""
