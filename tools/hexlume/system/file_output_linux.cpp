@@ -43,7 +43,8 @@ std::string TemporaryName() {
 // The file that a link leads to is replaced, not the link.
 std::string BehindLinks(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), std::free);
-  return real ? real.get() : path;
+  if (!real) Fail(path);
+  return real.get();
 }
 
 // A process that has ended keeps its number until another one has asked for its status, which can take for ever.
