@@ -24,10 +24,10 @@ SOURCE = Path(__file__).resolve().parents[2]
 KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "process"]
 # Statuses that may be given besides 0: those of hexlume --help and hexlume-batch --help.
 FITTING = {
-    "memory": {2, 11, 32, 33, 34, 45, 47, 48, 73, 74},
+    "memory": {2, 11, 30, 32, 33, 34, 45, 47, 48, 73, 74},
     "write": {48, 73},
-    "read": {2, 34, 35, 47, 48, 73, 74},
-    "open": {2, 11, 32, 34, 47, 48, 73, 74},
+    "read": {2, 30, 34, 35, 47, 48, 73, 74},
+    "open": {2, 11, 30, 32, 34, 47, 48, 73, 74},
     "close": {73},
     "rename": {73},
     "sync": {73},
