@@ -5,14 +5,17 @@
 #include <fcntl.h>
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>
+#include <link.h>
 #include <signal.h>
 #include <spawn.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/mman.h>
 #include <sys/uio.h>
 #include <unistd.h>
+#include <unwind.h>
 
 #include <atomic>
 #include <cerrno>
@@ -36,14 +39,58 @@ const char* const kindNames[FAULT_KINDS] = {"memory", "write", "read", "open",  
 
 std::atomic<int32_t> armedKind{FAULT_NONE};
 std::atomic<int64_t> failing{0}, calls{0}, blocks{0};
-bool kills = false;
-const char* countFile = nullptr;
+bool kills = false, crashes = false;
+
+// The records of the calls, in a file that is mapped: a worker can be killed at any moment.
+constexpr int64_t mostRecords = 1 << 20;
+FaultCall* records = nullptr;
+
+struct Walk {
+  FaultCall call = {1469598103934665603u, {}};
+  int callers = 0;
+};
+
+// Part of the name of a library whose callers are looked for instead.
+bool IsSystem(const char* name) {
+  static const char* const parts[] = {"libhexlume_faults", "libc.so", "libstdc++", "libgcc_s", "ld-linux"};
+  for (const char* const part : parts)
+    if (strstr(name, part)) return true;
+  return false;
+}
+
+_Unwind_Reason_Code TakeCaller(_Unwind_Context* context, void* argument) {
+  constexpr int mostCallers = 4;
+  Walk& walk = *static_cast<Walk*>(argument);
+  const uintptr_t address = _Unwind_GetIP(context);
+  dl_find_object found;
+  if (address == 0 || _dl_find_object(reinterpret_cast<void*>(address), &found) != 0)
+    return _URC_END_OF_STACK;
+  const char* const path = found.dlfo_link_map->l_name;
+  if (IsSystem(path)) return _URC_NO_REASON;
+  const char* const slash = strrchr(path, '/');
+  if (walk.callers == 0) strncpy(walk.call.owner, slash ? slash + 1 : "program", sizeof walk.call.owner - 1);
+  walk.call.place = (walk.call.place ^ (address - found.dlfo_link_map->l_addr)) * 1099511628211u | 1;
+  return ++walk.callers == mostCallers ? _URC_END_OF_STACK : _URC_NO_REASON;
+}
+
+void Record(int64_t call) {
+  static thread_local bool isWalking = false;
+  if (isWalking || call > mostRecords) return;
+  isWalking = true;
+  Walk walk;
+  _Unwind_Backtrace(TakeCaller, &walk);
+  records[call - 1] = walk.call;
+  isWalking = false;
+}
 
 // Counts a call. True if it is the one that fails.
 bool Fails(int32_t kind) {
   if (armedKind.load(std::memory_order_relaxed) != kind) return false;
-  if (++calls != failing) return false;
+  const int64_t call = ++calls;
+  if (records) Record(call);
+  if (call != failing) return false;
   if (kills) kill(getpid(), SIGKILL);
+  if (crashes) *static_cast<volatile char*>(nullptr) = 0;
   return true;
 }
 
@@ -68,31 +115,51 @@ Result Failed(int error, Result result) {
   return result;
 }
 
-// Writes the number of calls when the process ends as programs do.
+void MapRecords(const char* folder) {
+  char path[4096];
+  snprintf(path, sizeof path, "%s/%d", folder, getpid());
+  const int file = open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  const size_t size = mostRecords * sizeof(FaultCall);
+  if (file < 0 || ftruncate(file, static_cast<off_t>(size)) != 0) abort();
+  void* const mapped = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+  if (mapped == MAP_FAILED) abort();
+  records = static_cast<FaultCall*>(mapped);
+  close(file);
+}
+
+// Says which library a signal ends the process in.
+void SayWhere(int signal) {
+  Walk walk;
+  _Unwind_Backtrace(TakeCaller, &walk);
+  char line[64];
+  const int length = snprintf(line, sizeof line, "faults: ended in %s\n", walk.call.owner);
+  if (write(STDERR_FILENO, line, static_cast<size_t>(length)) != length) return;
+  raise(signal);  // when this function returns
+}
+
+void WatchSignals() {
+  struct sigaction action = {};
+  action.sa_handler = SayWhere;
+  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  static const int signals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
+  for (const int signal : signals) sigaction(signal, &action, nullptr);
+}
+
 struct Orders {
   Orders() {
     const char* const order = getenv("HEXLUME_FAULT");
-    countFile = getenv("HEXLUME_FAULT_COUNT");
     if (!order) return;
+    WatchSignals();
+    if (const char* const folder = getenv("HEXLUME_FAULT_CALLS")) MapRecords(folder);
     const size_t nameLength = strcspn(order, ":");
-    for (int32_t kind = 0; kind < FAULT_KINDS; ++kind)
-      if (strlen(kindNames[kind]) == nameLength && strncmp(order, kindNames[kind], nameLength) == 0)
-        armed = kind;
+    int32_t kind = 0;
+    while (strlen(kindNames[kind]) != nameLength || strncmp(order, kindNames[kind], nameLength) != 0)
+      if (++kind == FAULT_KINDS) abort();
     const char* const number = order + nameLength;
     kills = strstr(number, ":kill") != nullptr;
-    if (armed != FAULT_NONE)
-      hexlume_fault_arm(armed, strtoll(*number == ':' ? number + 1 : number, nullptr, 10));
+    crashes = strstr(number, ":crash") != nullptr;
+    hexlume_fault_arm(kind, strtoll(*number == ':' ? number + 1 : number, nullptr, 10));
   }
-  ~Orders() {
-    if (!countFile || armed == FAULT_NONE) return;
-    char line[32];
-    const int length = snprintf(line, sizeof line, "%lld\n", static_cast<long long>(hexlume_fault_disarm()));
-    const int file = open(countFile, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    if (file < 0) return;
-    if (write(file, line, static_cast<size_t>(length)) != length) abort();
-    close(file);
-  }
-  int32_t armed = FAULT_NONE;
 } orders;
 
 }  // namespace
@@ -204,6 +271,13 @@ size_t fread(void* bytes, size_t size, size_t count, FILE* file) {
   REAL(close)(kept);
   REAL(close)(writeOnly);
   return got;
+}
+
+dirent* readdir(DIR* folder) {
+  return Fails(FAULT_READ) ? Failed<dirent*>(EIO, nullptr) : REAL(readdir)(folder);
+}
+dirent64* readdir64(DIR* folder) {
+  return Fails(FAULT_READ) ? Failed<dirent64*>(EIO, nullptr) : REAL(readdir64)(folder);
 }
 
 static mode_t ModeOf(int flags, va_list arguments) {

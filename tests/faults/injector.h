@@ -3,7 +3,10 @@
 //
 //   HEXLUME_FAULT=KIND:N         the N-th call of that kind fails, in each process for itself
 //   HEXLUME_FAULT=KIND:N:kill    the process kills itself in its place
-//   HEXLUME_FAULT_COUNT=FILE     gets a line for each process: the number of calls of the kind
+//   HEXLUME_FAULT=KIND:N:crash   the call reads what isn't there
+//   HEXLUME_FAULT_CALLS=FOLDER   gets a file for each process, with a FaultCall for each call of the kind
+//
+// With HEXLUME_FAULT a process that a signal ends says which library it was in: "faults: ended in libX.so".
 #pragma once
 
 #include <stdint.h>
@@ -24,6 +27,12 @@ enum {
   FAULT_FONT,     // of fontconfig and FreeType
   FAULT_PROCESS,  // pipes and new processes
   FAULT_KINDS
+};
+
+// A record of a call. The file survives the process, however it ends.
+struct FaultCall {
+  uint64_t place;  // a digest of the nearest callers; never 0
+  char owner[24];  // the library, or program, that has made the call, apart from the C and C++ libraries
 };
 
 // From now on the call with this number fails, from 1; 0 for none. Starts counting anew.

@@ -2,11 +2,13 @@
 """Lets each call of a kind fail once, in turn, in the tools: tool_faults.py [--sample] BUILD [SCENARIO ...]
 
 BUILD is a build folder such as build/linux. Each command is run with its first call of a kind failing, then with its second, and
-so on until none is left. It must end with a status that fits, each output must be the earlier file or the whole new one, no file
-may be left besides, and the next run must give what a run without a failure gives. Then the command is killed at each of its
-writes. --sample takes a few calls of each kind. Last come conditions of a whole run: a full disk, a missing font and the like.
+so on. It must end with a status that fits, each output must be the earlier file or the whole new one, no file may be left
+besides, and the next run must give what a run without a failure gives. A place is a call with its four nearest callers. Of a
+place in our own code the first ten calls, the last one and each 20th fail in turn, of one in another library the first one, the
+last one and each 20th. A signal may end a process only within such a library. Then the command is killed at each of its writes.
+--sample takes a few calls of each kind. Last come conditions of a whole run: a full disk, a missing font and the like.
 """
-import filecmp
+import collections
 import os
 import pty
 import resource
@@ -22,17 +24,21 @@ SOURCE = Path(__file__).resolve().parents[2]
 KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "process"]
 # Statuses that may be given besides 0: those of hexlume --help and hexlume-batch --help.
 FITTING = {
-    "memory": {11, 30, 32, 33, 34, 47, 48, 73, 74},
-    "write": {48, 73, 74},
-    "read": {30, 34, 35, 47, 48, 64, 73, 74},
-    "open": {2, 11, 30, 32, 34, 47, 48, 64, 73, 74},
-    "close": {73, 74},
-    "rename": {73, 74},
-    "sync": {73, 74},
-    "font": {11, 30, 47, 73},
+    "memory": {2, 11, 30, 32, 33, 34, 45, 47, 48, 73, 74},
+    "write": {48, 73},
+    "read": {2, 30, 34, 35, 47, 48, 73, 74},
+    "open": {2, 11, 30, 32, 34, 47, 48, 73, 74},
+    "close": {73},
+    "rename": {73},
+    "sync": {73},
+    "font": {11, 47, 73},
     "process": {48, 69, 73},
 }
 OLD = b"an earlier result"
+
+
+def is_ours(owner):
+    return owner == "program" or "hexlume" in owner
 
 
 class Scenario:
@@ -52,15 +58,16 @@ def scenarios(tool, batch):
     chunk = [batch, "chunk", "plan", "1", "--jobs", "1"]
     return [
         Scenario("one drawing", [tool, "TEXT.dxf", "out/TEXT.emf"], ["out/TEXT.emf"]),
+        Scenario("fitted, through a link", [tool, "--fit", "TEXT.dxf", "link.emf"], ["out/TEXT.emf"]),
         Scenario("its pictures", [tool, "--fit", "TEXT.dxf", "out/a.emf", "--png", "out/a.png", "--svg", "out/a.svg", "--pdf",
                                   "out/a.pdf"], ["out/a.emf", "out/a.png", "out/a.svg", "out/a.pdf"]),
-        Scenario("workers", [tool, "-d", "out", "--jobs", "1", "--skip-unchanged", "POINT.dxf", "PART.dxf", "--to", "emf,png"],
-                 ["out/POINT.emf", "out/PART.emf", "out/POINT.png", "out/PART.png"], volatile=("out/.hexlume-state",)),
-        Scenario("a book", [tool, "-d", "out", "--jobs", "1", "--pdf-book", "out/book.pdf", "POINT.dxf", "PART.dxf"],
+        Scenario("workers", [tool, "-d", "out", "--jobs", "1", "--time-limit", "10", "--skip-unchanged", "POINT.dxf", "TEXT.dxf", "--to", "emf,png"],
+                 ["out/POINT.emf", "out/TEXT.emf", "out/POINT.png", "out/TEXT.png"], volatile=("out/.hexlume-state",)),
+        Scenario("a book", [tool, "-d", "out", "--jobs", "1", "--time-limit", "10", "--pdf-book", "out/book.pdf", "POINT.dxf", "PART.dxf"],
                  ["out/POINT.emf", "out/PART.emf", "out/book.pdf"], volatile=("out/.hexlume-state",), incomplete=("out/book.pdf",)),
-        Scenario("plan", [batch, "plan", "in", "--out", "plan", "--jobs", "1"], [], volatile=("plan",)),
+        Scenario("plan", [batch, "plan", "in", "--out", "plan", "--jobs", "2", "--time-limit", "10"], [], volatile=("plan",)),
         Scenario("chunk", chunk, ["plan/out/POINT.emf", "plan/out/PART.emf"],
-                 setup=[[batch, "plan", "in", "--out", "plan", "--jobs", "1"]],
+                 setup=[[batch, "plan", "in", "--out", "plan", "--jobs", "1", "--time-limit", "10"]],
                  failures=[batch, "report", "plan", "--failed"], again=[batch, "retry", "plan", "--failed"],
                  volatile=("plan/results", "plan/plan.db", "plan/tmp")),
     ]
@@ -74,6 +81,20 @@ class Trial:
         self.root = Path(tempfile.mkdtemp(prefix="hexlume-faults-"))
         self.wrong = 0
         self.runs = 0
+        self.ended = self.other_fonts = 0
+        self.owners = {}
+        self.proven = {}  # states of the folder from which a run is known to give what it should
+
+        os.environ["FONTCONFIG_FILE"] = self.own_fonts()
+
+    def own_fonts(self):
+        """The system's fonts with a cache of our own: a failing call may write one, or keep one locked."""
+        folder = self.root / "fonts"
+        folder.mkdir()
+        config = folder / "fonts.conf"
+        config.write_text(f"<fontconfig><cachedir>{folder}/cache</cachedir><include>/etc/fonts/fonts.conf</include></fontconfig>")
+        subprocess.run(["fc-cache"], env=dict(os.environ, FONTCONFIG_FILE=str(config)), check=True)
+        return str(config)
 
     def complain(self, words):
         self.wrong += 1
@@ -89,6 +110,7 @@ class Trial:
             shutil.copy(SOURCE / "examples" / name, folder / name)
         for name in ["POINT.dxf", "PART.dxf"]:
             shutil.copy(SOURCE / "examples" / name, folder / "in" / name)
+        os.symlink("out/TEXT.emf", folder / "link.emf")
         for command in scenario.setup:
             subprocess.run(command, cwd=folder, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
         if with_old:
@@ -97,20 +119,39 @@ class Trial:
                 (folder / output).write_bytes(OLD)
         return folder
 
-    def run(self, scenario, folder, fault=None, count=None):
+    def run(self, scenario, folder, fault=None, calls=None, before=None):
         variables = dict(os.environ)
         if fault:
             variables["LD_PRELOAD"] = str(self.injector)
             variables["HEXLUME_FAULT"] = fault
-            if count:
-                variables["HEXLUME_FAULT_COUNT"] = str(count)
-        try:
-            done = subprocess.run(scenario.command, cwd=folder, env=variables, stdin=subprocess.DEVNULL, timeout=60,
-                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-        except subprocess.TimeoutExpired:
-            return None, b""
+            if calls:
+                variables["HEXLUME_FAULT_CALLS"] = str(calls)
         self.runs += 1
-        return done.returncode, done.stderr
+        process = subprocess.Popen(scenario.command, cwd=folder, env=variables, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=before, start_new_session=True)
+        # A process that waits for ever says where.
+        for signal_sent in [signal.SIGABRT, signal.SIGKILL]:
+            try:
+                words = self.words_of(process)
+                return process.returncode, words
+            except subprocess.TimeoutExpired:
+                process.send_signal(signal_sent)
+        process.communicate()
+        return None, b""
+
+    @staticmethod
+    def words_of(process):
+        """What it says until its end, however busy the machine is: 20 seconds in which it and its workers have nothing to do, or
+        ten minutes, are too long."""
+        for _ in range(30):
+            try:
+                return process.communicate(timeout=20)[1]
+            except subprocess.TimeoutExpired as expired:
+                listed = subprocess.run(["ps", "-o", "state=", "-g", str(process.pid)], stdout=subprocess.PIPE).stdout
+                if not set(listed.decode().split()) & {"R", "D"}:
+                    raise
+                last = expired
+        raise last
 
     def files(self, scenario, folder):
         """All files with their bytes, but those that differ in each run."""
@@ -122,15 +163,38 @@ class Trial:
         return found
 
     def calls(self, scenario, kind):
-        """How many calls of the kind the process with most of them makes."""
+        """For each process of the command the calls of the kind: (place, owner)."""
         folder = self.fresh(scenario)
-        count = self.root / "count"
-        count.unlink(missing_ok=True)
-        self.run(scenario, folder, kind + ":0", count)
-        return max((int(line) for line in count.read_text().split()), default=0) if count.exists() else 0
+        records = self.root / "calls"
+        shutil.rmtree(records, ignore_errors=True)
+        records.mkdir()
+        self.run(scenario, folder, kind + ":0", records)
+        processes = []
+        for path in records.iterdir():
+            calls = []
+            with open(path, "rb") as file:
+                while (record := file.read(32))[:8].strip(b"\0"):
+                    calls.append((record[:8], record[8:].rstrip(b"\0").decode()))
+            processes.append(calls)
+        return processes
 
-    def places(self, most, few):
-        if not self.is_sample or most <= few:
+    def chosen(self, processes):
+        """The numbers of the calls that fail."""
+        numbers, self.owners = set(), collections.defaultdict(set)
+        for calls in processes:
+            last, seen = {}, collections.Counter()
+            for number, (place, owner) in enumerate(calls, 1):
+                self.owners[number].add(owner)
+                last[place] = number
+                seen[place] += 1
+                if seen[place] <= (10 if is_ours(owner) else 1) or seen[place] % 20 == 0:
+                    numbers.add(number)
+            numbers.update(last.values())
+        return self.places(max(map(len, processes), default=0), 3) if self.is_sample else sorted(numbers)
+
+    @staticmethod
+    def places(most, few):
+        if most <= few:
             return range(1, most + 1)
         return sorted({1 + i * (most - 1) // (few - 1) for i in range(few)})
 
@@ -148,7 +212,21 @@ class Trial:
             if name not in now:
                 self.complain(f"{what}: {name} is gone")
 
-    def check_next(self, what, scenario, folder, expected):
+    def check_next(self, what, scenario, folder, expected, may_stay=False):
+        """may_stay: a plain conversion doesn't look for what a process that has been ended has left."""
+        if may_stay:
+            for path in folder.rglob(".hexlume-*.tmp"):
+                path.unlink()
+        if not scenario.volatile:
+            state = frozenset(self.files(scenario, folder).items())
+            if state in self.proven.setdefault(scenario.name, set()):
+                return
+        wrong_before = self.wrong
+        self.run_next(what, scenario, folder, expected)
+        if not scenario.volatile and self.wrong == wrong_before:
+            self.proven[scenario.name].add(state)
+
+    def run_next(self, what, scenario, folder, expected):
         if scenario.again:
             subprocess.run(scenario.again, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
         status, words = self.run(scenario, folder)
@@ -179,21 +257,40 @@ class Trial:
         if status is None:
             self.complain(f"{what}: it hangs")
             return 0
-        if status != 0 and status not in FITTING[kind]:
+        ended = [line.split()[-1].decode() for line in words.splitlines() if line.startswith(b"faults: ended in")]
+        self.ended += bool(ended)
+        if ended and is_ours(ended[0]):
+            self.complain(f"{what}: ended in {ended[0]}")
+        elif status != 0 and status not in FITTING[kind] and not (ended and status < 0):
             self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()[-300:]}")
-        # Fontconfig goes on without a part of its configuration, and says so itself.
+        # Fontconfig goes on without a part of its configuration, and says so itself, or without a folder of fonts.
         is_said = b"Fontconfig" in words or self.lists_failures(scenario, folder)
         other = status == 0 and self.files(scenario, folder) != expected
         if other and not is_said:
-            self.complain(f"{what}: another result, and no word of it")
+            self.other_fonts += 1
+            if not self.owners[call] & {"libfontconfig.so.1", "libexpat.so.1"}:
+                self.complain(f"{what}: another result, and no word of it")
         if status not in (0, 64) and not words:
             self.complain(f"{what}: status {status}, and no word of it")
-        # A process that has been ended leaves its file, which the next run removes.
-        # With 30 what was drawn before the fault is kept: a library below has no look at what it is given.
-        if not other and status != 30:
-            self.check_outputs(what, scenario, before, expected, folder, (".tmp",) if status == 48 else ())
-        self.check_next(what, scenario, folder, expected)
+        # A process that has been ended leaves its file, which the next run removes. So does one that has ended itself where memory
+        # runs out in a destructor.
+        # Where the tool gives up, its worker is ended in the middle of a file.
+        may_leave = ended or status in (45, 48) or status in (47, 73) and scenario.volatile
+        if not other:
+            self.check_outputs(what, scenario, before, expected, folder, (".tmp",) if may_leave else ())
+        self.check_next(what, scenario, folder, expected, may_stay=ended and not scenario.volatile)
         return status != 0
+
+    def try_crash(self, scenario, call, expected):
+        """Fontconfig faults in a call. The conversion ends for lack of memory, and doesn't wait for a lock that is left."""
+        what = f"{scenario.name}, crash in font {call}"
+        folder = self.fresh(scenario)
+        before = self.files(scenario, folder)
+        status, words = self.run(scenario, folder, f"font:{call}:crash")
+        if status not in (0, 47):
+            self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()}")
+        if self.files(scenario, folder) != (expected if status == 0 else before):
+            self.complain(f"{what}: the earlier output isn't what it was")
 
     def try_kill(self, scenario, call, expected):
         what = f"{scenario.name}, killed at write {call}"
@@ -201,7 +298,7 @@ class Trial:
         before = self.files(scenario, folder)
         self.run(scenario, folder, f"write:{call}:kill")
         self.check_outputs(what, scenario, before, expected, folder, (".tmp",))
-        if scenario.name not in ("one drawing", "its pictures"):  # a plain conversion doesn't look for what is left
+        if scenario.name not in ("one drawing", "fitted, through a link", "its pictures"):  # a plain conversion doesn't look for what is left
             self.check_next(what, scenario, folder, expected)
 
     def run_scenario(self, scenario):
@@ -211,17 +308,34 @@ class Trial:
             return self.complain(f"{scenario.name}: status {status} without a fault: {words.decode(errors='replace')}")
         expected = self.files(scenario, folder)
         for kind in KINDS:
-            most, wrong_before, said, places = self.calls(scenario, kind), self.wrong, 0, 0
-            for call in self.places(most, 3):
-                said += self.try_call(scenario, kind, call, expected)
-                places += 1
-            if most:
-                print(f"| {scenario.name} | {kind} | {places} of {most} | {said} | {self.wrong - wrong_before} |", flush=True)
+            processes = self.calls(scenario, kind)
+            self.try_calls(scenario, kind, processes, expected)
+            if kind == "font" and scenario.name in ("one drawing", "fitted, through a link"):
+                self.crash_at(scenario, self.places(min(map(len, processes)), 5 if self.is_sample else 1 << 30), expected)
+            if kind == "write":
+                self.kill_at(scenario, self.places(max(map(len, processes)), 3 if self.is_sample else 1 << 30), expected)
+
+    def try_calls(self, scenario, kind, processes, expected):
+        wrong_before, said, chosen = self.wrong, 0, self.chosen(processes)
+        self.ended = self.other_fonts = 0
+        for call in chosen:
+            said += self.try_call(scenario, kind, call, expected)
+        if chosen:
+            made, ours = sum(map(len, processes)), sum(is_ours(owner) for calls in processes for _, owner in calls)
+            print(f"| {scenario.name} | {kind} | {made} | {ours} | {len(chosen)} | {said} | {self.ended} | {self.other_fonts} | {self.wrong - wrong_before} |",
+                  flush=True)
+
+    def crash_at(self, scenario, calls, expected):
         wrong_before = self.wrong
-        places = self.places(self.calls(scenario, "write"), 3)
-        for call in places:
+        for call in calls:
+            self.try_crash(scenario, call, expected)
+        print(f"| {scenario.name} | crash in a lookup | | | {len(calls)} | | | | {self.wrong - wrong_before} |", flush=True)
+
+    def kill_at(self, scenario, calls, expected):
+        wrong_before = self.wrong
+        for call in calls:
             self.try_kill(scenario, call, expected)
-        print(f"| {scenario.name} | kill at a write | {len(places)} | | {self.wrong - wrong_before} |", flush=True)
+        print(f"| {scenario.name} | killed at a write | | | {len(calls)} | | | | {self.wrong - wrong_before} |", flush=True)
 
     # Conditions of a whole run.
 
@@ -249,7 +363,13 @@ class Trial:
         self.read_only_folder(plain)
         self.no_locale(plain, right)
         self.fonts(plain)
+        self.damaged_font_beside_good_ones(plain, right)
+        self.font_that_was_damaged(plain)
         self.few_files(plain, right)
+        for scenario in scenarios(str(self.build / "bin" / "hexlume"), str(self.build / "bin" / "hexlume-batch")):
+            if scenario.name in ("its pictures", "workers", "chunk"):
+                self.few_files_of(scenario)
+        self.closed_streams(plain)
         self.standard_output(plain)
         self.terminal(plain)
         self.two_processes(plain, right)
@@ -306,6 +426,32 @@ class Trial:
             results.append((folder / "out/a.emf").read_bytes())
             self.check(name, status == 0 and results[-1] == results[0] != OLD, f"{status} {words}")
 
+    def damaged_font_beside_good_ones(self, plain, right):
+        folder = self.fresh(plain)
+        (folder / "fonts").mkdir()
+        (folder / "fonts" / "damaged.ttf").write_bytes(self.a_font()[:4000])
+        config = folder / "fonts.conf"
+        config.write_text(f"<fontconfig><cachedir>{folder}/cache</cachedir><dir>{folder}/fonts</dir>"
+                          "<include>/etc/fonts/fonts.conf</include></fontconfig>")
+        status, words = self.call(plain, folder, *plain.command[1:], variables={"FONTCONFIG_FILE": str(config)})
+        self.check("a damaged font beside good ones", status == 0 and (folder / "out/a.emf").read_bytes() == right, f"{status} {words}")
+
+    def font_that_was_damaged(self, plain):
+        """Fontconfig's cache has the font, but its file can't be used any more: it counts as none."""
+        folder = self.fresh(plain)
+        (folder / "fonts").mkdir()
+        config = folder / "fonts.conf"
+        config.write_text(f"<fontconfig><dir>{folder}/fonts</dir><cachedir>{folder}/cache</cachedir></fontconfig>")
+        results = []
+        for contents in [None, self.a_font(), self.a_font()[:4000]]:
+            if contents:
+                with open(folder / "fonts" / "good.ttf", "wb") as file:
+                    file.write(contents)
+            status, words = self.call(plain, folder, *plain.command[1:], variables={"FONTCONFIG_FILE": str(config)})
+            results.append((folder / "out/a.emf").read_bytes())
+        good = status == 0 and results[0] == results[2] != results[1]
+        self.check("a font that was damaged after it was listed", good, f"{status} {words} {list(map(len, results))}")
+
     @staticmethod
     def a_font():
         path = subprocess.run(["fc-match", "-f", "%{file}", "IPAGothic"], stdout=subprocess.PIPE, check=True).stdout
@@ -321,6 +467,45 @@ class Trial:
             if not fits:
                 return self.check("too many open files", False, f"with {count} files: {status} {words} {len(result)} bytes")
         self.check("too many open files", status == 0, f"still {status} {words}")
+
+    def few_files_of(self, scenario):
+        """With each limit all results are right, or the command says what it could not do and earlier results are whole."""
+        folder = self.fresh(scenario)
+        self.run(scenario, folder)
+        expected = self.files(scenario, folder)
+        wrong_before, statuses = self.wrong, set()
+        for count in range(3, 25):
+            folder = self.fresh(scenario)
+            before = self.files(scenario, folder)
+            limit = lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (count, count))
+            status, words = self.run(scenario, folder, before=limit)
+            what = f"{scenario.name} with {count} files"
+            statuses.add(status)
+            if status == 127:
+                continue  # the system's loader needs more
+            if status == 0 and self.files(scenario, folder) != expected and not self.lists_failures(scenario, folder):
+                self.complain(f"{what}: another result, and no word of it")
+            if status not in FITTING["open"] | FITTING["process"] | {0} or status != 0 and not words:
+                self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()}")
+            self.check_outputs(what, scenario, before, expected, folder)
+            self.check_next(what, scenario, folder, expected)
+        self.check(f"too many open files, {scenario.name}", self.wrong == wrong_before and {0, 127} < statuses, str(statuses))
+
+    def closed_streams(self, plain):
+        """A warning must not reach an output whose file has the number of a standard stream."""
+        folder = self.fresh(plain)
+        text = (folder / "TEXT.dxf").read_bytes()
+        (folder / "TEXT.dxf").write_bytes(text[:text.rindex(b"EOF")])
+        status, words = self.call(plain, folder, *plain.command[1:])
+        self.check("a drawing with a warning", status == 0 and "cut-off" in words, f"{status} {words}")
+        right = (folder / "out/a.emf").read_bytes()
+        for streams in [(0,), (2,), (0, 2), (0, 1, 2)]:
+            close_all = lambda: [os.close(stream) for stream in streams]
+            for output, arguments in [("a.emf", plain.command[1:]), ("TEXT.emf", ["-d", "out", "--jobs", "1", "TEXT.dxf"])]:
+                (folder / "out" / output).write_bytes(OLD)
+                status, _ = self.call(plain, folder, *arguments, before=close_all)
+                self.check(f"streams {streams} closed, {output}", status == 0 and (folder / "out" / output).read_bytes() == right,
+                           f"{status}")
 
     def standard_output(self, plain):
         for arguments in [["TEXT.dxf", "-"], ["--list", "TEXT.dxf", "out/a.emf"], ["--help"], ["--version"]]:
@@ -357,12 +542,16 @@ class Trial:
         self.check("the run after it", status == 0 and count == 300 and not left, f"{status} {words} {count} {left}")
 
     def two_processes(self, plain, right):
+        """They write different drawings. The output is one of the two, whole."""
         folder = self.fresh(plain)
+        command = [plain.command[0], "PART.dxf", "out/a.emf"]
+        subprocess.run(command, cwd=folder, check=True)
+        results = [right, (folder / "out/a.emf").read_bytes()]
         rounds = 5 if self.is_sample else 200
         good = True
         for _ in range(rounds):
-            both = [subprocess.Popen(plain.command, cwd=folder) for _ in range(2)]
-            good = [process.wait() for process in both] == [0, 0] and (folder / "out/a.emf").read_bytes() == right and good
+            both = [subprocess.Popen(each, cwd=folder) for each in [plain.command, command]]
+            good = [process.wait() for process in both] == [0, 0] and (folder / "out/a.emf").read_bytes() in results and good
         self.check(f"two processes on one output, {rounds} times", good and os.listdir(folder / "out") == ["a.emf"], "")
 
 
@@ -375,7 +564,8 @@ def main():
     trial = Trial(names[0], is_sample)
     tool, batch = str(trial.build / "bin" / "hexlume"), str(trial.build / "bin" / "hexlume-batch")
     try:
-        print("| command | call that fails | tried | said so | wrong |\n|---|---|--:|--:|--:|")
+        print("| command | call that fails | made | by our code | failed in turn | said so | ended by a signal | other fonts | wrong |")
+        print("|---|---|--:|--:|--:|--:|--:|--:|--:|")
         for scenario in scenarios(tool, batch):
             if not names[1:] or scenario.name in names[1:]:
                 trial.run_scenario(scenario)

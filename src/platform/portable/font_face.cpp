@@ -4,9 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <exception>
 #include <memory>
 #include <string>
 
+#include "platform/fault_guard.h"
 #include "platform/portable/file_face.h"
 #include "platform/portable/font_memory.h"
 #include "platform/portable/gothic_families.h"
@@ -166,6 +168,7 @@ struct FaceCache {
   Config config;
   FontLibrary library;
   FaceRows rows;
+  bool isBroken = false;  // after a fault within fontconfig or FreeType, which may keep a lock
 
   std::unique_ptr<FontFace> MakeFace(const LOGFONTA& font) {
     if (!config) config = LoadConfig();
@@ -174,13 +177,33 @@ struct FaceCache {
     const Pattern pattern = PatternFor(config.get(), font);
     return MakeFileFace(OpenBestMatch(config.get(), library.get(), pattern.get()), IsVertical(font));
   }
+
+  // The faults of these libraries come from memory that they didn't get.
+  std::unique_ptr<FontFace> MakeFaceGuarded(const LOGFONTA& font) {
+    CheckFontMemory(!isBroken);
+    CheckFontRoom();
+    std::unique_ptr<FontFace> face;
+    isBroken = true;
+    try {
+      GuardFaults([&] {
+        try {
+          face = MakeFace(font);
+        } catch (const std::exception&) {
+        }
+        isBroken = false;
+      });
+    } catch (int32_t) {
+    }
+    CheckFontMemory(face != nullptr);
+    return face;
+  }
 };
 
 }  // namespace
 
 const FontFace& FaceOf(const LOGFONTA& font) {
   static FaceCache cache;
-  return cache.rows.Find(font, [&font] { return cache.MakeFace(font); });
+  return cache.rows.Find(font, [&font] { return cache.MakeFaceGuarded(font); });
 }
 
 }  // namespace hexlume

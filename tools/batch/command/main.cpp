@@ -8,6 +8,7 @@
 #include "tools/hexlume/command/suggestion.h"
 #include "tools/hexlume/drawing/status.h"
 #include "tools/hexlume/system/file_output.h"
+#include "tools/hexlume/system/no_memory.h"
 #include "tools/hexlume/system/system.h"
 #include "tools/hexlume/system/worker_process.h"
 
@@ -83,6 +84,7 @@ int RunBatchTool(const std::vector<std::string>& arguments) {
 }  // namespace hexlume::batch
 
 int main(int argc, char** argv) {
+  hexlume::EndWhereMemoryRunsOut("hexlume-batch");
   try {
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     if (!arguments.empty() && arguments[0] == hexlume::workerArgument) return hexlume::RunWorker();

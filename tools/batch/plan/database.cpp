@@ -1,7 +1,10 @@
 #include "tools/batch/plan/database.h"
 
+#include <new>
+
 #include "tools/batch/base/error.h"
 #include "tools/batch/base/text.h"
+#include "tools/hexlume/system/file_output.h"
 
 namespace hexlume::batch {
 
@@ -54,8 +57,7 @@ std::string Statement::Bytes(int column) const {
   return bytes ? std::string(bytes, size) : "";
 }
 
-Database::Database(const std::string& file, Use use) : path(file) {
-  const bool makes = use == Use::make;
+Database::Database(const std::string& file, Use use) : path(file), makes(use == Use::make) {
   const int flags =
       SQLITE_OPEN_URI | (makes ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY);
   const std::string uri = "file:" + PercentEncoded(path) + (makes ? "" : "?immutable=1");
@@ -72,6 +74,10 @@ void Database::Run(const std::string& sql) {
 }
 
 void Database::Fail() const {
+  const int code = sqlite3_errcode(handle.get());
+  if (code == SQLITE_NOMEM) throw std::bad_alloc();
+  const bool isDamaged = code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
+  if (makes && !isDamaged) throw OutputError(path, sqlite3_errmsg(handle.get()));
   throw FolderError(path + ": " + sqlite3_errmsg(handle.get()));
 }
 

@@ -1,4 +1,5 @@
-// SQLite, as far as a plan needs it. All functions throw FolderError.
+// SQLite, as far as a plan needs it. All functions throw FolderError for a file that can't be read, OutputError for one that
+// can't be written, and std::bad_alloc.
 #pragma once
 
 #include <sqlite3.h>
@@ -58,6 +59,7 @@ class Database {
     void operator()(sqlite3* opened) const { sqlite3_close(opened); }
   };
   std::string path;
+  bool makes;
   std::unique_ptr<sqlite3, Close> handle;
 };
 

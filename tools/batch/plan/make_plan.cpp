@@ -4,6 +4,8 @@
 #include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <exception>
+#include <new>
 #include <thread>
 
 #include "tools/batch/base/error.h"
@@ -20,13 +22,23 @@ namespace {
 // Looks at files at the same time, as most of the time is spent waiting for the storage.
 void LookAtAll(std::vector<PlannedDrawing>& drawings, const PlanOrder& order) {
   std::atomic<size_t> next = 0;
-  const auto look = [&drawings, &next, &order] {
-    for (size_t i = next++; i < drawings.size(); i = next++) LookAt(drawings[i], order.isHashed);
+  std::atomic<bool> hasMemory = true;
+  const auto look = [&] {
+    try {
+      for (size_t i = next++; i < drawings.size(); i = next++) LookAt(drawings[i], order.isHashed);
+    } catch (const std::bad_alloc&) {
+      hasMemory = false;
+    }
   };
   std::vector<std::thread> threads;
-  for (int32_t i = 1; i < order.jobs; ++i) threads.emplace_back(look);
+  try {
+    for (int32_t i = 1; i < order.jobs; ++i) threads.emplace_back(look);
+  } catch (const std::exception&) {
+    // Those that could be started do it all.
+  }
   look();
   for (std::thread& thread : threads) thread.join();
+  if (!hasMemory) throw std::bad_alloc();
 }
 
 void MakeFolder(const std::string& folder) {
@@ -53,7 +65,10 @@ PlanSummary MakePlan(const PlanOrder& order) {
     throw FolderError(order.folder + ": there is a plan already; use another folder for another plan");
   // The drawings have the places that hexlume -d gives them.
   const JobPlan jobs(OptionsOf(order));
-  if (jobs.Count() == 0) throw UsageError("there are no drawings to convert");
+  if (jobs.Count() == 0) {
+    if (jobs.UnreadableFolders().empty()) throw UsageError("there are no drawings to convert");
+    return {0, 0, jobs.UnreadableFolders()};
+  }
   MakeFoldersOf(order.folder);
   PlanWriter writer(order.folder, order.settings, order.chunkSize);
   for (size_t start = 0; start < jobs.Count(); start += atOnce) {

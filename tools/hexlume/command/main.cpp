@@ -12,6 +12,7 @@
 #include "tools/hexlume/command/options.h"
 #include "tools/hexlume/drawing/output.h"
 #include "tools/hexlume/drawing/status.h"
+#include "tools/hexlume/system/no_memory.h"
 #include "tools/hexlume/system/system.h"
 
 namespace hexlume {
@@ -45,6 +46,7 @@ int Run(const std::vector<std::string>& arguments) {
 
 int RunTool(const std::vector<std::string>& arguments) {
   std::ios::sync_with_stdio(false);
+  EndWhereMemoryRunsOut("hexlume");
   if (!arguments.empty() && arguments[0] == workerArgument) return RunWorker();
   UsePlainLineEnds();
   try {

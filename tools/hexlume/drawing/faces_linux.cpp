@@ -10,6 +10,7 @@ namespace hexlume {
 namespace {
 
 bool FindFont(const std::string& face) {
+  CheckFontRoom();
   const std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)> pattern(FcPatternCreate(), FcPatternDestroy);
   const std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> objects(
       FcObjectSetBuild(FC_FAMILY, nullptr), FcObjectSetDestroy);

@@ -17,6 +17,21 @@ Remark RemarkOf(const hexlume_remark& remark) {
   return {remark.name, remark.english, remark.count, isMinor};
 }
 
+bool HasReachedBound(const host::Result& result) {
+  for (const hexlume_remark& remark : result.Remarks())
+    if (remark.code == HEXLUME_REMARK_BOUND) return true;
+  return false;
+}
+
+// Whether a fault isn't the drawing's own, which would reach a bound or come again. Then memory ran out, or a library below
+// has failed, and what was drawn before is of no use.
+bool IsPassing(const host::Result& fault, const DrawingSource& drawing, const host::Options& options) {
+  if (fault.Status() != HEXLUME_STATUS_FAULT || fault.Metafile().empty() || HasReachedBound(fault))
+    return false;
+  const host::Result again = CallHost(hexlume_convert, drawing, options);
+  return again.Status() != HEXLUME_STATUS_FAULT || again.Metafile() != fault.Metafile();
+}
+
 std::string LineText(int64_t line) {
   return line == 0 ? "" : " (line " + std::to_string(line) + ")";
 }
@@ -59,7 +74,9 @@ MetafileBytes BytesOf(host::Result result) {
 }
 
 Conversion ConvertByHostLibrary(const DrawingSource& drawing, const Options& options, int32_t format) {
-  host::Result result = CallHost(hexlume_convert, drawing, HostOptionsOf(options, format));
+  const host::Options asked = HostOptionsOf(options, format);
+  host::Result result = CallHost(hexlume_convert, drawing, asked);
+  if (IsPassing(result, drawing, asked)) return Ended(noMemoryStatus);
   const bool hasMetafile = !result.Metafile().empty();
   const bool isEmptySheet = result.Status() == HEXLUME_STATUS_NO_ENTITIES && hasMetafile;
   const StatusRow row = RowOfHostStatus(result.Status(), hasMetafile);

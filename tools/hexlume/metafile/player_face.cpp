@@ -169,6 +169,7 @@ class OutlineWriter {
 }  // namespace
 
 PlayerFace::PlayerFace(const PlayerFont& font) {
+  CheckFontRoom();
   const Pattern wanted = PatternOf(font);
   FcResult result = FcResultNoMatch;
   const Pattern found(FcFontMatch(nullptr, wanted.get(), &result));

@@ -43,7 +43,8 @@ std::string TemporaryName() {
 // The file that a link leads to is replaced, not the link.
 std::string BehindLinks(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), std::free);
-  return real ? real.get() : path;
+  if (!real) Fail(path);
+  return real.get();
 }
 
 // A process that has ended keeps its number until another one has asked for its status, which can take for ever.
@@ -88,11 +89,11 @@ struct WholeFile::Target {
   void OpenBeside(const struct stat* earlier) {
     if (earlier && access(path.c_str(), W_OK) != 0) Fail(path);
     final = earlier ? BehindLinks(path) : path;
-    const std::string name = final.substr(0, FileNameStart(final)) + TemporaryName();
+    std::string name = final.substr(0, FileNameStart(final)) + TemporaryName();
     constexpr mode_t allowed = 0666;
     descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, allowed);
     if (descriptor < 0) return;
-    temporary = name;
+    temporary = std::move(name);  // can't fail, so that the file is removed in any case
     // Where the system refuses that, the file is still the user's own.
     if (earlier) fchmod(descriptor, earlier->st_mode & 07777);
   }

@@ -52,12 +52,11 @@ struct WholeFile::Target {
   explicit Target(const std::string& given) : path(given) {
     const auto earlier = StampOf(path);
     const bool isDevice = earlier && earlier->kind == FileKind::other;
-    const std::wstring name =
-        WidePath(isDevice ? path : path.substr(0, FileNameStart(path)) + TemporaryName());
+    std::wstring name = WidePath(isDevice ? path : path.substr(0, FileNameStart(path)) + TemporaryName());
     file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, isDevice ? OPEN_EXISTING : CREATE_NEW,
                        FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) Fail(path);
-    if (!isDevice) temporary = name;
+    if (!isDevice) temporary = std::move(name);  // can't fail, so that the file is removed in any case
   }
 
   ~Target() {

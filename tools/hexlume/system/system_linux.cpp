@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <new>
 #include <thread>
 
 namespace hexlume {
@@ -100,12 +101,16 @@ bool NamesIgnoreCase() {
 
 std::optional<std::vector<FolderEntry>> EntriesOf(const std::string& folder) {
   const std::unique_ptr<DIR, CloseFolder> opened(opendir(folder.c_str()));
+  if (!opened && errno == ENOMEM) throw std::bad_alloc();
   if (!opened) return std::nullopt;
   std::vector<FolderEntry> entries;
+  errno = 0;
   while (const dirent* const entry = readdir(opened.get())) {
     const std::string name = entry->d_name;
     if (name != "." && name != "..") entries.push_back({name, KindOfEntry(folder, *entry)});
+    errno = 0;
   }
+  if (errno != 0) return std::nullopt;
   return entries;
 }
 

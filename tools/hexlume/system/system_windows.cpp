@@ -141,7 +141,9 @@ std::optional<std::vector<FolderEntry>> EntriesOf(const std::string& folder) {
     const std::string name = Utf8Text(found.cFileName);
     if (name != "." && name != "..") entries.push_back({name, KindOf(found)});
   } while (FindNextFileW(search, &found));
+  const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
   FindClose(search);
+  if (!isWhole) return std::nullopt;
   return entries;
 }
 
