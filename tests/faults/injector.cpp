@@ -127,20 +127,36 @@ void MapRecords(const char* folder) {
   close(file);
 }
 
+void Say(const char* owner) {
+  char line[64];
+  const int length = snprintf(line, sizeof line, "faults: ended in %s\n", owner);
+  if (write(STDERR_FILENO, line, static_cast<size_t>(length)) != length) abort();
+}
+
+// The callers can't be found, as the process has jumped to where no code is.
+void SayLost(int signal) {
+  Say("?");
+  ::signal(signal, SIG_DFL);
+  raise(signal);
+}
+
 // Says which library a signal ends the process in.
 void SayWhere(int signal) {
+  struct sigaction lost = {};
+  lost.sa_handler = SayLost;
+  lost.sa_flags = SA_NODEFER;
+  sigaction(SIGSEGV, &lost, nullptr);
   Walk walk;
   _Unwind_Backtrace(TakeCaller, &walk);
-  char line[64];
-  const int length = snprintf(line, sizeof line, "faults: ended in %s\n", walk.call.owner);
-  if (write(STDERR_FILENO, line, static_cast<size_t>(length)) != length) return;
-  raise(signal);  // when this function returns
+  Say(walk.call.owner);
+  ::signal(signal, SIG_DFL);
+  raise(signal);
 }
 
 void WatchSignals() {
   struct sigaction action = {};
   action.sa_handler = SayWhere;
-  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  action.sa_flags = SA_NODEFER;
   static const int signals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
   for (const int signal : signals) sigaction(signal, &action, nullptr);
 }

@@ -259,7 +259,8 @@ class Trial:
             return 0
         ended = [line.split()[-1].decode() for line in words.splitlines() if line.startswith(b"faults: ended in")]
         self.ended += bool(ended)
-        if ended and is_ours(ended[0]):
+        is_lost = bool(ended) and ended[0] == "?" and any(map(is_ours, self.owners[call]))
+        if is_lost or ended and is_ours(ended[0]):
             self.complain(f"{what}: ended in {ended[0]}")
         elif status != 0 and status not in FITTING[kind] and not (ended and status < 0):
             self.complain(f"{what}: status {status}: {words.decode(errors='replace').strip()[-300:]}")

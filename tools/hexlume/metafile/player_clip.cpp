@@ -1,6 +1,7 @@
 #include "tools/hexlume/metafile/player_clip.h"
 
 #include <algorithm>
+#include <new>
 
 namespace hexlume {
 namespace {
@@ -40,6 +41,8 @@ void PlayerClip::Combine(const std::vector<EmfRectangle>& rectangles, uint32_t m
 
 void PlayerClip::Apply(PlayerCanvas& canvas, const PlayerMapping& mapping) const {
   if (!region) return canvas.RemoveClip();
+  // One that got no memory is empty, and stays so.
+  if (cairo_region_status(region.get()) != CAIRO_STATUS_SUCCESS) throw std::bad_alloc();
   CanvasBoxes boxes;
   const int count = cairo_region_num_rectangles(region.get());
   boxes.reserve(static_cast<size_t>(count));

@@ -90,8 +90,14 @@ RasterCanvas::RasterCanvas(int width, int height, PictureWork pictureWork)
       strokes(image),
       work(pictureWork) {
   Require(cairo_surface_status(surface.get()));
-  cairo_set_source_rgb(context.get(), 1, 1, 1);
-  cairo_paint(context.get());
+  // Not painted by cairo, which leaves the sheet black, and says nothing, if it gets no memory for that.
+  cairo_surface_flush(surface.get());
+  constexpr uint8_t white = 0xFF;
+  std::fill_n(
+      cairo_image_surface_get_data(surface.get()),
+      static_cast<size_t>(cairo_image_surface_get_stride(surface.get())) * static_cast<size_t>(height),
+      white);
+  cairo_surface_mark_dirty(surface.get());
 }
 
 // Prepares cairo to draw on what we have drawn.

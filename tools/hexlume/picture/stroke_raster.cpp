@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <new>
 
 namespace hexlume {
 namespace {
@@ -53,6 +54,7 @@ void StrokeRaster::Clip(const CanvasBoxes& boxes) {
       cairo_region_destroy);
   const cairo_rectangle_int_t whole = {0, 0, image.width, image.height};
   cairo_region_intersect_rectangle(region.get(), &whole);
+  if (cairo_region_status(region.get()) != CAIRO_STATUS_SUCCESS) throw std::bad_alloc();
   SetVisible(*region);
 }
 
