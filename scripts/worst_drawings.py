@@ -350,6 +350,14 @@ def nested_splines():
 
 
 @drawing
+def crossing_splines():
+    """Each crosses itself some million times."""
+    points = "".join(lines((10, i * 37 % 400), (20, i * 91 % 280)) for i in range(8000))
+    knots = "".join(lines((40, i)) for i in range(8004))
+    return whole(fill(entity("SPLINE", (73, 8000)) + knots + points))
+
+
+@drawing
 def nested_polylines():
     vertices = "".join(lines((0, "VERTEX"), (10, i % 20), (20, i % 7), (42, 1)) for i in range(8000))
     return nested(entity("POLYLINE") + vertices + lines((0, "SEQEND")))

@@ -5,6 +5,7 @@
 
 #include "support/picture_text.h"
 #include "tools/hexlume/metafile/metafile_player.h"
+#include "tools/hexlume/metafile/player_path.h"
 
 namespace hexlume::raster_canvas_test {
 namespace {
@@ -31,6 +32,29 @@ TEST(RasterCanvas, the_work_of_curves) {
   const Words circle = MoveToRecord(600, -500) + AngleArcRecord(500, -500, 100, 0, 360);
   EXPECT_TRUE(IsWithin(13, circle));
   EXPECT_FALSE(IsWithin(15, circle));
+}
+
+// A path of 501 lines is stroked in pieces of 100, without a gap. Where they meet, at x = 100, 200 and so on, there is ink as
+// beside them.
+TEST(RasterCanvas, a_long_path_has_no_gaps) {
+  PlayerPath path({65536, 0.02});
+  path.MoveTo({0, 500});
+  for (int32_t x = 1; x <= 501; ++x) path.LineTo({1.0 * x, 500});
+  RasterCanvas canvas(1000, 1000);
+  canvas.Stroke(path, {0, 3, {}});
+  const RasterImage& image = canvas.Finish();
+  const auto colorAt = [&image](int32_t x) { return image.Row(500)[x] & 0xFFFFFF; };
+  for (int32_t x = 0; x <= 501; ++x) EXPECT_EQ(0u, colorAt(x)) << x;
+  EXPECT_EQ(0xFFFFFFu, colorAt(504));
+}
+
+// Its work isn't only that of its length: 7,000 steps, 5,000 for each of 501 lines, whose length takes 40,080.
+TEST(RasterCanvas, the_work_of_a_long_path) {
+  PlayerPath path({65536, 0.02});
+  path.MoveTo({0, 500});
+  for (int32_t x = 1; x <= 501; ++x) path.LineTo({1.0 * x, 500});
+  RasterCanvas canvas(1000, 1000, PictureWork(-3'999'000));
+  EXPECT_THROW(canvas.Stroke(path, {0, 3, {}}), PictureError);
 }
 
 // 300 steps, 45 for each of 401 rows, and 2 for each of its (400 + 400 + 1) * 2 pixels at most: 21,549. 46 of them take

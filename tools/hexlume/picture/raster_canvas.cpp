@@ -161,6 +161,8 @@ void RasterCanvas::Stroke(const PlayerPath& path, const StrokeStyle& style) {
   if (path.StepCount() <= longest || !style.dashes.empty()) {
     SetPath(cairo, path);
   } else {
+    constexpr double stepsOfCurve = 5000;  // in addition to its length
+    work.Count(static_cast<double>(path.StepCount()) * stepsOfCurve);
     cairo_new_path(cairo);
     path.WriteTo(PieceStroker{cairo});
   }
