@@ -15,8 +15,8 @@ namespace {
 
 // Steps of Wine's GDI, which is slower than that of Windows. 32-bit programs pay most for each call.
 constexpr double stepsOfRecord = 500;
-constexpr double stepsOfClipBox = 10, stepsOfNewClipBox = 1500;
-constexpr double stepsOfBox = 600;
+constexpr double stepsOfClipBox = 10;
+constexpr double stepsOfBox = 1500;
 constexpr double stepsOfFilledPixel = 0.3;
 
 class PictureCost {
@@ -79,7 +79,7 @@ class PictureCost {
   void ReadClip(const EmfRecord& record) {
     const uint32_t size = record.UInt(8);
     clipBoxes = size == 0 ? 0 : static_cast<double>(EmfRegionAt(record, 16, size).size());
-    work.Count(clipBoxes * stepsOfNewClipBox);
+    work.Count(clipBoxes * stepsOfBox);
   }
 
   // Strokes. The length within the picture doesn't matter to curves, which are divided as a whole.
