@@ -141,11 +141,11 @@ class Trial:
 
     @staticmethod
     def words_of(process):
-        """What it says until its end, however busy the machine is: 20 seconds in which it and its workers have nothing to do, or
+        """What it says until its end, however busy the machine is: 40 seconds in which it and its workers have nothing to do, or
         ten minutes, are too long."""
         for _ in range(30):
             try:
-                return process.communicate(timeout=20)[1]
+                return process.communicate(timeout=40)[1]
             except subprocess.TimeoutExpired as expired:
                 listed = subprocess.run(["ps", "-o", "state=", "-g", str(process.pid)], stdout=subprocess.PIPE).stdout
                 if not set(listed.decode().split()) & {"R", "D"}:
