@@ -21,7 +21,7 @@ import time
 from pathlib import Path
 
 SOURCE = Path(__file__).resolve().parents[2]
-KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "process"]
+KINDS = ["memory", "write", "read", "open", "close", "rename", "sync", "font", "process", "module"]
 # Statuses that may be given besides 0: those of hexlume --help and hexlume-batch --help.
 FITTING = {
     "memory": {2, 11, 30, 32, 33, 34, 45, 47, 48, 73, 74},
@@ -33,6 +33,7 @@ FITTING = {
     "sync": {73},
     "font": {11, 47, 73},
     "process": {48, 69, 73},
+    "module": {47, 73},
 }
 OLD = b"an earlier result"
 
