@@ -2,7 +2,7 @@
 # Lets each call of the system fail once, in turn, in all that the native build converts with: scripts/fault_trial.sh
 #
 # Allocations, reads, writes, opens, closes, renames, lookups of fonts and starts of processes: in the library with the drawings of
-# the examples and of the tests, in one process, then in the tools. An hour or more; ctest runs a sample. The tables say how often
+# the examples and of the tests, in one process, then in the tools. Half an hour of a processor; ctest runs a sample. The tables say how often
 # it was tried and what went wrong.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

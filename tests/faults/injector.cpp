@@ -34,8 +34,8 @@ void __libc_free(void* memory);
 
 namespace {
 
-const char* const kindNames[FAULT_KINDS] = {"memory", "write", "read", "open",   "close",
-                                            "rename", "sync",  "font", "process"};
+const char* const kindNames[FAULT_KINDS] = {"memory", "write", "read", "open",    "close",
+                                            "rename", "sync",  "font", "process", "module"};
 
 std::atomic<int32_t> armedKind{FAULT_NONE};
 std::atomic<int64_t> failing{0}, calls{0}, blocks{0};
@@ -372,6 +372,11 @@ int posix_spawnp(pid_t* process, const char* path, const posix_spawn_file_action
                  const posix_spawnattr_t* attributes, char* const arguments[], char* const variables[]) {
   return Fails(FAULT_PROCESS) ? EAGAIN
                               : REAL(posix_spawnp)(process, path, files, attributes, arguments, variables);
+}
+
+// Modules. What can't be loaded has a text of dlerror.
+void* dlopen(const char* path, int flags) noexcept {
+  return REAL(dlopen)(Fails(FAULT_MODULE) ? "/no such module" : path, flags);
 }
 
 // Fonts

@@ -26,6 +26,7 @@ enum {
   FAULT_SYNC,     // fsync, ftruncate
   FAULT_FONT,     // of fontconfig and FreeType
   FAULT_PROCESS,  // pipes and new processes
+  FAULT_MODULE,   // dlopen
   FAULT_KINDS
 };
 
