@@ -136,25 +136,26 @@ TEST(HostLimits, strokes_end_blocks_within_blocks) {
   EXPECT_EQ(1000u, Count(Listing(result.Metafile()), "LineTo"));
 }
 
+// Its bound of bytes would end this drawing after some 300 ms.
 TEST(HostLimits, time_ends_blocks_within_blocks) {
   Options options;
-  options.limit_milliseconds = 300;
+  options.limit_milliseconds = 100;
   const host::Result result = ConvertBytes(Nested(), options);
   EXPECT_EQ("limit", result.StatusName());
   EXPECT_NE(std::string::npos, result.Message().find("limit_milliseconds"));
   EXPECT_LT(10000u, result.Metafile().size());
-  EXPECT_LE(300, result.Number(HEXLUME_NUMBER_MILLISECONDS));
+  EXPECT_LE(100, result.Number(HEXLUME_NUMBER_MILLISECONDS));
 }
 
 // The first of the two conversions has half of the time, so that there is some left to turn the drawing.
 TEST(HostLimits, time_leaves_a_turned_drawing_its_share) {
   Options options;
-  options.limit_milliseconds = 600;
+  options.limit_milliseconds = 200;
   options.turned = 1;
   const host::Result result = ConvertBytes(Nested(), options);
   EXPECT_EQ("limit", result.StatusName());
   EXPECT_LT(10000u, result.Metafile().size());
-  EXPECT_LE(600, result.Number(HEXLUME_NUMBER_MILLISECONDS));
+  EXPECT_LE(200, result.Number(HEXLUME_NUMBER_MILLISECONDS));
 }
 
 // The upright sheet gives the turned one its scale and what is left out, so it must have been measured whole. Here the
