@@ -1,5 +1,6 @@
 // In the tool this source takes the place of picture_linux.cpp, which is in the module.
 #include <dlfcn.h>
+#include <sys/auxv.h>
 
 #include <cstring>
 #include <filesystem>
@@ -15,7 +16,9 @@ namespace {
 // The build has the folders of an installation.
 std::string ModuleFile() {
   std::error_code error;
-  const std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
+  std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
+  // /proc isn't mounted in each chroot.
+  if (error) tool = std::filesystem::canonical(reinterpret_cast<const char*>(getauxval(AT_EXECFN)), error);
   return (tool.parent_path().parent_path() / HEXLUME_MODULE_FOLDER / "libhexlume_pictures.so").string();
 }
 
