@@ -4,30 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <cstring>
+#include <memory>
 #include <random>
+#include <string>
 #include <vector>
+
+#include "support/bytes_source.h"
 
 namespace hexlume {
 namespace {
-
-class BytesSource : public TextSource {
- public:
-  BytesSource(std::string text, size_t expectedSize) : bytes(std::move(text)), expected(expectedSize) {}
-  size_t Read(char* buffer, size_t size) override {
-    const size_t part = std::min(size, bytes.size() - taken);
-    std::memcpy(buffer, bytes.data() + taken, part);
-    taken += part;
-    return part;
-  }
-  size_t ExpectedSize() const override { return expected; }
-  bool HasFailed() const override { return false; }
-
- private:
-  std::string bytes;
-  size_t expected;
-  size_t taken = 0;
-};
 
 const std::string recent = "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1021\n  0\nENDSEC\n";
 const std::string old = "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1018\n  0\nENDSEC\n";

@@ -6,10 +6,9 @@
 #include <memory>
 #include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "driver/text_source.h"
+#include "support/bytes_source.h"
 #include "support/text_drawing.h"
 #include "support/text_groups.h"
 
@@ -263,30 +262,11 @@ TEST(TextStream, a_small_file_takes_little_memory) {
 
 // EXPECTED SIZES
 
-// Bytes in memory that say another number of them.
-class MisjudgedSource : public TextSource {
- public:
-  MisjudgedSource(std::string text, size_t expectedSize) : bytes(std::move(text)), expected(expectedSize) {}
-
-  size_t Read(char* buffer, size_t size) override {
-    const size_t part = bytes.copy(buffer, size, taken);
-    taken += part;
-    return part;
-  }
-  size_t ExpectedSize() const override { return expected; }
-  bool HasFailed() const override { return false; }
-
- private:
-  std::string bytes;
-  size_t expected;
-  size_t taken = 0;
-};
-
 const std::string* misjudgedBytes = nullptr;
 size_t misjudgedSize = 0;
 
 std::unique_ptr<TextSource> OpenMisjudged(const char*) {
-  return std::make_unique<MisjudgedSource>(*misjudgedBytes, misjudgedSize);
+  return std::make_unique<BytesSource>(*misjudgedBytes, misjudgedSize);
 }
 
 TEST(TextStreamExpectedSize, all_lines_are_read_whatever_size_was_expected) {
