@@ -13,11 +13,10 @@ namespace hexlume {
 
 namespace {
 
+using short_number::IsDigit;
+
 bool IsSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
-}
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 const char* SkipSpace(const char* text) {
@@ -26,7 +25,7 @@ const char* SkipSpace(const char* text) {
 }
 
 bool IsExponent(const char* text) {
-  if (*text == '\0' || !std::strchr("eEdD", *text)) return false;
+  if (!short_number::IsExponentLetter(*text)) return false;
   return IsDigit(text[1]) || ((text[1] == '-' || text[1] == '+') && IsDigit(text[2]));
 }
 
