@@ -22,6 +22,7 @@
 #include "tools/hexlume/command/option_values.h"
 #include "tools/hexlume/drawing/status.h"
 #include "tools/hexlume/system/file_output.h"
+#include "tools/hexlume/system/own_path.h"
 #include "tools/hexlume/system/path_text.h"
 #include "tools/hexlume/system/system.h"
 

@@ -11,6 +11,7 @@
 #include "tools/batch/engine/program.h"
 #include "tools/hexlume/command/option_values.h"
 #include "tools/hexlume/drawing/status.h"
+#include "tools/hexlume/system/own_path.h"
 #include "tools/hexlume/system/system.h"
 
 namespace hexlume::batch {

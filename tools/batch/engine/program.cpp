@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/auxv.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,7 +10,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
+#include <memory>
 
 #include "tools/batch/base/error.h"
 #include "tools/batch/base/interrupt.h"
@@ -115,14 +114,6 @@ void EndPrograms(const std::vector<pid_t>& processes) {
     kill(process, SIGKILL);
     waitpid(process, &state, 0);
   }
-}
-
-// A bare chroot may have no /proc. The system keeps the path by which the program was started, too.
-std::string OwnPath() {
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (!error) return path.string();
-  return std::filesystem::absolute(reinterpret_cast<const char*>(getauxval(AT_EXECFN)), error).string();
 }
 
 }  // namespace hexlume::batch

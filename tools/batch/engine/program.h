@@ -36,7 +36,4 @@ Printed OutputOf(const std::vector<std::string>& words);
 // Sends SIGTERM, and SIGKILL to what is still there after some seconds.
 void EndPrograms(const std::vector<pid_t>& processes);
 
-// The path of this program.
-std::string OwnPath();
-
 }  // namespace hexlume::batch

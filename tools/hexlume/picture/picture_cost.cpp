@@ -84,10 +84,6 @@ class PictureCost {
 
   // Strokes. The length within the picture doesn't matter to curves, which are divided as a whole.
 
-  static double Within(double from, double to, double most) {
-    return std::fabs(std::clamp(from, 0.0, most) - std::clamp(to, 0.0, most));
-  }
-
   // An area that is covered, at most the picture's.
   void CountArea(double across, double down) {
     work.Count(std::min(across, width) * std::min(down, height) * stepsOfFilledPixel);
@@ -103,7 +99,7 @@ class PictureCost {
 
   void CountLine(const EmfRecord& record) {
     const Point from = Place(current), to = Place(PointAt(record, 8));
-    CountStroke(std::max(Within(from.x, to.x, width), Within(from.y, to.y, height)));
+    CountStroke(std::max(LengthWithin(from.x, to.x, width), LengthWithin(from.y, to.y, height)));
     current = PointAt(record, 8);
   }
 
@@ -130,12 +126,14 @@ class PictureCost {
       const size_t at = first + size * i;
       const Point point =
           Place(narrow ? Point{1.0 * record.Short(at), 1.0 * record.Short(at + 2)} : PointAt(record, at));
-      if (i > 0) CountStroke(std::max(Within(before.x, point.x, width), Within(before.y, point.y, height)));
+      if (i > 0)
+        CountStroke(
+            std::max(LengthWithin(before.x, point.x, width), LengthWithin(before.y, point.y, height)));
       least = {std::min(least.x, point.x), std::min(least.y, point.y)};
       most = {std::max(most.x, point.x), std::max(most.y, point.y)};
       before = point;
     }
-    if (count > 0) CountArea(Within(least.x, most.x, width), Within(least.y, most.y, height));
+    if (count > 0) CountArea(LengthWithin(least.x, most.x, width), LengthWithin(least.y, most.y, height));
   }
 
   void CountBoxes(const EmfRecord& record) {
@@ -144,7 +142,7 @@ class PictureCost {
     for (const EmfRectangle& box : boxes) {
       const Point corner = mapping.FromLogical(box.left, box.top);
       const Point opposite = mapping.FromLogical(box.right, box.bottom);
-      CountArea(Within(corner.x, opposite.x, width), Within(corner.y, opposite.y, height));
+      CountArea(LengthWithin(corner.x, opposite.x, width), LengthWithin(corner.y, opposite.y, height));
     }
   }
 

@@ -1,24 +1,20 @@
 // In the tool this source takes the place of picture_linux.cpp, which is in the module.
 #include <dlfcn.h>
-#include <sys/auxv.h>
 
 #include <cstring>
 #include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "tools/hexlume/picture/picture_module.h"
 #include "tools/hexlume/picture/picture_writers.h"
+#include "tools/hexlume/system/own_path.h"
 
 namespace hexlume {
 namespace {
 
 // The build has the folders of an installation.
 std::string ModuleFile() {
-  std::error_code error;
-  std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
-  // /proc isn't mounted in each chroot.
-  if (error) tool = std::filesystem::canonical(reinterpret_cast<const char*>(getauxval(AT_EXECFN)), error);
+  const std::filesystem::path tool = OwnPath();
   return (tool.parent_path().parent_path() / HEXLUME_MODULE_FOLDER / "libhexlume_pictures.so").string();
 }
 

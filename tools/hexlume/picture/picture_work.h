@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "tools/hexlume/picture/picture.h"
@@ -13,6 +14,11 @@ namespace hexlume {
 inline double DotScale(int32_t dotsPerMetre) {
   constexpr double metresOfAnInch = 0.0254, usualResolution = 96;
   return std::max(1.0, dotsPerMetre * metresOfAnInch / usualResolution);
+}
+
+// How far it is from one place to another within a picture of this width or height.
+inline double LengthWithin(double from, double to, double most) {
+  return std::fabs(std::clamp(from, 0.0, most) - std::clamp(to, 0.0, most));
 }
 
 class PictureWork {

@@ -125,10 +125,7 @@ void RasterCanvas::DrawDot(Point middle, uint32_t color) {
 void RasterCanvas::CountLine(Point from, Point to, double width) {
   constexpr double stepsOfLine = 300, stepsOfRow = 45, stepsOfPixel = 2;
   const double right = image.width, bottom = image.height;
-  const auto side = [](double a, double b, double most) {
-    return std::fabs(std::clamp(a, 0.0, most) - std::clamp(b, 0.0, most));
-  };
-  const double across = side(from.x, to.x, right), down = side(from.y, to.y, bottom);
+  const double across = LengthWithin(from.x, to.x, right), down = LengthWithin(from.y, to.y, bottom);
   const double rows = std::min(down + width, bottom);
   work.Count(stepsOfLine + rows * stepsOfRow +
              std::min((across + down + width) * (1 + width), right * rows) * stepsOfPixel);
