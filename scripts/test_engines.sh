@@ -217,7 +217,8 @@ for row in rows:
         wrong += 1
 sys.exit(wrong > 0)
 END
-  diff -r --exclude=.hexlume-state "$plain" "$folder/out" >"$scratch/diff" 2>&1 ||
+  # Whether the metafile of the drawing that is given up was whole by then depends on the machine.
+  diff -r --exclude=.hexlume-state --exclude='endless.*' "$plain" "$folder/out" >"$scratch/diff" 2>&1 ||
     { head -5 "$scratch/diff"; fail "$folder: the outputs aren't those of a plain run"; }
   [ -z "$(find "$folder/results" -name '*.part')" ] || fail "$folder: parts of results are left: $(ls "$folder/results")"
 }

@@ -2,6 +2,8 @@
 
 #include "tools/hexlume/archive/worker.h"
 #include "tools/hexlume/drawing/drawing_source.h"
+#include "tools/hexlume/system/file_output.h"
+#include "tools/hexlume/system/path_text.h"
 
 namespace hexlume {
 namespace {
@@ -10,6 +12,13 @@ constexpr int32_t defaultTimeLimit = 60;
 constexpr int64_t defaultMemoryLimit = int64_t{2} << 30;
 constexpr size_t mostSent = 2;
 constexpr std::chrono::milliseconds interval(50);
+
+// What a worker has left in the middle of an output when it was ended.
+void RemoveLeftoversOf(const Job& job) {
+  std::set<std::string> folders;
+  for (const PictureOrder& output : job.outputs) folders.insert(FolderOf(output.file));
+  for (const std::string& folder : folders) RemoveLeftovers(folder);
+}
 
 }  // namespace
 
@@ -131,17 +140,18 @@ bool WorkerPool::ExceedsMemory(Place& place) {
 
 // The first drawing that the worker was sent has failed. The next one goes to another worker.
 void WorkerPool::GiveUp(Place& place, StatusRow row) {
-  if (!place.sent.empty()) {
-    const size_t index = place.sent.front();
-    place.sent.pop_front();
-    // Perhaps the drawings before have taken the memory.
-    const bool isRetried = row == memoryLimitStatus && place.done > 0 && retried.insert(index).second;
-    if (isRetried)
-      waiting.push_back(index);
-    else
-      takeResult(index, FailedResult(plan.JobOf(index), row, options));
-  }
+  if (place.sent.empty()) return Replace(place);
+  const size_t index = place.sent.front();
+  place.sent.pop_front();
+  const bool isFirst = place.done == 0;
   Replace(place);
+  const Job job = plan.JobOf(index);
+  RemoveLeftoversOf(job);
+  // Perhaps the drawings before have taken the memory.
+  if (row == memoryLimitStatus && !isFirst && retried.insert(index).second)
+    waiting.push_back(index);
+  else
+    takeResult(index, FailedResult(job, row, options));
 }
 
 void WorkerPool::Replace(Place& place) {
