@@ -97,6 +97,9 @@ of it.")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libhexlume1)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+# The others are found by what the libraries are linked with. These are loaded with the first text, in the versions that have all
+# functions in src/platform/portable/font_libraries.h.
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "libfontconfig1 (>= 2.14.1), libfreetype6 (>= 2.3.9)")
 file(WRITE ${CMAKE_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_BINARY_DIR}/triggers)
 # Texts are measured with a Japanese Gothic font.

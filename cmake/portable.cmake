@@ -1,6 +1,11 @@
-# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts.
+# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts, of which it links only the headers: the libraries
+# are loaded with the first text.
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1 freetype2 fontconfig)
+pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1)
+pkg_check_modules(LOADED_FONTS REQUIRED freetype2 fontconfig)
+add_library(portable_gdi INTERFACE)
+target_include_directories(portable_gdi SYSTEM INTERFACE ${LOADED_FONTS_INCLUDE_DIRS})
+target_link_libraries(portable_gdi INTERFACE PkgConfig::PORTABLE_GDI ${CMAKE_DL_LIBS})
 
 # The host's answers replace the dialogs.
 set(SYSTEM_DIALOGS_SOURCES
@@ -22,6 +27,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/file_face.cpp
   src/platform/portable/file_size.cpp
   src/platform/portable/font_face.cpp
+  src/platform/portable/font_libraries.cpp
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp
   src/platform/portable/gdi_object.cpp
@@ -47,7 +53,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/text_out.cpp
   src/platform/portable/vertical_glyphs.cpp
 )
-set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
+set(PLATFORM_LIBRARIES portable_gdi)
 
 # Only the exports are visible outside the library, so functions are inlined as in a program.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)

@@ -55,6 +55,7 @@ set(PLATFORM_SOURCES
   src/platform/web/double_text.cpp
   src/platform/web/fault_guard.cpp
   src/platform/web/font_face.cpp
+  src/platform/web/free_type.cpp
   src/platform/web/growing_block.cpp
   src/platform/web/module_file.cpp
   src/platform/web/progress.cpp

@@ -1,7 +1,6 @@
 // Keeps libraries loaded when ours is unloaded. They never free some of their memory, so each unload and
 // reload would leak it.
 #include <dlfcn.h>
-#include <fontconfig/fontconfig.h>
 #include <pixman.h>
 
 namespace hexlume {
@@ -17,10 +16,7 @@ void KeepLibraryOf(Function* function) {
 }
 
 struct KeptLibraries {
-  KeptLibraries() {
-    KeepLibraryOf(pixman_region32_init);
-    KeepLibraryOf(FcInit);
-  }
+  KeptLibraries() { KeepLibraryOf(pixman_region32_init); }
 } keptLibraries;
 
 }  // namespace
