@@ -1,11 +1,10 @@
-# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts, of which it links only the headers: the libraries
-# are loaded with the first text.
+# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts. It isn't linked with them: they are loaded with the
+# first region and the first text.
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1)
-pkg_check_modules(LOADED_FONTS REQUIRED freetype2 fontconfig)
+pkg_check_modules(PORTABLE_GDI REQUIRED pixman-1 freetype2 fontconfig)
 add_library(portable_gdi INTERFACE)
-target_include_directories(portable_gdi SYSTEM INTERFACE ${LOADED_FONTS_INCLUDE_DIRS})
-target_link_libraries(portable_gdi INTERFACE PkgConfig::PORTABLE_GDI ${CMAKE_DL_LIBS})
+target_include_directories(portable_gdi SYSTEM INTERFACE ${PORTABLE_GDI_INCLUDE_DIRS})
+target_link_libraries(portable_gdi INTERFACE ${CMAKE_DL_LIBS})
 
 # The host's answers replace the dialogs.
 set(SYSTEM_DIALOGS_SOURCES
@@ -34,8 +33,8 @@ set(PLATFORM_SOURCES
   src/platform/portable/growing_block.cpp
   src/platform/portable/host_exception.cpp
   src/platform/portable/japanese_locale.cpp
-  src/platform/portable/kept_libraries.cpp
   src/platform/portable/last_error.cpp
+  src/platform/portable/loaded_library.cpp
   src/platform/portable/mapped_file.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
@@ -44,6 +43,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/pen_stroke.cpp
   src/platform/portable/reference_dc.cpp
   src/platform/portable/region_data.cpp
+  src/platform/portable/region_library.cpp
   src/platform/portable/region_records.cpp
   src/platform/portable/regions.cpp
   src/platform/portable/shapes.cpp

@@ -59,6 +59,7 @@ set(PLATFORM_SOURCES
   src/platform/web/growing_block.cpp
   src/platform/web/module_file.cpp
   src/platform/web/progress.cpp
+  src/platform/web/region_library.cpp
   src/platform/web/stack_room.cpp
 )
 set(PLATFORM_LIBRARIES web_libraries)

@@ -1,11 +1,6 @@
 #include "platform/portable/font_libraries.h"
 
-#include <dlfcn.h>
-
-#include <cerrno>
-#include <cstring>
-#include <new>
-#include <string_view>
+#include "platform/portable/loaded_library.h"
 
 namespace hexlume {
 
@@ -17,29 +12,9 @@ struct FontLibraries {
   FreeTypeFunctions freeType = {};
 };
 
-// The loader says why it has failed only in words, of which the last are the system's for a missing file.
-bool IsMissing(std::string_view reason) {
-  const std::string_view missing = std::strerror(ENOENT);
-  return reason.size() >= missing.size() && reason.substr(reason.size() - missing.size()) == missing;
-}
+#define FIND(library, functions, name) (library).Find(#name, (functions).name)
 
-// Returns null if the library, or one that it needs, isn't installed. It stays loaded when ours is unloaded, because it never
-// frees some of its memory: each further load would leak it. No other library finds its functions by their names.
-void* Load(const char* name) {
-  void* const library = dlopen(name, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-  if (!library && !IsMissing(dlerror())) throw std::bad_alloc();
-  return library;
-}
-
-template <typename Function>
-void Find(void* library, const char* name, Function& function) {
-  function = reinterpret_cast<Function>(dlsym(library, name));
-  if (!function) throw std::bad_alloc();
-}
-
-#define FIND(library, functions, name) Find(library, #name, (functions).name)
-
-void FindFontconfig(void* library, FontconfigFunctions& functions) {
+void FindFontconfig(const LoadedLibrary& library, FontconfigFunctions& functions) {
   FIND(library, functions, FcConfigDestroy);
   FIND(library, functions, FcConfigGetConfigFiles);
   FIND(library, functions, FcConfigGetFilename);
@@ -66,7 +41,7 @@ void FindFontconfig(void* library, FontconfigFunctions& functions) {
   FIND(library, functions, FcStrListNext);
 }
 
-void FindFreeType(void* library, FreeTypeFunctions& functions) {
+void FindFreeType(const LoadedLibrary& library, FreeTypeFunctions& functions) {
   FIND(library, functions, FT_Done_Face);
   FIND(library, functions, FT_Done_FreeType);
   FIND(library, functions, FT_Get_Advance);
@@ -83,9 +58,8 @@ void FindFreeType(void* library, FreeTypeFunctions& functions) {
 
 FontLibraries LoadBoth() {
   FontLibraries loaded;
-  void* const fontconfig = Load("libfontconfig.so.1");
-  void* const freeType = fontconfig ? Load("libfreetype.so.6") : nullptr;
-  if (!freeType) return loaded;
+  const LoadedLibrary fontconfig("libfontconfig.so.1"), freeType("libfreetype.so.6");
+  if (!fontconfig.IsInstalled() || !freeType.IsInstalled()) return loaded;
   FindFontconfig(fontconfig, loaded.fontconfig);
   FindFreeType(freeType, loaded.freeType);
   loaded.areInstalled = true;
