@@ -36,7 +36,6 @@ elseif(EMSCRIPTEN)
 else()
   set(HOST_SYSTEM_SOURCES
     src/platform/portable/call_lock.cpp
-    src/platform/portable/kept_libraries.cpp
     src/platform/portable/metafile_handle.cpp
     src/platform/portable/utf8_file.cpp
   )

@@ -77,7 +77,7 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME hexlume)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "libhexlume1 (= ${PROJECT_VERSION}), libnettle8")
 set(CPACK_DEBIAN_TOOL_DESCRIPTION "converter of DXF drawings to enhanced metafiles
 hexlume converts drawings in ASCII DXF to enhanced metafiles (EMF), and to
 pictures in PNG, SVG and PDF. It draws a part of a sheet, turned, in colour
@@ -97,6 +97,9 @@ of it.")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libhexlume1)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+# The others are found by what is linked. These are loaded (src/platform/portable/loaded_library.h), in versions that have all
+# functions that are called.
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "libfontconfig1 (>= 2.14.1), libfreetype6 (>= 2.3.9), libpixman-1-0 (>= 0.11.2)")
 file(WRITE ${CMAKE_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_BINARY_DIR}/triggers)
 # Texts are measured with a Japanese Gothic font.

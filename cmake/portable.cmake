@@ -1,6 +1,10 @@
-# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts.
+# Our own GDI uses pixman for regions, and freetype and fontconfig for fonts. It isn't linked with them: they are loaded with the
+# first region and the first text.
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(PORTABLE_GDI REQUIRED IMPORTED_TARGET pixman-1 freetype2 fontconfig)
+pkg_check_modules(PORTABLE_GDI REQUIRED pixman-1 freetype2 fontconfig)
+add_library(portable_gdi INTERFACE)
+target_include_directories(portable_gdi SYSTEM INTERFACE ${PORTABLE_GDI_INCLUDE_DIRS})
+target_link_libraries(portable_gdi INTERFACE ${CMAKE_DL_LIBS})
 
 # The host's answers replace the dialogs.
 set(SYSTEM_DIALOGS_SOURCES
@@ -22,14 +26,15 @@ set(PLATFORM_SOURCES
   src/platform/portable/file_face.cpp
   src/platform/portable/file_size.cpp
   src/platform/portable/font_face.cpp
+  src/platform/portable/font_libraries.cpp
   src/platform/portable/fonts.cpp
   src/platform/portable/full_width.cpp
   src/platform/portable/gdi_object.cpp
   src/platform/portable/growing_block.cpp
   src/platform/portable/host_exception.cpp
   src/platform/portable/japanese_locale.cpp
-  src/platform/portable/kept_libraries.cpp
   src/platform/portable/last_error.cpp
+  src/platform/portable/loaded_library.cpp
   src/platform/portable/mapped_file.cpp
   src/platform/portable/metafile.cpp
   src/platform/portable/modes.cpp
@@ -38,6 +43,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/pen_stroke.cpp
   src/platform/portable/reference_dc.cpp
   src/platform/portable/region_data.cpp
+  src/platform/portable/region_library.cpp
   src/platform/portable/region_records.cpp
   src/platform/portable/regions.cpp
   src/platform/portable/shapes.cpp
@@ -47,7 +53,7 @@ set(PLATFORM_SOURCES
   src/platform/portable/text_out.cpp
   src/platform/portable/vertical_glyphs.cpp
 )
-set(PLATFORM_LIBRARIES PkgConfig::PORTABLE_GDI)
+set(PLATFORM_LIBRARIES portable_gdi)
 
 # Only the exports are visible outside the library, so functions are inlined as in a program.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)

@@ -55,9 +55,11 @@ set(PLATFORM_SOURCES
   src/platform/web/double_text.cpp
   src/platform/web/fault_guard.cpp
   src/platform/web/font_face.cpp
+  src/platform/web/free_type.cpp
   src/platform/web/growing_block.cpp
   src/platform/web/module_file.cpp
   src/platform/web/progress.cpp
+  src/platform/web/region_library.cpp
   src/platform/web/stack_room.cpp
 )
 set(PLATFORM_LIBRARIES web_libraries)

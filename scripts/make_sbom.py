@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes the list of what is linked into programs, libraries or the viewer, in CycloneDX JSON:
 
-  make_sbom.py debian OUTPUT NAME FILE...    what the loader binds to these files of the build, and the headers in them
+  make_sbom.py debian OUTPUT NAME FILE...    what the loader binds to these files of the build, what they load later, and the headers
   make_sbom.py windows OUTPUT NAME TRIPLET   the runtimes of the cross compiler, linked in, and the headers
   make_sbom.py viewer OUTPUT LIBRARIES       what the viewer's file holds; LIBRARIES is build/web-libraries
 
@@ -68,16 +68,22 @@ def needed_libraries(file):
     return re.findall(r"\(NEEDED\).*\[(.*)\]", output_of("readelf", "-dW", str(file)))
 
 
+def loaded_libraries(file):
+    """Those that a file names apart from those that it needs: it loads them when they are wanted."""
+    named = {name.decode() for name in re.findall(rb"(?<=\0)lib[\w.+-]+\.so\.\d+(?=\0)", Path(file).read_bytes())}
+    return sorted(named - set(needed_libraries(file)))
+
+
 def debian_components(files):
     machine = output_of("dpkg", "--print-architecture").strip()
-    packages = set()
-    for file in files:
-        for library in needed_libraries(file):
+    packages = {}
+    for libraries, linkage in [(loaded_libraries, "loaded"), (needed_libraries, "dynamic")]:
+        for library in (name for file in files for name in libraries(file)):
             if library.startswith("libhexlume"):
                 continue
             path = output_of("g++", f"-print-file-name={library}").strip()
-            packages.add(package_of(str(Path(path).resolve())))
-    rows = [component(package, "dynamic", architecture=machine) for package in packages]
+            packages[package_of(str(Path(path).resolve()))] = linkage
+    rows = [component(package, linkage, architecture=machine) for package, linkage in packages.items()]
     if any("bin" in Path(file).parts for file in files):
         rows += [component(package, "headers") for package in HEADERS]
     return rows

@@ -39,7 +39,7 @@ const char* const kindNames[FAULT_KINDS] = {"memory", "write", "read", "open",  
 
 std::atomic<int32_t> armedKind{FAULT_NONE};
 std::atomic<int64_t> failing{0}, calls{0}, blocks{0};
-bool kills = false, crashes = false;
+bool kills = false, crashes = false, isMissing = false;
 
 // The records of the calls, in a file that is mapped: a worker can be killed at any moment.
 constexpr int64_t mostRecords = 1 << 20;
@@ -83,9 +83,12 @@ void Record(int64_t call) {
   isWalking = false;
 }
 
+// Calls of the injector itself aren't counted.
+thread_local bool isOwnCall = false;
+
 // Counts a call. True if it is the one that fails.
 bool Fails(int32_t kind) {
-  if (armedKind.load(std::memory_order_relaxed) != kind) return false;
+  if (isOwnCall || armedKind.load(std::memory_order_relaxed) != kind) return false;
   const int64_t call = ++calls;
   if (records) Record(call);
   if (call != failing) return false;
@@ -94,9 +97,16 @@ bool Fails(int32_t kind) {
   return true;
 }
 
+// The loader's own dlsym, as ours is found by that name.
+void* RealSymbol(void* library, const char* name) {
+  using Lookup = void*(void*, const char*);
+  static Lookup* const lookup = reinterpret_cast<Lookup*>(dlvsym(RTLD_NEXT, "dlsym", "GLIBC_2.34"));
+  return lookup(library, name);
+}
+
 template <typename Function>
 Function* Real(Function*, const char* name) {
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+  return reinterpret_cast<Function*>(RealSymbol(RTLD_NEXT, name));
 }
 
 void* Counted(void* memory) {
@@ -174,6 +184,7 @@ struct Orders {
     const char* const number = order + nameLength;
     kills = strstr(number, ":kill") != nullptr;
     crashes = strstr(number, ":crash") != nullptr;
+    isMissing = strstr(number, ":missing") != nullptr;
     hexlume_fault_arm(kind, strtoll(*number == ':' ? number + 1 : number, nullptr, 10));
   }
 } orders;
@@ -376,40 +387,80 @@ int posix_spawnp(pid_t* process, const char* path, const posix_spawn_file_action
 
 // Modules. What can't be loaded has a text of dlerror.
 void* dlopen(const char* path, int flags) noexcept {
-  return REAL(dlopen)(Fails(FAULT_MODULE) ? "/no such module" : path, flags);
+  const char* const failed = isMissing ? "/no such module" : "/dev/null";
+  return REAL(dlopen)(Fails(FAULT_MODULE) ? failed : path, flags);
 }
 
-// Fonts
+// Fonts. Their libraries are loaded later, and not for all that is in the process.
+
+static void* LoadedSymbol(const char* library, const char* name) {
+  isOwnCall = true;
+  void* const found = RealSymbol(REAL(dlopen)(library, RTLD_LAZY | RTLD_NOLOAD), name);
+  isOwnCall = false;
+  return found;
+}
+
+#define REAL_OF(library, name)                                                                 \
+  (*[] {                                                                                       \
+    static auto* const real = reinterpret_cast<decltype(&name)>(LoadedSymbol(library, #name)); \
+    return real;                                                                               \
+  }())
+#define REAL_FC(name) REAL_OF("libfontconfig.so.1", name)
+#define REAL_FT(name) REAL_OF("libfreetype.so.6", name)
 
 FcConfig* FcInitLoadConfigAndFonts(void) {
-  return Fails(FAULT_FONT) ? nullptr : REAL(FcInitLoadConfigAndFonts)();
+  return Fails(FAULT_FONT) ? nullptr : REAL_FC(FcInitLoadConfigAndFonts)();
 }
 FcPattern* FcPatternCreate(void) {
-  return Fails(FAULT_FONT) ? nullptr : REAL(FcPatternCreate)();
+  return Fails(FAULT_FONT) ? nullptr : REAL_FC(FcPatternCreate)();
 }
 FcFontSet* FcFontList(FcConfig* config, FcPattern* pattern, FcObjectSet* objects) {
-  return Fails(FAULT_FONT) ? nullptr : REAL(FcFontList)(config, pattern, objects);
+  return Fails(FAULT_FONT) ? nullptr : REAL_FC(FcFontList)(config, pattern, objects);
 }
 FcPattern* FcFontMatch(FcConfig* config, FcPattern* pattern, FcResult* result) {
-  return Fails(FAULT_FONT) ? nullptr : REAL(FcFontMatch)(config, pattern, result);
+  return Fails(FAULT_FONT) ? nullptr : REAL_FC(FcFontMatch)(config, pattern, result);
 }
 FT_Error FT_Init_FreeType(FT_Library* library) {
-  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL(FT_Init_FreeType)(library);
+  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL_FT(FT_Init_FreeType)(library);
 }
 FT_Error FT_New_Face(FT_Library library, const char* path, FT_Long index, FT_Face* face) {
-  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL(FT_New_Face)(library, path, index, face);
+  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL_FT(FT_New_Face)(library, path, index, face);
 }
 FT_Error FT_Load_Sfnt_Table(FT_Face face, FT_ULong tag, FT_Long offset, FT_Byte* bytes, FT_ULong* size) {
-  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL(FT_Load_Sfnt_Table)(face, tag, offset, bytes, size);
+  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory
+                           : REAL_FT(FT_Load_Sfnt_Table)(face, tag, offset, bytes, size);
 }
 FT_Error FT_Get_Advance(FT_Face face, FT_UInt glyph, FT_Int32 flags, FT_Fixed* advance) {
-  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL(FT_Get_Advance)(face, glyph, flags, advance);
+  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL_FT(FT_Get_Advance)(face, glyph, flags, advance);
 }
 FT_Error FT_Load_Glyph(FT_Face face, FT_UInt glyph, FT_Int32 flags) {
-  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL(FT_Load_Glyph)(face, glyph, flags);
+  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL_FT(FT_Load_Glyph)(face, glyph, flags);
 }
 FT_Error FT_Set_Pixel_Sizes(FT_Face face, FT_UInt width, FT_UInt height) {
-  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL(FT_Set_Pixel_Sizes)(face, width, height);
+  return Fails(FAULT_FONT) ? FT_Err_Out_Of_Memory : REAL_FT(FT_Set_Pixel_Sizes)(face, width, height);
+}
+
+// Those that are looked up by name are ours too. What asks for the next one of a name would get that after ours.
+void* dlsym(void* library, const char* name) noexcept {
+  static const struct {
+    const char* name;
+    void* function;
+  } ours[] = {
+      {"FcInitLoadConfigAndFonts", reinterpret_cast<void*>(FcInitLoadConfigAndFonts)},
+      {"FcPatternCreate", reinterpret_cast<void*>(FcPatternCreate)},
+      {"FcFontList", reinterpret_cast<void*>(FcFontList)},
+      {"FcFontMatch", reinterpret_cast<void*>(FcFontMatch)},
+      {"FT_Init_FreeType", reinterpret_cast<void*>(FT_Init_FreeType)},
+      {"FT_New_Face", reinterpret_cast<void*>(FT_New_Face)},
+      {"FT_Load_Sfnt_Table", reinterpret_cast<void*>(FT_Load_Sfnt_Table)},
+      {"FT_Get_Advance", reinterpret_cast<void*>(FT_Get_Advance)},
+      {"FT_Load_Glyph", reinterpret_cast<void*>(FT_Load_Glyph)},
+      {"FT_Set_Pixel_Sizes", reinterpret_cast<void*>(FT_Set_Pixel_Sizes)},
+  };
+  void* const found = RealSymbol(library, name);
+  for (const auto& row : ours)
+    if (found && strcmp(row.name, name) == 0) return row.function;
+  return found;
 }
 
 }  // extern "C"

@@ -1,10 +1,11 @@
 // Makes one call of a kind fail. The library hexlume_faults takes the place of the system's functions: it is linked before them,
 // or preloaded. A preloaded one takes its orders from the environment:
 //
-//   HEXLUME_FAULT=KIND:N         the N-th call of that kind fails, in each process for itself
-//   HEXLUME_FAULT=KIND:N:kill    the process kills itself in its place
-//   HEXLUME_FAULT=KIND:N:crash   the call reads what isn't there
-//   HEXLUME_FAULT_CALLS=FOLDER   gets a file for each process, with a FaultCall for each call of the kind
+//   HEXLUME_FAULT=KIND:N             the N-th call of that kind fails, in each process for itself
+//   HEXLUME_FAULT=KIND:N:kill        the process kills itself in its place
+//   HEXLUME_FAULT=KIND:N:crash       the call reads what isn't there
+//   HEXLUME_FAULT=module:N:missing   what is loaded isn't there; without this word it is damaged
+//   HEXLUME_FAULT_CALLS=FOLDER       gets a file for each process, with a FaultCall for each call of the kind
 //
 // With HEXLUME_FAULT a process that a signal ends says which library it was in: "faults: ended in libX.so".
 #pragma once

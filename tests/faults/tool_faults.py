@@ -433,6 +433,12 @@ class Trial:
             results.append((folder / "out/a.emf").read_bytes())
             self.check(name, status == 0 and results[-1] == results[0] != OLD, f"{status} {words}")
 
+        for module in [1, 2]:
+            folder = self.fresh(plain)
+            status, words = self.run(plain, folder, f"module:{module}:missing")
+            same = (folder / "out/a.emf").read_bytes() == results[0]
+            self.check(f"no library for fonts, {module}", status == 0 and same and not words, f"{status} {words}")
+
     def damaged_font_beside_good_ones(self, plain, right):
         folder = self.fresh(plain)
         (folder / "fonts").mkdir()

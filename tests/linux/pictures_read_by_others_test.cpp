@@ -45,7 +45,7 @@ TEST_F(PicturesReadByOthers, texts_of_a_pdf_are_found_with_a_font_that_shares_gl
       "<patelt "
       "name=\"family\"><string>IPAGothic</string></patelt></pattern></rejectfont></selectfont></fontconfig>");
   WritePlan();
-  setenv("FONTCONFIG_FILE", "fonts.conf", 1);
+  setenv("FONTCONFIG_FILE", std::filesystem::absolute("fonts.conf").c_str(), 1);
   const Outcome outcome = RunReal("--pdf plan.pdf plan.dxf");
   unsetenv("FONTCONFIG_FILE");
   ExpectSuccess(outcome);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "platform/gdi.h"
 #include "platform/portable/emf_writer.h"
@@ -26,12 +27,6 @@ struct ReferenceDevice {
 constexpr ReferenceDevice referenceDevice = {{1024, 768}, {271, 203}, {271000, 203000}};
 
 constexpr RECT emptyBounds = {0, 0, -1, -1};
-
-// The clip region. If none is set, nothing is clipped.
-struct Clip {
-  bool isSet = false;
-  RegionData region;
-};
 
 }  // namespace hexlume
 
@@ -57,7 +52,7 @@ struct DeviceContext {
   COLORREF textColor = 0;
   UINT textAlign = TA_LEFT | TA_TOP;
   int textCharacterExtra = 0;
-  hexlume::Clip clip;
+  std::optional<hexlume::RegionData> clip;  // none: nothing is clipped
 
   DeviceContext* older = nullptr;  // next entry in the list of open contexts
 };

@@ -1,7 +1,5 @@
 #include "platform/portable/file_face.h"
 
-#include FT_ADVANCES_H
-#include FT_TRUETYPE_TABLES_H
 #include FT_TRUETYPE_TAGS_H
 
 #include <algorithm>
@@ -36,9 +34,9 @@ class PlainFace : public FontFace {
 
 std::vector<uint8_t> TableOf(FT_Face face, FT_ULong tag) {
   FT_ULong size = 0;
-  if (!Succeeded(FT_Load_Sfnt_Table(face, tag, 0, nullptr, &size))) return {};
+  if (!Succeeded(FreeType().FT_Load_Sfnt_Table(face, tag, 0, nullptr, &size))) return {};
   std::vector<uint8_t> bytes(size);
-  if (!Succeeded(FT_Load_Sfnt_Table(face, tag, 0, bytes.data(), &size))) return {};
+  if (!Succeeded(FreeType().FT_Load_Sfnt_Table(face, tag, 0, bytes.data(), &size))) return {};
   return bytes;
 }
 
@@ -64,7 +62,7 @@ class KeptUnits {
 class FileFace : public FontFace {
  public:
   FileFace(OpenFace opened, bool isForVerticalText) : face(std::move(opened)), isVertical(isForVerticalText) {
-    const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face.get(), FT_SFNT_OS2));
+    const auto* os2 = static_cast<const TT_OS2*>(FreeType().FT_Get_Sfnt_Table(face.get(), FT_SFNT_OS2));
     measures.unitsPerEm = face->units_per_EM;
     measures.ascent = face->ascender;
     measures.descent = -face->descender;
@@ -85,7 +83,7 @@ class FileFace : public FontFace {
   // In vertical text, a character that has a vertical glyph or is upright advances downward.
   int64_t Advance(char16_t character, int ppem) const override {
     if (!isVertical) return SixtyFourths(UnitsOf(character), ppem, measures.unitsPerEm);
-    const FT_UInt glyph = FT_Get_Char_Index(face.get(), character);
+    const FT_UInt glyph = FreeType().FT_Get_Char_Index(face.get(), character);
     const FT_UInt verticalGlyph = verticalGlyphs.Of(glyph);
     const bool isUpright = verticalGlyph != glyph || StandsUpright(character);
     return isUpright && FT_HAS_VERTICAL(face.get()) ? AdvanceDown(verticalGlyph, ppem)
@@ -103,13 +101,13 @@ class FileFace : public FontFace {
 
   int32_t UnitsOf(char16_t character) const {
     int32_t& units = keptUnits[character];
-    if (units == unknownUnits) units = UnitsAcross(FT_Get_Char_Index(face.get(), character));
+    if (units == unknownUnits) units = UnitsAcross(FreeType().FT_Get_Char_Index(face.get(), character));
     return units;
   }
 
   int32_t UnitsAcross(FT_UInt glyph) const {
     FT_Fixed advance = 0;
-    if (!Succeeded(FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance)))
+    if (!Succeeded(FreeType().FT_Get_Advance(face.get(), glyph, FT_LOAD_NO_SCALE, &advance)))
       return measures.averageWidth;
     return static_cast<int32_t>(std::clamp<FT_Fixed>(advance, 0, INT16_MAX));
   }
@@ -121,8 +119,8 @@ class FileFace : public FontFace {
   // Asks the scaler, because it scales the top and the bottom of a glyph separately: the result differs from
   // the scaled advance.
   int64_t AdvanceDown(FT_UInt glyph, int ppem) const {
-    if (!Succeeded(FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem))) ||
-        !Succeeded(FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP)))
+    if (!Succeeded(FreeType().FT_Set_Pixel_Sizes(face.get(), 0, static_cast<FT_UInt>(ppem))) ||
+        !Succeeded(FreeType().FT_Load_Glyph(face.get(), glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP)))
       return AdvanceAcross(glyph, ppem);
     return std::max<FT_Pos>(face->glyph->metrics.vertAdvance, 0);
   }
@@ -145,7 +143,7 @@ bool Succeeded(FT_Error error) {
 
 FontLibrary OpenFontLibrary() {
   FT_Library library = nullptr;
-  FT_Init_FreeType(&library);
+  FreeType().FT_Init_FreeType(&library);
   return FontLibrary(library);
 }
 

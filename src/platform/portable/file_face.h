@@ -1,9 +1,6 @@
 // Faces of font files, measured through FreeType.
 #pragma once
 
-#include <ft2build.h>
-#include FT_FREETYPE_H
-
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,14 +8,15 @@
 
 #include "platform/gdi.h"
 #include "platform/portable/font_face.h"
+#include "platform/portable/free_type.h"
 
 namespace hexlume {
 
 struct LibraryCloser {
-  void operator()(FT_Library library) const { FT_Done_FreeType(library); }
+  void operator()(FT_Library library) const { FreeType().FT_Done_FreeType(library); }
 };
 struct FaceCloser {
-  void operator()(FT_Face face) const { FT_Done_Face(face); }
+  void operator()(FT_Face face) const { FreeType().FT_Done_Face(face); }
 };
 using FontLibrary = std::unique_ptr<FT_LibraryRec_, LibraryCloser>;
 using OpenFace = std::unique_ptr<FT_FaceRec_, FaceCloser>;

@@ -1,6 +1,5 @@
 #include "platform/portable/font_face.h"
 
-#include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +9,7 @@
 
 #include "platform/fault_guard.h"
 #include "platform/portable/file_face.h"
+#include "platform/portable/font_libraries.h"
 #include "platform/portable/font_memory.h"
 #include "platform/portable/gothic_families.h"
 
@@ -18,16 +18,16 @@ namespace hexlume {
 namespace {
 
 struct ConfigCloser {
-  void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+  void operator()(FcConfig* config) const { Fontconfig().FcConfigDestroy(config); }
 };
 struct PatternCloser {
-  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+  void operator()(FcPattern* pattern) const { Fontconfig().FcPatternDestroy(pattern); }
 };
 struct FontSetCloser {
-  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+  void operator()(FcFontSet* set) const { Fontconfig().FcFontSetDestroy(set); }
 };
 struct ObjectSetCloser {
-  void operator()(FcObjectSet* set) const { FcObjectSetDestroy(set); }
+  void operator()(FcObjectSet* set) const { Fontconfig().FcObjectSetDestroy(set); }
 };
 using Config = std::unique_ptr<FcConfig, ConfigCloser>;
 using Pattern = std::unique_ptr<FcPattern, PatternCloser>;
@@ -35,29 +35,30 @@ using FontSet = std::unique_ptr<FcFontSet, FontSetCloser>;
 using ObjectSet = std::unique_ptr<FcObjectSet, ObjectSetCloser>;
 
 void AddFamily(FcPattern* pattern, const char* family) {
-  CheckFontMemory(FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
+  CheckFontMemory(
+      Fontconfig().FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
 }
 
 void AddLanguage(FcPattern* pattern) {
-  CheckFontMemory(FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja")));
+  CheckFontMemory(Fontconfig().FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>("ja")));
 }
 
 Pattern ScalablePattern() {
-  Pattern pattern(FcPatternCreate());
-  CheckFontMemory(pattern && FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue));
+  Pattern pattern(Fontconfig().FcPatternCreate());
+  CheckFontMemory(pattern && Fontconfig().FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue));
   return pattern;
 }
 
 FontSet ListFonts(FcConfig* config, const Pattern& pattern, const ObjectSet& objects) {
   CheckFontMemory(objects != nullptr);
-  FontSet found(FcFontList(config, pattern.get(), objects.get()));
+  FontSet found(Fontconfig().FcFontList(config, pattern.get(), objects.get()));
   CheckFontMemory(found != nullptr);
   return found;
 }
 
 bool IsInstalled(FcConfig* config, const std::string& family, bool inJapanese) {
   const Pattern pattern = ScalablePattern();
-  const ObjectSet objects(FcObjectSetBuild(FC_FILE, static_cast<const char*>(nullptr)));
+  const ObjectSet objects(Fontconfig().FcObjectSetBuild(FC_FILE, static_cast<const char*>(nullptr)));
   AddFamily(pattern.get(), family.c_str());
   if (inJapanese) AddLanguage(pattern.get());
   return ListFonts(config, pattern, objects)->nfont > 0;
@@ -75,8 +76,8 @@ Pattern PatternOfGothic(FcConfig* config) {
   for (const char* family : gothicFamilies) AddFamily(pattern.get(), family);
   AddFamily(pattern.get(), "monospace");
   AddLanguage(pattern.get());
-  CheckFontMemory(FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO));
-  CheckFontMemory(FcConfigSubstitute(config, pattern.get(), FcMatchPattern));
+  CheckFontMemory(Fontconfig().FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO));
+  CheckFontMemory(Fontconfig().FcConfigSubstitute(config, pattern.get(), FcMatchPattern));
   return pattern;
 }
 
@@ -84,23 +85,24 @@ Pattern PatternOfGothic(FcConfig* config) {
 std::string JapaneseNameOf(FcPattern* font) {
   FcChar8* name = nullptr;
   FcChar8* language = nullptr;
-  FcPatternGetString(font, FC_FAMILY, 0, &name);
-  for (int i = 0; FcPatternGetString(font, FC_FAMILYLANG, i, &language) == FcResultMatch; ++i) {
-    if (FcStrCmp(language, reinterpret_cast<const FcChar8*>("ja")) == 0)
-      FcPatternGetString(font, FC_FAMILY, i, &name);
+  Fontconfig().FcPatternGetString(font, FC_FAMILY, 0, &name);
+  for (int i = 0; Fontconfig().FcPatternGetString(font, FC_FAMILYLANG, i, &language) == FcResultMatch; ++i) {
+    if (Fontconfig().FcStrCmp(language, reinterpret_cast<const FcChar8*>("ja")) == 0)
+      Fontconfig().FcPatternGetString(font, FC_FAMILY, i, &name);
   }
   return name ? reinterpret_cast<const char*>(name) : "";
 }
 
 bool ComesBefore(const std::string& name, const std::string& other) {
-  return FcStrCmpIgnoreCase(reinterpret_cast<const FcChar8*>(name.c_str()),
-                            reinterpret_cast<const FcChar8*>(other.c_str())) < 0;
+  return Fontconfig().FcStrCmpIgnoreCase(reinterpret_cast<const FcChar8*>(name.c_str()),
+                                         reinterpret_cast<const FcChar8*>(other.c_str())) < 0;
 }
 
 // Returns the Japanese family that is first in alphabetical order, or an empty string if there is none.
 std::string FirstJapaneseFamily(FcConfig* config) {
   const Pattern pattern = ScalablePattern();
-  const ObjectSet objects(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, static_cast<const char*>(nullptr)));
+  const ObjectSet objects(
+      Fontconfig().FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, static_cast<const char*>(nullptr)));
   AddLanguage(pattern.get());
   const FontSet found = ListFonts(config, pattern, objects);
   std::string first;
@@ -135,7 +137,7 @@ bool IsReadable(const char* file) {
 // Null for a file that is gone or damaged: its font counts as none.
 OpenFace OpenFontFile(FT_Library library, const char* file, int index) {
   FT_Face face = nullptr;
-  const FT_Error error = FT_New_Face(library, file, index & 0xFFFF, &face);
+  const FT_Error error = FreeType().FT_New_Face(library, file, index & 0xFFFF, &face);
   OpenFace opened(face);
   if (Succeeded(error)) return opened;
   const FT_Error base = FT_ERROR_BASE(error);
@@ -145,19 +147,32 @@ OpenFace OpenFontFile(FT_Library library, const char* file, int index) {
 }
 
 OpenFace OpenBestMatch(FcConfig* config, FT_Library library, FcPattern* pattern) {
-  FcDefaultSubstitute(pattern);
+  Fontconfig().FcDefaultSubstitute(pattern);
   FcResult result = FcResultNoMatch;
-  const Pattern match(FcFontMatch(config, pattern, &result));
-  CheckFontMemory(match || !HasFonts(config));
+  const Pattern match(Fontconfig().FcFontMatch(config, pattern, &result));
+  CheckFontMemory(match || !HasFonts(Fontconfig().FcConfigGetFonts, config));
   FcChar8* file = nullptr;
   int index = 0;
-  if (!match || FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch) return nullptr;
-  FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
+  if (!match || Fontconfig().FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch)
+    return nullptr;
+  Fontconfig().FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
   return OpenFontFile(library, reinterpret_cast<const char*>(file), index);
 }
 
+// False for the configuration that fontconfig takes if it can't read the system's: that file isn't among its own.
+bool IsWholeConfig(FcConfig* config) {
+  FcChar8* const wanted = Fontconfig().FcConfigGetFilename(config, nullptr);
+  FcStrList* const files = Fontconfig().FcConfigGetConfigFiles(config);
+  bool isWhole = files && !wanted;
+  while (const FcChar8* const file = files && !isWhole ? Fontconfig().FcStrListNext(files) : nullptr)
+    isWhole = Fontconfig().FcStrCmp(file, wanted) == 0;
+  if (files) Fontconfig().FcStrListDone(files);
+  Fontconfig().FcStrFree(wanted);
+  return isWhole;
+}
+
 Config LoadConfig() {
-  Config config(FcInitLoadConfigAndFonts());
+  Config config(Fontconfig().FcInitLoadConfigAndFonts());
   CheckFontMemory(config && IsWholeConfig(config.get()));
   return config;
 }
@@ -182,6 +197,7 @@ struct FaceCache {
   std::unique_ptr<FontFace> MakeFaceGuarded(const LOGFONTA& font) {
     CheckFontMemory(!isBroken);
     CheckFontRoom();
+    if (!HasFontLibraries()) return MakeFileFace(nullptr, IsVertical(font));
     std::unique_ptr<FontFace> face;
     isBroken = true;
     try {

@@ -22,25 +22,13 @@ inline void CheckFontRoom() {
   munmap(room, most);
 }
 
-// Whether there are fonts, so that a lookup must find one.
-inline bool HasFonts(FcConfig* config) {
+// Whether there are fonts, so that a lookup must find one. fontsOf is FcConfigGetFonts, linked or loaded.
+inline bool HasFonts(decltype(&FcConfigGetFonts) fontsOf, FcConfig* config) {
   for (const FcSetName set : {FcSetSystem, FcSetApplication}) {
-    const FcFontSet* const fonts = FcConfigGetFonts(config, set);
+    const FcFontSet* const fonts = fontsOf(config, set);
     if (fonts && fonts->nfont > 0) return true;
   }
   return false;
-}
-
-// False for the configuration that fontconfig takes if it can't read the system's: that file isn't among its own.
-inline bool IsWholeConfig(FcConfig* config) {
-  FcChar8* const wanted = FcConfigGetFilename(config, nullptr);
-  FcStrList* const files = FcConfigGetConfigFiles(config);
-  bool isWhole = files && !wanted;
-  while (const FcChar8* const file = files && !isWhole ? FcStrListNext(files) : nullptr)
-    isWhole = FcStrCmp(file, wanted) == 0;
-  if (files) FcStrListDone(files);
-  FcStrFree(wanted);
-  return isWhole;
 }
 
 }  // namespace hexlume

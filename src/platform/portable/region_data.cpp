@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/polygon_scan.h"
+#include "platform/portable/region_library.h"
 
 namespace hexlume {
 
@@ -17,7 +18,7 @@ constexpr int64_t mostCombinedBoxes = 2 * static_cast<int64_t>(mostRegionBoxes);
 struct RowWalk {
   explicit RowWalk(const pixman_region32_t& region) {
     int count = 0;
-    next = pixman_region32_rectangles(&region, &count);
+    next = Pixman().rectangles(&region, &count);
     end = next + count;
     Step();
   }
@@ -77,16 +78,16 @@ void Check(pixman_bool_t isDone) {
 
 }  // namespace
 
-RegionData::RegionData() noexcept {
-  pixman_region32_init(&region);
+RegionData::RegionData() {
+  Pixman().init(&region);
 }
 
-RegionData::RegionData(const RECT& box) noexcept {
+RegionData::RegionData(const RECT& box) {
   pixman_box32_t rectangle = {box.left, box.top, box.right, box.bottom};
   if (box.left < box.right && box.top < box.bottom) {
-    pixman_region32_init_with_extents(&region, &rectangle);
+    Pixman().initWithExtents(&region, &rectangle);
   } else {
-    pixman_region32_init(&region);
+    Pixman().init(&region);
   }
 }
 
@@ -94,12 +95,12 @@ RegionData::RegionData(const std::vector<RECT>& boxes, Rows howRows) : rows(howR
   static_assert(sizeof(RECT) == sizeof(pixman_box32_t) &&
                 offsetof(RECT, bottom) == offsetof(pixman_box32_t, y2));
   const auto* const same = reinterpret_cast<const pixman_box32_t*>(boxes.data());
-  Check(pixman_region32_init_rects(&region, same, static_cast<int>(boxes.size())));
+  Check(Pixman().initRects(&region, same, static_cast<int>(boxes.size())));
 }
 
 RegionData::RegionData(const RegionData& other) : RegionData() {
-  if (!pixman_region32_copy(&region, &other.region)) {
-    pixman_region32_fini(&region);
+  if (!Pixman().copy(&region, &other.region)) {
+    Pixman().fini(&region);
     throw std::bad_alloc();
   }
   rows = other.rows;
@@ -115,7 +116,7 @@ RegionData& RegionData::operator=(RegionData other) noexcept {
 }
 
 RegionData::~RegionData() {
-  pixman_region32_fini(&region);
+  Pixman().fini(&region);
 }
 
 void RegionData::Swap(RegionData& other) noexcept {
@@ -139,14 +140,14 @@ bool RegionData::Combine(const RegionData& first, const RegionData& second, int 
   if (TakeUnchanged(first, second, mode)) return true;
   if (!CanCombine(first.region, second.region)) return false;
   RegionData result;
-  if (mode == RGN_AND) Check(pixman_region32_intersect(&result.region, &first.region, &second.region));
-  if (mode == RGN_OR) Check(pixman_region32_union(&result.region, &first.region, &second.region));
-  if (mode == RGN_DIFF) Check(pixman_region32_subtract(&result.region, &first.region, &second.region));
+  if (mode == RGN_AND) Check(Pixman().intersect(&result.region, &first.region, &second.region));
+  if (mode == RGN_OR) Check(Pixman().unite(&result.region, &first.region, &second.region));
+  if (mode == RGN_DIFF) Check(Pixman().subtract(&result.region, &first.region, &second.region));
   if (mode == RGN_XOR) {
     RegionData common;
-    Check(pixman_region32_intersect(&common.region, &first.region, &second.region));
-    Check(pixman_region32_union(&result.region, &first.region, &second.region));
-    Check(pixman_region32_subtract(&result.region, &result.region, &common.region));
+    Check(Pixman().intersect(&common.region, &first.region, &second.region));
+    Check(Pixman().unite(&result.region, &first.region, &second.region));
+    Check(Pixman().subtract(&result.region, &result.region, &common.region));
   }
   Swap(result);
   return true;
@@ -163,10 +164,14 @@ RECT RegionData::Box() const {
   return {extents.x1, extents.y1, extents.x2, extents.y2};
 }
 
+bool RegionData::IsEmpty() const {
+  return !Pixman().isNotEmpty(&region);
+}
+
 // Separate rows are those of an ellipse, with one rectangle each.
 std::vector<pixman_box32_t> RegionData::Boxes() const {
   int count = 0;
-  const pixman_box32_t* const joined = pixman_region32_rectangles(&region, &count);
+  const pixman_box32_t* const joined = Pixman().rectangles(&region, &count);
   if (rows == Rows::joined) return {joined, joined + count};
   std::vector<pixman_box32_t> boxes;
   boxes.reserve(BoxCount());
@@ -179,7 +184,7 @@ std::vector<pixman_box32_t> RegionData::Boxes() const {
 
 size_t RegionData::BoxCount() const {
   if (IsEmpty()) return 0;
-  if (rows == Rows::joined) return static_cast<size_t>(pixman_region32_n_rects(&region));
+  if (rows == Rows::joined) return static_cast<size_t>(Pixman().rectangleCount(&region));
   return static_cast<size_t>(region.extents.y2 - region.extents.y1);
 }
 

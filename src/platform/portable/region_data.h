@@ -16,8 +16,8 @@ namespace hexlume {
 // a combination. If memory runs out, throws std::bad_alloc and leaves the region unchanged.
 class RegionData {
  public:
-  RegionData() noexcept;
-  explicit RegionData(const RECT& box) noexcept;  // an empty box gives an empty region
+  RegionData();
+  explicit RegionData(const RECT& box);  // an empty box gives an empty region
   enum class Rows { joined, apart };
   explicit RegionData(const std::vector<RECT>& boxes, Rows rows = Rows::joined);
   RegionData(const RegionData& other);
@@ -39,7 +39,7 @@ class RegionData {
   size_t BoxCount() const;
 
  private:
-  bool IsEmpty() const { return !pixman_region32_not_empty(&region); }
+  bool IsEmpty() const;
   void Swap(RegionData& other) noexcept;
   bool TakeUnchanged(const RegionData& first, const RegionData& second, int mode);
 

@@ -89,22 +89,20 @@ void AppendClip(DeviceContext& dc, const RegionData& region, int mode) {
 
 int RemoveClip(DeviceContext& dc) {
   dc.writer.Append(EmfClipRecord{emrExtSelectClipRgn, sizeof(EmfClipRecord), 0, RGN_COPY});
-  dc.clip = {};
+  dc.clip.reset();
   return SIMPLEREGION;
 }
 
 // Without a clip region, the whole device is the first operand.
-int CombineClip(Clip& clip, const RegionData& region, int mode) {
-  RegionData result =
-      clip.isSet ? clip.region : RegionData({0, 0, referenceDevice.pixels.cx, referenceDevice.pixels.cy});
+int CombineClip(std::optional<RegionData>& clip, const RegionData& region, int mode) {
+  RegionData result = clip ? *clip : RegionData({0, 0, referenceDevice.pixels.cx, referenceDevice.pixels.cy});
   if (mode == RGN_COPY) {
     result = region;
   } else if (!result.Combine(result, region, mode)) {
     return RGN_ERROR;
   }
-  clip.region = std::move(result);
-  clip.isSet = true;
-  return clip.region.Complexity();
+  clip = std::move(result);
+  return clip->Complexity();
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
-#include <fontconfig/fontconfig.h>
-
 #include <map>
 #include <memory>
 
+#include "platform/portable/font_libraries.h"
 #include "platform/portable/font_memory.h"
 #include "tools/hexlume/drawing/faces.h"
 
@@ -11,14 +10,17 @@ namespace {
 
 bool FindFont(const std::string& face) {
   CheckFontRoom();
-  const std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)> pattern(FcPatternCreate(), FcPatternDestroy);
+  if (!HasFontLibraries()) return false;
+  const FontconfigFunctions& fontconfig = Fontconfig();
+  const std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)> pattern(fontconfig.FcPatternCreate(),
+                                                                        fontconfig.FcPatternDestroy);
   const std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> objects(
-      FcObjectSetBuild(FC_FAMILY, nullptr), FcObjectSetDestroy);
-  CheckFontMemory(
-      pattern && objects &&
-      FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(face.c_str())));
+      fontconfig.FcObjectSetBuild(FC_FAMILY, nullptr), fontconfig.FcObjectSetDestroy);
+  CheckFontMemory(pattern && objects &&
+                  fontconfig.FcPatternAddString(pattern.get(), FC_FAMILY,
+                                                reinterpret_cast<const FcChar8*>(face.c_str())));
   const std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)> fonts(
-      FcFontList(nullptr, pattern.get(), objects.get()), FcFontSetDestroy);
+      fontconfig.FcFontList(nullptr, pattern.get(), objects.get()), fontconfig.FcFontSetDestroy);
   CheckFontMemory(fonts != nullptr);
   return fonts->nfont > 0;
 }

@@ -173,7 +173,7 @@ PlayerFace::PlayerFace(const PlayerFont& font) {
   const Pattern wanted = PatternOf(font);
   FcResult result = FcResultNoMatch;
   const Pattern found(FcFontMatch(nullptr, wanted.get(), &result));
-  CheckFontMemory(found || !HasFonts(nullptr));
+  CheckFontMemory(found || !HasFonts(FcConfigGetFonts, nullptr));
   if (!found) return;
   FcChar8* name = nullptr;
   if (FcPatternGetString(found.get(), FC_FAMILY, 0, &name) == FcResultMatch)
