@@ -9,6 +9,7 @@ set(HOST_SOURCES
   src/host/host_api.cpp
   src/host/host_run.cpp
   src/host/inspection.cpp
+  src/host/metafile_bytes.cpp
   src/host/metafile_cut.cpp
   src/host/preparation.cpp
   src/host/recent_format.cpp

@@ -5,7 +5,8 @@ A PATH is a drawing or a folder of drawings; scripts/worst_drawings.py makes the
 converted in all the ways below, or in those of --ways. Seconds are those of a processor, not of the clock, so other work
 hardly matters; it can be run with nice. With --results FILE each result is kept in this file, and what it has isn't measured again.
 
-A TOOL whose name ends in .exe is run through Wine, and has the ways that Windows has."""
+A TOOL whose name ends in .exe is run through Wine, and has the ways that Windows has. build/web/tests/convert_once.mjs is the web
+build in Node, which has those of its library."""
 import argparse
 import collections
 import hashlib
@@ -47,6 +48,7 @@ WAYS = {
     "all": ["--to", "emf,png,svg,pdf", "--rotate"],
 }
 WAYS_OF_WINDOWS = [way for way in WAYS if not way.startswith(("svg", "pdf", "book", "all"))]
+WAYS_OF_WEB = ["emf", "full", "fit", "turned", "view", "hidden", "as-is", "as-is-full", "as-is-turned"]
 # More dots or more results than a single picture at 96 dots per inch may take more: they are measured, but not judged.
 UNJUDGED_WAYS = ["png-300", "all"]
 
@@ -61,6 +63,14 @@ def limit_child(has_memory_limit):
 
 def is_windows(tool):
     return tool.endswith(".exe")
+
+
+def is_web(tool):
+    return tool.endswith(".mjs")
+
+
+def ways_of(tool):
+    return WAYS_OF_WINDOWS if is_windows(tool) else WAYS_OF_WEB if is_web(tool) else list(WAYS)
 
 
 def wine_loader(tool):
@@ -85,11 +95,13 @@ def environment_of(tool):
 def run(tool, drawing, way, folder, environment=None):
     """Converts a drawing in the folder."""
     command = [os.path.abspath(tool), "-d", ".", *WAYS[way], os.path.abspath(drawing)]
-    if is_windows(tool):
+    if is_web(tool):
+        command = ["node", os.path.abspath(tool), way, os.path.abspath(drawing)]
+    elif is_windows(tool):
         command = [wine_loader(tool), *command[:-1], "Z:" + command[-1]]
     with tempfile.TemporaryFile() as messages:
         child = subprocess.Popen(command, cwd=folder, stdout=subprocess.DEVNULL, stderr=messages, env=environment,
-                                 preexec_fn=lambda: limit_child(not is_windows(tool)))
+                                 preexec_fn=lambda: limit_child(not is_windows(tool) and not is_web(tool)))
         _, status, usage = os.wait4(child.pid, 0)
         messages.seek(0)
         said = messages.read().decode("utf-8", "replace").strip().splitlines()
@@ -181,8 +193,7 @@ def main():
     parser.add_argument("tool")
     parser.add_argument("paths", nargs="+")
     arguments = parser.parse_args()
-    every = WAYS_OF_WINDOWS if is_windows(arguments.tool) else list(WAYS)
-    ways = arguments.ways.split(",") if arguments.ways else every
+    ways = arguments.ways.split(",") if arguments.ways else ways_of(arguments.tool)
     drawings = list(drawings_in(arguments.paths))
     results = Results(arguments.results)
     measure_all(arguments, drawings, ways, results)

@@ -1,13 +1,13 @@
 #include "host/conversion.h"
 
-#include <memory>
-#include <type_traits>
+#include <utility>
 
 #include "dialogs/answers/dialog_answers.h"
 #include "driver/run_watch.h"
 #include "driver/work_budget.h"
 #include "hexlume.h"
 #include "host/host_run.h"
+#include "host/metafile_bytes.h"
 #include "host/metafile_cut.h"
 #include "host/preparation.h"
 #include "platform/fault_guard.h"
@@ -15,11 +15,6 @@
 namespace hexlume {
 
 namespace {
-
-struct DeleteMetafile {
-  void operator()(HENHMETAFILE metafile) const { DeleteEnhMetaFile(metafile); }
-};
-using Metafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteMetafile>;
 
 // What one of the nine exports has given.
 struct Outcome {
@@ -109,12 +104,10 @@ bool IsUsable(const HostRun& run, const Outcome& outcome) {
   return outcome.metafile && outcome.isAsked && !IsMeasuredInPart(run);
 }
 
-void TakeMetafile(const HostOptions& options, HENHMETAFILE metafile, hexlume_result& result) {
-  const UINT size = GetEnhMetaFileBits(metafile, 0, nullptr);
-  result.metafile.resize(size);
-  GetEnhMetaFileBits(metafile, size, result.metafile.data());
+void TakeMetafile(const HostOptions& options, Metafile metafile, hexlume_result& result) {
+  result.metafile = MetafileBytes(std::move(metafile));
   const int64_t limit = options.plain.limit_bytes;
-  if (limit == 0 || limit > static_cast<int64_t>(size)) return;
+  if (limit == 0 || limit > static_cast<int64_t>(result.metafile.Size())) return;
   if (!CutMetafile(result.metafile, static_cast<size_t>(limit))) return;
   if (result.status != HEXLUME_STATUS_OK) return;
   result.status = HEXLUME_STATUS_LIMIT;
@@ -139,7 +132,7 @@ void RemarkBounds(const WorkBudget& done, HostRun& run, hexlume_result& result) 
 void ConvertForHost(const HostInput& input, const HostOptions& options, hexlume_result& result) {
   HostRun run(input, options, options.plain.turned ? 4 : 2);
   if (!PrepareRun(input, options, run, result)) return;
-  const Outcome outcome = Convert(options, run);
+  Outcome outcome = Convert(options, run);
   CheckMemory();
   run.EndPass(HasDrawn(run));
   result.numbers[HEXLUME_NUMBER_STROKES] = runWatch.strokes;
@@ -148,7 +141,7 @@ void ConvertForHost(const HostInput& input, const HostOptions& options, hexlume_
   RemarkBounds(done, run, result);
   // The layers are known once the sheet is there to draw on.
   if (outcome.metafile || HasDrawn(run)) RemarkUnknownLayers(options, result);
-  if (IsUsable(run, outcome)) TakeMetafile(options, outcome.metafile.get(), result);
+  if (IsUsable(run, outcome)) TakeMetafile(options, std::move(outcome.metafile), result);
   FinishRun(run, result);
 }
 

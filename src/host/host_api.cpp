@@ -120,15 +120,16 @@ int64_t hexlume_result_line(const hexlume_result* result) {
 }
 
 const uint8_t* hexlume_result_metafile(const hexlume_result* result) {
-  return result && !result->metafile.empty() ? result->metafile.data() : nullptr;
+  return result && !result->metafile.IsEmpty() ? result->metafile.Start() : nullptr;
 }
 
 int64_t hexlume_result_metafile_size(const hexlume_result* result) {
-  return result ? static_cast<int64_t>(result->metafile.size()) : 0;
+  return result ? static_cast<int64_t>(result->metafile.Size()) : 0;
 }
 
 void* hexlume_result_handle(const hexlume_result* result) {
-  return result && !result->metafile.empty() ? MetafileHandle(result->metafile) : nullptr;
+  if (!result || result->metafile.IsEmpty()) return nullptr;
+  return MetafileHandle(result->metafile.Start(), result->metafile.Size());
 }
 
 int64_t hexlume_result_number(const hexlume_result* result, int32_t number) {

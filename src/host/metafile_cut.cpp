@@ -13,21 +13,21 @@ constexpr size_t recordCountOffset = 52;
 
 constexpr uint32_t endRecord[] = {14, 20, 0, 16, 20};  // type, size, no palette, its place, size
 
-uint32_t WordAt(const std::vector<uint8_t>& bytes, size_t offset) {
+uint32_t WordAt(const MetafileBytes& bytes, size_t offset) {
   uint32_t word;
-  std::memcpy(&word, bytes.data() + offset, sizeof word);
+  std::memcpy(&word, bytes.Start() + offset, sizeof word);
   return word;
 }
 
-void StoreWord(std::vector<uint8_t>& bytes, size_t offset, size_t value) {
+void StoreWord(const MetafileBytes& bytes, size_t offset, size_t value) {
   const auto word = static_cast<uint32_t>(value);
-  std::memcpy(bytes.data() + offset, &word, sizeof word);
+  std::memcpy(bytes.Start() + offset, &word, sizeof word);
 }
 
 }  // namespace
 
-bool CutMetafile(std::vector<uint8_t>& metafile, size_t mostBytes) {
-  if (metafile.size() <= mostBytes) return false;
+bool CutMetafile(MetafileBytes& metafile, size_t mostBytes) {
+  if (metafile.Size() <= mostBytes) return false;
   size_t end = 0;
   uint32_t records = 0;
   for (;;) {
@@ -37,12 +37,12 @@ bool CutMetafile(std::vector<uint8_t>& metafile, size_t mostBytes) {
     ++records;
   }
   if (records == 0) {
-    metafile.clear();
+    metafile.Shorten(0);
     return true;
   }
-  metafile.resize(end + sizeof endRecord);
-  std::memcpy(metafile.data() + end, endRecord, sizeof endRecord);
-  StoreWord(metafile, byteCountOffset, metafile.size());
+  metafile.Shorten(end + sizeof endRecord);
+  std::memcpy(metafile.Start() + end, endRecord, sizeof endRecord);
+  StoreWord(metafile, byteCountOffset, metafile.Size());
   StoreWord(metafile, recordCountOffset, records + 1);
   return true;
 }

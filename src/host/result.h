@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "hexlume_host.h"
+#include "host/metafile_bytes.h"
 #include "host/status_text.h"
 
 namespace hexlume {
@@ -40,7 +41,7 @@ struct hexlume_result {
   int64_t line = 0;
   std::string detail;  // of the status: a path, an argument, a limit
   hexlume::Sentence message;
-  std::vector<uint8_t> metafile;
+  hexlume::MetafileBytes metafile;
   int64_t numbers[HEXLUME_NUMBER_MILLISECONDS + 1] = {};
   std::vector<hexlume_remark> remarks;
   bool isInspection = false;

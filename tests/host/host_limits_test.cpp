@@ -215,6 +215,24 @@ TEST(HostLimits, bytes_cut_the_metafile_after_a_whole_record) {
   EXPECT_EQ(wholeBytes, ConvertBytes(drawing, options).Metafile());
 }
 
+// One of more than 1 MB isn't copied, and is cut in its place: 20,000 lines are 1.9 MB.
+TEST(HostLimits, bytes_cut_a_large_metafile_too) {
+  const std::string drawing = A3(Lines(20000));
+  const host::Result whole = ConvertBytes(drawing);
+  EXPECT_LT(1u << 20, whole.Metafile().size());
+  Options options;
+  options.limit_bytes = static_cast<int64_t>(whole.Metafile().size()) - 1;
+  const host::Result result = ConvertBytes(drawing, options);
+  EXPECT_EQ("limit", result.StatusName());
+  const std::string_view cut = result.Metafile();
+  EXPECT_LT(whole.Metafile().size() - 100, cut.size());
+  EXPECT_GE(static_cast<size_t>(options.limit_bytes), cut.size());
+  const Records records = RecordsOf(cut);
+  EXPECT_EQ(cut.size(), records.bytes);
+  EXPECT_EQ(records.walked, records.count);
+  EXPECT_EQ(whole.Metafile().substr(60, cut.size() - 80), cut.substr(60, cut.size() - 80));
+}
+
 // 2^25 lines aren't drawn to be cut away again.
 TEST(HostLimits, bytes_end_the_drawing_early) {
   Options options;

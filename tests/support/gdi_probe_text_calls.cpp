@@ -70,6 +70,9 @@ void LargeHeights(HDC dc, ProbeResults& results) {
   for (int height = 5075; height <= 150000; height += 5075) {
     WithFont(dc, Font(height, 0, ""), [&] { AddMetrics(dc, results); });
   }
+  // A cell or a character at these heights is near a half in logical units.
+  for (const int height : {-140410, -154340, -158992, -161846, -163644, -166578, -171283})
+    WithFont(dc, Font(height, 0, ""), [&] { AddMetrics(dc, results); });
 }
 
 void Widths(HDC dc, ProbeResults& results) {
@@ -80,6 +83,20 @@ void Widths(HDC dc, ProbeResults& results) {
       WithFont(dc, Font(height, width, gothic), [&] {
         AddMetrics(dc, results);
         Write(dc, 100, -500, mixedText);
+      });
+    }
+  }
+}
+
+// INT32_MIN has no absolute value.
+void WidthsAtTheEndsOfNumbers(HDC dc, ProbeResults& results) {
+  SetMapMode(dc, MM_HIMETRIC);
+  for (const int height : {-448, 0, 16, 26, 100, 417, 1000, 30000}) {
+    for (const int width : {INT32_MIN, INT32_MIN + 1, -2000000000, 2000000000, INT32_MAX}) {
+      WithFont(dc, Font(height, width, gothic), [&] {
+        AddMetrics(dc, results);
+        // How wide its characters are differs between Windows programs of 32 and 64 bits.
+        if (width != INT32_MIN) Write(dc, 100, -500, mixedText);
       });
     }
   }
@@ -270,6 +287,7 @@ constexpr ProbeCalls textProbes[] = {
     {"negative heights", NegativeHeights},
     {"large heights", LargeHeights},
     {"widths", Widths},
+    {"widths at the ends of numbers", WidthsAtTheEndsOfNumbers},
     {"heights in text", HeightsInText},
     {"faces", Faces},
     {"vertical faces", VerticalFaces},

@@ -1,6 +1,9 @@
 // The library on its module, as web/library/library.ts has it.
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
+import { spawnSync } from "node:child_process";
+import { mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { tmpdir } from "node:os";
+import { join } from "node:path";
 import test from "node:test";
 import { Library } from "../../web/library/library";
 import type { Conversion, Options, Status } from "../../web/library/protocol";
@@ -246,6 +249,25 @@ test("a large drawing's memory is given back", () => {
   own.write(room, 0, a3(line));
   assert.equal(own.convert(room).status, "ok");
   assert.ok(own.memoryBytes() < 64 * 1024 * 1024);
+});
+
+// In a process of its own: what the bytes of the largest metafile take, once in the module and once in the answer, and 200 MB
+// for all the rest.
+test("the largest metafile of a small drawing is in memory twice, never three times", () => {
+  const dashes = "0 SECTION\n2 TABLES\n0 TABLE\n2 LTYPE\n0 LTYPE\n2 DASHED\n73 2\n49 0.000001\n49 -0.000001\n0 ENDTAB\n" +
+    "0 TABLE\n2 LAYER\n0 LAYER\n2 0\n70 0\n62 7\n6 CONTINUOUS\n0 ENDTAB\n0 ENDSEC\n";
+  const long = "0 LINE\n8 0\n6 DASHED\n10 0\n20 0\n11 400\n21 280\n";
+  const temporary = mkdtempSync(join(tmpdir(), "hexlume-"));
+  try {
+    const drawing = join(temporary, "dashes.dxf");
+    writeFileSync(drawing, a3WithTables(dashes, long.repeat(1000)));
+    const { stderr } = spawnSync("node", [`${folder}/tests/convert_once.mjs`, "emf", drawing], { encoding: "utf8" });
+    const [, bytes, kilobytes] = /^(\d+) bytes, (\d+) KB/.exec(stderr) ?? [];
+    assert.ok(Number(bytes) > 290e6, stderr);
+    assert.ok(Number(kilobytes) * 1024 < 2 * Number(bytes) + 200e6, stderr);
+  } finally {
+    rmSync(temporary, { recursive: true });
+  }
 });
 
 function metafileOf(own: Library, drawing: Uint8Array): string {

@@ -26,7 +26,7 @@ struct FontMeasure {
 //   becomes 1.
 // - Each measure of the face is scaled to that em and rounded separately.
 // - The width is truncated to pixels, with the vertical scale. If it isn't 0 and at most 100 times the height
-//   of the cell, the characters are stretched to this average width.
+//   of the cell, the characters are stretched to this average width. The width INT32_MIN isn't compared and stays.
 FontMeasure MeasureContextFont(const DeviceContext& dc);
 
 // Returns a character's advance in pixels. In a face of fixed pitch, a character as wide as the em gets

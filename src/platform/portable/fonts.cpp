@@ -49,18 +49,25 @@ struct PixelSize {
   int width;   // 0: the natural width for the height
 };
 
+// INT32_MIN, which the width of a fitted text can be, has no absolute value. GDI takes it as a negative width, which
+// isn't too large for any height.
+constexpr int boundlessWidth = INT32_MIN;
+
 // A stock font is in pixels in every map mode. Widths use the vertical scale.
 PixelSize SizeOf(const DeviceContext& dc, const LOGFONTA& font) {
   if (dc.font->stockNumber != notAStockObject) return {defaultCellHeight, 0};
   const double height = std::trunc(font.lfHeight * PixelsPerUnitDown(dc));
   const double width = std::trunc(std::abs(font.lfWidth * PixelsPerUnitDown(dc)));
   if (height == 0) return {defaultCellHeight, 0};
-  return {static_cast<int>(std::max(height, -static_cast<double>(INT32_MAX))),
-          static_cast<int>(std::min(width, static_cast<double>(INT32_MAX)))};
+  const int pixelsHigh = static_cast<int>(std::max(height, -static_cast<double>(INT32_MAX)));
+  if (font.lfWidth == INT32_MIN) return {pixelsHigh, boundlessWidth};
+  return {pixelsHigh, static_cast<int>(std::min(width, static_cast<double>(INT32_MAX)))};
 }
 
+// GDI multiplies by the inverse scale, which is a float too.
 LONG ToLogical(int pixels, double pixelsPerUnit) {
-  const double rounded = std::floor(pixels / pixelsPerUnit + 0.5);
+  const double unitsPerPixel = static_cast<float>(1.0 / pixelsPerUnit);
+  const double rounded = std::floor(pixels * unitsPerPixel + 0.5);
   return static_cast<LONG>(
       std::clamp(rounded, static_cast<double>(INT32_MIN), static_cast<double>(INT32_MAX)));
 }
@@ -72,6 +79,14 @@ int Stretched(const FontMeasure& measure, int64_t pixels) {
       std::min<int64_t>((int64_t{measure.averageWidth} << 16) / measure.naturalWidth, UINT32_MAX);
   const int64_t sixtyFourths = ((std::min<int64_t>(pixels, 1 << 24) * 64 * factor) + 0x8000) >> 16;
   return static_cast<int>(std::min<int64_t>((sixtyFourths + 63) / 64, INT32_MAX));
+}
+
+// The stretch factor is the least number of its 16 binary places, and the 64ths of a pixel wrap around, as in 32-bit
+// Windows programs.
+int StretchedWithoutBound(int64_t pixels) {
+  constexpr int64_t largestFactor = 1 << 15;
+  const int64_t sixtyFourths = static_cast<int32_t>(static_cast<uint32_t>(pixels * 64 * largestFactor));
+  return static_cast<int>(std::abs(sixtyFourths) / 64);
 }
 
 constexpr LOGFONTA noFont = {};
@@ -101,13 +116,16 @@ FontMeasure MeasureContextFont(const DeviceContext& dc) {
   if (size.width == 0 || size.width > widest) return measure;
   measure.averageWidth = size.width;
   measure.maxWidth =
-      RoundedQuotient(static_cast<int64_t>(measure.maxWidth) * size.width, measure.naturalWidth);
+      size.width == boundlessWidth
+          ? boundlessWidth
+          : RoundedQuotient(static_cast<int64_t>(measure.maxWidth) * size.width, measure.naturalWidth);
   return measure;
 }
 
 int CharacterPixels(const FontMeasure& measure, char16_t character) {
   // Rounded twice, first to 64ths of a pixel, like the scaler.
   const int64_t natural = (measure.face->Advance(character, measure.ppem) + 32) / 64;
+  if (measure.averageWidth == boundlessWidth) return StretchedWithoutBound(natural);
   if (measure.face->Measures().isFixedPitch && natural >= measure.ppem)
     return 2 * RoundedQuotient(natural * measure.averageWidth, 2LL * measure.naturalWidth);
   return Stretched(measure, natural);

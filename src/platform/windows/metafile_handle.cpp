@@ -1,11 +1,13 @@
 #include "platform/metafile_handle.h"
 
-#include <windows.h>
-
 namespace hexlume {
 
-void* MetafileHandle(const std::vector<uint8_t>& bytes) {
-  return SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data());
+void* MetafileHandle(const uint8_t* bytes, size_t size) {
+  return SetEnhMetaFileBits(static_cast<UINT>(size), bytes);
+}
+
+uint8_t* BytesInPlace(HENHMETAFILE) {
+  return nullptr;
 }
 
 }  // namespace hexlume

@@ -73,6 +73,8 @@ constexpr Measured measured[] = {
     {3099, 3093, 2537, 555, 211, 1456, 4208},   // an ascent of 96 pixels is 2537.5
     {7278, 7269, 5947, 1322, 502, 3388, 9871},  // a width of 128 pixels is 3387.5
     {100000, 100020, 81808, 18212, 7031, 46552, 135447},
+    {-161846, 174110, 142417, 31692, 12238, 81035,
+     235775},                          // 6587 pixels are 174109.501 by the inverse scale
     {10000000, 26, 26, 0, 0, 26, 26},  // an em of more than 65535 pixels
     {INT32_MAX, 26, 26, 0, 0, 26, 26},
     {INT32_MIN, 26, 26, 0, 0, 26, 26},
@@ -104,7 +106,26 @@ TEST_F(PortableFont, a_width_below_a_pixel_or_above_100_heights_is_none) {
   EXPECT_EQ(Metrics(Font(250, 26)).tmAveCharWidth, natural);
   EXPECT_EQ(Metrics(Font(250, 100000)).tmAveCharWidth, natural);
   EXPECT_EQ(Metrics(Font(250, INT32_MAX)).tmAveCharWidth, natural);
-  EXPECT_EQ(Metrics(Font(250, INT32_MIN)).tmAveCharWidth, natural);
+  EXPECT_EQ(Metrics(Font(250, INT32_MIN + 1)).tmAveCharWidth, natural);
+}
+
+TEST_F(PortableFont, the_width_without_an_absolute_value_stays) {
+  EXPECT_EQ(Metrics(Font(250, INT32_MIN)).tmAveCharWidth, INT32_MIN);
+  EXPECT_EQ(Metrics(Font(250, INT32_MIN)).tmMaxCharWidth, INT32_MIN);
+  EXPECT_EQ(Metrics(Font(0, INT32_MIN)).tmAveCharWidth, Metrics(Font(0)).tmAveCharWidth);
+}
+
+TEST_F(PortableFont, the_width_without_an_absolute_value_stretches_characters_32768_times) {
+  if (!isMeasuredFace) GTEST_SKIP() << "IPAGothic isn't installed";
+  FontMeasure measure = {};
+  measure.face = &FaceOf(Font(0));
+  measure.ppem = 34;
+  measure.averageWidth = INT32_MIN;
+  EXPECT_EQ(CharacterPixels(measure, 'A'), 557056);  // 17 * 32768
+  measure.ppem = 1054;
+  EXPECT_EQ(CharacterPixels(measure, 'A'), 17268736);  // 527 * 32768
+  // 1054 * 64 * 32768 = 2210398208 is more than 2^31 - 1 and wraps around to -2084569088, and a 64th is 32571392.
+  EXPECT_EQ(CharacterPixels(measure, 0x56F3), 32571392);
 }
 
 TEST_F(PortableFont, a_turn_changes_no_measure) {
