@@ -6,33 +6,55 @@
 
 namespace hexlume {
 
+namespace {
+
+// Larger pieces aren't written faster, and would no longer stay in the processor's cache.
+constexpr size_t pieceSize = 1 << 20;
+
+}  // namespace
+
 EmfWriter::EmfWriter(size_t largestMetafile) : mostBytes(largestMetafile - sizeof(EmfEofRecord)) {
   Grow(sizeof(EmfHeaderRecord));
 }
 
 void EmfWriter::Grow(size_t wanted) {
-  const auto written = static_cast<size_t>(next - block.Start());
-  if (wanted > mostBytes - written) throw std::length_error("the metafile is full");
-  const size_t needed = written + wanted + sizeof(EmfEofRecord);
-  if (needed > block.Size()) block.Grow(needed);
-  next = block.Start() + written;
-  end = block.Start() + std::min(block.Size() - sizeof(EmfEofRecord), mostBytes);
+  if (wanted > mostBytes - Size()) throw std::length_error("the metafile is full");
+  const size_t reserved = wanted + sizeof(EmfEofRecord);
+  if (stream && Kept() + reserved > pieceSize) HandOn();
+  const size_t kept = Kept();
+  if (kept + reserved > block.Size()) block.Grow(kept + reserved);
+  next = block.Start() + kept;
+  end = block.Start() + std::min(block.Size() - sizeof(EmfEofRecord), mostBytes - handedOn);
+}
+
+// No record refers to an earlier one, and only the header is changed at the end.
+void EmfWriter::HandOn() {
+  stream->Take(handedOn, block.Start(), Kept());
+  handedOn = Size();
+  next = block.Start();
 }
 
 void EmfWriter::EndEarly() {
-  mostBytes = static_cast<size_t>(next - block.Start());
+  mostBytes = Size();
   end = next;
 }
 
 EmfBytes EmfWriter::Finish(EmfHeaderRecord header) {
   end += sizeof(EmfEofRecord);
   Append(EmfEofRecord{emrEof, sizeof(EmfEofRecord), 0, 16, sizeof(EmfEofRecord)});
-  const auto size = static_cast<size_t>(next - block.Start());
+  const size_t size = Size();
   header.byteCount = static_cast<uint32_t>(size);
   header.recordCount = recordCount;
+  if (handedOn > 0) return FinishStream(header);
   std::memcpy(block.Start(), &header, sizeof header);
   block.Shrink(size);
   return {std::move(block), size};
+}
+
+EmfBytes EmfWriter::FinishStream(const EmfHeaderRecord& header) {
+  HandOn();
+  stream->Take(0, reinterpret_cast<const uint8_t*>(&header), sizeof header);
+  return {GrowingBlock(), handedOn};
 }
 
 GdiObject EmfHandleTable::nobody;

@@ -12,10 +12,11 @@
 #include "platform/portable/emf_records.h"
 #include "platform/portable/gdi_object.h"
 #include "platform/portable/growing_block.h"
+#include "platform/portable/metafile_stream.h"
 
 namespace hexlume {
 
-// All bytes of a metafile.
+// All bytes of a metafile. Those of one that went to a stream aren't here.
 struct EmfBytes {
   GrowingBlock block;
   size_t size = 0;
@@ -27,6 +28,9 @@ struct EmfBytes {
 class EmfWriter {
  public:
   explicit EmfWriter(size_t largestMetafile = INT32_MAX);
+
+  // From now on full pieces go to the stream, and their memory is used for the next piece.
+  void StreamTo(MetafileStream* taker) { stream = taker; }
 
   // Appends one record: its head, a struct of emf_records.h, and a tail of variable length. The size field in
   // the head must be the sum of both, a multiple of 4.
@@ -67,6 +71,11 @@ class EmfWriter {
   }
 
   void Grow(size_t wanted);
+  void HandOn();
+  EmfBytes FinishStream(const EmfHeaderRecord& header);
+
+  size_t Kept() const { return static_cast<size_t>(next - block.Start()); }
+  size_t Size() const { return handedOn + Kept(); }
 
   void Put(const void* data, size_t count) {
     if (count == 0) return;
@@ -79,6 +88,8 @@ class EmfWriter {
   uint8_t* next = nullptr;  // after the last record
   uint8_t* end = nullptr;   // before the space reserved for EOF
   uint32_t recordCount = 0;
+  MetafileStream* stream = nullptr;
+  size_t handedOn = 0;  // bytes that the stream has
 };
 
 // Maps object indices to objects. Index 0 is the metafile itself.

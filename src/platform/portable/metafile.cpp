@@ -2,12 +2,16 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "platform/portable/device_context.h"
+#include "platform/portable/metafile_stream.h"
 
 namespace hexlume {
 
 namespace {
+
+MetafileStream* nextStream = nullptr;
 
 EmfHeaderRecord HeaderOf(const DeviceContext& dc) {
   EmfHeaderRecord header = {};
@@ -66,6 +70,7 @@ HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR des
   if (reference || file || description) return nullptr;
   try {
     std::unique_ptr<DeviceContext> dc = NewContext(frame);
+    dc->writer.StreamTo(std::exchange(nextStream, nullptr));
     dc->older = newestContext;
     return newestContext = dc.release();
   } catch (const std::bad_alloc&) {
@@ -96,13 +101,17 @@ extern "C" UINT GetEnhMetaFileBits(HENHMETAFILE metafile, UINT size, uint8_t* bu
   if (!metafile) return 0;
   const UINT needed = static_cast<UINT>(metafile->bytes.size);
   if (!buffer) return needed;
-  if (size < needed) return 0;
+  if (size < needed || !metafile->bytes.block.Start()) return 0;
   std::memcpy(buffer, metafile->bytes.block.Start(), needed);
   return needed;
 }
 
 extern "C" const uint8_t* EnhMetaFileBytes(HENHMETAFILE metafile) {
   return metafile ? metafile->bytes.block.Start() : nullptr;
+}
+
+extern "C" void StreamNextMetafile(MetafileStream* stream) {
+  nextStream = stream;
 }
 
 extern "C" BOOL DeleteEnhMetaFile(HENHMETAFILE metafile) {

@@ -23,47 +23,62 @@ struct Outcome {
   int32_t code = HEXLUME_OK;     // what it returned
   std::optional<int32_t> fault;  // the number of a fault that left it instead
   uint32_t bounds = 0;           // that it has reached, as bits
+  bool isLost = false;           // whether the metafile's file couldn't take it
   ExportedMetafile metafile;
 };
 
 // Runs a conversion that stores its metafile through the given pointer.
 template <typename Call>
-Outcome Run(Call&& call) {
+Outcome Run(StreamedMetafile* stream, Call&& call) {
   Outcome outcome;
   HENHMETAFILE metafile = nullptr;
+  if (stream) stream->Begin();
   ForgetBounds();
   outcome.fault = CallGuarded([&] { outcome.code = call(&metafile); });
   outcome.bounds = ReachedBounds();
+  outcome.isLost = stream && !stream->End();
   outcome.metafile.reset(metafile);
   return outcome;
 }
 
-Outcome ConvertView(const std::string& drawing, const View& view, const Options& options) {
+Outcome ConvertView(const std::string& drawing, const View& view, const Options& options,
+                    StreamedMetafile* stream) {
   const RECT part{view.left, view.top, view.right, view.bottom};
-  return Run([&](HENHMETAFILE* out) {
+  return Run(stream, [&](HENHMETAFILE* out) {
     return vzDXFReMetaMake(drawing.c_str(), out, options.halfWidth, part, options.wholeText, options.dialogs,
                            options.monochrome);
   });
 }
 
-Outcome ConvertSheet(const std::string& drawing, const Options& options) {
+Outcome ConvertSheet(const std::string& drawing, const Options& options, StreamedMetafile* stream) {
   const auto make = options.fullSize ? vzDXFFullSizeMetaMake : vzDXFMetaMake;
-  return Run([&](HENHMETAFILE* out) {
+  return Run(stream, [&](HENHMETAFILE* out) {
     return make(drawing.c_str(), out, options.dialogs, options.halfWidth, options.monochrome);
   });
 }
 
-Outcome Turn(const Options& options) {
-  return Run([&](HENHMETAFILE* out) { return vzDXFRotMetaMake(out, options.monochrome); });
+Outcome Turn(const Options& options, StreamedMetafile* stream) {
+  return Run(stream, [&](HENHMETAFILE* out) { return vzDXFRotMetaMake(out, options.monochrome); });
 }
 
-Outcome CallExports(const std::string& drawing, const Options& options) {
-  if (options.view) return ConvertView(drawing, *options.view, options);
-  Outcome outcome = ConvertSheet(drawing, options);
+Outcome CallExports(const std::string& drawing, const Options& options, StreamedMetafile* stream) {
+  if (options.view) return ConvertView(drawing, *options.view, options, stream);
+  Outcome outcome = ConvertSheet(drawing, options, options.rotate ? nullptr : stream);
   if (!options.rotate) return outcome;
   // Not what was asked for: given back whether it can be turned or not.
   outcome.metafile.reset();
-  return !outcome.fault && outcome.code == HEXLUME_OK ? Turn(options) : std::move(outcome);
+  return !outcome.fault && outcome.code == HEXLUME_OK ? Turn(options, stream) : std::move(outcome);
+}
+
+// What can't be written while it is drawn is drawn again in memory. When that is written, it shows what is wrong.
+Outcome CallExportsOnceOrTwice(const std::string& drawing, const Options& options, StreamedMetafile* stream) {
+  Outcome outcome = CallExports(drawing, options, stream);
+  return outcome.isLost ? CallExports(drawing, options, nullptr) : std::move(outcome);
+}
+
+MetafileBytes TakeBytes(Outcome& outcome, const StreamedMetafile* stream) {
+  const MetafileBytes streamed = stream ? stream->Bytes() : MetafileBytes();
+  return streamed.empty() ? BytesOf(std::move(outcome.metafile)) : streamed;
 }
 
 Conversion AfterFault(int32_t fault) {
@@ -152,12 +167,12 @@ void AddRemarks(const DrawingSource& drawing, DrawingParts& parts, const Options
 }
 
 Conversion ConvertByExports(const DrawingSource& drawing, const std::string& path, DrawingParts& parts,
-                            const Options& options) {
-  Outcome outcome = CallExports(path, options);
+                            const Options& options, StreamedMetafile* stream) {
+  Outcome outcome = CallExportsOnceOrTwice(path, options, stream);
   Conversion conversion = AfterFailure(drawing, outcome, options);
   // What was drawn before memory ran out is of no use.
   if (outcome.metafile && conversion.exit != StatusOf(noMemoryStatus).exit)
-    conversion.metafile = BytesOf(std::move(outcome.metafile));
+    conversion.metafile = TakeBytes(outcome, stream);
   AddBounds(outcome.bounds, conversion);
   if (!conversion.HasFailed()) AddRemarks(drawing, parts, options, conversion);
   return conversion;
@@ -195,16 +210,17 @@ bool IsBesideSheet(const DrawingSource& drawing, const Options& options, int32_t
 }
 
 Conversion Choose(const DrawingSource& drawing, DrawingParts& parts, int32_t format, const Options& options,
-                  Converter converter) {
+                  Converter converter, StreamedMetafile* stream) {
   const auto path = PathForExports(drawing);
   if (options.dialogs != 0) {
     // Only the exports have dialogs.
-    return path ? ConvertByExports(drawing, *path, parts, options) : Ended(notAllowedStatus, " with dialogs");
+    return path ? ConvertByExports(drawing, *path, parts, options, stream)
+                : Ended(notAllowedStatus, " with dialogs");
   }
   const bool isForHost = converter == Converter::host || options.dialogAnswers.IsGiven() || options.fit ||
                          format == HEXLUME_FORMAT_AUTO || !path;
   return isForHost ? ConvertByHostLibrary(drawing, options, format)
-                   : ConvertByExports(drawing, *path, parts, options);
+                   : ConvertByExports(drawing, *path, parts, options, stream);
 }
 
 }  // namespace
@@ -215,13 +231,14 @@ Conversion Ended(StatusRow row, const std::string& detail) {
   return {status.name, status.exit, status.words + detail, {}, {}};
 }
 
-Conversion Convert(const DrawingSource& drawing, const Options& options, Converter converter) {
+Conversion Convert(const DrawingSource& drawing, const Options& options, Converter converter,
+                   StreamedMetafile* stream) {
   if (!drawing.isReadable) return Ended(notAllowedStatus);
   DrawingParts parts(drawing);
   const bool asIs = options.asIs || options.dialogs != 0;
   const Encoding encoding = asIs ? Encoding::codePage932 : EncodingOf(parts);
   const int32_t format = encoding == Encoding::utf8 ? HEXLUME_FORMAT_AUTO : HEXLUME_FORMAT_AS_IS;
-  Conversion conversion = Choose(drawing, parts, format, options, converter);
+  Conversion conversion = Choose(drawing, parts, format, options, converter, stream);
   const bool hasResult = !conversion.HasFailed() || !conversion.metafile.empty();
   if (encoding == Encoding::notUtf8 && hasResult)
     conversion.remarks.push_back(

@@ -7,6 +7,7 @@
 #include "tools/hexlume/command/options.h"
 #include "tools/hexlume/drawing/drawing_source.h"
 #include "tools/hexlume/drawing/status.h"
+#include "tools/hexlume/drawing/streamed_metafile.h"
 #include "tools/hexlume/metafile/metafile_bytes.h"
 
 namespace hexlume {
@@ -39,6 +40,8 @@ enum class Converter {
   host,     // the host library: no drawing depends on the one before
 };
 
-Conversion Convert(const DrawingSource& drawing, const Options& options, Converter converter);
+// Only the nine exports draw into the stream, if there is one.
+Conversion Convert(const DrawingSource& drawing, const Options& options, Converter converter,
+                   StreamedMetafile* stream = nullptr);
 
 }  // namespace hexlume

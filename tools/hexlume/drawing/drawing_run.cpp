@@ -41,6 +41,13 @@ DrawingSource SourceOf(const Job& job, const Options& options, const FileStamp& 
   return source;
 }
 
+// Whether the job's only result is written as soon as it has its name.
+bool TakeStream(const Job& job, StreamedMetafile* stream, DrawingResult& result) {
+  if (!stream || stream->Bytes().empty() || !stream->Commit()) return false;
+  result.outputs.push_back({job.outputs.front().file, static_cast<int64_t>(stream->Bytes().size())});
+  return true;
+}
+
 }  // namespace
 
 DrawingResult FailedResult(const Job& job, StatusRow row, const Options& options) {
@@ -56,15 +63,18 @@ DrawingResult RunDrawing(const Job& job, const Options& options, Converter conve
   DrawingResult result;
   result.drawing = StampOf(job.drawing).value_or(FileStamp());
   DrawingSource source;
+  std::unique_ptr<StreamedMetafile> stream;
   Conversion conversion;
   bool hasPage = false;
   try {
     source = SourceOf(job, options, result.drawing);
-    conversion = Convert(source, options, converter);
+    stream = StreamOf(job, options);
+    conversion = Convert(source, options, converter, stream.get());
     TakeStatus(conversion, job, result);
     if (!conversion.metafile.empty()) {
       conversion.metafile.SetDrawingBytes(SizeOf(source, result.drawing));
-      result.outputs = WriteOutputs(conversion.metafile, job, options, hasHeading);
+      if (!TakeStream(job, stream.get(), result))
+        result.outputs = WriteOutputs(conversion.metafile, job, options, hasHeading);
       if (job.hasPage) CheckPage(conversion.metafile);
       hasPage = job.hasPage;
     }

@@ -23,11 +23,6 @@ void WriteListing(const MetafileBytes& bytes, const std::string& heading) {
   if (!sound) throw OutputError(standardOutput, "the metafile is malformed");
 }
 
-// The folders of the tree below -d are made when they are needed.
-void MakeFolderOf(const std::string& path) {
-  if (!StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path))) throw OutputError(path, std::strerror(errno));
-}
-
 int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
                     const PictureSettings& settings) {
   try {
@@ -46,6 +41,10 @@ int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
 }
 
 }  // namespace
+
+void MakeFolderOf(const std::string& path) {
+  if (!StampOf(FolderOf(path)) && !MakeFolders(FolderOf(path))) throw OutputError(path, std::strerror(errno));
+}
 
 Output::Output(const std::string& path) {
   if (path != standardStream) file.emplace(path);

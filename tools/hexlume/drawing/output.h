@@ -28,6 +28,9 @@ class Output {
   int64_t size = 0;
 };
 
+// The folders of the tree below -d are made when they are needed.
+void MakeFolderOf(const std::string& path);
+
 struct WrittenOutput {
   std::string file;
   int64_t size;

@@ -1,0 +1,9 @@
+#include "tools/hexlume/drawing/streamed_metafile.h"
+
+namespace hexlume {
+
+std::unique_ptr<StreamedMetafile> StreamOf(const Job&, const Options&) {
+  return nullptr;
+}
+
+}  // namespace hexlume
