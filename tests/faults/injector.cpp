@@ -345,6 +345,10 @@ int fclose(FILE* file) {
 int rename(const char* from, const char* to) noexcept {
   return Fails(FAULT_RENAME) ? Failed(EACCES, -1) : REAL(rename)(from, to);
 }
+// Gives a file without a name one.
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
+  return Fails(FAULT_RENAME) ? Failed(EACCES, -1) : REAL(linkat)(fromFolder, from, toFolder, to, flags);
+}
 int fsync(int file) {
   return Fails(FAULT_SYNC) ? Failed(EIO, -1) : REAL(fsync)(file);
 }

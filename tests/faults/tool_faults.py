@@ -36,6 +36,9 @@ FITTING = {
     "module": {47, 73},
 }
 OLD = b"an earlier result"
+# Its metafile goes to the file in two pieces while it is drawn.
+LARGE = ("0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nB\n10\n0\n20\n0\n" + "0\nLINE\n10\n1\n20\n2\n11\n3\n21\n4\n" * 1000 + "0\nENDBLK\n0\nENDSEC\n"
+         "0\nSECTION\n2\nENTITIES\n" + "0\nINSERT\n2\nB\n10\n0\n20\n0\n" * 20 + "0\nENDSEC\n0\nEOF\n")
 
 
 def is_ours(owner):
@@ -59,6 +62,7 @@ def scenarios(tool, batch):
     chunk = [batch, "chunk", "plan", "1", "--jobs", "1"]
     return [
         Scenario("one drawing", [tool, "TEXT.dxf", "out/TEXT.emf"], ["out/TEXT.emf"]),
+        Scenario("a large drawing", [tool, "LARGE.dxf", "out/LARGE.emf"], ["out/LARGE.emf"]),
         Scenario("fitted, through a link", [tool, "--fit", "TEXT.dxf", "link.emf"], ["out/TEXT.emf"]),
         Scenario("its pictures", [tool, "--fit", "TEXT.dxf", "out/a.emf", "--png", "out/a.png", "--svg", "out/a.svg", "--pdf",
                                   "out/a.pdf"], ["out/a.emf", "out/a.png", "out/a.svg", "out/a.pdf"]),
@@ -111,6 +115,7 @@ class Trial:
             shutil.copy(SOURCE / "examples" / name, folder / name)
         for name in ["POINT.dxf", "PART.dxf"]:
             shutil.copy(SOURCE / "examples" / name, folder / "in" / name)
+        (folder / "LARGE.dxf").write_text(LARGE)
         os.symlink("out/TEXT.emf", folder / "link.emf")
         for command in scenario.setup:
             subprocess.run(command, cwd=folder, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
@@ -303,7 +308,7 @@ class Trial:
         before = self.files(scenario, folder)
         self.run(scenario, folder, f"write:{call}:kill")
         self.check_outputs(what, scenario, before, expected, folder, (".tmp",))
-        if scenario.name not in ("one drawing", "fitted, through a link", "its pictures"):  # a plain conversion doesn't look for what is left
+        if scenario.name not in ("one drawing", "a large drawing", "fitted, through a link", "its pictures"):  # a plain conversion doesn't look for what is left
             self.check_next(what, scenario, folder, expected)
 
     def run_scenario(self, scenario):

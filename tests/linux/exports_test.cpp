@@ -106,6 +106,7 @@ TEST(ExportTable, holds_exactly_the_nine_exports_the_dialogs_answers_and_the_cal
                    "vzSetDialogAnswers", "vzHiddenLayerExists", "GetEnhMetaFileBits", "DeleteEnhMetaFile",
                    "EnhMetaFileBytes", "CloseEnhMetaFile"}),
             LibraryImage().Exports("HEXLUME_1"));
+  EXPECT_EQ(Names{"StreamNextMetafile"}, LibraryImage().Exports("HEXLUME_PRIVATE"));  // for the tool
   EXPECT_EQ(Names{}, LibraryImage().Exports("libhexlume.so.1"));  // those without a node of their own
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <new>
 #include <numeric>
@@ -82,6 +83,81 @@ TEST(EmfWriter, a_metafile_that_ends_early_takes_no_more_records) {
   writer.EndEarly();
   EXPECT_THROW(writer.Append(head), std::length_error);
   EXPECT_EQ(writer.Finish(Header()).size, 108u + 12 + 20);
+}
+
+// What a stream was given, put together.
+class Pieces : public MetafileStream {
+ public:
+  void Take(size_t place, const uint8_t* piece, size_t count) noexcept override {
+    EXPECT_TRUE(place == bytes.size() || place == 0) << place;
+    bytes.resize(std::max(bytes.size(), place + count));
+    std::copy_n(piece, count, bytes.begin() + static_cast<std::ptrdiff_t>(place));
+    sizes.push_back(count);
+  }
+
+  std::vector<uint8_t> bytes;
+  std::vector<size_t> sizes;
+};
+
+void AppendNumbered(EmfWriter& writer, uint32_t count) {
+  writer.Append(Header());
+  for (uint32_t i = 0; i < count; ++i) writer.Append(EmfModeRecord{emrSetMapMode, sizeof(EmfModeRecord), i});
+}
+
+// 250,000 records of 12 bytes are 3,000,000. A piece has at most 1,048,576, so there are two full ones, the rest and the header.
+TEST(EmfWriter, a_stream_gets_the_bytes_that_would_be_in_memory) {
+  Pieces pieces;
+  EmfWriter streamed, kept;
+  streamed.StreamTo(&pieces);
+  AppendNumbered(streamed, 250000);
+  AppendNumbered(kept, 250000);
+  const EmfBytes finished = streamed.Finish(Header());
+  EXPECT_EQ(finished.size, 108u + 3000000 + 20);
+  EXPECT_EQ(finished.block.Start(), nullptr);
+  EXPECT_TRUE(pieces.bytes == Copied(kept.Finish(Header())));
+  ASSERT_EQ(pieces.sizes.size(), 4u);
+  EXPECT_GT(pieces.sizes[0], 1000000u);
+  EXPECT_LE(pieces.sizes[0], size_t{1} << 20);
+  EXPECT_EQ(pieces.sizes[3], sizeof(EmfHeaderRecord));
+}
+
+TEST(EmfWriter, a_metafile_smaller_than_a_piece_stays_in_memory) {
+  Pieces pieces;
+  EmfWriter writer;
+  writer.StreamTo(&pieces);
+  AppendNumbered(writer, 87000);
+  EXPECT_EQ(Copied(writer.Finish(Header())).size(), 108u + 87000 * 12 + 20);
+  EXPECT_TRUE(pieces.sizes.empty());
+}
+
+TEST(EmfWriter, a_record_longer_than_a_piece_is_streamed_whole) {
+  Pieces pieces;
+  EmfWriter streamed, kept;
+  streamed.StreamTo(&pieces);
+  std::vector<uint8_t> tail(3000000);
+  std::iota(tail.begin(), tail.end(), uint8_t{0});
+  const EmfModeRecord head = {emrSetMapMode, static_cast<uint32_t>(sizeof head + tail.size()), 1};
+  for (EmfWriter* const writer : {&streamed, &kept}) {
+    AppendNumbered(*writer, 10);
+    writer->Append(&head, sizeof head, tail.data(), tail.size());
+    writer->Append(&head, sizeof head, tail.data(), tail.size());
+  }
+  streamed.Finish(Header());
+  EXPECT_TRUE(pieces.bytes == Copied(kept.Finish(Header())));
+}
+
+// (5000000 - 108 - 20) / 12 = 416656, whatever the stream has of them.
+TEST(EmfWriter, a_streamed_metafile_ends_at_the_largest_size_too) {
+  Pieces pieces;
+  EmfWriter writer(5000000);
+  writer.StreamTo(&pieces);
+  AppendNumbered(writer, 416656);
+  const EmfModeRecord head = {emrSetMapMode, sizeof head, 1};
+  for (int i = 0; i < 10; ++i) EXPECT_THROW(writer.Append(head), std::length_error);
+  writer.EndEarly();
+  EXPECT_THROW(writer.Append(head), std::length_error);
+  EXPECT_EQ(writer.Finish(Header()).size, 108u + 416656 * 12 + 20);
+  EXPECT_EQ(pieces.bytes.size(), 108u + 416656 * 12 + 20);
 }
 
 TEST(EmfHandleTable, the_lowest_free_index_is_the_next) {

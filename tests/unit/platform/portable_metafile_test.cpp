@@ -4,8 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
+
+#include "platform/portable/metafile_stream.h"
 
 namespace hexlume::portable_metafile_test {
 namespace {
@@ -76,6 +80,53 @@ TEST(PortableMetafile, the_bytes_in_place_are_the_bits) {
   const uint8_t* const bytes = EnhMetaFileBytes(metafile);
   EXPECT_EQ(bits, std::vector<uint8_t>(bytes, bytes + bits.size()));
   DeleteEnhMetaFile(metafile);
+}
+
+class Collected : public MetafileStream {
+ public:
+  void Take(size_t place, const uint8_t* piece, size_t count) noexcept override {
+    bytes.resize(std::max(bytes.size(), place + count));
+    std::copy_n(piece, count, bytes.begin() + static_cast<std::ptrdiff_t>(place));
+  }
+
+  std::vector<uint8_t> bytes;
+};
+
+// 100,000 records of 16 bytes are more than a piece. The bounds are in the header, which is known at the end.
+HENHMETAFILE DrawMany() {
+  const HDC dc = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+  for (int i = 0; i < 100000; ++i) LineTo(dc, i, 2 * i);
+  return CloseEnhMetaFile(dc);
+}
+
+std::vector<uint8_t> TakeBits(HENHMETAFILE metafile) {
+  std::vector<uint8_t> bits(GetEnhMetaFileBits(metafile, 0, nullptr));
+  EXPECT_EQ(GetEnhMetaFileBits(metafile, static_cast<UINT>(bits.size()), bits.data()), bits.size());
+  DeleteEnhMetaFile(metafile);
+  return bits;
+}
+
+TEST(PortableMetafile, the_next_one_goes_to_the_stream_and_those_after_it_to_memory) {
+  Collected collected;
+  StreamNextMetafile(&collected);
+  const HENHMETAFILE streamed = DrawMany();
+  const std::vector<uint8_t> kept = TakeBits(DrawMany());
+  EXPECT_TRUE(collected.bytes == kept);
+  std::vector<uint8_t> buffer(kept.size(), 0xCC);
+  const auto size = static_cast<UINT>(buffer.size());
+  EXPECT_EQ(GetEnhMetaFileBits(streamed, 0, nullptr), size);
+  EXPECT_EQ(GetEnhMetaFileBits(streamed, size, buffer.data()), 0u);
+  EXPECT_EQ(buffer, std::vector<uint8_t>(size, 0xCC));
+  EXPECT_EQ(EnhMetaFileBytes(streamed), nullptr);
+  DeleteEnhMetaFile(streamed);
+}
+
+TEST(PortableMetafile, a_stream_that_is_taken_back_gets_nothing) {
+  Collected collected;
+  StreamNextMetafile(&collected);
+  StreamNextMetafile(nullptr);
+  EXPECT_LT(1600000u, TakeBits(DrawMany()).size());
+  EXPECT_TRUE(collected.bytes.empty());
 }
 
 TEST(PortableMetafile, no_handle_is_no_metafile) {
