@@ -37,7 +37,8 @@ FITTING = {
 }
 OLD = b"an earlier result"
 # Its metafile goes to the file in two pieces while it is drawn.
-LARGE = ("0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nB\n10\n0\n20\n0\n" + "0\nLINE\n10\n1\n20\n2\n11\n3\n21\n4\n" * 1000 + "0\nENDBLK\n0\nENDSEC\n"
+LARGE = ("0\nSECTION\n2\nHEADER\n9\n$LIMMIN\n10\n0\n20\n0\n9\n$LIMMAX\n10\n420\n20\n297\n0\nENDSEC\n"
+         "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nB\n10\n0\n20\n0\n" + "0\nLINE\n10\n1\n20\n2\n11\n3\n21\n4\n" * 1000 + "0\nENDBLK\n0\nENDSEC\n"
          "0\nSECTION\n2\nENTITIES\n" + "0\nINSERT\n2\nB\n10\n0\n20\n0\n" * 20 + "0\nENDSEC\n0\nEOF\n")
 
 
