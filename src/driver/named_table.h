@@ -2,13 +2,13 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 #include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "driver/same_name.h"
 #include "driver/work_budget.h"
 
 namespace hexlume {
@@ -33,7 +33,7 @@ class NamedTable {
   // Return null if no entry has the name, compared byte by byte.
   const Entry* FindFirst(const char* name) const {
     // Entities of one layer often follow each other.
-    if (lastFound != nothing && std::strcmp(name, entries[lastFound].name) == 0) return &entries[lastFound];
+    if (lastFound != nothing && IsSameName(name, entries[lastFound].name)) return &entries[lastFound];
     CountLookup();
     if (places.empty()) return nullptr;
     const auto found = places.find(std::string_view(name));

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "driver/same_name.h"
+
 namespace hexlume {
 
 namespace {
@@ -13,7 +15,7 @@ char ToLower(char c) {
 // Applied to the current group. Returns whether it names layer "0", which is replaced by that of the INSERT.
 bool ReplaceLayerZero() {
   static_assert(sizeof state.groupValue == sizeof state.insertLayer);
-  if (std::strcmp(state.groupValue, "0") != 0) return false;
+  if (!IsSameName(state.groupValue, "0")) return false;
   // Byte by byte, as most names are shorter than what a call takes.
   const char* from = state.insertLayer;
   char* to = state.groupValue;
