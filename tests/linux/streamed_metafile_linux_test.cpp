@@ -23,9 +23,9 @@ constexpr int32_t lines = 30000;
 
 // After the lines comes a block that contains itself, which ends the drawing.
 std::string EndlessDrawing() {
-  return DrawingBytes(
-      a3Header + "0 SECTION\n2 BLOCKS\n0 BLOCK\n2 B\n10 0\n20 0\n0 INSERT\n2 B\n0 ENDBLK\n0 ENDSEC\n" +
-      "0 SECTION\n2 ENTITIES\n" + Lines(lines) + "0 INSERT\n2 B\n" + end);
+  return DrawingBytes(a3Header +
+                      "0 SECTION\n2 BLOCKS\n0 BLOCK\n2 B\n10 0\n20 0\n0 INSERT\n2 B\n0 ENDBLK\n0 ENDSEC\n" +
+                      "0 SECTION\n2 ENTITIES\n" + Lines(lines) + "0 INSERT\n2 B\n" + end);
 }
 
 size_t FilesIn(const std::string& folder) {
@@ -94,10 +94,11 @@ TEST_F(StreamedMetafile, leaves_nothing_when_the_process_is_killed) {
 
 TEST_F(StreamedMetafile, has_what_was_drawn_before_a_fault) {
   Write("endless.dxf", EndlessDrawing());
-  ExpectFailure(RunReal("endless.dxf out/plan.emf"), 30,
-                "hexlume: endless.dxf: warning: bound: Blocks within blocks are too deep. The drawing ends "
-                "here.\n"
-                "hexlume: endless.dxf: fault: a fault ended the drawing; what was drawn up to there is kept\n");
+  ExpectFailure(
+      RunReal("endless.dxf out/plan.emf"), 30,
+      "hexlume: endless.dxf: warning: bound: Blocks within blocks are too deep. The drawing ends "
+      "here.\n"
+      "hexlume: endless.dxf: fault: a fault ended the drawing; what was drawn up to there is kept\n");
   const std::string written = Contents("out/plan.emf");
   EXPECT_LE(static_cast<size_t>(lines), Count(ListingOf("out/plan.emf"), "LineTo("));
   EXPECT_TRUE(WholeOf("endless.dxf") == written);

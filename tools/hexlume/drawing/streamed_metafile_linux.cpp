@@ -39,7 +39,8 @@ MetafileBytes MapFile(int file, size_t size) {
 
 class FileStream final : public StreamedMetafile, public MetafileStream {
  public:
-  FileStream(std::string fileName, bool mayMakeFolder) : path(std::move(fileName)), makesFolder(mayMakeFolder) {}
+  FileStream(std::string fileName, bool mayMakeFolder)
+      : path(std::move(fileName)), makesFolder(mayMakeFolder) {}
 
   void Begin() override { StreamNextMetafile(this); }
 
