@@ -339,6 +339,19 @@ TEST_F(Archive, standard_input_and_output) {
   ExpectWrongUsage("--list - - <a.dxf", "standard output takes one result only");
 }
 
+// A LINE takes 96 bytes. Windows writes metafiles of more than 1 MB itself, but not into a pipe.
+TEST_F(Archive, a_large_metafile_is_the_same_in_a_file_and_in_a_pipe) {
+  WriteDrawing("a.dxf", 12000);
+  Write("a.emf", "an earlier result");
+  ExpectSuccess(RunReal("a.dxf"));
+  const std::string metafile = Contents("a.emf");
+  EXPECT_LT(size_t{12000 * 96}, metafile.size());
+  const Outcome outcome = RunReal("a.dxf -");
+  ExpectSuccess(outcome);
+  EXPECT_TRUE(metafile == outcome.out);
+  for (const auto& entry : fs::directory_iterator(".")) EXPECT_NE(".tmp", entry.path().extension());
+}
+
 // Recent drawings.
 
 constexpr const char* recentStart =

@@ -134,8 +134,9 @@ Conversion AfterFailure(const DrawingSource& drawing, const Outcome& outcome, co
 
 // The library calls SetMapMode first, so an empty metafile has two records: the header and the end.
 bool IsEmpty(const MetafileBytes& bytes) {
-  constexpr size_t headerSize = 88, recordCount = 52;
-  return bytes.size() >= headerSize && EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
+  constexpr size_t headerSize = 88, recordCount = 52, longest = 1024;
+  return bytes.size() >= headerSize && bytes.size() <= longest &&
+         EmfRecord(bytes.data(), bytes.size()).UInt(recordCount) == 2;
 }
 
 void AddBounds(uint32_t bounds, Conversion& conversion) {
@@ -187,6 +188,10 @@ std::optional<std::string> PathForExports(const DrawingSource& drawing) {
 }
 
 SheetInk InkOf(const MetafileBytes& metafile) {
+  if (const SystemMetafile* const system = metafile.System()) {
+    const std::vector<uint8_t> beginning = system->Beginning();
+    if (FindInk(beginning.data(), beginning.size()) == SheetInk::within) return SheetInk::within;
+  }
   return FindInk(metafile.data(), metafile.size());
 }
 

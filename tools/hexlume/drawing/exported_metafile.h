@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "tools/hexlume/metafile/metafile_bytes.h"
+#include "tools/hexlume/system/file_output.h"
 
 namespace hexlume {
 
@@ -17,5 +18,8 @@ using ExportedMetafile = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, De
 
 // Not for a null pointer.
 MetafileBytes BytesOf(ExportedMetafile metafile);
+
+// Lets the system write a metafile that it keeps in its memory. False if it keeps none or can't; nothing is written then.
+bool SaveBySystem(const MetafileBytes& metafile, WholeFile& file);
 
 }  // namespace hexlume

@@ -8,4 +8,8 @@ MetafileBytes BytesOf(ExportedMetafile metafile) {
           std::shared_ptr<const void>(std::move(metafile))};
 }
 
+bool SaveBySystem(const MetafileBytes&, WholeFile&) {
+  return false;  // the bytes are in our own memory
+}
+
 }  // namespace hexlume

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "tools/hexlume/drawing/drawing_source.h"
+#include "tools/hexlume/drawing/exported_metafile.h"
 #include "tools/hexlume/metafile/metafile_listing.h"
 #include "tools/hexlume/picture/picture.h"
 #include "tools/hexlume/system/path_text.h"
@@ -31,7 +32,7 @@ int64_t WriteOutput(const MetafileBytes& metafile, const PictureOrder& order,
     if (order.kind)
       order.kind->write(metafile, settings, write);
     else
-      write(metafile.data(), metafile.size());
+      output.Write(metafile);
     return output.Commit();
   } catch (const PictureError& error) {
     throw OutputError(order.file, error.what());
@@ -56,6 +57,13 @@ void Output::Write(const uint8_t* bytes, size_t count) {
   else
     WriteToStandardOutput(bytes, count);
   size += static_cast<int64_t>(count);
+}
+
+void Output::Write(const MetafileBytes& metafile) {
+  if (file && SaveBySystem(metafile, *file))
+    size += static_cast<int64_t>(metafile.size());
+  else
+    Write(metafile.data(), metafile.size());
 }
 
 int64_t Output::Commit() {

@@ -19,6 +19,7 @@ class Output {
   explicit Output(const std::string& path);
 
   void Write(const uint8_t* bytes, size_t count);
+  void Write(const MetafileBytes& metafile);
 
   // Returns the number of bytes.
   int64_t Commit();

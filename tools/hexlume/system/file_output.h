@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -28,6 +29,10 @@ class WholeFile {
   WholeFile& operator=(const WholeFile&) = delete;
 
   void Write(const void* bytes, size_t size);
+
+  // Only on Windows: lets a function write the whole file, of this size, by its path. False if it isn't written so; it can be
+  // written by Write then.
+  bool FillBy(const std::function<bool(const wchar_t* path)>& fill, size_t size);
 
   // Gives the file its name. Nothing may be written after it.
   void Commit();

@@ -88,6 +88,19 @@ void WholeFile::Write(const void* bytes, size_t size) {
   }
 }
 
+// The function can open the file only while nobody else has it open.
+bool WholeFile::FillBy(const std::function<bool(const wchar_t* path)>& fill, size_t size) {
+  if (target->temporary.empty()) return false;
+  if (!CloseHandle(std::exchange(target->file, INVALID_HANDLE_VALUE))) Fail(target->path);
+  const bool isFilled = fill(target->temporary.c_str());
+  target->file = CreateFileW(target->temporary.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (target->file == INVALID_HANDLE_VALUE) Fail(target->path);
+  if (isFilled && GetFileSize(target->file, nullptr) == size) return true;
+  if (!SetEndOfFile(target->file)) Fail(target->path);
+  return false;
+}
+
 void WholeFile::Commit() {
   if (!CloseHandle(std::exchange(target->file, INVALID_HANDLE_VALUE))) Fail(target->path);
   if (target->temporary.empty()) return;
