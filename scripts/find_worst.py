@@ -96,6 +96,7 @@ class Candidate:
         self.size = dice.choice([1, 1, 1, 10, 100])
         self.share = dice.choice([0, .01, .5, .9])
         self.fan = dice.choice([2, 2, 3, 10, 50])
+        self.start = dice.choice([0, 0, 0, 30, 90000])  # mm to the right: beside the sheet nothing is drawn, but much is computed
 
     def child(self, dice):
         other = Candidate.__new__(Candidate)
@@ -118,6 +119,9 @@ class Candidate:
             other.pieces[at] = other.pieces[at] * dice.choice([2, 10])
         return other
 
+    def insert(self, name):
+        return w.entity("INSERT", (2, name), (10, self.start)) if self.start else w.insert(name)
+
     def text(self):
         content = "".join(self.pieces)[:400_000]
         content = content[:content.rfind("\n") + 1]
@@ -131,10 +135,10 @@ class Candidate:
             blocks = w.block("B0", content * many)
             for level in range(1, 30):
                 blocks += w.block(f"B{level}", w.insert(f"B{level - 1}") * self.fan)
-            return w.whole(w.insert("B29"), blocks, tables, *size)
+            return w.whole(self.insert("B29"), blocks, tables, *size)
         blocks = w.block("A", content * many, "1F")
         if self.place == "inserts":
-            return w.whole(w.insert("A") * left, blocks, tables, *size)
+            return w.whole(self.insert("A") * left, blocks, tables, *size)
         if self.place == "dimensions":
             return w.whole(w.entity("DIMENSION", (2, "A")) * left, blocks, tables, *size)
         if self.place == "dimension inserts":
@@ -145,7 +149,7 @@ class Candidate:
 
 
 def measure(tool, candidate, dice):
-    way = dice.choice(["emf", "full", "fit", "list", "png", "svg", "pdf", "png-full", "svg-full"])
+    way = dice.choice(["emf", "full", "fit", "view", "turned", "list", "png", "svg", "pdf", "png-full", "svg-full"])
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "a.dxf")
         text = candidate.text().encode("latin-1")[:w.MEGABYTE]

@@ -526,6 +526,47 @@ def large_texts():
     return whole(fill(entity("TEXT", (40, 250), (1, "WWWWWWWWWW"))))
 
 
+FAR = 90000  # mm, beside any sheet: what is there is computed but not drawn
+
+
+@drawing
+def far_polylines():
+    vertices = "".join(lines((0, "VERTEX"), (10, FAR + i % 20), (20, i % 7), (42, 1)) for i in range(2000))
+    return nested(entity("POLYLINE") + vertices + lines((0, "SEQEND")))
+
+
+@drawing
+def far_light_polylines():
+    vertices = "".join(lines((10, FAR + i % 20), (20, i % 7), (42, 1)) for i in range(2000))
+    return nested(entity("LWPOLYLINE", (90, 2000)) + vertices)
+
+
+@drawing
+def far_paragraphs():
+    return nested(entity("MTEXT", (10, FAR), (20, 5), (40, 3), (1, "\\P" * 120)) * 1000)
+
+
+@drawing
+def far_lines_of_another_text():
+    text = entity("MTEXT", (10, FAR), (20, 5))
+    return nested(text * 1000).replace(lines((2, "ENTITIES")), lines((2, "ENTITIES")) + LINES_TO_REPEAT)
+
+
+@drawing
+def far_alignments():
+    return nested(entity("TEXT", (10, FAR), (20, 5), (1, "\\A1;" * 60)) * 300)
+
+
+@drawing
+def far_alignments_of_paragraphs():
+    return nested(entity("MTEXT", (10, FAR), (20, 5), (1, "\\A1;" * 60)) * 300)
+
+
+@drawing
+def far_ellipses():
+    return nested(entity("ELLIPSE", (10, FAR), (20, 5), (11, 9), (21, 3), (40, .5), (41, .3), (42, 5)) * 3000)
+
+
 def main():
     folder = sys.argv[1]
     os.makedirs(folder, exist_ok=True)

@@ -4,6 +4,7 @@
 
 #include "canvas/canvas.h"
 #include "driver/conv_state.h"
+#include "driver/work_budget.h"
 
 namespace hexlume {
 
@@ -35,6 +36,8 @@ static double Midway(double a, double b) {
 
 static void SolveBulgeArc(double bulge, double startX, double startY, double x, double y,
                           const ScopeCircle& circle, double* startAngle, double* sweep) {
+  constexpr int64_t stepsOfBulge = 500;  // with the cut at the view
+  CountSteps(stepsOfBulge);
   const double angle = 4.0 * std::atan(std::fabs(bulge));
   const double halfAngle = angle * 0.5;
 

@@ -17,6 +17,7 @@ namespace {
 
 void DropFront(char* text, size_t count) {
   const size_t length = std::strlen(text);
+  CountTextRound(length);
   const size_t dropped = std::min(count, length);
   std::memmove(text, text + dropped, length - dropped + 1);
 }
@@ -109,6 +110,7 @@ void TakeParagraph(char* work, char* text, size_t size) {
 }
 
 void CountLines(int32_t& count) {
+  CountTextRound(std::strlen(state.entText));
   for (const char* end = state.entText; (end = std::strstr(end, "\\P")) != nullptr; end += 2) ++count;
 }
 

@@ -25,7 +25,10 @@ constexpr int32_t fitJustify = 5;  // group 72
 
 // Skips the codes "\A0;", "\A1;" and "\A2;" at the start of the text: four bytes for each "\A", of any value.
 const char* SkipAlignmentCodes(const char* text) {
-  while (text[0] == '\\' && text[1] == 'A') text += std::min<size_t>(std::strlen(text), 4);
+  while (text[0] == '\\' && text[1] == 'A') {
+    text += 2;
+    for (int left = 2; left > 0 && *text != '\0'; --left) ++text;
+  }
   return text;
 }
 

@@ -140,12 +140,6 @@ void OpenFirstBrace(std::string& text) {
   text = opened;
 }
 
-// Counts a round over the text, which searches it several times.
-void CountRound(const std::string& text) {
-  constexpr int64_t stepsOfRound = 300, stepsOfByte = 8;
-  CountSteps(stepsOfRound + static_cast<int64_t>(text.size()) * stepsOfByte);
-}
-
 // One round of StripBraceCodes.
 void StripRound(std::string& text) {
   text.erase(0, std::min(text.find_first_not_of('}'), text.length()));
@@ -166,7 +160,7 @@ void StripRounds(char* buffer, size_t size) {
   std::string text = buffer;
   std::string before;
   for (int round = 0; round < mostRounds; ++round) {
-    CountRound(text);
+    CountTextRound(text.size());
     before = text;
     StripRound(text);
     BoundedCopy(buffer, size, text.c_str());
@@ -227,17 +221,23 @@ void ParseScaleAndLeaveStump(std::string& text, const char* code, double& scale)
 }
 
 void ExtractFace(const std::string& text, char (&faceName)[textSize]) {
+  CountTextRound(text.size());
   const CodeValue face = FindValue(text, "\\f", '|');
   if (face.IsThere()) BoundedCopy(faceName, TextOf(text, face).c_str());
 }
 
 }  // namespace
 
+void CountTextRound(size_t bytes) {
+  constexpr int64_t stepsOfRound = 300, stepsOfByte = 8;
+  CountSteps(stepsOfRound + static_cast<int64_t>(bytes) * stepsOfByte);
+}
+
 void ExpandPercentCodes() {
   if (!HasAny(state.entText, "%\\")) return;
   std::string text = state.entText;
   do {
-    CountRound(text);
+    CountTextRound(text.size());
     CutAll(text, "%%u");
     CutAll(text, "%%o");
     ExpandFirstPercentCode(text);
@@ -254,10 +254,10 @@ void ExpandPercentCodes() {
 void ExpandBlockPercentCodes() {
   if (!HasAny(state.blockText, "%")) return;
   std::string text = state.blockText;
-  CountRound(text);
+  CountTextRound(text.size());
   CutUnderlines(text);
   while (!ExpandWholeCodes(text)) {
-    CountRound(text);
+    CountTextRound(text.size());
     ExpandFirstBlockPercentCode(text);
     CutUnderlines(text);
   }
@@ -266,7 +266,7 @@ void ExpandBlockPercentCodes() {
 
 void ExpandDimInsertPercentCodes() {
   const std::string text = state.dimText;
-  CountRound(text);
+  CountTextRound(text.size());
   // What is expanded never ends with a "%", so it makes no code with what comes after it.
   std::string expanded;
   size_t done = 0;
@@ -289,7 +289,7 @@ void StripSpaceAndParens() {
   std::string text = state.entText;
   int levels = 0;  // the number of blanks, at least 1
   do {
-    CountRound(text);
+    CountTextRound(text.size());
     CutFirstBytes(text, " ");
     ++levels;
   } while (text.find(' ') != none);
@@ -302,7 +302,7 @@ void StripBlockSpaceAndParens() {
   std::string text = state.blockText;
   int levels = 0;
   do {
-    CountRound(text);
+    CountTextRound(text.size());
     CutFirst(text, "\\A1;");
     CutFirstBytes(text, " ");
     ++levels;
@@ -338,6 +338,7 @@ void WidenEmptyBrackets() {
 
 void ParseFontScales(double& width, double& tracking, double& oblique) {
   const std::string text = state.groupValue;
+  CountTextRound(text.size());
   ParseScale(text, "\\T", tracking);
   ParseScale(text, "\\W", width);
   ParseScale(text, "\\Q", oblique);
@@ -345,6 +346,7 @@ void ParseFontScales(double& width, double& tracking, double& oblique) {
 
 void ParseBlockFontScales(double& width, double& tracking, double& oblique) {
   std::string text = state.groupValue;
+  CountTextRound(text.size());
   ParseScaleAndLeaveStump(text, "\\T", tracking);
   ParseScaleAndCut(text, "\\W", width);
   ParseScaleAndCut(text, "\\Q", oblique);

@@ -3,6 +3,7 @@
 // doesn't fit its buffer any more.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace hexlume {
@@ -14,6 +15,9 @@ constexpr char plusMinusSign[] = "\x81\x7D";
 constexpr char middleDot[] = "\x81\x45";
 constexpr char fullWidthBlank[] = "\x81\x40";
 constexpr char fullWidthBrackets[] = "\x81\x69\x81\x6A";
+
+// Counts a round over a text, which searches it several times.
+void CountTextRound(size_t bytes);
 
 // Replace or remove "%%" codes. In entText the "\U+" codes of three symbols are replaced too.
 void ExpandPercentCodes();           // entText

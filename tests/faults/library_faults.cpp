@@ -168,6 +168,21 @@ const KindRow kindRows[] = {
     {FAULT_FONT, "font", {"no-memory"}},
 };
 
+uint32_t WordAt(const std::string& bytes, size_t place) {
+  uint32_t word = 0;
+  if (place + sizeof word <= bytes.size()) std::memcpy(&word, &bytes[place], sizeof word);
+  return word;
+}
+
+// Whether a metafile has the first records of another one, and then ends.
+bool IsBeginningOf(const std::string& metafile, const std::string& whole) {
+  constexpr size_t endRecordSize = 20;
+  const size_t header = WordAt(metafile, 4);
+  if (metafile.size() < header + endRecordSize || metafile.size() > whole.size()) return false;
+  return metafile.compare(header, metafile.size() - header - endRecordSize, whole, header,
+                          metafile.size() - header - endRecordSize) == 0;
+}
+
 struct Tally {
   long runs = 0;
   long failed = 0;  // conversions that said so
@@ -209,6 +224,9 @@ class Trial {
   void Check(int64_t call, const Outcome& outcome) {
     if (outcome == expected) return;
     ++tally.failed;
+    // To the nine exports a read that fails is the end of the drawing.
+    if (way < exportWays && row.kind == FAULT_READ && IsBeginningOf(outcome.metafile, expected.metafile))
+      return;
     if (outcome.status == "ok") return Complain(call, "another picture, and no word of it");
     if (way < exportWays) return;
     for (const std::string& status : row.statuses)

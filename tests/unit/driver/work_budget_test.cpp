@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "canvas/canvas.h"
 #include "composite/hatch_boundary.h"
 #include "composite/hatch_regions.h"
 #include "composite/tolerance.h"
@@ -15,6 +16,8 @@
 #include "support/converter_test.h"
 #include "support/metafile_canvas.h"
 #include "support/text_groups.h"
+#include "text/mtext.h"
+#include "text/mtext_codes.h"
 #include "text/text_font.h"
 #include "text/text_strings.h"
 
@@ -146,6 +149,13 @@ TEST_F(WorkBudgetTest, a_line_counts_its_pen_and_its_stroke) {
   EXPECT_EQ(16 + 112, work.metafileBytes);
 }
 
+// Beside the view nothing is drawn, but the circle is computed.
+TEST_F(WorkBudgetTest, a_bulge_counts_its_circle_wherever_it_is) {
+  double startAngle, sweep;
+  BulgeArcCentre(1.0, 9000.0, 0.0, &startAngle, &sweep);
+  EXPECT_EQ(500, work.steps);
+}
+
 TEST_F(WorkBudgetTest, a_text_counts_its_bytes) {
   CountText(10);
   EXPECT_EQ(1500 + 10 * 600, work.steps);
@@ -228,6 +238,24 @@ TEST_F(WorkBudgetTest, braces_that_open_anew_count_each_round) {
   StripBraceCodes();
   // 12 bytes in the first round, "b{\a;b}" in the second.
   EXPECT_EQ(300 + 12 * 8 + 300 + 7 * 8, work.steps);
+}
+
+// Rounds: its string is searched for scales, entText for a face, and again for paragraphs. Beside the view only the alignment is
+// set, with 200 steps.
+TEST_F(WorkBudgetTest, paragraphs_beside_the_view_count_what_is_searched) {
+  std::string paragraphs;
+  for (int32_t i = 0; i < 100; ++i) paragraphs += "\\P";
+  ListEntity("10 -9999\n20 1\n1 a" + paragraphs + "\n", [](const EntityRun& run) { DrawMText(run); });
+  EXPECT_EQ(3 * (300 + 201 * 8) + 200, work.steps);
+}
+
+// The text is searched for scales, with 9 bytes. Then the codes are removed one after the other, from 9 and from 5 bytes.
+TEST_F(WorkBudgetTest, leading_codes_of_an_mtext_count_each) {
+  BoundedCopy(state.groupValue, "\\A1;\\A1;a");
+  MTextCodes codes;
+  ReadBlockMTextString(codes);
+  EXPECT_EQ((300 + 9 * 8) + (300 + 9 * 8) + (300 + 5 * 8), work.steps);
+  EXPECT_STREQ("a", state.blockText);
 }
 
 }  // namespace
