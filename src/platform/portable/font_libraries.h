@@ -1,4 +1,4 @@
-// Fontconfig and FreeType, which are loaded with the first text: with the seven libraries that they need they take a fifth of
+// Fontconfig and FreeType, which are loaded with the first text: with the five libraries that they need they take a fifth of
 // a start.
 #pragma once
 
