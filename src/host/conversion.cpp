@@ -94,7 +94,7 @@ void SettleStatus(const HostInput& input, HostRun& run, const Outcome& outcome, 
   if (outcome.faulted) return SettleFault(run, runWatch.position, result);
   if (outcome.code != HEXLUME_OK) return SettleFailure(input, run, result);
   if (!outcome.metafile) result.status = HEXLUME_STATUS_NO_MEMORY;
-  if (!HasDrawn(run)) return;
+  if (!outcome.metafile || !HasDrawn(run)) return;
   if (!runWatch.entitiesSeen) result.status = HEXLUME_STATUS_NO_ENTITIES;
   if (!runWatch.endMarkSeen) AddRemark(result, HEXLUME_REMARK_CUT_OFF, LastLine(run), 0, "");
 }

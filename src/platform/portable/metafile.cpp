@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/fault_guard.h"
 #include "platform/portable/device_context.h"
 #include "platform/portable/metafile_stream.h"
 
@@ -74,6 +75,7 @@ HDC CreateEnhMetaFileA(HDC reference, LPCSTR file, const RECT* frame, LPCSTR des
     dc->older = newestContext;
     return newestContext = dc.release();
   } catch (const std::bad_alloc&) {
+    memoryRanOut = true;
     return nullptr;
   }
 }
