@@ -1,33 +1,23 @@
 #include "tools/hexlume/drawing/streamed_metafile.h"
 
 #include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <exception>
+#include <memory>
+#include <new>
 #include <string>
 #include <utility>
 
 #include "platform/portable/metafile_stream.h"
 #include "tools/hexlume/drawing/drawing_source.h"
 #include "tools/hexlume/drawing/output.h"
+#include "tools/hexlume/system/piece_writer_linux.h"
 #include "tools/hexlume/system/replacing_file_linux.h"
 
 namespace hexlume {
 namespace {
-
-bool WriteAt(int file, size_t place, const uint8_t* bytes, size_t count) {
-  while (count > 0) {
-    const ssize_t written = pwrite(file, bytes, count, static_cast<off_t>(place));
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes += written;
-    place += static_cast<size_t>(written);
-    count -= static_cast<size_t>(written);
-  }
-  return true;
-}
 
 // Empty if the file can't be mapped.
 MetafileBytes MapFile(int file, size_t size) {
@@ -46,6 +36,8 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
 
   bool End() override {
     StreamNextMetafile(nullptr);
+    if (size > 0 && !hasFailed) hasFailed = !writer->Finish();
+    writer.reset();
     if (size > 0 && !hasFailed) bytes = MapFile(file->Descriptor(), size);
     if (size == 0 || !bytes.empty()) return true;
     file.reset();
@@ -68,7 +60,7 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
     if (std::exchange(hasFailed, true)) return;
     const int error = errno;
     size = std::max(size, place + count);
-    hasFailed = !(IsOpen() && WriteAt(file->Descriptor(), place, piece, count));
+    hasFailed = !(IsOpen() && Write(place, piece, count));
     errno = error;
   }
 
@@ -76,11 +68,21 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
   // Opened for the first piece.
   bool IsOpen() {
     try {
-      if (file) return true;
+      if (writer) return true;
       if (makesFolder) MakeFolderOf(path);
       file.reset(new ReplacingFile(ReplacingFile::Nameless(path)));
+      writer = std::make_unique<PieceWriter>(file->Descriptor());
       return true;
     } catch (const std::exception&) {
+      return false;
+    }
+  }
+
+  // A piece is about 1 MB; a record that is larger may need memory.
+  bool Write(size_t place, const uint8_t* piece, size_t count) {
+    try {
+      return writer->Write(place, piece, count);
+    } catch (const std::bad_alloc&) {
       return false;
     }
   }
@@ -88,6 +90,7 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
   const std::string path;
   const bool makesFolder;
   std::unique_ptr<ReplacingFile> file;
+  std::unique_ptr<PieceWriter> writer;  // ends before the file
   size_t size = 0;
   bool hasFailed = false;
   MetafileBytes bytes;
