@@ -113,7 +113,7 @@ compare_with_this_system() {
 # Whether a library shows symbols, all with the version node.
 all_versioned() {
   readelf --dyn-syms --wide "$1" | awk '
-    $5 == "GLOBAL" && $7 != "UND" { ++shown; if ($8 !~ /HEXLUME_1$/) exit bad = 1 }
+    $5 == "GLOBAL" && $7 != "UND" { ++shown; if ($8 !~ /HEXLUME_(1|PRIVATE)$/) exit bad = 1 }
     END { exit bad || !shown }'
 }
 
