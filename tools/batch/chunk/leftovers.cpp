@@ -31,10 +31,8 @@ void RemoveOlderThan(int64_t oldest, const std::string& folder) {
 }  // namespace
 
 void Leftovers::CleanFoldersOf(const Job& job) {
-  for (const PictureOrder& output : job.outputs) {
-    const std::string folder = FolderOf(output.file);
+  for (const std::string& folder : FoldersOf(job))
     if (folders.insert(folder).second) RemoveLeftovers(folder);
-  }
 }
 
 void Leftovers::CleanAgain(int32_t timeLimit) const {

@@ -110,7 +110,7 @@ class Batch {
   }
 
   void CleanFoldersOf(const Job& job) {
-    for (const PictureOrder& output : job.outputs) CleanFolder(FolderOf(output.file));
+    for (const std::string& folder : FoldersOf(job)) CleanFolder(folder);
   }
 
   // What the tool left there when it was ended.

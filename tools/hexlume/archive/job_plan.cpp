@@ -58,6 +58,12 @@ void Claim(std::set<std::string>& taken, const std::string& output) {
 
 }  // namespace
 
+std::set<std::string> FoldersOf(const Job& job) {
+  std::set<std::string> folders;
+  for (const PictureOrder& output : job.outputs) folders.insert(FolderOf(output.file));
+  return folders;
+}
+
 JobPlan::JobPlan(const Options& options) : hasPages(options.book), kinds(options.kinds) {
   if (options.inputs.empty() && !options.filesFrom) throw UsageError("no drawing is given");
   if (options.folder || options.book)

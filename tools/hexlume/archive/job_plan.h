@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct Job {
   std::optional<std::string> bytes;  // of a pipe, if another process has read it
   bool hasPage = false;              // in a book that the tool's first process writes
 };
+
+// Of its results.
+std::set<std::string> FoldersOf(const Job& job);
 
 // A drawing and the place of its results below the folder, without an extension.
 struct PlacedDrawing {

@@ -3,7 +3,6 @@
 #include "tools/hexlume/archive/worker.h"
 #include "tools/hexlume/drawing/drawing_source.h"
 #include "tools/hexlume/system/file_output.h"
-#include "tools/hexlume/system/path_text.h"
 
 namespace hexlume {
 namespace {
@@ -15,9 +14,7 @@ constexpr std::chrono::milliseconds interval(50);
 
 // What a worker has left in the middle of an output when it was ended.
 void RemoveLeftoversOf(const Job& job) {
-  std::set<std::string> folders;
-  for (const PictureOrder& output : job.outputs) folders.insert(FolderOf(output.file));
-  for (const std::string& folder : folders) RemoveLeftovers(folder);
+  for (const std::string& folder : FoldersOf(job)) RemoveLeftovers(folder);
 }
 
 }  // namespace
