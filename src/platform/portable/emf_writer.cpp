@@ -6,13 +6,6 @@
 
 namespace hexlume {
 
-namespace {
-
-// Larger pieces aren't written faster, and would no longer stay in the processor's cache.
-constexpr size_t pieceSize = 1 << 20;
-
-}  // namespace
-
 EmfWriter::EmfWriter(size_t largestMetafile) : mostBytes(largestMetafile - sizeof(EmfEofRecord)) {
   Grow(sizeof(EmfHeaderRecord));
 }
@@ -20,7 +13,7 @@ EmfWriter::EmfWriter(size_t largestMetafile) : mostBytes(largestMetafile - sizeo
 void EmfWriter::Grow(size_t wanted) {
   if (wanted > mostBytes - Size()) throw std::length_error("the metafile is full");
   const size_t reserved = wanted + sizeof(EmfEofRecord);
-  if (stream && Kept() + reserved > pieceSize) HandOn();
+  if (stream && Kept() + reserved > metafilePieceSize) HandOn();
   const size_t kept = Kept();
   if (kept + reserved > block.Size()) block.Grow(kept + reserved);
   next = block.Start() + kept;

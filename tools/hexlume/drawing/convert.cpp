@@ -132,7 +132,8 @@ Conversion AfterFailure(const DrawingSource& drawing, const Outcome& outcome, co
   }
 }
 
-// The library calls SetMapMode first, so an empty metafile has two records: the header and the end.
+// The library calls SetMapMode first, so an empty metafile has two records: the header and the end. A long one isn't looked at, as
+// its bytes may have to be copied.
 bool IsEmpty(const MetafileBytes& bytes) {
   constexpr size_t headerSize = 88, recordCount = 52, longest = 1024;
   return bytes.size() >= headerSize && bytes.size() <= longest &&

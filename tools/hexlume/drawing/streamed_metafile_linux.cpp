@@ -71,14 +71,13 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
       if (writer) return true;
       if (makesFolder) MakeFolderOf(path);
       file.reset(new ReplacingFile(ReplacingFile::Nameless(path)));
-      writer = std::make_unique<PieceWriter>(file->Descriptor());
+      writer = std::make_unique<PieceWriter>(file->Descriptor(), metafilePieceSize);
       return true;
     } catch (const std::exception&) {
       return false;
     }
   }
 
-  // A piece is about 1 MB; a record that is larger may need memory.
   bool Write(size_t place, const uint8_t* piece, size_t count) {
     try {
       return writer->Write(place, piece, count);

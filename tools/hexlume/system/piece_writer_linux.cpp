@@ -46,8 +46,7 @@ class BlockedSignals {
 
 }  // namespace
 
-PieceWriter::PieceWriter(int openFile) : file(openFile) {
-  constexpr size_t usualSize = 1 << 20;
+PieceWriter::PieceWriter(int openFile, size_t usualSize) : file(openFile) {
   piece.reserve(usualSize);
   sem_init(&filled, 0, 0);
   sem_init(&emptied, 0, 1);

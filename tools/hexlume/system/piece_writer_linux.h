@@ -13,8 +13,8 @@ namespace hexlume {
 
 class PieceWriter {
  public:
-  // The file must stay open as long as this. Throws std::bad_alloc or std::system_error if there can be no thread.
-  explicit PieceWriter(int openFile);
+  // The file must stay open as long as this. Larger pieces than usual ones may need memory. Throws std::bad_alloc or std::system_error if there can be no thread.
+  PieceWriter(int openFile, size_t usualSize);
 
   // Doesn't wait for more than the piece that is being written.
   ~PieceWriter();
