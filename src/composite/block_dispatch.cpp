@@ -7,6 +7,7 @@
 #include "driver/run_watch.h"
 #include "driver/work_budget.h"
 #include "entities/arc.h"
+#include "entities/block_level.h"
 #include "entities/circle.h"
 #include "entities/converter_table.h"
 #include "entities/ellipse.h"
@@ -72,23 +73,6 @@ const ConverterRow<EntityRun> dimConverters[] = {
     {"INSERT", StartDimInsert},  //
 };
 
-struct BlockLevel {
-  BlockLevel() { ++state.blockLevel; }
-  ~BlockLevel() { --state.blockLevel; }
-};
-
-// Each level of nested blocks can multiply what is read. Blocks that the ENTITIES section names aren't
-// counted: each is read once for each entity that names it.
-void CountNested(int64_t bytes) {
-  constexpr int64_t bytesOfAnEntity = 50;  // cost of an entity in addition to its groups
-  CountSteps(bytes + bytesOfAnEntity);
-  if (state.blockLevel < 2) return;
-  state.nestedBytes += bytes + bytesOfAnEntity;
-  if (state.nestedBytes <= nestedByteLimit) return;
-  NoteBound(nestedBytesBound);
-  throw faultCode;
-}
-
 // Before a block that another entity plays back.
 void RequireStackRoom() {
   constexpr int64_t stepsOfBlock = 300;
@@ -117,12 +101,10 @@ void SubtractBasePoint(BlockRun& run) {
 
 template <typename Run, size_t count>
 void WalkBlock(const ConverterRow<Run> (&converters)[count], int32_t bodyOffset, const Run& run) {
-  const BlockLevel level;
-  int32_t counted = bodyOffset;
+  const BlockLevel level(bodyOffset);
   int32_t more = PassToEntity(run.stream);
   for (;;) {
-    CountNested(Tell(run.stream) - counted);
-    counted = Tell(run.stream);
+    CountBlockEntity(run.stream);
     if (!more || RunHasEnded() || AtGroup(0, "ENDBLK")) return;
     const auto* converter = FindConverter(converters);
     // A converter leaves the next entity's group in the buffer.

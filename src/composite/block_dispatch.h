@@ -10,12 +10,6 @@
 
 namespace hexlume {
 
-// The most bytes of the drawing that the nested blocks of one conversion may read. Each of their entities and
-// the end of each block count as 50 more. A line's stroke takes nearly 100 bytes of a metafile, whose limit
-// is 2 GB, so the lines of a drawing that can be shown don't reach this limit. A drawing whose blocks double
-// from level to level reaches it within about ten seconds.
-constexpr int64_t nestedByteLimit = 3'000'000'000;
-
 // Draws each entity of the block that has a converter in this scope, up to the block's end. bodyOffset is
 // that of a BlockEntry; if it is noBody, nothing is drawn. The run's origin is the insertion point; the
 // block's scaled base point is subtracted from it here. Returns 1.

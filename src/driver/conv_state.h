@@ -148,6 +148,7 @@ struct ConvState {
   double insertAngle;          // radians
   char insertLayer[textSize];  // replaces layer "0" in the block
   int32_t blockLevel;          // nesting depth of the block walks in progress
+  int32_t countedPlace;        // up to this position the innermost of them has counted what it read
   int64_t nestedBytes;         // bytes read by nested blocks in this conversion: see nestedByteLimit
 
   std::deque<HGDIOBJ> leftPens, leftFonts;  // left selected on the canvas: see LeaveSelected

@@ -85,16 +85,8 @@ int32_t ReadAnyGroup(TextStream& stream) {
 }
 
 // Not inlined, so that ReadGroup needs no frame of its own.
-[[gnu::noinline]] int32_t TakeKeptGroup(TextStream& stream) {
-  const KeptGroup& group = *stream.nextKept++;
-  state.groupCode = group.code;
-  state.groupNumber = group.number;
-  state.groupNumberIsKnown = 1;
-  if (group.length < shortKeptValue)
-    std::memcpy(state.groupValue, group.value, shortKeptValue);
-  else
-    std::memcpy(state.groupValue, group.value, static_cast<size_t>(group.length) + 1);
-  Seek(stream, group.end);
+[[gnu::noinline]] int32_t TakeNextKept(TextStream& stream) {
+  TakeKeptGroup(stream, *stream.nextKept);
   return 1;
 }
 
@@ -111,7 +103,7 @@ void PassKeptGroups(TextStream& stream) {
 
 int32_t ReadGroup(TextStream& stream) {
   if (!MayReadGroup(Tell(stream))) return 0;
-  return stream.nextKept->place == Tell(stream) ? TakeKeptGroup(stream) : ReadTextGroup(stream);
+  return stream.nextKept->place == Tell(stream) ? TakeNextKept(stream) : ReadTextGroup(stream);
 }
 
 int32_t ReadTextGroup(TextStream& stream) {

@@ -41,6 +41,19 @@ inline double GroupHundredths() {
 // The slow form of ReadGroup: reads the group from the text, kept or not, and doesn't ask the host.
 int32_t ReadTextGroup(TextStream& stream);
 
+// The fast form: takes a kept group, and goes on after it.
+inline void TakeKeptGroup(TextStream& stream, const KeptGroup& group) {
+  state.groupCode = group.code;
+  state.groupNumber = group.number;
+  state.groupNumberIsKnown = 1;
+  if (group.length < shortKeptValue)
+    std::memcpy(state.groupValue, group.value, shortKeptValue);
+  else
+    std::memcpy(state.groupValue, group.value, static_cast<size_t>(group.length) + 1);
+  stream.nextKept = &group + 1;
+  Seek(stream, group.end);
+}
+
 // Reads up to the next group with code 0. Equivalent to repeated calls of ReadGroup, but faster, because
 // skipped groups aren't copied. Returns 1, or 0 at the end of the file.
 int32_t PassToEntity(TextStream& stream);

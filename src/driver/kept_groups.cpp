@@ -1,5 +1,6 @@
 #include "driver/kept_groups.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -11,7 +12,7 @@
 
 namespace hexlume {
 
-const KeptGroup noKeptGroup = {0.0, "", -1, -1, 0, 0, 0};
+const KeptGroup noKeptGroup = {0.0, "", -1, -1, 0, 0, 0, nullptr};
 
 namespace {
 
@@ -74,7 +75,7 @@ void KeptGroups::Read(Block& block, TextStream& stream) {
     if (size > room) break;
     room -= size;
     groups.push_back({Atof(state.groupValue), nullptr, place, Tell(stream), state.groupCode,
-                      static_cast<uint16_t>(length), 0});
+                      static_cast<uint16_t>(length), 0, nullptr});
     text.insert(text.end(), state.groupValue, state.groupValue + length + 1);
     place = Tell(stream);
   }
@@ -88,6 +89,8 @@ void KeptGroups::Read(Block& block, TextStream& stream) {
     group.value = value;
     value += group.length + 1;
   }
+  block.lines = FindKeptLines(groups);
+  room -= std::min(room, block.lines.size() * sizeof(KeptLine));
   block.groups = std::move(groups);
   block.text = std::move(text);
 }

@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "driver/kept_lines.h"
+
 namespace hexlume {
 
 struct TextStream;
@@ -23,6 +25,7 @@ struct KeptGroup {
   uint16_t length;  // of the value
   // Groups from this one on that are neither the next with code 0 nor the last one kept; fewer if there are too many to count.
   uint16_t inEntity;
+  const KeptLine* line;  // that begins here, after its code 0; null if none does
 };
 
 // Values with their terminating 0 up to this size are copied with one fixed size.
@@ -46,6 +49,7 @@ class KeptGroups {
   struct Block {
     std::vector<KeptGroup> groups;
     std::vector<char> text;  // the values
+    std::vector<KeptLine> lines;
   };
 
   void Read(Block& block, TextStream& stream);

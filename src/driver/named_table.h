@@ -47,6 +47,9 @@ class NamedTable {
     return found == places.end() ? nullptr : &entries[found->second.last];
   }
 
+  // Changes if FindFirst had to look into the index, and has found another name there.
+  size_t PlaceFoundLast() const { return lastFound; }
+
   size_t size() const { return entries.size(); }
   bool empty() const { return entries.empty(); }
   const Entry& operator[](size_t place) const { return entries[place]; }

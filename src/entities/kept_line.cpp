@@ -4,6 +4,8 @@
 
 #include "driver/conv_state.h"
 #include "driver/run_watch.h"
+#include "driver/work_budget.h"
+#include "entities/block_level.h"
 #include "entities/converter_rules.h"
 
 namespace hexlume {
@@ -25,6 +27,11 @@ bool TakeEnd(const KeptGroup& group, const BlockRun& run) {
   return true;
 }
 
+// Null if no kept LINE begins at the stream's position.
+const KeptLine* LineAtHand(const TextStream& stream) {
+  return stream.nextKept->place == Tell(stream) ? stream.nextKept->line : nullptr;
+}
+
 }  // namespace
 
 void TakeKeptEnds(const BlockRun& run) {
@@ -38,6 +45,38 @@ void TakeKeptEnds(const BlockRun& run) {
   runWatch.position = group[-1].place;
   run.stream.nextKept = group;
   Seek(run.stream, group->place);
+}
+
+LinesAlike::LinesAlike(const TextStream& stream)
+    : last(LineAtHand(stream)), layerPlace(state.layers.PlaceFoundLast()), steps(work.steps) {}
+
+void LinesAlike::StyleIsRead() {
+  steps = work.steps - steps;
+  // The lookup of another layer than before takes more steps than those of the LINEs that follow.
+  if (layerPlace != state.layers.PlaceFoundLast()) last = nullptr;
+}
+
+bool LinesAlike::TakeNext(const BlockRun& run) {
+  if (!last) return false;
+  const KeptGroup* const first = run.stream.nextKept;
+  const KeptLine* const line = LineAtHand(run.stream);
+  if (line != last + 1 || !line->isLikeLast) return false;
+  // Where the host is to be asked or the budget ends, group by group. A run that has ended asks at each group.
+  const auto groups = static_cast<int32_t>(line->next + 1 - first);
+  const int64_t stepsOfAll = Tell(run.stream) - state.countedPlace + bytesOfEntity + steps;
+  if (groups > runWatch.groupsToLook || stepsOfAll > work.mostSteps - work.steps) return false;
+
+  CountBlockEntity(run.stream);
+  CountSteps(steps);
+  state.blockX[0] = BlockX(line->x[0], run.blockOriginX);
+  state.blockX[1] = BlockX(line->x[1], run.blockOriginX);
+  state.blockY[0] = BlockY(line->y[0], run.blockOriginY);
+  state.blockY[1] = BlockY(line->y[1], run.blockOriginY);
+  runWatch.groupsToLook -= groups;
+  runWatch.position = line->next->place;
+  TakeKeptGroup(run.stream, *line->next);
+  last = line;
+  return true;
 }
 
 }  // namespace hexlume

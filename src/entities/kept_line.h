@@ -1,6 +1,7 @@
-// The fast path of DrawBlockLine for groups that are kept.
+// The fast paths of DrawBlockLine for groups that are kept.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "driver/group_reader.h"
@@ -16,5 +17,24 @@ inline int32_t ReadLineGroup(const BlockRun& run) {
   if (run.stream.nextKept->inEntity > 0) TakeKeptEnds(run);
   return ReadGroup(run.stream);
 }
+
+// The kept LINEs that follow one and have the same groups for their style: they have its style and colour, as nothing
+// that decides these changes in between. So only their ends are taken.
+class LinesAlike {
+ public:
+  // At the first LINE, before its groups are read.
+  explicit LinesAlike(const TextStream& stream);
+
+  // After they were read, with the next entity in the buffer.
+  void StyleIsRead();
+
+  // Takes the next of them if it follows, and leaves the entity after it in the buffer. Counts what reading it would count.
+  bool TakeNext(const BlockRun& run);
+
+ private:
+  const KeptLine* last;  // null: there is none
+  size_t layerPlace;     // of the layer that was found last
+  int64_t steps;         // that the style takes
+};
 
 }  // namespace hexlume

@@ -44,7 +44,17 @@ int32_t DrawLine(const EntityRun& run) {
   return more;
 }
 
+// Transform, cut and draw.
+static void DrawEndsInBlock(const BlockRun& run, const LineStyle& style) {
+  POINT a = BlockTransform(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
+  POINT b = BlockTransform(state.blockX[1], state.blockY[1], run.blockOriginX, run.blockOriginY);
+  if (a.x > b.x) std::swap(a, b);
+  if (ViewReject(run.view, a, b)) return;
+  DrawStyledLine(run.canvas, a, b, style, state.blockColor);
+}
+
 int32_t DrawBlockLine(const BlockRun& run) {
+  LinesAlike alike(run.stream);
   LineStyle style;
   int32_t inherit = 0;
   state.blockColor = 0;
@@ -64,14 +74,12 @@ int32_t DrawBlockLine(const BlockRun& run) {
       case 62: ResolveBlockColor(value, state.blockColor, run.insertColor, inherit); break;
     }
   }
+  alike.StyleIsRead();
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.blockColor);
 
-  POINT a = BlockTransform(state.blockX[0], state.blockY[0], run.blockOriginX, run.blockOriginY);
-  POINT b = BlockTransform(state.blockX[1], state.blockY[1], run.blockOriginX, run.blockOriginY);
-  if (a.x > b.x) std::swap(a, b);
-  if (ViewReject(run.view, a, b)) return more;
-  DrawStyledLine(run.canvas, a, b, style, state.blockColor);
+  DrawEndsInBlock(run, style);
+  while (more && alike.TakeNext(run)) DrawEndsInBlock(run, style);
   return more;
 }
 

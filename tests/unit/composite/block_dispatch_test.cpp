@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "entities/block_level.h"
 #include "platform/fault_guard.h"
 #include "support/arc_strokes.h"
 #include "support/block_walk.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "composite/block_dispatch.h"
+#include "entities/block_level.h"
 #include "platform/fault_guard.h"
 #include "support/arc_strokes.h"
 #include "support/block_walk.h"

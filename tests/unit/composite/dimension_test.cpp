@@ -7,6 +7,7 @@
 #include <string>
 
 #include "composite/block_dispatch.h"
+#include "entities/block_level.h"
 #include "platform/fault_guard.h"
 #include "support/block_stream.h"
 #include "support/mtext_calls.h"

@@ -7,6 +7,7 @@
 #include "composite/block_dispatch.h"
 #include "composite/leader.h"
 #include "driver/bounded_copy.h"
+#include "entities/block_level.h"
 #include "entities/entity_dispatch.h"
 #include "platform/fault_guard.h"
 #include "support/block_stream.h"

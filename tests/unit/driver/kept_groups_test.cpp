@@ -16,6 +16,7 @@
 #include "driver/group_reader.h"
 #include "driver/run_watch.h"
 #include "driver/work_budget.h"
+#include "entities/block_level.h"
 #include "platform/fault_guard.h"
 #include "support/block_stream.h"
 #include "support/text_drawing.h"
@@ -204,16 +205,37 @@ class KeptBlocksTest : public BlockStreamTest {
     return line;
   }
 
+  // LINEs with the same groups for their style, in most cases, before, between and after those for their ends.
+  std::string RandomLinesAlike(Random& random, const std::string& layer) {
+    std::vector<std::string> style = {layer, "6 DASHED\n", "62 0\n", "62 1\n", "39 300\n"};
+    std::shuffle(style.begin(), style.end(), random);
+    style.resize(static_cast<size_t>(Below(random, 4)));
+    std::string lines;
+    for (int32_t i = 2 + Below(random, 4); i > 0; --i) {
+      std::vector<std::string> groups = style;
+      if (Below(random, 8) == 0) groups.push_back(layer);
+      for (const char* code : {"10 ", "20 ", "11 ", "21 ", "30 "}) {
+        const int32_t place = Below(random, groups.size() + 1);
+        const std::string number = std::to_string(Below(random, 90));
+        if (Below(random, 30) != 0) groups.insert(groups.begin() + place, code + number + "\n");
+      }
+      lines += "0 LINE\n";
+      for (const std::string& group : groups) lines += group;
+    }
+    return lines;
+  }
+
   std::string RandomEntity(Random& random, bool mayInsert) {
     const std::string layer = "8 " + OneOf(random, {"0", "WALLS", "HIDDEN"}) + "\n";
-    switch (Below(random, mayInsert ? 7 : 6)) {
+    switch (Below(random, mayInsert ? 8 : 7)) {
       case 0: return "0 CIRCLE\n" + layer + RandomPlace(random) + "40 " + OneOf(random, {"3", "1e1"}) + "\n";
       case 1: return "0 ARC\n" + layer + RandomPlace(random) + "40 2\n50 10\n51 200\n";
       case 2: return "0 SEQEND\n" + layer + "1 " + std::string(40, 'q') + "\n";
       case 3:
         return "0 LWPOLYLINE\n" + layer + "70 1\n" + RandomPlace(random) + RandomPlace(random) + "42 0.5\n" +
                RandomPlace(random);
-      case 6: return RandomInsert(random);
+      case 4: return RandomLinesAlike(random, layer);
+      case 7: return RandomInsert(random);
       default: return RandomLine(random, layer);
     }
   }
@@ -238,8 +260,8 @@ class KeptBlocksTest : public BlockStreamTest {
 
   End RandomEnd(Random& random) {
     End end = {noEnd, leastSteps};
-    if (Below(random, 3) == 0) end.groups = Below(random, 500);
-    if (Below(random, 3) == 0) end.steps = Below(random, 40'000);
+    if (Below(random, 3) == 0) end.groups = Below(random, 1500);
+    if (Below(random, 3) == 0) end.steps = Below(random, 150'000);
     return end;
   }
 
@@ -273,7 +295,7 @@ TEST_F(KeptBlocksTest, random_blocks_are_drawn_as_from_the_text) {
   AddLayer("0", {}, 3);
   AddLayer("WALLS", {}, 1);
   ExcludeLayer("HIDDEN");
-  for (int round = 0; round < 500; ++round) {
+  for (int round = 0; round < 800; ++round) {
     blocks.clear();
     for (const char* name : {"A", "B", "C", "D"}) blocks += RandomBlock(random, name);
     std::string entities;
