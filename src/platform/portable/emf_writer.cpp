@@ -22,8 +22,9 @@ void EmfWriter::Grow(size_t wanted) {
 
 // No record refers to an earlier one, and only the header is changed at the end.
 void EmfWriter::HandOn() {
-  stream->Take(handedOn, block.Start(), Kept());
-  handedOn = Size();
+  const size_t count = Kept();
+  stream->Take(handedOn, block, count);
+  handedOn += count;
   next = block.Start();
 }
 
@@ -46,7 +47,8 @@ EmfBytes EmfWriter::Finish(EmfHeaderRecord header) {
 
 EmfBytes EmfWriter::FinishStream(const EmfHeaderRecord& header) {
   HandOn();
-  stream->Take(0, reinterpret_cast<const uint8_t*>(&header), sizeof header);
+  std::memcpy(block.Start(), &header, sizeof header);
+  stream->Take(0, block, sizeof header);
   return {GrowingBlock(), handedOn};
 }
 

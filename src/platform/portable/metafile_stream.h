@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/portable/growing_block.h"
+
 namespace hexlume {
 
 // What a piece has, but for one with a larger record. Larger pieces aren't written faster, and would no longer stay in the
@@ -12,9 +14,10 @@ constexpr size_t metafilePieceSize = 1 << 20;
 
 class MetafileStream {
  public:
-  // Takes bytes of the metafile, from this place on. The places follow each other, until at the end the header comes once
-  // more, complete.
-  virtual void Take(size_t place, const uint8_t* bytes, size_t count) noexcept = 0;
+  // Takes the first bytes of the block, those of the metafile from this place on. The places follow each other, until at the
+  // end the header comes once more, complete. Leaves in the block other memory, which may be smaller, or the same: what is in it
+  // doesn't matter.
+  virtual void Take(size_t place, GrowingBlock& block, size_t count) noexcept = 0;
 
  protected:
   ~MetafileStream() = default;

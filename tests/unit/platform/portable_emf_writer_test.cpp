@@ -88,15 +88,24 @@ TEST(EmfWriter, a_metafile_that_ends_early_takes_no_more_records) {
 // What a stream was given, put together.
 class Pieces : public MetafileStream {
  public:
-  void Take(size_t place, const uint8_t* piece, size_t count) noexcept override {
+  Pieces() { other.Grow(1); }
+
+  void Take(size_t place, GrowingBlock& block, size_t count) noexcept override {
     EXPECT_TRUE(place == bytes.size() || place == 0) << place;
     bytes.resize(std::max(bytes.size(), place + count));
-    std::copy_n(piece, count, bytes.begin() + static_cast<std::ptrdiff_t>(place));
+    std::copy_n(block.Start(), count, bytes.begin() + static_cast<std::ptrdiff_t>(place));
     sizes.push_back(count);
+    if (isFull) return;
+    std::swap(block, other);
+    std::fill_n(block.Start(), block.Size(), uint8_t{0xCC});
   }
 
   std::vector<uint8_t> bytes;
   std::vector<size_t> sizes;
+  bool isFull = false;  // takes no memory, and leaves the same
+
+ private:
+  GrowingBlock other;
 };
 
 void AppendNumbered(EmfWriter& writer, uint32_t count) {
@@ -119,6 +128,17 @@ TEST(EmfWriter, a_stream_gets_the_bytes_that_would_be_in_memory) {
   EXPECT_GT(pieces.sizes[0], 1000000u);
   EXPECT_LE(pieces.sizes[0], size_t{1} << 20);
   EXPECT_EQ(pieces.sizes[3], sizeof(EmfHeaderRecord));
+}
+
+TEST(EmfWriter, a_stream_may_leave_the_same_memory) {
+  Pieces pieces;
+  pieces.isFull = true;
+  EmfWriter streamed, kept;
+  streamed.StreamTo(&pieces);
+  AppendNumbered(streamed, 250000);
+  AppendNumbered(kept, 250000);
+  streamed.Finish(Header());
+  EXPECT_TRUE(pieces.bytes == Copied(kept.Finish(Header())));
 }
 
 TEST(EmfWriter, a_metafile_smaller_than_a_piece_stays_in_memory) {

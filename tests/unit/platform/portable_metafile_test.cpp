@@ -84,9 +84,9 @@ TEST(PortableMetafile, the_bytes_in_place_are_the_bits) {
 
 class Collected : public MetafileStream {
  public:
-  void Take(size_t place, const uint8_t* piece, size_t count) noexcept override {
+  void Take(size_t place, GrowingBlock& block, size_t count) noexcept override {
     bytes.resize(std::max(bytes.size(), place + count));
-    std::copy_n(piece, count, bytes.begin() + static_cast<std::ptrdiff_t>(place));
+    std::copy_n(block.Start(), count, bytes.begin() + static_cast<std::ptrdiff_t>(place));
   }
 
   std::vector<uint8_t> bytes;

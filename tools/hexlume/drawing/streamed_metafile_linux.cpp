@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <exception>
 #include <memory>
-#include <new>
 #include <string>
 #include <utility>
 
@@ -56,11 +55,11 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
   }
 
   // A fault of the processor can end this at any place, and the library goes on.
-  void Take(size_t place, const uint8_t* piece, size_t count) noexcept override {
+  void Take(size_t place, GrowingBlock& piece, size_t count) noexcept override {
     if (std::exchange(hasFailed, true)) return;
     const int error = errno;
     size = std::max(size, place + count);
-    hasFailed = !(IsOpen() && Write(place, piece, count));
+    hasFailed = !(IsOpen() && writer->Write(place, piece, count));
     errno = error;
   }
 
@@ -74,14 +73,6 @@ class FileStream final : public StreamedMetafile, public MetafileStream {
       writer = std::make_unique<PieceWriter>(file->Descriptor(), metafilePieceSize);
       return true;
     } catch (const std::exception&) {
-      return false;
-    }
-  }
-
-  bool Write(size_t place, const uint8_t* piece, size_t count) {
-    try {
-      return writer->Write(place, piece, count);
-    } catch (const std::bad_alloc&) {
       return false;
     }
   }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 namespace hexlume {
 namespace {
@@ -47,7 +48,7 @@ class BlockedSignals {
 }  // namespace
 
 PieceWriter::PieceWriter(int openFile, size_t usualSize) : file(openFile) {
-  piece.reserve(usualSize);
+  piece.Grow(usualSize);
   sem_init(&filled, 0, 0);
   sem_init(&emptied, 0, 1);
   const BlockedSignals blocked;
@@ -62,11 +63,12 @@ PieceWriter::~PieceWriter() {
   sem_destroy(&emptied);
 }
 
-bool PieceWriter::Write(size_t place, const uint8_t* bytes, size_t count) {
+bool PieceWriter::Write(size_t place, GrowingBlock& block, size_t count) {
   WaitFor(emptied);
   if (hasFailed) return false;
-  piece.assign(bytes, bytes + count);
+  std::swap(piece, block);
   placeOfPiece = place;
+  sizeOfPiece = count;
   sem_post(&filled);
   return true;
 }
@@ -80,7 +82,7 @@ void PieceWriter::Run() {
   for (;;) {
     WaitFor(filled);
     if (isOver) return;
-    if (!WriteAt(file, placeOfPiece, piece.data(), piece.size())) hasFailed = true;
+    if (!WriteAt(file, placeOfPiece, piece.Start(), sizeOfPiece)) hasFailed = true;
     sem_post(&emptied);
   }
 }

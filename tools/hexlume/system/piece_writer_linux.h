@@ -7,13 +7,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <thread>
-#include <vector>
+
+#include "platform/portable/growing_block.h"
 
 namespace hexlume {
 
 class PieceWriter {
  public:
-  // The file must stay open as long as this. Larger pieces than usual ones may need memory. Throws std::bad_alloc or std::system_error if there can be no thread.
+  // The file must stay open as long as this. Takes memory for a piece of the usual size. Throws std::bad_alloc, or
+  // std::system_error if there can be no thread.
   PieceWriter(int openFile, size_t usualSize);
 
   // Doesn't wait for more than the piece that is being written.
@@ -21,9 +23,10 @@ class PieceWriter {
   PieceWriter(const PieceWriter&) = delete;
   PieceWriter& operator=(const PieceWriter&) = delete;
 
-  // Waits for the piece before, and takes a copy. False if a piece couldn't be written; then no more may come. A fault of the
-  // processor may end this at any place, as no lock is held: after that only the destructor may be called.
-  bool Write(size_t place, const uint8_t* bytes, size_t count);
+  // Waits for the piece before, and takes the first bytes of the block. The block has the memory of that piece then. False if
+  // a piece couldn't be written; then the block is as before, and no more may come. A fault of the processor may end this at any
+  // place, as no lock is held: after that only the destructor may be called.
+  bool Write(size_t place, GrowingBlock& block, size_t count);
 
   // Waits for the last piece. False if one couldn't be written.
   bool Finish();
@@ -32,8 +35,8 @@ class PieceWriter {
   void Run();
 
   const int file;
-  std::vector<uint8_t> piece;
-  size_t placeOfPiece = 0;
+  GrowingBlock piece;
+  size_t placeOfPiece = 0, sizeOfPiece = 0;
   sem_t filled = {}, emptied = {};
   std::atomic<bool> hasFailed{false}, isOver{false};
   std::thread thread;
