@@ -28,6 +28,7 @@ inline void ReturnTo(const Bookmark& bookmark, TextStream& stream) {
   stream.nextKept = bookmark.kept;
   BoundedCopy(state.groupValue, bookmark.value);
   state.groupNumberIsKnown = 0;
+  state.groupLine = nullptr;
 }
 
 }  // namespace hexlume

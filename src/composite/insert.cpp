@@ -72,8 +72,8 @@ int32_t DrawInsert(const EntityRun& run) {
         if (std::strcmp(value, "ByBlock") == 0) byBlockFlag = 1;  // this spelling alone
         break;
       case 8: TakeInsertLayer(value, byBlockFlag); break;
-      case 10: x = Hundredths(value); break;
-      case 20: y = Hundredths(value); break;
+      case 10: x = GroupHundredths(); break;
+      case 20: y = GroupHundredths(); break;
       case 41: state.insertScaleX = PositiveScale(value); break;
       case 42: state.insertScaleY = PositiveScale(value); break;
       case 50: state.insertAngle = Radians(value); break;
@@ -111,10 +111,10 @@ int32_t DrawBlockInsert(const BlockRun& run) {
       case 10: x = BlockX(GroupNumber(), run.blockOriginX); break;
       case 20: y = BlockY(GroupNumber(), run.blockOriginY); break;
       case 41:
-        if (Atof(value) != 0.0) state.insertScaleX *= Atof(value);
+        if (GroupNumber() != 0.0) state.insertScaleX *= GroupNumber();
         break;
       case 42:
-        if (Atof(value) != 0.0) state.insertScaleY *= Atof(value);
+        if (GroupNumber() != 0.0) state.insertScaleY *= GroupNumber();
         break;
       case 50: state.insertAngle += Radians(value); break;
       case 62: color = Atoi(value); break;  // the number is used as an index: 2 is yellow and 7 white here
@@ -144,8 +144,8 @@ int32_t DrawDimInsert(const EntityRun& run) {
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindFirst(value), bodyOffset); break;
       case 8: TakeDimInsertLayer(run.dimensionColor); break;
-      case 10: x = Hundredths(value) + run.offsetX; break;
-      case 20: y = Hundredths(value) + run.offsetY; break;
+      case 10: x = GroupHundredths() + run.offsetX; break;
+      case 20: y = GroupHundredths() + run.offsetY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;
       case 42: state.insertScaleY = ScaleButZero(value); break;
       case 50: state.insertAngle = Radians(value); break;
@@ -172,8 +172,8 @@ int32_t DrawDimInsertInsert(const BlockRun& run) {
     const char* value = state.groupValue;
     switch (state.groupCode) {
       case 2: TakeBody(state.blocks.FindLast(value), bodyOffset); break;  // the last block with this name
-      case 10: x = Hundredths(value) + run.blockOriginX; break;
-      case 20: y = Hundredths(value) + run.blockOriginY; break;
+      case 10: x = GroupHundredths() + run.blockOriginX; break;
+      case 20: y = GroupHundredths() + run.blockOriginY; break;
       case 41: state.insertScaleX = ScaleButZero(value); break;  // the Y scale isn't changed
       case 50: state.insertAngle = Radians(value); break;
       case 62: color = ResolveColor(Atoi(value)); break;

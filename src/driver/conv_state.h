@@ -90,6 +90,8 @@ struct ConvState {
   char groupValue[textSize];
   double groupNumber;  // the value as a number, if groupNumberIsKnown: see GroupNumber
   uint8_t groupNumberIsKnown;
+  const char*
+      groupLine;  // else its line in the text, of which numberLineSize bytes can be read; null if that isn't so
 
   // Sheet geometry, set by SetupSheet.
   int32_t sheetWidth;   // whole millimetres while the size dialog is shown, then hundredths of a millimetre

@@ -6,6 +6,7 @@
 #include "driver/conv_state.h"
 #include "driver/run_watch.h"
 #include "driver/short_value.h"
+#include "platform/line_number.h"
 
 namespace hexlume {
 
@@ -108,11 +109,19 @@ int32_t ReadGroup(TextStream& stream) {
 
 int32_t ReadTextGroup(TextStream& stream) {
   state.groupNumberIsKnown = 0;
+  state.groupLine = nullptr;
   PlainCode plain;
   if (!FindPlainCode(stream, plain)) return ReadAnyGroup(stream);
   if (!TakeShortValue(stream, plain.value) && !TakeValue(stream, plain.value)) return ReadAnyGroup(stream);
   state.groupCode = plain.code;
   return 1;
+}
+
+double NumberInText() {
+  double number;
+  // Bytes that were lost meanwhile are read as 0, which no number here ends with.
+  if (state.groupLine && ReadNumberLine(state.groupLine, number)) return number;
+  return Atof(state.groupValue);
 }
 
 int32_t PassToEntity(TextStream& stream) {

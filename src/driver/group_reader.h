@@ -27,10 +27,12 @@ constexpr int32_t groupLineLimit = 256;
 // once the run has ended. If the file ends within a group, groupCode is that of the incomplete group.
 int32_t ReadGroup(TextStream& stream);
 
-// The value of the group read last as a number: Atof(state.groupValue). Converters of blocks use it, as the numbers of kept
-// groups aren't converted again.
+// Atof(state.groupValue), but faster from the text.
+double NumberInText();
+
+// The value of the group read last as a number: Atof(state.groupValue). The numbers of kept groups aren't converted again.
 inline double GroupNumber() {
-  return state.groupNumberIsKnown ? state.groupNumber : Atof(state.groupValue);
+  return state.groupNumberIsKnown ? state.groupNumber : NumberInText();
 }
 
 // The same as Hundredths(state.groupValue).

@@ -26,6 +26,7 @@ class ReaderPlace {
   ~ReaderPlace() {
     Seek(stream, place);
     state.groupCode = code;
+    state.groupLine = nullptr;
     std::memcpy(state.groupValue, value, sizeof value);
   }
   ReaderPlace(const ReaderPlace&) = delete;
@@ -74,7 +75,7 @@ void KeptGroups::Read(Block& block, TextStream& stream) {
     const size_t size = sizeof(KeptGroup) + length + 1;
     if (size > room) break;
     room -= size;
-    groups.push_back({Atof(state.groupValue), nullptr, place, Tell(stream), state.groupCode,
+    groups.push_back({NumberInText(), nullptr, place, Tell(stream), state.groupCode,
                       static_cast<uint16_t>(length), 0, nullptr});
     text.insert(text.end(), state.groupValue, state.groupValue + length + 1);
     place = Tell(stream);

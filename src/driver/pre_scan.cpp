@@ -150,8 +150,8 @@ void Widen(double& min, double& max, double value) {
 void ScanEntityExtents(TextStream& stream, HeaderVars& headerVars) {
   double minX = 0.0, minY = 0.0, maxX = 0.0, maxY = 0.0;
   while (ReadGroup(stream) && !AtGroup(0, "ENDSEC")) {
-    if (state.groupCode >= 10 && state.groupCode <= 13) Widen(minX, maxX, Atof(state.groupValue));
-    if (state.groupCode >= 20 && state.groupCode <= 23) Widen(minY, maxY, Atof(state.groupValue));
+    if (state.groupCode >= 10 && state.groupCode <= 13) Widen(minX, maxX, GroupNumber());
+    if (state.groupCode >= 20 && state.groupCode <= 23) Widen(minY, maxY, GroupNumber());
   }
   headerVars.extMinX = minX;
   headerVars.extMinY = minY;

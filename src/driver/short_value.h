@@ -6,6 +6,7 @@
 #include "driver/conv_state.h"
 #include "driver/text_stream.h"
 #include "platform/line_copy.h"
+#include "platform/line_number.h"
 
 namespace hexlume {
 
@@ -16,6 +17,8 @@ inline bool TakeShortValue(TextStream& stream, int32_t place) {
   const char* const line = stream.bytes + place;
   int32_t length = CopyShortLine(line, state.groupValue);
   if (length == noLineEnd || line[length] != '\n') return false;
+  static_assert(shortLineSize >= numberLineSize);
+  state.groupLine = line;
   Seek(stream, place + length + 1);
   // CR LF is a line end, and one more CR isn't part of the value.
   if (length > 0 && line[length - 1] == '\r') --length;

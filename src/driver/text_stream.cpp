@@ -73,6 +73,13 @@ void ReserveMemory(TextStream& stream) {
   }
 }
 
+// Writes to each page of memory that is new. A call that reads a file into it may look at each page before it stores there, and
+// a page that is read first is brought in twice: under Wine that takes a fiftieth of the time of a drawing of lines.
+void TouchPages(char* first, size_t size) {
+  constexpr size_t smallestPage = 4096;
+  for (size_t i = 0; i < size; i += smallestPage) first[i] = '\0';
+}
+
 // Adds at most so many bytes to those of the stream, without a look at the end mark. Returns their number.
 size_t FetchBytes(TextStream& stream, size_t wanted) {
   const auto oldSize = static_cast<size_t>(stream.size);
@@ -83,6 +90,7 @@ size_t FetchBytes(TextStream& stream, size_t wanted) {
   }
   if (stream.kept.empty()) ReserveMemory(stream);
   stream.kept.resize(oldSize + wanted);
+  TouchPages(stream.kept.data() + oldSize, wanted);
   const size_t got = stream.source->Read(stream.kept.data() + oldSize, wanted);
   stream.bytes = stream.kept.data();
   return got;

@@ -96,11 +96,11 @@ int32_t DrawArc(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
-      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
-      case 40: state.entRadius = Hundredths(value) + 0.0001; break;
-      case 50: start = ReadAngle(Atof(value)); break;
-      case 51: end = ReadAngle(Atof(value)); break;
+      case 10: state.entX[0] = GroupHundredths() + run.offsetX; break;
+      case 20: state.entY[0] = GroupHundredths() + run.offsetY; break;
+      case 40: state.entRadius = GroupHundredths() + 0.0001; break;
+      case 50: start = ReadAngle(GroupNumber()); break;
+      case 51: end = ReadAngle(GroupNumber()); break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
     }
   }
@@ -182,7 +182,7 @@ int32_t DrawDimInsertArc(const BlockRun& run) {
         break;
       case 10: state.dimX[0] = BlockX(GroupNumber(), run.blockOriginX); break;
       case 20: state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
-      case 40: state.dimRadius = Hundredths(value); break;  // not scaled, unlike the centre
+      case 40: state.dimRadius = GroupHundredths(); break;  // not scaled, unlike the centre
       case 50: start = ReadAngle(GroupNumber()); break;     // not turned, unlike the centre
       case 51: end = ReadAngle(GroupNumber()); break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;

@@ -37,9 +37,9 @@ int32_t DrawCircle(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
-      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
-      case 40: state.entRadius = Hundredths(value); break;
+      case 10: state.entX[0] = GroupHundredths() + run.offsetX; break;
+      case 20: state.entY[0] = GroupHundredths() + run.offsetY; break;
+      case 40: state.entRadius = GroupHundredths(); break;
       case 62: ResolveColorUnlessZero(value, state.entColor); break;
     }
   }
@@ -112,7 +112,7 @@ int32_t DrawDimInsertCircle(const BlockRun& run) {
       case 20: state.dimY[0] = BlockY(GroupNumber(), run.blockOriginY); break;
       case 39: style.width = ResolveWidth(value); break;
       // Scaled by Y, while a circle in a block is scaled by X.
-      case 40: state.dimRadius = Hundredths(value) * state.insertScaleY; break;
+      case 40: state.dimRadius = GroupHundredths() * state.insertScaleY; break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }

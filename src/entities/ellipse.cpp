@@ -232,13 +232,13 @@ int32_t DrawEllipse(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Hundredths(value); break;
-      case 11: state.entX[1] = Hundredths(value); break;
-      case 20: state.entY[0] = Hundredths(value); break;
-      case 21: state.entY[1] = Hundredths(value); break;
-      case 40: state.entRadius = Atof(value); break;
-      case 41: startAngle = Atof(value); break;
-      case 42: endAngle = Atof(value); break;
+      case 10: state.entX[0] = GroupHundredths(); break;
+      case 11: state.entX[1] = GroupHundredths(); break;
+      case 20: state.entY[0] = GroupHundredths(); break;
+      case 21: state.entY[1] = GroupHundredths(); break;
+      case 40: state.entRadius = GroupNumber(); break;
+      case 41: startAngle = GroupNumber(); break;
+      case 42: endAngle = GroupNumber(); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }

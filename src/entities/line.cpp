@@ -25,10 +25,10 @@ int32_t DrawLine(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Hundredths(value); break;
-      case 11: state.entX[1] = Hundredths(value); break;
-      case 20: state.entY[0] = Hundredths(value); break;
-      case 21: state.entY[1] = Hundredths(value); break;
+      case 10: state.entX[0] = GroupHundredths(); break;
+      case 11: state.entX[1] = GroupHundredths(); break;
+      case 20: state.entY[0] = GroupHundredths(); break;
+      case 21: state.entY[1] = GroupHundredths(); break;
       case 39: style.width = ResolveWidth(value); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
@@ -93,10 +93,10 @@ int32_t DrawDimLine(const EntityRun& run) {
       case 8:
         if (!ResolveInsertLayer(style, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Hundredths(value) + run.offsetX; break;
-      case 11: state.entX[1] = Hundredths(value) + run.offsetX; break;
-      case 20: state.entY[0] = Hundredths(value) + run.offsetY; break;
-      case 21: state.entY[1] = Hundredths(value) + run.offsetY; break;
+      case 10: state.entX[0] = GroupHundredths() + run.offsetX; break;
+      case 11: state.entX[1] = GroupHundredths() + run.offsetX; break;
+      case 20: state.entY[0] = GroupHundredths() + run.offsetY; break;
+      case 21: state.entY[1] = GroupHundredths() + run.offsetY; break;
       case 39: style.width = ResolveWidth(value); break;
       case 62:
         if (Atoi(value) != 0) state.entColor = Atoi(value);

@@ -112,31 +112,30 @@ int32_t DrawLwPolyline(const EntityRun& run) {
       case 70: flags = Atoi(value); break;
     }
   }
-  if (more && state.groupCode == 10) state.entX[0] = Hundredths(state.groupValue);
+  if (more && state.groupCode == 10) state.entX[0] = GroupHundredths();
   if (LinetypeFilter(style.family)) return more;
   MonochromeRule(state.entColor);
   style = WithoutWidth(style);
 
   while (more && state.groupCode != 0 && state.groupCode != 20) more = ReadGroup(run.stream);
   if (more && state.groupCode == 20) {
-    state.entY[0] = Hundredths(state.groupValue);
+    state.entY[0] = GroupHundredths();
     more = ReadGroup(run.stream);
   }
   LwPolylineWalk walk;
   StartWalk(run.canvas, walk, state.entX[0], state.entY[0]);
   for (; more && state.groupCode != 0; more = ReadGroup(run.stream)) {
-    const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.entX[0] = Hundredths(value); break;
+      case 10: state.entX[0] = GroupHundredths(); break;
       case 20:
-        state.entY[0] = Hundredths(value);
+        state.entY[0] = GroupHundredths();
         if (walk.bulge == 0.0)
           DrawSegment(run.canvas, run.view, walk, ModelToSheet(state.entX[0], state.entY[0]), style,
                       state.entColor);
         else
           DrawArcToVertex(run.canvas, run.view, entArcs, walk, style);
         break;
-      case 42: StartArc(walk, Atof(value), state.entX[0], state.entY[0]); break;
+      case 42: StartArc(walk, GroupNumber(), state.entX[0], state.entY[0]); break;
     }
   }
   if ((flags & closedFlag) == 0) return more;

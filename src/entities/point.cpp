@@ -62,8 +62,8 @@ int32_t DrawPoint(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, unusedStyle, state.entColor)) return more;
         break;
-      case 10: state.entX[0] = Hundredths(value); break;
-      case 20: state.entY[0] = Hundredths(value); break;
+      case 10: state.entX[0] = GroupHundredths(); break;
+      case 20: state.entY[0] = GroupHundredths(); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }

@@ -71,11 +71,10 @@ ArcSegment PendingArc(const PolylineWalk& walk) {
 int32_t ReadVertex(TextStream& stream, double& bulge) {
   int32_t more = ReadGroup(stream);
   for (; more && state.groupCode != 0; more = ReadGroup(stream)) {
-    const char* value = state.groupValue;
     switch (state.groupCode) {
-      case 10: state.entX[0] = Hundredths(value); break;
-      case 20: state.entY[0] = Hundredths(value); break;
-      case 42: bulge = Atof(value); break;
+      case 10: state.entX[0] = GroupHundredths(); break;
+      case 20: state.entY[0] = GroupHundredths(); break;
+      case 42: bulge = GroupNumber(); break;
     }
   }
   return more;

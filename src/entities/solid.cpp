@@ -36,11 +36,11 @@ int32_t DrawSolid(const EntityRun& run) {
       case 10:
       case 11:
       case 12:
-      case 13: state.entX[state.groupCode - 10] = Hundredths(value) + run.offsetX; break;
+      case 13: state.entX[state.groupCode - 10] = GroupHundredths() + run.offsetX; break;
       case 20:
       case 21:
       case 22:
-      case 23: state.entY[state.groupCode - 20] = Hundredths(value) + run.offsetY; break;
+      case 23: state.entY[state.groupCode - 20] = GroupHundredths() + run.offsetY; break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
     }
   }
@@ -111,11 +111,11 @@ int32_t DrawDimInsertSolid(const BlockRun& run) {
       case 10:
       case 11:
       case 12:
-      case 13: state.dimX[state.groupCode - 10] = Hundredths(value) + run.blockOriginX; break;
+      case 13: state.dimX[state.groupCode - 10] = GroupHundredths() + run.blockOriginX; break;
       case 20:
       case 21:
       case 22:
-      case 23: state.dimY[state.groupCode - 20] = Hundredths(value) + run.blockOriginY; break;
+      case 23: state.dimY[state.groupCode - 20] = GroupHundredths() + run.blockOriginY; break;
       case 62: ResolveDimInsertColor(value, state.dimColor, inherit); break;
     }
   }

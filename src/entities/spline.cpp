@@ -118,14 +118,14 @@ int32_t DrawSpline(const EntityRun& run) {
       case 8:
         if (!ResolveLayer(value, style, state.entColor)) return more;
         break;
-      case 10: SetX(spline.control, spline.pointIndex, Hundredths(value)); break;
+      case 10: SetX(spline.control, spline.pointIndex, GroupHundredths()); break;
       case 11:
         StartFit(spline);
-        SetX(spline.fit, spline.pointIndex, Hundredths(value));
+        SetX(spline.fit, spline.pointIndex, GroupHundredths());
         break;
-      case 20: SetY(spline.control, spline.pointIndex++, Hundredths(value)); break;
-      case 21: SetY(spline.fit, spline.pointIndex++, Hundredths(value)); break;
-      case 40: AddKnot(spline, Atof(value)); break;
+      case 20: SetY(spline.control, spline.pointIndex++, GroupHundredths()); break;
+      case 21: SetY(spline.fit, spline.pointIndex++, GroupHundredths()); break;
+      case 40: AddKnot(spline, GroupNumber()); break;
       case 62: state.entColor = ResolveColor(Atoi(value)); break;
       case 73: spline.controlCount = Atoi(value); break;
       case 74: spline.fitCount = Atoi(value); break;
