@@ -59,7 +59,7 @@ bool TakeValue(TextStream& stream, int32_t place) {
   const size_t length = LengthOfValue(line, static_cast<size_t>(end - place));
   std::memcpy(state.groupValue, line, length);
   state.groupValue[length] = '\0';
-  Seek(stream, end);
+  SeekAtHand(stream, end);
   CheckForLoss(stream);
   return true;
 }
@@ -133,7 +133,7 @@ int32_t PassToEntity(TextStream& stream) {
     while (FindPlainCode(stream, plain) && plain.code != 0) {
       const int32_t end = EndOfLine(stream, plain.value, groupLineLimit);
       if (end == notFetched || end >= stream.size) break;
-      Seek(stream, end);
+      SeekAtHand(stream, end);
     }
     more = ReadGroup(stream);
   } while (more && state.groupCode != 0);

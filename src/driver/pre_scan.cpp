@@ -225,6 +225,7 @@ bool ExtentsFitLimits(const HeaderVars& headerVars) {
 int32_t ScanDrawing(const char* path, HeaderVars& headerVars) {
   TextStream stream;
   if (!OpenText(stream, path)) return 0;
+  KeepNoMore(stream);
   const WalkEnd walkEnd = WalkSections(stream, headerVars);
   if (walkEnd == WalkEnd::layersCutOff) return 0;
   if (state.measureSheet) ForgetBoxes(headerVars);

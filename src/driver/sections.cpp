@@ -30,10 +30,12 @@ void DrawSections(TextStream& stream, Canvas canvas, HeaderVars& headerVars, con
     if (AtGroup(2, "TABLES")) {
       ReadTables(stream, headerVars);
     } else if (AtGroup(2, "BLOCKS")) {
+      KeepAll(stream);
       ReadBlocks(stream);
     } else if (AtGroup(2, "ENTITIES")) {
       runWatch.entitiesSeen = true;
       AddDefaultLayer();
+      KeepNoMore(stream);  // unlike blocks, entities aren't read again
       DrawEntities({{stream, canvas, headerVars, view, wholeTextClip, wholeSheet, halfWidthFont}});
     }
   }

@@ -19,7 +19,7 @@ inline bool TakeShortValue(TextStream& stream, int32_t place) {
   if (length == noLineEnd || line[length] != '\n') return false;
   static_assert(shortLineSize >= numberLineSize);
   state.groupLine = line;
-  Seek(stream, place + length + 1);
+  SeekAtHand(stream, place + length + 1);
   // CR LF is a line end, and one more CR isn't part of the value.
   if (length > 0 && line[length - 1] == '\r') --length;
   if (length > 0 && line[length - 1] == '\r') --length;

@@ -22,6 +22,10 @@ class TextSource {
   // The number of bytes that Read will store in all; 0 if that isn't known. It may be wrong.
   virtual size_t ExpectedSize() const { return 0; }
 
+  // Whether Read can go to a place before or after the bytes that it has stored last.
+  virtual bool CanReadAgain() const { return false; }
+  virtual void GoTo(size_t) {}
+
   // Whether a read has failed.
   virtual bool HasFailed() const = 0;
 

@@ -1,6 +1,7 @@
 #include "driver/text_stream.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -17,7 +18,8 @@ namespace hexlume {
 
 namespace {
 
-constexpr size_t chunkSize = 256 * 1024;
+constexpr int32_t chunkLength = 256 * 1024;
+constexpr size_t chunkSize = chunkLength;
 constexpr size_t largestSize = std::numeric_limits<int32_t>::max();
 constexpr char endOfText = 0x1A;
 
@@ -35,6 +37,8 @@ class FileSource : public TextSource {
   size_t ExpectedSize() const override {
     return static_cast<size_t>(std::clamp<int64_t>(SizeOfFile(file), 0, largestSize));
   }
+  bool CanReadAgain() const override { return CanBeReadAgain(file); }
+  void GoTo(size_t place) override { std::fseek(file, static_cast<long>(place), SEEK_SET); }
   bool HasFailed() const override { return std::ferror(file) != 0; }
 
  private:
@@ -80,7 +84,24 @@ void TouchPages(char* first, size_t size) {
   for (size_t i = 0; i < size; i += smallestPage) first[i] = '\0';
 }
 
-// Adds at most so many bytes to those of the stream, without a look at the end mark. Returns their number.
+// The address of the text's first byte if all were in memory where these are. As a number, because it may be
+// outside the memory.
+const char* AddressOfText(const char* bytes, int32_t start) {
+  return reinterpret_cast<const char*>(reinterpret_cast<uintptr_t>(bytes) - static_cast<uintptr_t>(start));
+}
+
+// Replaces the passing chunk by bytes from the end of those at hand on. Returns their number.
+size_t FetchPassing(TextStream& stream, size_t wanted) {
+  PassingChunk& passing = stream.passing;
+  // Of a complete text, the source may have read bytes after the end mark.
+  if (passing.complete || passing.size != stream.size) stream.source->GoTo(static_cast<size_t>(stream.size));
+  passing.bytes.resize(chunkSize);
+  passing.start = stream.start = stream.size;
+  stream.bytes = AddressOfText(passing.bytes.data(), stream.start);
+  return stream.source->Read(passing.bytes.data(), wanted);
+}
+
+// Fetches at most so many bytes after those at hand, without a look at the end mark. Returns their number.
 size_t FetchBytes(TextStream& stream, size_t wanted) {
   const auto oldSize = static_cast<size_t>(stream.size);
   if (const auto whole = stream.source->Whole()) {
@@ -88,12 +109,23 @@ size_t FetchBytes(TextStream& stream, size_t wanted) {
     stream.bytes = whole->data();
     return std::min(wanted, whole->size() - oldSize);
   }
+  if (stream.passing.isUsed) return FetchPassing(stream, wanted);
   if (stream.kept.empty()) ReserveMemory(stream);
   stream.kept.resize(oldSize + wanted);
   TouchPages(stream.kept.data() + oldSize, wanted);
   const size_t got = stream.source->Read(stream.kept.data() + oldSize, wanted);
   stream.bytes = stream.kept.data();
   return got;
+}
+
+// After a fetch. What was read once must be there when it is read again.
+void NotePassing(TextStream& stream) {
+  PassingChunk& passing = stream.passing;
+  passing.size = stream.size;
+  passing.complete = stream.complete;
+  if (stream.complete && stream.size < passing.furthest) throw faultCode;
+  passing.endIsKnown = passing.endIsKnown || stream.complete;
+  passing.furthest = std::max(passing.furthest, stream.size);
 }
 
 // Reads the next chunk of the file. Returns false if there is no more text.
@@ -107,13 +139,15 @@ bool Fetch(TextStream& stream) {
   const size_t added = textEnd ? static_cast<size_t>(textEnd - fetched) : got;
   stream.complete = got < wanted || wanted == 0 || textEnd;
   stream.size += static_cast<int32_t>(added);
+  if (stream.passing.isUsed) NotePassing(stream);
   AllowWork(stream.size);
   return added > 0;
 }
 
 // Returns whether there is a byte at the stream's position, and fetches it if needed.
 bool HasByte(TextStream& stream) {
-  return stream.position < stream.size || Fetch(stream);
+  if (stream.position < stream.size) return true;
+  return Fetch(stream) && stream.position < stream.size;
 }
 
 bool NextByteIs(TextStream& stream, char byte) {
@@ -131,6 +165,53 @@ bool OpenText(TextStream& stream, const char* path) {
   Fetch(stream);
   // On some systems a folder can be opened, but not read.
   return !stream.source->HasFailed();
+}
+
+void KeepNoMore(TextStream& stream) {
+  if (stream.passing.isUsed || stream.complete || !stream.source || !stream.source->CanReadAgain()) return;
+  PassingChunk& passing = stream.passing;
+  passing.isUsed = true;
+  passing.keptSize = passing.furthest = passing.start = passing.size = stream.size;
+  // Gives back what ReserveMemory has taken for the others.
+  stream.kept.resize(static_cast<size_t>(stream.size));
+  stream.kept.shrink_to_fit();
+  stream.bytes = stream.kept.data();
+}
+
+void KeepAll(TextStream& stream) {
+  const PassingChunk passing = std::move(stream.passing);
+  if (!passing.isUsed) return;
+  stream.passing = PassingChunk();
+  const auto keptSize = static_cast<size_t>(passing.keptSize);
+  const auto passed = static_cast<size_t>(passing.furthest) - keptSize;
+  stream.kept.resize(keptSize + passed);
+  stream.source->GoTo(keptSize);
+  if (stream.source->Read(stream.kept.data() + keptSize, passed) < passed) throw faultCode;
+  stream.bytes = stream.kept.data();
+  stream.start = 0;
+  stream.size = passing.furthest;
+  stream.complete = passing.endIsKnown;
+}
+
+void SeekOutside(TextStream& stream, int32_t position) {
+  const PassingChunk& passing = stream.passing;
+  if (!passing.isUsed) return;
+  if (position < passing.keptSize) {
+    stream.bytes = stream.kept.data();
+    stream.start = 0;
+    stream.size = passing.keptSize;
+    stream.complete = false;
+  } else if (position >= passing.start && position < passing.size) {
+    stream.bytes = AddressOfText(passing.bytes.data(), passing.start);
+    stream.start = passing.start;
+    stream.size = passing.size;
+    stream.complete = passing.complete;
+  } else {
+    // None until the next fetch, of the same chunk as ever: what a drawing may take depends on the bytes fetched.
+    const int32_t passed = position - passing.keptSize;
+    stream.start = stream.size = passing.keptSize + passed / chunkLength * chunkLength;
+    stream.complete = false;
+  }
 }
 
 bool ReadLine(TextStream& stream, char* line, int32_t limit) {

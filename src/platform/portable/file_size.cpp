@@ -9,4 +9,9 @@ int64_t SizeOfFile(std::FILE* file) {
   return fstat(fileno(file), &facts) == 0 ? facts.st_size : 0;
 }
 
+bool CanBeReadAgain(std::FILE* file) {
+  struct stat facts;
+  return fstat(fileno(file), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
 }  // namespace hexlume

@@ -6,6 +6,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/bytes_source.h"
@@ -361,6 +362,164 @@ TEST(TextStreamSeek, a_seek_back_from_the_end_reads_on) {
   Seek(stream, 0);
   ASSERT_TRUE(ReadLine(stream, line, sizeof line));
   EXPECT_STREQ("A\n", line);
+}
+
+// TEXTS THAT AREN'T KEPT
+
+// Opens a text whose bytes can be read again, and returns its source.
+BytesSource& OpenAgainReadable(TextStream& stream, const std::string& bytes) {
+  auto source = std::make_unique<BytesSource>(bytes, bytes.size(), true);
+  BytesSource& opened = *source;
+  stream.source = std::move(source);
+  return opened;
+}
+
+// Reads lines from random places, by two readers: one that keeps all bytes, and one that doesn't.
+void ExpectSameLinesUnkept(const std::string& bytes) {
+  const TextStream kept = StreamOfBytes(bytes);
+  TextStream unkept;
+  OpenAgainReadable(unkept, bytes);
+  char line[256] = "", expected[256] = "";
+  ASSERT_TRUE(ReadLine(unkept, line, sizeof line));
+  KeepNoMore(unkept);
+  std::mt19937 random(7);
+  TextStream reader = StreamOfBytes(bytes);
+  std::vector<int32_t> places = {0, Tell(unkept)};
+  for (int32_t end; (end = EndOfLine(kept, places.back(), sizeof line)) != notFetched;) places.push_back(end);
+  for (int round = 0; round < 300; ++round) {
+    const int32_t place = round % 3 ? places[random() % places.size()] : places.back();
+    Seek(reader, place);
+    Seek(unkept, place);
+    for (unsigned count = random() % 8 ? 5 : 6000; count > 0; --count) {
+      const bool more = ReadLine(reader, expected, sizeof expected);
+      ASSERT_EQ(more, ReadLine(unkept, line, sizeof line)) << place;
+      if (!more) break;
+      ASSERT_STREQ(expected, line) << place;
+      ASSERT_EQ(Tell(reader), Tell(unkept)) << place;
+    }
+  }
+}
+
+TEST(TextStreamUnkept, every_place_is_found_again) {
+  const std::string lines = LinesAcrossBorder(1) + LinesAcrossBorder(2) + LinesAcrossBorder(3);
+  ExpectSameLinesUnkept(lines);
+  ExpectSameLinesUnkept(lines.substr(0, 2 * chunkSize));
+  ExpectSameLinesUnkept(lines.substr(0, chunkSize));
+}
+
+// What a drawing may take depends on the bytes that were fetched, so they must be the same chunks from any place.
+TEST(TextStreamUnkept, a_chunk_begins_where_it_would_have_begun) {
+  std::string bytes;
+  while (bytes.size() < 5 * chunkSize) bytes += LinesAcrossBorder(0);
+  TextStream stream;
+  OpenAgainReadable(stream, bytes);
+  char line[256];
+  ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+  KeepNoMore(stream);
+  while (ReadLine(stream, line, sizeof line)) {
+  }
+  Seek(stream, static_cast<int32_t>(2 * chunkSize + 6400));
+  ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+  EXPECT_EQ(static_cast<int32_t>(2 * chunkSize), stream.start);
+  EXPECT_EQ(static_cast<int32_t>(3 * chunkSize), stream.size);
+}
+
+TEST(TextStreamUnkept, all_is_kept_again) {
+  const std::string bytes = LinesAcrossBorder(1) + LinesAcrossBorder(2) + LinesAcrossBorder(3);
+  const TextStream kept = StreamOfBytes(bytes);
+  const auto end = static_cast<int32_t>(bytes.size());
+  for (const int32_t until : {0, 100, static_cast<int32_t>(chunkSize) + 100, end}) {
+    TextStream stream;
+    OpenAgainReadable(stream, bytes);
+    char line[256];
+    ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+    KeepNoMore(stream);
+    while (Tell(stream) < until && ReadLine(stream, line, sizeof line)) {
+    }
+    const int32_t place = Tell(stream);
+    if (until == 100) Seek(stream, 0);
+    KeepAll(stream);
+    Seek(stream, place);
+    while (ReadLine(stream, line, sizeof line)) {
+    }
+    EXPECT_EQ(end, Tell(stream));
+    EXPECT_EQ(bytes, std::string(stream.bytes, static_cast<size_t>(stream.size))) << until;
+  }
+}
+
+TEST(TextStreamUnkept, what_is_lost_can_not_be_kept_again) {
+  const std::string bytes = LinesAcrossBorder(0) + LinesAcrossBorder(0);
+  TextStream stream;
+  BytesSource& source = OpenAgainReadable(stream, bytes);
+  char line[256];
+  ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+  KeepNoMore(stream);
+  while (ReadLine(stream, line, sizeof line)) {
+  }
+  source.Shorten(chunkSize + 100);
+  EXPECT_THROW(KeepAll(stream), int32_t);
+}
+
+TEST(TextStreamUnkept, nothing_after_an_end_mark_is_read) {
+  const std::string lines = LinesAcrossBorder(0) + LinesAcrossBorder(0);
+  for (const size_t place : {chunkSize, chunkSize + 70, 2 * chunkSize}) {
+    std::string bytes = lines;
+    bytes[place] = endMark;
+    TextStream stream;
+    OpenAgainReadable(stream, bytes);
+    char line[256];
+    ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+    KeepNoMore(stream);
+    const auto end = static_cast<int32_t>(place);
+    for (const int32_t from : {0, end, 64, end - 64, static_cast<int32_t>(chunkSize), end}) {
+      Seek(stream, from);
+      while (ReadLine(stream, line, sizeof line)) {
+      }
+      EXPECT_EQ(end, Tell(stream)) << from;
+    }
+  }
+}
+
+TEST(TextStreamUnkept, a_chunk_is_in_memory_beside_what_was_kept) {
+  std::string bytes;
+  while (bytes.size() < 20 * chunkSize) bytes += LinesAcrossBorder(0);
+  TextStream stream;
+  OpenAgainReadable(stream, bytes);
+  char line[256];
+  ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+  KeepNoMore(stream);
+  while (ReadLine(stream, line, sizeof line)) {
+  }
+  EXPECT_EQ(bytes.size(), static_cast<size_t>(Tell(stream)));
+  EXPECT_LE(stream.kept.capacity() + stream.passing.bytes.capacity(), 2 * chunkSize + 1);
+}
+
+TEST(TextStreamUnkept, all_of_a_source_that_reads_once_is_kept) {
+  const std::string bytes = LinesAcrossBorder(0);
+  TextStream stream;
+  stream.source = std::make_unique<BytesSource>(bytes, bytes.size());
+  char line[256];
+  ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+  KeepNoMore(stream);
+  while (ReadLine(stream, line, sizeof line)) {
+  }
+  EXPECT_EQ(bytes, std::string(stream.bytes, static_cast<size_t>(stream.size)));
+}
+
+TEST(TextStreamUnkept, what_was_read_and_is_lost_is_a_fault) {
+  const std::string bytes = LinesAcrossBorder(0) + LinesAcrossBorder(0);
+  TextStream stream;
+  BytesSource& source = OpenAgainReadable(stream, bytes);
+  char line[256];
+  ASSERT_TRUE(ReadLine(stream, line, sizeof line));
+  KeepNoMore(stream);
+  const auto place = static_cast<int32_t>(chunkSize);
+  Seek(stream, place);
+  while (ReadLine(stream, line, sizeof line)) {
+  }
+  source.Shorten(chunkSize + 100);
+  Seek(stream, place);
+  EXPECT_THROW(ReadLine(stream, line, sizeof line), int32_t);
 }
 
 }  // namespace
