@@ -34,11 +34,6 @@ std::string DrawingOf(Runner& runner, const Subject& subject) {
   return runner.Drawing(subject.name, subject.draw, ItemsOf(subject, runner.settings));
 }
 
-// What takes less than a second is run more often: other work of the machine disturbs more of it.
-int RunsOfShort(const Settings& settings) {
-  return settings.runs * 4;
-}
-
 // "100,000 TEXTs (8.4 MB)"
 std::string Heading(Runner& runner, const Subject& subject) {
   return CountText(ItemsOf(subject, runner.settings)) + ' ' + subject.words + " (" +
@@ -47,9 +42,8 @@ std::string Heading(Runner& runner, const Subject& subject) {
 
 // A row with the ratio of two works.
 void Compare(const Runner& runner, const std::string& heading, const Work& work, const std::string& baseName,
-             const Work& base, const std::string& goal, int runs,
-             double Measured::*time = &Measured::seconds) {
-  const auto results = runner.Measure({work, base}, runs);
+             const Work& base, const std::string& goal, double Measured::*time = &Measured::seconds) {
+  const auto results = runner.Measure({work, base}, GoalRuns(runner.settings));
   const double workTime = results[0].*time, baseTime = results[1].*time;
   PrintRow({heading, TimeText(workTime), baseName, TimeText(baseTime), RatioText(workTime / baseTime), goal});
 }
@@ -57,7 +51,7 @@ void Compare(const Runner& runner, const std::string& heading, const Work& work,
 void CompareWithBareReader(Runner& runner, const Subject& subject, const std::string& goal) {
   const std::string drawing = DrawingOf(runner, subject);
   Compare(runner, Heading(runner, subject), runner.Conversion(drawing), "bare reader, which writes nothing",
-          runner.BareReader(drawing), goal, RunsOfShort(runner.settings));
+          runner.BareReader(drawing), goal);
 }
 
 void MeasureLines(Runner& runner) {
@@ -79,14 +73,14 @@ void MeasureInserts(Runner& runner) {
   const Work work = runner.Conversion(DrawingOf(runner, inserts));
   const Work base = runner.Conversion(DrawingOf(runner, flatTens));
   Compare(runner, Heading(runner, inserts), work, "the same strokes: " + Heading(runner, flatTens), base,
-          "0.5", RunsOfShort(runner.settings));
+          "0.5");
   if (!AreEqual(work.output, base.output)) PrintRow({"the two metafiles differ", "", "", "", "", ""});
 }
 
 void MeasureTexts(Runner& runner) {
   const std::string drawing = DrawingOf(runner, texts);
   const auto results =
-      runner.Measure({runner.Conversion(drawing), runner.BareReader(drawing)}, RunsOfShort(runner.settings));
+      runner.Measure({runner.Conversion(drawing), runner.BareReader(drawing)}, GoalRuns(runner.settings));
   const auto items = static_cast<double>(ItemsOf(texts, runner.settings));
   PrintRow({Heading(runner, texts), TimeText(results[0].seconds), "bare reader", TimeText(results[1].seconds),
             TimeText(results[0].seconds / items) + " a text", "1.5 us"});
@@ -126,7 +120,7 @@ void MeasureWindows(Runner& runner, const std::string& preset) {
   const std::string count = std::to_string(ItemsOf(lines, runner.settings));
   const Work base = {{wine, programs + "hexlume_gdi_calls.exe", count, onDriveZ(calls)}, calls};
   Compare(runner, preset + " under Wine, " + Heading(runner, lines), work, "the same GDI calls, and saving",
-          base, goal, runner.settings.runs, &Measured::wallSeconds);
+          base, goal, &Measured::wallSeconds);
 }
 
 void MeasureX64(Runner& runner) {

@@ -28,7 +28,7 @@ Converts drawings of its own with the tool beside it, each time in a new process
 programs that do the least that must be done. What is compared runs alternately, and the fastest of several runs counts.
 
   --rows NAMES   only these rows, with commas between them; "goals" and "growth" are all rows of a table
-  --runs N       runs of each program (5)
+  --runs N       runs of each program (5), four times as many for the goals
   --quick        a tenth of the items
   --cpu          processor time in place of wall-clock time, for a machine that is busy with other work
   --drawings DIR writes the drawings of the goals' rows into this folder, for other programs, and ends
@@ -133,9 +133,9 @@ void PrintConditions(const Settings& settings) {
   char date[16];
   const std::time_t now = std::time(nullptr);
   std::strftime(date, sizeof date, "%Y-%m-%d", std::gmtime(&now));
-  std::printf("%s, %u processors, %s. %s time of the fastest of %d runs%s.\n", date,
-              std::thread::hardware_concurrency(), ProcessorName().c_str(),
-              settings.processorTime ? "Processor" : "Wall-clock", settings.runs,
+  std::printf("%s, %u processors, %s. %s time of the fastest of %d runs, in the second table of %d%s.\n",
+              date, std::thread::hardware_concurrency(), ProcessorName().c_str(),
+              settings.processorTime ? "Processor" : "Wall-clock", GoalRuns(settings), settings.runs,
               settings.divisor > 1 ? ", of drawings with a tenth of the items" : "");
 }
 
