@@ -116,9 +116,10 @@ void MeasureWindows(Runner& runner, const std::string& preset) {
   const std::string drawing = DrawingOf(runner, lines);
   const std::string metafile = drawing + ".emf", calls = drawing + ".calls.emf";
   const std::string wine = runner.settings.root + "/scripts/wine.sh";
-  const Work work = {{wine, programs + "hexlume.exe", onDriveZ(drawing), onDriveZ(metafile)}, metafile};
+  const Work work = {
+      {wine, programs + "hexlume.exe", onDriveZ(drawing), onDriveZ(metafile)}, metafile, drawing};
   const std::string count = std::to_string(ItemsOf(lines, runner.settings));
-  const Work base = {{wine, programs + "hexlume_gdi_calls.exe", count, onDriveZ(calls)}, calls};
+  const Work base = {{wine, programs + "hexlume_gdi_calls.exe", count, onDriveZ(calls)}, calls, ""};
   Compare(runner, preset + " under Wine, " + Heading(runner, lines), work, "the same GDI calls, and saving",
           base, goal, &Measured::wallSeconds);
 }

@@ -26,7 +26,8 @@ class ScratchFolder {
 // A program and the file that it makes, which each run makes anew.
 struct Work {
   Command command;
-  std::string output;
+  std::string output;   // removed before a run
+  std::string drawing;  // read before a run, so that it is in the system's cache; empty for none
 };
 
 struct Measured {
